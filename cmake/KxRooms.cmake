@@ -1,0 +1,20 @@
+# The rooms of the source tree. Each is compiled once, as an object library, and may see the
+# headers of the rooms that it names and no others' dependencies: only the room that links V8
+# finds V8's headers.
+
+add_library(kx_options INTERFACE)
+target_compile_features(kx_options INTERFACE cxx_std_20)
+target_compile_options(
+    kx_options INTERFACE $<$<COMPILE_LANG_AND_ID:CXX,GNU,Clang>:-Wall -Wextra -Wpedantic -Werror>
+)
+
+# kx_room(NAME SOURCES file... [USES room-or-target...])
+function(kx_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+    add_library(kx_${name} OBJECT ${ROOM_SOURCES})
+    set_target_properties(kx_${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_include_directories(
+        kx_${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+    )
+    target_link_libraries(kx_${name} PRIVATE kx_options ${ROOM_USES})
+endfunction()

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/KxJsVariable.h"
+#include "library/Export.h"
+
+// The engine's types appear in a few signatures only by name, so an application needs no engine
+// headers to use this one.
+namespace v8 {
+template <class T>
+class Local;
+class Context;
+class ObjectTemplate;
+class String;
+class TryCatch;
+class Value;
+}  // namespace v8
+
+namespace kx {
+class CompiledScript;
+class HostEngine;
+template <class T>
+class PersistentHandle;
+}  // namespace kx
+
+/// A script host: one JavaScript context, the variables bound to it and its compiled scripts.
+///
+///     KxJsParser parser;
+///     parser.initialize();  // the 63 built-in functions
+///     parser.addSetVariable(KxJsVariable(u"A", 5));
+///     std::u16string error;
+///     std::u16string source = Converter::_convert(u"IIF(A>2,'OK','KO')");
+///     std::int32_t script = parser.parse(source, error);
+///     std::u16string result = parser.execute(script, error);  // "OK"
+///     if (!error.empty()) show(error);
+///
+/// Failures of a script are never thrown: they come back as text beside the result.
+///
+/// Threads: a host belongs to the engine isolate that was current on the thread that made it; the
+/// library makes one for the thread where there is none. Use it from that thread only. parse()
+/// elsewhere returns -1, execute() an empty result with an error text. Destroying a host on
+/// another thread, or after its thread has ended, is safe.
+class KXJS_API KxJsParser {
+  public:
+    KxJsParser();
+    ~KxJsParser();
+    KxJsParser(KxJsParser const&) = delete;
+    KxJsParser& operator=(KxJsParser const&) = delete;
+
+    /// Installs the built-in functions into the context. Calling it again defines them again.
+    void initialize();
+
+    /// Forgets all variables (their globals are deleted) and all compiled scripts, so that the
+    /// next parse() returns 0. The context with its built-in functions stays, and so does every
+    /// other global that scripts created.
+    void reset();
+
+    /// Stores `variable` under its key, replacing an earlier value. A script sees the variables
+    /// that were bound when it was parsed, with the values they have when it runs.
+    /// Returns false, and stores nothing, for the key "ouraccessor" and for an empty or blank key.
+    bool addSetVariable(KxJsVariable const& variable);
+    bool variableExist(std::u16string const& key) const;
+    /// The type of the variable `key`; TYPE_OF_VAR_UNDEFINED where there is none.
+    KxJsVariable::TypeOfVar getVariableType(std::u16string const& key) const;
+
+    /// Compiles `source` and returns its index in the store of compiled scripts, or -1.
+    /// `error` receives a text when compilation fails and is left alone otherwise.
+    std::int32_t parse(std::u16string source, std::u16string& error);
+
+    /// Runs the script `index` and returns the text of its completion value.
+    /// `error` receives a text when the run fails (the result is then empty) or when the result
+    /// contains "NaN" ("Not A Number", beside the result); it is left alone otherwise.
+    /// Throws std::out_of_range for an index outside the store.
+    std::u16string execute(std::int32_t index, std::u16string& error);
+
+    /// The names that `source` uses and nobody defines, in the order in which runs fail on them:
+    /// the source is run in a host of its own, again and again, with every name found so far
+    /// bound to a blank. `error` receives a text when `source` does not compile. A source that
+    /// makes up names at run time never ends.
+    static std::vector<std::u16string> _extractVariable(std::u16string const& source,
+                                                        std::u16string& error);
+
+    /// HTML documentation of all built-in functions as one document.
+    /// `bStandalone` adds the document's head and body tags, `bWithExample` the examples.
+    static std::u16string _getUserDocumentation(bool bStandalone, bool bWithExample);
+    /// HTML documentation as one page per function: name and page, in catalogue order.
+    static std::vector<std::pair<std::u16string, std::u16string>> _getUserDocumentation();
+
+    /// Conversions between this library's and the engine's texts, in the current isolate. For
+    /// callers that use the engine themselves. An engine text ends at its first U+0000.
+    static v8::Local<v8::String> _convertStdStringToV8String(std::u16string text);
+    static std::u16string _convertV8StringToStdString(v8::Local<v8::String> text);
+    static std::u16string _convertV8StringToStdString(v8::Local<v8::Value> value);
+
+  private:
+    void createContext();
+    void disposeGlobalContext();
+    std::u16string addWrapper(std::u16string& source);
+    void clearVariables();
+    void clearVecOfCompiledScripts();
+    std::u16string reportException(v8::TryCatch& capture);
+
+    static std::u16string const _mAccessorName;
+
+    std::unique_ptr<kx::PersistentHandle<v8::Context>> _mContext;
+    std::unique_ptr<kx::PersistentHandle<v8::ObjectTemplate>> _mGlobalTemplate;
+    std::vector<std::unique_ptr<kx::CompiledScript>> _mVecOfCompiledScripts;
+    std::map<std::u16string, KxJsVariable> _mVariables;
+    std::unique_ptr<kx::HostEngine> _mEngine;
+};

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "library/Export.h"
+
+/// A named value that a host application hands to its scripts.
+///
+/// A variable has one field for each type and a tag that says which one is current. Reading never
+/// converts: getLongValue() of a text variable is the number that was last stored, or 0.
+///
+///     KxJsVariable price(u"price", 12.5);
+///     price.setValue(u"unknown");        // now a text; getDoubleValue() still gives 12.5
+///     parser.addSetVariable(price);
+///
+/// A variable without a type, as the default constructor makes it, reads as true in scripts.
+///
+/// Errors: std::bad_alloc only. Threads: a plain value; one thread at a time.
+class KXJS_API KxJsVariable {
+  public:
+    enum TypeOfVar : std::int32_t {
+        TYPE_OF_VAR_UNDEFINED = 0,
+        TYPE_OF_VAR_LONG = 1,
+        TYPE_OF_VAR_DOUBLE = 2,
+        TYPE_OF_VAR_STRING = 3,
+        TYPE_OF_VAR_BOOLEAN = 4
+    };
+
+    KxJsVariable();
+    KxJsVariable(std::u16string key, std::int32_t value);
+    KxJsVariable(std::u16string key, double value);
+    /// `value` ends at its first zero code unit; a null pointer counts as an empty text.
+    KxJsVariable(std::u16string key, char16_t const* value);
+    KxJsVariable(std::u16string key, std::u16string const& value);
+    KxJsVariable(std::u16string key, bool value);
+    KxJsVariable(KxJsVariable const& other);
+    KxJsVariable& operator=(KxJsVariable const& other);
+    ~KxJsVariable();
+
+    TypeOfVar getType() const { return _mType; }
+    std::u16string getKey() const { return _mKey; }
+    std::int32_t getLongValue() const { return _mLongValue; }
+    double getDoubleValue() const { return _mDoubleValue; }
+    bool getBooleanValue() const { return _mBooleanValue; }
+    std::u16string getStrValue() const { return _mStrValue; }
+
+    operator std::int32_t() const { return _mLongValue; }
+    operator double() const { return _mDoubleValue; }
+    operator bool() const { return _mBooleanValue; }
+    operator std::u16string() const { return _mStrValue; }
+
+    /// Each setValue stores into its own field and makes that field's type the current one.
+    void setValue(std::int32_t value);
+    void setValue(double value);
+    void setValue(std::u16string value);
+    void setValue(char16_t const* value);
+    void setValue(bool value);
+
+    /// The current value as text of at most 255 code units: a text is cut there and at its first
+    /// zero, a double has exactly six decimals whatever the locale (and is the empty text where
+    /// 255 do not suffice), a variable without a type is "true".
+    std::u16string valueToString() const;
+
+  private:
+    friend class KxJsParser;
+
+    void init();
+
+    std::u16string _mKey;
+    std::int32_t _mLongValue;
+    double _mDoubleValue;
+    std::u16string _mStrValue;
+    bool _mBooleanValue;
+    TypeOfVar _mType;
+};
