@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,13 +18,13 @@ template <class T>
 class Local;
 class Context;
 class ObjectTemplate;
+class Script;
 class String;
 class TryCatch;
 class Value;
 }  // namespace v8
 
 namespace kx {
-class CompiledScript;
 class HostEngine;
 template <class T>
 class PersistentHandle;
@@ -106,11 +107,11 @@ class KXJS_API KxJsParser {
     void clearVecOfCompiledScripts();
     std::u16string reportException(v8::TryCatch& capture);
 
-    static std::u16string const _mAccessorName;
+    static constexpr std::u16string_view _mAccessorName = u"ouraccessor";
 
     std::unique_ptr<kx::PersistentHandle<v8::Context>> _mContext;
     std::unique_ptr<kx::PersistentHandle<v8::ObjectTemplate>> _mGlobalTemplate;
-    std::vector<std::unique_ptr<kx::CompiledScript>> _mVecOfCompiledScripts;
+    std::vector<std::unique_ptr<kx::PersistentHandle<v8::Script>>> _mVecOfCompiledScripts;
     std::map<std::u16string, KxJsVariable> _mVariables;
     std::unique_ptr<kx::HostEngine> _mEngine;
 };

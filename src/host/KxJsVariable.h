@@ -68,9 +68,9 @@ class KXJS_API KxJsVariable {
     void init();
 
     std::u16string _mKey;
-    std::int32_t _mLongValue;
-    double _mDoubleValue;
+    std::int32_t _mLongValue = 0;
+    double _mDoubleValue = 0.0;
     std::u16string _mStrValue;
-    bool _mBooleanValue;
-    TypeOfVar _mType;
+    bool _mBooleanValue = true;
+    TypeOfVar _mType = TYPE_OF_VAR_UNDEFINED;
 };

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vector>
+
+#include <v8.h>
+
+class KxJsVariable;
+
+namespace kx {
+
+/// The objects through which scripts read a host's variables: each carries the address of one
+/// KxJsVariable in its internal field 0, where the accessor's getter finds it.
+///
+/// A script may keep a carrier beyond the life of its variable, so the list of all carriers is
+/// kept (weakly: it does not keep them alive), and letting the variables go cuts the connection
+/// first. A carrier without a variable reads as undefined.
+class Carriers {
+  public:
+    /// A new instance of `shape` that carries `variable`, or an empty handle where the engine
+    /// cannot make one.
+    v8::Local<v8::Object> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                               v8::Local<v8::ObjectTemplate> shape, KxJsVariable const& variable);
+
+    /// Cuts every carrier from its variable. The isolate must be the current one.
+    void cutAll(v8::Isolate* isolate);
+
+    /// The accessor's getter: the value of the variable that the holder carries.
+    static void accessorGetter(v8::Local<v8::Name> property,
+                               v8::PropertyCallbackInfo<v8::Value> const& info);
+
+  private:
+    void forgetCollected();
+
+    std::vector<v8::Global<v8::Object>> carriers_;
+    std::size_t collectAt_ = 64;
+};
+
+}  // namespace kx

@@ -1,0 +1,114 @@
+#include <map>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+#include "host/Engine.h"
+#include "host/IsolateEndNotice.h"
+#include "host/IsolateRecord.h"
+#include "host/StackBounds.h"
+
+namespace kx {
+
+namespace {
+
+v8::Isolate* makeIsolate() {
+    // The allocator must outlive the isolates that use it, and those may outlive everything else.
+    static v8::ArrayBuffer::Allocator* const allocator =
+        v8::ArrayBuffer::Allocator::NewDefaultAllocator();
+    v8::Isolate::CreateParams parameters;
+    parameters.array_buffer_allocator = allocator;
+    return v8::Isolate::New(parameters);
+}
+
+/// The isolate that this library made for a thread: entered from the thread's first host to the
+/// thread's end.
+class ThreadIsolate {
+  public:
+    ThreadIsolate() : record_(std::make_shared<IsolateRecord>(makeIsolate(), true)) {}
+    ThreadIsolate(ThreadIsolate const&) = delete;
+    ThreadIsolate& operator=(ThreadIsolate const&) = delete;
+
+    ~ThreadIsolate() {
+        // Hosts that are still alive hold the record too, and the isolate with it.
+        if (record_->isCurrent()) record_->isolate()->Exit();
+    }
+
+    bool holds(v8::Isolate* isolate) const { return record_->isolate() == isolate; }
+
+    std::shared_ptr<IsolateRecord> const& entered() {
+        if (!record_->isCurrent()) enter();
+        return record_;
+    }
+
+  private:
+    void enter() {
+        v8::Isolate* const isolate = record_->isolate();
+        isolate->Enter();
+        if (std::uintptr_t const limit = scriptStackLimit(threadStackBounds()); limit != 0) {
+            isolate->SetStackLimit(limit);
+        }
+    }
+
+    std::shared_ptr<IsolateRecord> record_;
+};
+
+// A plain pointer, because hosts may still be made while the thread destroys its objects.
+thread_local ThreadIsolate* threadIsolate = nullptr;
+
+struct ThreadEnd {
+    ~ThreadEnd() { delete std::exchange(threadIsolate, nullptr); }
+};
+
+ThreadIsolate& ensureThreadIsolate() {
+    [[maybe_unused]] static thread_local ThreadEnd end;
+    if (threadIsolate == nullptr) threadIsolate = new ThreadIsolate;
+    return *threadIsolate;
+}
+
+/// The records of the application's isolates, one each, kept until the isolate is disposed of.
+class ApplicationIsolates {
+  public:
+    static ApplicationIsolates& instance() {
+        static auto* const isolates = new ApplicationIsolates;  // isolates may outlive statics
+        return *isolates;
+    }
+
+    std::shared_ptr<IsolateRecord> find(v8::Isolate* isolate) {
+        std::lock_guard const lock(mutex_);
+        std::shared_ptr<IsolateRecord>& record = records_[isolate];
+        if (record == nullptr) {
+            record = std::make_shared<IsolateRecord>(isolate, false);
+            notifyAtIsolateEnd(isolate, [isolate] { instance().forget(isolate); });
+        }
+        return record;
+    }
+
+  private:
+    void forget(v8::Isolate* isolate) {
+        std::shared_ptr<IsolateRecord> record;
+        {
+            std::lock_guard const lock(mutex_);
+            auto const found = records_.find(isolate);
+            if (found == records_.end()) return;
+            record = std::move(found->second);
+            records_.erase(found);
+        }
+        record->isolateIsGone();
+    }
+
+    std::mutex mutex_;
+    std::map<v8::Isolate*, std::shared_ptr<IsolateRecord>> records_;
+};
+
+}  // namespace
+
+std::shared_ptr<IsolateRecord> IsolateRecord::current() {
+    startEngine();  // before it runs, asking for the current isolate reads a stranger's memory
+    v8::Isolate* const isolate = v8::Isolate::TryGetCurrent();
+    bool const isThreadOwn = threadIsolate != nullptr && threadIsolate->holds(isolate);
+    if (isolate == nullptr || isThreadOwn) return ensureThreadIsolate().entered();
+    return ApplicationIsolates::instance().find(isolate);
+}
+
+}  // namespace kx

@@ -1,0 +1,29 @@
+#include "host/Engine.h"
+
+#include <memory>
+
+#include <libplatform/libplatform.h>
+#include <v8.h>
+
+#include "host/V8Compat.h"
+
+namespace kx {
+
+namespace {
+
+bool start() {
+    if (v8compat::isEngineRunning()) return false;
+    // This library starts no thread, so neither does the engine.
+    v8::V8::SetFlagsFromString("--single-threaded");
+    // Kept for ever: scripts may still run while the process destroys its static objects.
+    static v8::Platform* const platform =
+        v8::platform::NewSingleThreadedDefaultPlatform().release();
+    v8::V8::InitializePlatform(platform);
+    return v8::V8::Initialize();
+}
+
+}  // namespace
+
+void startEngine() { [[maybe_unused]] static bool const started = start(); }
+
+}  // namespace kx

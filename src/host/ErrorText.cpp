@@ -1,0 +1,51 @@
+#include "host/ErrorText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "host/Text.h"
+
+namespace kx {
+
+namespace {
+
+std::u16string decimal(int number) {
+    std::array<char, 12> buffer;
+    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    return {buffer.data(), end};
+}
+
+}  // namespace
+
+std::u16string composeErrorText(ScriptFailure const& failure) {
+    auto const blanks = static_cast<std::size_t>(std::max(failure.startColumn, 0));
+    auto const carets =
+        static_cast<std::size_t>(std::max(failure.endColumn - failure.startColumn, 0));
+    return u"Error in line: " + decimal(failure.line) + u"\r\n" +  //
+           failure.exception + u"\r\n" +                           //
+           failure.sourceLine + u"\r\n" +                          //
+           std::u16string(blanks, u' ') + std::u16string(carets, u'^') + u"\r\n";
+}
+
+std::u16string errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                           v8::TryCatch const& capture) {
+    v8::HandleScope const handles(isolate);
+    // The exception's own toString may throw in turn; that second exception has no reader.
+    v8::TryCatch const ignored(isolate);
+    ScriptFailure failure;
+    failure.exception = textOfValue(isolate, context, capture.Exception());
+    v8::Local<v8::Message> const message = capture.Message();
+    if (message.IsEmpty()) return failure.exception;
+
+    failure.line = message->GetLineNumber(context).FromMaybe(0);
+    failure.startColumn = message->GetStartColumn();
+    failure.endColumn = message->GetEndColumn();
+    v8::Local<v8::String> sourceLine;
+    if (message->GetSourceLine(context).ToLocal(&sourceLine)) {
+        failure.sourceLine = fromEngineString(isolate, sourceLine);
+    }
+    return composeErrorText(failure);
+}
+
+}  // namespace kx

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include <v8.h>
+
+namespace kx {
+
+/// What an error text is made of. Columns count from 0, lines from 1.
+struct ScriptFailure {
+    int line = 0;
+    int startColumn = 0;
+    int endColumn = 0;
+    std::u16string exception;
+    std::u16string sourceLine;
+};
+
+/// The error text of a failure with a known place: line, exception, source line, and carets under
+/// the columns from `startColumn` up to, but not including, `endColumn`. Each of the four lines
+/// ends with CR LF.
+std::u16string composeErrorText(ScriptFailure const& failure);
+
+/// The error text of the exception that `capture` holds. An exception whose own text cannot be
+/// made has the empty text; one without a place is that text alone.
+std::u16string errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                           v8::TryCatch const& capture);
+
+}  // namespace kx

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include <v8.h>
+
+#include "host/HostRemains.h"
+#include "host/PersistentHandle.h"
+
+namespace kx {
+
+/// One isolate that hosts live in: either the application's, used as it is, or one that this
+/// library made for a thread that had none.
+///
+/// An isolate's handles may only be touched on its thread, and not at all once it is disposed of;
+/// hosts, however, may be destroyed anywhere and at any time. The record stands between the two:
+/// release() frees at once on the right thread, keeps for later on another, and abandons what an
+/// isolate has left behind that is already gone.
+///
+/// A library-made isolate lives as long as somebody holds its record: the thread and every host.
+class IsolateRecord {
+  public:
+    /// The record of the calling thread's current isolate. Starts the engine and makes an isolate
+    /// for the thread where there is none.
+    static std::shared_ptr<IsolateRecord> current();
+
+    IsolateRecord(v8::Isolate* isolate, bool isOwned);
+    ~IsolateRecord();
+    IsolateRecord(IsolateRecord const&) = delete;
+    IsolateRecord& operator=(IsolateRecord const&) = delete;
+
+    /// Null once the application has disposed of its isolate.
+    v8::Isolate* isolate() const { return isolate_.load(std::memory_order_acquire); }
+
+    /// Whether the calling thread may use the isolate: it is alive and the current one.
+    bool isCurrent() const {
+        v8::Isolate* const mine = isolate();
+        return mine != nullptr && mine == v8::Isolate::TryGetCurrent();
+    }
+
+    /// Takes what a host gives up and frees it as soon as that is possible.
+    void release(HostRemains remains);
+
+    /// Frees what other threads have released. Called with the isolate current, often.
+    void freeParked() {
+        if (hasParked_.load(std::memory_order_relaxed)) freeParkedNow();
+    }
+
+    /// The built-in functions, compiled once for the isolate. Empty on the first call.
+    std::unique_ptr<PersistentHandle<v8::UnboundScript>>& libraryScript() { return libraryScript_; }
+
+    /// Abandons every handle: called while the application disposes of its isolate.
+    void isolateIsGone();
+
+  private:
+    void freeParkedNow();
+
+    std::atomic<v8::Isolate*> isolate_;
+    bool const isOwned_;
+    std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
+    std::mutex mutex_;  // guards parked_
+    std::vector<HostRemains> parked_;
+    std::atomic<bool> hasParked_ = false;
+};
+
+}  // namespace kx

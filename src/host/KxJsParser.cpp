@@ -1,0 +1,50 @@
+// The life of a script host: its engine, its context, the built-in functions.
+#include "host/KxJsParser.h"
+
+#include <utility>
+
+#include "host/HostEngine.h"
+#include "host/LibraryScript.h"
+#include "host/PersistentHandle.h"
+#include "host/Text.h"
+#include "host/V8Compat.h"
+
+KxJsParser::KxJsParser() : _mEngine(std::make_unique<kx::HostEngine>()) { createContext(); }
+
+KxJsParser::~KxJsParser() {
+    clearVariables();
+    clearVecOfCompiledScripts();
+    disposeGlobalContext();
+}
+
+void KxJsParser::createContext() {
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate);
+    shape->SetInternalFieldCount(1);
+    kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
+                                      kx::Carriers::accessorGetter);
+    _mGlobalTemplate = kx::makePersistent(isolate, shape);
+    _mContext = kx::makePersistent(isolate, v8::Context::New(isolate, nullptr, shape));
+}
+
+void KxJsParser::disposeGlobalContext() {
+    kx::HostRemains remains;
+    remains.globalTemplate = std::move(_mGlobalTemplate);
+    remains.context = std::move(_mContext);
+    _mEngine->release(std::move(remains));
+}
+
+void KxJsParser::initialize() {
+    if (!_mEngine->isUsable() || _mContext == nullptr) return;
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = _mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    kx::installLibrary(_mEngine->record(), context);
+}
+
+void KxJsParser::reset() {
+    clearVariables();
+    clearVecOfCompiledScripts();
+}

@@ -1,0 +1,96 @@
+// The store of compiled scripts: parsing into it, running from it.
+#include <stdexcept>
+#include <utility>
+
+#include "host/ErrorText.h"
+#include "host/HostEngine.h"
+#include "host/KxJsParser.h"
+#include "host/PersistentHandle.h"
+#include "host/Text.h"
+
+namespace {
+
+constexpr std::int32_t kNotParsed = -1;
+
+}  // namespace
+
+std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
+    if (!_mEngine->isUsable() || _mContext == nullptr) return kNotParsed;
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = _mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    std::u16string const wrapped = addWrapper(source);
+    v8::TryCatch capture(isolate);
+    v8::Local<v8::String> const text = kx::toEngineString(isolate, wrapped);
+    if (text.IsEmpty()) {
+        error = u"The source is longer than the engine allows";
+        return kNotParsed;
+    }
+    v8::Local<v8::Script> script;
+    if (!v8::Script::Compile(context, text).ToLocal(&script)) {
+        error = reportException(capture);
+        return kNotParsed;
+    }
+    _mVecOfCompiledScripts.push_back(kx::makePersistent(isolate, script));
+    return static_cast<std::int32_t>(_mVecOfCompiledScripts.size() - 1);
+}
+
+std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
+    if (!_mEngine->isUsable() || _mContext == nullptr) {
+        error = u"The script host belongs to another thread or to another engine isolate";
+        return {};
+    }
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = _mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    v8::TryCatch capture(isolate);
+    // A negative index becomes a huge one.
+    auto const position = static_cast<std::size_t>(index);
+    if (position >= _mVecOfCompiledScripts.size()) {
+        throw std::out_of_range("invalid vector<T> subscript");
+    }
+    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->get(isolate);
+    std::u16string result;
+    v8::Local<v8::Value> completion;
+    if (script->Run(context).ToLocal(&completion)) {
+        // The conversion runs the value's own toString, so it can fail as the script itself can.
+        result = kx::textOfValue(isolate, context, completion);
+    }
+    if (capture.HasCaught()) {
+        error = reportException(capture);
+        return {};
+    }
+    if (result.find(u"NaN") != std::u16string::npos) error = u"Not A Number";
+    return result;
+}
+
+std::u16string KxJsParser::reportException(v8::TryCatch& capture) {
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = _mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    return kx::errorTextOf(isolate, context, capture);
+}
+
+void KxJsParser::clearVecOfCompiledScripts() {
+    kx::HostRemains remains;
+    remains.scripts.reserve(_mVecOfCompiledScripts.size());
+    for (auto& script : _mVecOfCompiledScripts) remains.scripts.push_back(std::move(script));
+    _mVecOfCompiledScripts.clear();  // keeps its capacity: the next scripts are as many
+    _mEngine->release(std::move(remains));
+}
+
+v8::Local<v8::String> KxJsParser::_convertStdStringToV8String(std::u16string text) {
+    return kx::toEngineString(v8::Isolate::GetCurrent(), text);
+}
+
+std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::String> text) {
+    return kx::fromEngineString(v8::Isolate::GetCurrent(), text);
+}
+
+std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::Value> value) {
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
+    return kx::textOfValue(isolate, isolate->GetCurrentContext(), value);
+}

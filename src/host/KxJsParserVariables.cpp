@@ -1,0 +1,71 @@
+// Variable binding: the host's map of variables, and the prologue through which scripts read them.
+#include <string_view>
+
+#include "host/HostEngine.h"
+#include "host/KxJsParser.h"
+#include "host/Text.h"
+
+namespace {
+
+// White space of the C runtime's default locale.
+constexpr std::u16string_view kBlanks = u" \t\n\v\f\r";
+
+std::u16string carrierName(std::u16string const& key) { return key + u"___" + key; }
+
+}  // namespace
+
+bool KxJsParser::addSetVariable(KxJsVariable const& variable) {
+    if (variable._mKey == _mAccessorName) return false;
+    if (variable._mKey.find_first_not_of(kBlanks) == std::u16string::npos) return false;
+    _mVariables[variable._mKey] = variable;
+    return true;
+}
+
+bool KxJsParser::variableExist(std::u16string const& key) const {
+    return _mVariables.contains(key);
+}
+
+KxJsVariable::TypeOfVar KxJsParser::getVariableType(std::u16string const& key) const {
+    auto const found = _mVariables.find(key);
+    return found == _mVariables.end() ? KxJsVariable::TYPE_OF_VAR_UNDEFINED : found->second._mType;
+}
+
+std::u16string KxJsParser::addWrapper(std::u16string& source) {
+    v8::Isolate* const isolate = _mEngine->isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = _mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    // A carrier that cannot be made shows when the script runs: the prologue finds no such name.
+    v8::TryCatch const ignored(isolate);
+    v8::Local<v8::ObjectTemplate> const shape = _mGlobalTemplate->get(isolate);
+    std::u16string wrapped;
+    for (auto const& [key, variable] : _mVariables) {
+        if (source.find(key) == std::u16string::npos) continue;
+        std::u16string const name = carrierName(key);
+        wrapped.append(key).append(u"=").append(name).append(u".").append(_mAccessorName);
+        wrapped.append(u";\n");
+        v8::HandleScope const carrierHandles(isolate);
+        v8::Local<v8::Object> const carrier =
+            _mEngine->carriers().make(isolate, context, shape, variable);
+        v8::Local<v8::String> const property = kx::toEngineString(isolate, name);
+        if (carrier.IsEmpty() || property.IsEmpty()) continue;
+        [[maybe_unused]] auto const isDefined =
+            context->Global()->DefineOwnProperty(context, property, carrier, v8::None);
+    }
+    wrapped += source;
+    return wrapped;
+}
+
+void KxJsParser::clearVariables() {
+    std::u16string deletions;
+    for (auto const& [key, variable] : _mVariables) {
+        deletions.append(u"delete ").append(key).append(u";\n");
+    }
+    std::u16string ignored;
+    std::int32_t const index = parse(std::move(deletions), ignored);
+    if (index != -1) (void)execute(index, ignored);
+
+    kx::HostRemains remains;
+    remains.variables = std::exchange(_mVariables, {});
+    _mEngine->release(std::move(remains));
+}

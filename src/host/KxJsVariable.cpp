@@ -1,0 +1,117 @@
+#include "host/KxJsVariable.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+/// Room for the text of a value; scripts see no more of a text variable than this.
+constexpr std::size_t kMaxTextLength = 255;
+
+std::u16string textOrEmpty(char16_t const* text) {
+    return text == nullptr ? std::u16string() : std::u16string(text);
+}
+
+template <class... Format>
+std::u16string formatNumber(Format... format) {
+    std::array<char, kMaxTextLength> buffer;
+    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), format...);
+    if (end.ec != std::errc()) return {};
+    return {buffer.data(), end.ptr};
+}
+
+}  // namespace
+
+KxJsVariable::KxJsVariable() { init(); }
+
+KxJsVariable::KxJsVariable(std::u16string key, std::int32_t value) {
+    init();
+    _mLongValue = value;
+    _mKey = std::move(key);
+    _mType = TYPE_OF_VAR_LONG;
+}
+
+KxJsVariable::KxJsVariable(std::u16string key, double value) {
+    init();
+    _mDoubleValue = value;
+    _mKey = std::move(key);
+    _mType = TYPE_OF_VAR_DOUBLE;
+}
+
+KxJsVariable::KxJsVariable(std::u16string key, char16_t const* value) {
+    init();
+    _mStrValue = textOrEmpty(value);
+    _mKey = std::move(key);
+    _mType = TYPE_OF_VAR_STRING;
+}
+
+KxJsVariable::KxJsVariable(std::u16string key, std::u16string const& value) {
+    init();
+    _mStrValue = value;
+    _mKey = std::move(key);
+    _mType = TYPE_OF_VAR_STRING;
+}
+
+KxJsVariable::KxJsVariable(std::u16string key, bool value) {
+    init();
+    _mBooleanValue = value;
+    _mKey = std::move(key);
+    _mType = TYPE_OF_VAR_BOOLEAN;
+}
+
+KxJsVariable::KxJsVariable(KxJsVariable const& other) = default;
+KxJsVariable& KxJsVariable::operator=(KxJsVariable const& other) = default;
+KxJsVariable::~KxJsVariable() = default;
+
+void KxJsVariable::init() {
+    _mType = TYPE_OF_VAR_UNDEFINED;
+    _mKey.clear();
+    _mLongValue = 0;
+    _mDoubleValue = 0.0;
+    _mStrValue.clear();
+    _mBooleanValue = true;
+}
+
+void KxJsVariable::setValue(std::int32_t value) {
+    _mLongValue = value;
+    _mType = TYPE_OF_VAR_LONG;
+}
+
+void KxJsVariable::setValue(double value) {
+    _mDoubleValue = value;
+    _mType = TYPE_OF_VAR_DOUBLE;
+}
+
+void KxJsVariable::setValue(std::u16string value) {
+    _mStrValue = std::move(value);
+    _mType = TYPE_OF_VAR_STRING;
+}
+
+void KxJsVariable::setValue(char16_t const* value) {
+    _mStrValue = textOrEmpty(value);
+    _mType = TYPE_OF_VAR_STRING;
+}
+
+void KxJsVariable::setValue(bool value) {
+    _mBooleanValue = value;
+    _mType = TYPE_OF_VAR_BOOLEAN;
+}
+
+std::u16string KxJsVariable::valueToString() const {
+    switch (_mType) {
+        case TYPE_OF_VAR_STRING: {
+            std::u16string_view const seen =
+                std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
+            return std::u16string(seen.substr(0, seen.find(u'\0')));
+        }
+        case TYPE_OF_VAR_LONG:
+            return formatNumber(_mLongValue);
+        case TYPE_OF_VAR_DOUBLE:
+            return formatNumber(_mDoubleValue, std::chars_format::fixed, 6);
+        default:
+            return _mBooleanValue ? u"true" : u"false";
+    }
+}

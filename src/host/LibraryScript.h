@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include <v8.h>
+
+#include "host/IsolateRecord.h"
+
+namespace kx {
+
+/// The JavaScript text that defines the built-in functions: the mathematical, then the string
+/// records, the prelude, then the miscellaneous records, complete ones only, with nothing between
+/// them. Made once per process.
+std::u16string const& libraryText();
+
+/// Defines the built-in functions in the entered context. What the script itself throws is
+/// discarded: that takes a context whose globals scripts have locked.
+/// Throws std::logic_error when the text does not compile, which is a mistake in the catalogues.
+void installLibrary(IsolateRecord& record, v8::Local<v8::Context> context);
+
+}  // namespace kx

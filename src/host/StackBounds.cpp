@@ -1,0 +1,49 @@
+#include "host/StackBounds.h"
+
+#include <algorithm>
+#include <pthread.h>
+
+namespace kx {
+
+namespace {
+
+// What the engine's C++ code may use below the limit: measured need is under 100 KB (the regular
+// expression compiler), the rest is room for callbacks into this library.
+constexpr std::uintptr_t kReserve = 160 * 1024;
+
+// A thread with an unlimited stack still ends a recursion within reasonable time.
+constexpr std::uintptr_t kLargestStack = 8 * 1024 * 1024;
+
+thread_local StackBounds reportedBounds;
+
+}  // namespace
+
+void setThreadStackBounds(void const* low, void const* high) {
+    reportedBounds.low = reinterpret_cast<std::uintptr_t>(low);
+    reportedBounds.high = reinterpret_cast<std::uintptr_t>(high);
+}
+
+StackBounds threadStackBounds() {
+    if (reportedBounds.high != 0) return reportedBounds;
+    StackBounds bounds;
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return bounds;
+    void* low = nullptr;
+    std::size_t size = 0;
+    if (pthread_attr_getstack(&attributes, &low, &size) == 0) {
+        bounds.low = reinterpret_cast<std::uintptr_t>(low);
+        bounds.high = bounds.low + size;
+    }
+    pthread_attr_destroy(&attributes);
+    return bounds;
+}
+
+std::uintptr_t scriptStackLimit(StackBounds bounds) {
+    if (bounds.high <= bounds.low) return 0;
+    std::uintptr_t const size = bounds.high - bounds.low;
+    if (size > kLargestStack) return bounds.high - kLargestStack + kReserve;
+    // Half of a small stack: too little to run much, but never beyond its end.
+    return bounds.low + std::min(kReserve, size / 2);
+}
+
+}  // namespace kx

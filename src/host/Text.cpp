@@ -1,0 +1,31 @@
+#include "host/Text.h"
+
+#include <cstdint>
+
+#include "host/V8Compat.h"
+
+namespace kx {
+
+v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text) {
+    if (text.size() > static_cast<std::size_t>(v8::String::kMaxLength)) return {};
+    return v8::String::NewFromTwoByte(isolate, reinterpret_cast<std::uint16_t const*>(text.data()),
+                                      v8::NewStringType::kNormal, static_cast<int>(text.size()))
+        .FromMaybe(v8::Local<v8::String>());
+}
+
+std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text) {
+    if (text.IsEmpty()) return {};
+    std::u16string result(static_cast<std::size_t>(text->Length()), u'\0');
+    v8compat::writeCodeUnits(isolate, text, result.data());
+    if (auto const end = result.find(u'\0'); end != std::u16string::npos) result.resize(end);
+    return result;
+}
+
+std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                           v8::Local<v8::Value> value) {
+    v8::Local<v8::String> text;
+    if (value.IsEmpty() || !value->ToString(context).ToLocal(&text)) return {};
+    return fromEngineString(isolate, text);
+}
+
+}  // namespace kx

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <v8.h>
+
+namespace kx {
+
+/// A new engine string of the same code units. Empty where `text` is longer than the engine
+/// allows (v8::String::kMaxLength).
+v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text);
+
+/// The code units of `text` up to its first U+0000. An empty handle gives the empty text.
+std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text);
+
+/// The text of any value, as scripts convert it. Empty where the conversion throws; the exception
+/// is left to the caller's capture.
+std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                           v8::Local<v8::Value> value);
+
+}  // namespace kx

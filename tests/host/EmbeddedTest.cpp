@@ -1,0 +1,128 @@
+// An application that runs the engine itself: its isolates are used as they are.
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include <libplatform/libplatform.h>
+#include <v8.h>
+
+#include "ScriptHost.h"
+
+namespace {
+
+/// An isolate of the application's, entered for the life of this object unless left earlier.
+class ApplicationIsolate {
+  public:
+    ApplicationIsolate() {
+        v8::Isolate::CreateParams parameters;
+        parameters.array_buffer_allocator = allocator_.get();
+        isolate_ = v8::Isolate::New(parameters);
+        isolate_->Enter();
+    }
+    ~ApplicationIsolate() {
+        if (isolate_ != nullptr) dispose();
+    }
+    ApplicationIsolate(ApplicationIsolate const&) = delete;
+    ApplicationIsolate& operator=(ApplicationIsolate const&) = delete;
+
+    v8::Isolate* get() const { return isolate_; }
+
+    void dispose() {
+        isolate_->Exit();
+        isolate_->Dispose();
+        isolate_ = nullptr;
+    }
+
+  private:
+    std::unique_ptr<v8::ArrayBuffer::Allocator> allocator_{
+        v8::ArrayBuffer::Allocator::NewDefaultAllocator()};
+    v8::Isolate* isolate_ = nullptr;
+};
+
+TEST(Embedded, usesTheApplicationsIsolate) {
+    ApplicationIsolate const application;
+    ScriptHost host;
+    EXPECT_EQ(v8::Isolate::GetCurrent(), application.get());
+    host.bind(u"A", 1);
+    EXPECT_EQ(host.eval(u"A+LEN('abc')"), u"4");
+    host.host.reset();
+    EXPECT_EQ(v8::Isolate::GetCurrent(), application.get());
+}
+
+TEST(Embedded, outlivesTheApplicationsIsolate) {
+    auto application = std::make_unique<ApplicationIsolate>();
+    auto host = std::make_unique<ScriptHost>();
+    host->bind(u"A", 1);
+    std::int32_t const script = host->parse(u"A");
+    EXPECT_EQ(host->execute(script).result, u"1");
+    application->dispose();
+
+    EXPECT_EQ(host->parse(u"1"), -1);
+    EXPECT_NE(host->execute(script).error, u"");
+    host->host.reset();
+    host.reset();
+
+    ApplicationIsolate const next;  // very likely at the same address
+    ScriptHost hostOfNext;
+    EXPECT_EQ(hostOfNext.eval(u"1+1"), u"2");
+}
+
+TEST(Embedded, refusesAHostOfAnotherIsolate) {
+    ApplicationIsolate const outer;
+    ScriptHost host;
+    std::int32_t const script = host.parse(u"1");
+    {
+        ApplicationIsolate const inner;
+        EXPECT_EQ(host.parse(u"2"), -1);
+        EXPECT_NE(host.execute(script).error, u"");
+        ScriptHost innerHost;
+        EXPECT_EQ(innerHost.eval(u"3"), u"3");
+    }
+    EXPECT_EQ(host.execute(script).result, u"1");
+}
+
+TEST(Embedded, destroysAHostInsideAnotherIsolate) {
+    ApplicationIsolate const outer;
+    auto host = std::make_unique<ScriptHost>();
+    host->bind(u"A", 1);
+    EXPECT_EQ(host->eval(u"A"), u"1");
+    {
+        ApplicationIsolate const inner;
+        host.reset();
+    }
+    ScriptHost again;
+    EXPECT_EQ(again.eval(u"1+1"), u"2");
+}
+
+TEST(Embedded, makesAnIsolateForAThreadThatHasNone) {
+    ApplicationIsolate const application;
+    std::thread([] {
+        EXPECT_EQ(v8::Isolate::TryGetCurrent(), nullptr);
+        ScriptHost host;
+        EXPECT_EQ(host.eval(u"LEN('abc')"), u"3");
+    }).join();
+}
+
+TEST(Embedded, runsInsideTheApplicationsContext) {
+    ApplicationIsolate const application;
+    v8::HandleScope const handles(application.get());
+    v8::Local<v8::Context> const context = v8::Context::New(application.get());
+    v8::Context::Scope const entered(context);
+    ScriptHost host;
+    EXPECT_EQ(host.eval(u"mine = 1; mine"), u"1");
+    EXPECT_EQ(application.get()->GetCurrentContext(), context);
+    EXPECT_FALSE(context->Global()
+                     ->Has(context, KxJsParser::_convertStdStringToV8String(u"mine"))
+                     .FromJust());
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    testing::InitGoogleTest(&argumentCount, arguments);
+    auto const platform = v8::platform::NewDefaultPlatform();
+    v8::V8::InitializePlatform(platform.get());
+    v8::V8::Initialize();
+    return RUN_ALL_TESTS();
+}

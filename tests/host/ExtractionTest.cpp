@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "ScriptHost.h"
+
+namespace {
+
+struct ExtractionCase {
+    std::u16string source;
+    std::vector<std::u16string> names;
+};
+
+class Extraction : public testing::TestWithParam<ExtractionCase> {};
+
+TEST_P(Extraction, finds) {
+    std::u16string error;
+    EXPECT_EQ(KxJsParser::_extractVariable(GetParam().source, error), GetParam().names);
+    EXPECT_EQ(error, u"");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    sources, Extraction,
+    testing::Values(ExtractionCase{u"A+B", {u"A", u"B"}},                            //
+                    ExtractionCase{u"B+A", {u"B", u"A"}},                            // run order
+                    ExtractionCase{u"ROUND(X,2)", {u"X"}}, ExtractionCase{u"", {}},  //
+                    ExtractionCase{u"1+1", {}},                                      //
+                    ExtractionCase{u"A+A+A", {u"A"}},                                //
+                    ExtractionCase{u"null.x + Y", {}},  // the first failure is another one
+                    ExtractionCase{u"0/0; X", {u"X"}},  //
+                    ExtractionCase{u"'NaN'", {}},       //
+                    ExtractionCase{u"var NaNs = NaN + Y", {u"Y"}},  //
+                    ExtractionCase{u"B ? A : C",
+                                   {u"B", u"A"}},  // a blank is true, so C is never evaluated
+                    ExtractionCase{u"!B ? A : C", {u"B", u"C"}},  //
+                    ExtractionCase{u"typeof Z", {}},              //
+                    ExtractionCase{u"A.x.y + B", {u"A"}},         // a type error ends the search
+                    ExtractionCase{u"throw 'q is gone'", {}},     //
+                    ExtractionCase{u"throw { message: 'two words' }", {}},
+                    ExtractionCase{u"LEN(NAME) + prix", {u"NAME", u"prix"}},
+                    ExtractionCase{u"été + 中", {u"été", u"中"}}));
+
+TEST(Extraction, reportsASourceThatDoesNotCompile) {
+    std::u16string error;
+    EXPECT_TRUE(KxJsParser::_extractVariable(u"1+", error).empty());
+    EXPECT_EQ(error.substr(0, 18), u"Error in line: 1\r\n");
+}
+
+TEST(Extraction, leavesOtherHostsAlone) {
+    ScriptHost host;
+    host.bind(u"A", 1);
+    std::u16string error;
+    EXPECT_EQ(KxJsParser::_extractVariable(u"A+(made=B)", error),
+              (std::vector<std::u16string>{u"A", u"B"}));
+    EXPECT_EQ(host.eval(u"A"), u"1");
+    EXPECT_EQ(host.eval(u"typeof made"), u"undefined");
+}
+
+}  // namespace
