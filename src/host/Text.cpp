@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "host/NumberText.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -23,8 +24,10 @@ std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text
 
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
                            v8::Local<v8::Value> value) {
+    if (value.IsEmpty()) return {};
+    if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
     v8::Local<v8::String> text;
-    if (value.IsEmpty() || !value->ToString(context).ToLocal(&text)) return {};
+    if (!value->ToString(context).ToLocal(&text)) return {};
     return fromEngineString(isolate, text);
 }
 
