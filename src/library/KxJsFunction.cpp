@@ -1,0 +1,64 @@
+#include "library/KxJsFunction.h"
+
+#include <algorithm>
+
+#include "library/WhiteSpace.h"
+
+namespace {
+
+bool isLowerCaseLetter(char16_t unit) { return unit >= u'a' && unit <= u'z'; }
+
+bool isFunctionName(std::u16string_view text) {
+    return !text.empty() && std::none_of(text.begin(), text.end(), [](char16_t unit) {
+        return isLowerCaseLetter(unit) || kx::isWhiteSpace(unit);
+    });
+}
+
+bool isDocumentation(std::u16string_view text) {
+    return !text.empty() && text.find(u'{') == std::u16string_view::npos;
+}
+
+}  // namespace
+
+bool KxJsFunction::setName(std::u16string text) {
+    if (!isFunctionName(text)) return false;
+    name = std::move(text);
+    return true;
+}
+
+bool KxJsFunction::setDescription(std::u16string text) {
+    if (!isDocumentation(text)) return false;
+    description = std::move(text);
+    return true;
+}
+
+bool KxJsFunction::setReturnDescription(std::u16string text) {
+    if (!isDocumentation(text)) return false;
+    returnDescription = std::move(text);
+    return true;
+}
+
+bool KxJsFunction::setBody(std::u16string text) {
+    if (text.empty() || text.front() == u'{') return false;
+    body = std::move(text);
+    return true;
+}
+
+bool KxJsFunction::addParameter(Parameter parameter) {
+    if (parameter.first.empty() || !isDocumentation(parameter.second)) return false;
+    parameters.push_back(std::move(parameter));
+    return true;
+}
+
+bool KxJsFunction::addExample(std::u16string text) {
+    if (!isDocumentation(text)) return false;
+    examples.push_back(std::move(text));
+    return true;
+}
+
+void KxJsFunction::setCategory(std::u16string text) { category = std::move(text); }
+
+bool KxJsFunction::isComplete() const {
+    return !name.empty() && !description.empty() && !returnDescription.empty() && !body.empty() &&
+           !examples.empty();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "library/FunctionTable.h"
+
+namespace kx {
+
+// The string catalogue in five tables, in the order in which the catalogue lists them.
+extern FunctionTable const stringFormatting;            ///< LTRIM to RPAD
+extern FunctionTable const stringExtraction;            ///< LEFT to IOCCURS
+extern FunctionTable const stringClassification;        ///< ISALPHA to ISASCII
+extern FunctionTable const stringSearchAndReplacement;  ///< REPLACE to CHRTRAN
+extern FunctionTable const stringCodesAndCase;          ///< ASCII to LEN
+
+}  // namespace kx
