@@ -1,0 +1,70 @@
+# Sourced by the other scripts.
+
+# The top of the source tree, wherever the caller stands.
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+
+say() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }
+
+# die MESSAGE [STATUS]
+die() {
+    say "$1"
+    exit "${2:-1}"
+}
+
+can_be_root() { [[ $(id -u) == 0 ]] || command -v sudo >/dev/null; }
+
+as_root() { if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi; }
+
+# missing_packages NAME...: those that are not installed, on one line.
+missing_packages() {
+    command -v dpkg-query >/dev/null || die "this needs Debian's or Ubuntu's dpkg and apt"
+    local installed name missing=()
+    installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null || true)"
+    for name in "$@"; do
+        [[ $installed == *" installed:$name "* ]] || missing+=("$name")
+    done
+    printf '%s' "${missing[*]:-}"
+}
+
+# configure PRESET [CMAKE-ARGUMENT...]: only where that was not done yet; ninja repeats it by itself
+# when a CMake file changes.
+configure() {
+    local preset=$1
+    shift
+    [[ -e $root/build/$preset/build.ninja ]] && (($# == 0)) && return
+    (cd "$root" && cmake --preset "$preset" ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"} "$@")
+}
+
+# build PRESET [CMAKE-BUILD-ARGUMENT...]
+build() {
+    local preset=$1
+    shift
+    (cd "$root" && cmake --build --preset "$preset" "$@")
+}
+
+# build_quietly PRESET TARGET...: says nothing when there is nothing to do, all when it fails.
+build_quietly() {
+    local preset=$1
+    shift
+    local up_to_date
+    up_to_date=$(cd "$root/build/$preset" && ninja -n "$@" | tail -n 1)
+    [[ $up_to_date == *"no work to do"* ]] || build "$preset" --target "$@" >&2
+}
+
+# cpp_files [GLOB]: the C++ files of the tree, each ended by a zero byte.
+cpp_files() {
+    if (($#)); then
+        git -C "$root" ls-files -z --cached --others --exclude-standard -- "$1"
+    else
+        git -C "$root" ls-files -z --cached --others --exclude-standard -- '*.h' '*.cpp'
+    fi
+}
+
+# compiled_only BUILD-DIRECTORY: of the files on standard input, those that the build compiles.
+compiled_only() {
+    local file
+    while IFS= read -r -d '' file; do
+        grep -qF "\"file\": \"$root/$file\"" "$1/compile_commands.json" && printf '%s\0' "$file"
+    done
+    return 0
+}

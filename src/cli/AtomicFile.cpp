@@ -1,0 +1,173 @@
+#include "cli/AtomicFile.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <optional>
+#include <stdlib.h>  // mkdtemp
+#include <sys/stat.h>
+#include <system_error>
+#include <utility>
+
+#include "cli/Errors.h"
+#include "cli/FileDescriptor.h"
+
+namespace kx {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void throwWriteError(fs::path const& path, std::error_code error) {
+    throw WorkError("cannot write " + path.string() + ": " + error.message());
+}
+
+fs::path directoryOf(fs::path const& path) {
+    return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+/// A directory for files that are not finished, removed with its owner, contents and all.
+class StagingDirectory {
+  public:
+    /// Made inside `parent`, so that moving a file from it to there is one step on one file system.
+    /// `goal` is what the message names where it cannot be made.
+    StagingDirectory(fs::path const& parent, fs::path const& goal) {
+        std::string pattern = (parent / ".kxjs-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) kx::throwWriteError(goal);
+        _mPath = pattern;
+    }
+    StagingDirectory(StagingDirectory const&) = delete;
+    StagingDirectory& operator=(StagingDirectory const&) = delete;
+    ~StagingDirectory() {
+        std::error_code ignored;
+        fs::remove_all(_mPath, ignored);
+    }
+
+    fs::path const& path() const { return _mPath; }
+
+  private:
+    fs::path _mPath;
+};
+
+void writeNewFile(fs::path const& path, std::string_view bytes, std::optional<mode_t> mode) {
+    FileDescriptor file = FileDescriptor::create(path);
+    if (mode) file.setPermissions(*mode);
+    file.write(bytes);
+    file.sync();
+    file.close();
+}
+
+void moveInPlace(fs::path const& from, fs::path const& to) {
+    std::error_code error;
+    fs::rename(from, to, error);
+    if (error) throwWriteError(to, error);
+}
+
+/// Moves new files over old ones and can take it back.
+class Replacement {
+  public:
+    explicit Replacement(fs::path backups) : _mBackups(std::move(backups)) {}
+    Replacement(Replacement const&) = delete;
+    Replacement& operator=(Replacement const&) = delete;
+    ~Replacement() {
+        if (_mDone) return;
+        std::error_code ignored;  // an error is on its way already
+        for (auto step = _mSteps.rbegin(); step != _mSteps.rend(); ++step) {
+            if (step->backup) {
+                fs::rename(*step->backup, step->target, ignored);
+            } else {
+                fs::remove(step->target, ignored);
+            }
+        }
+    }
+
+    void replace(fs::path const& from, fs::path const& to) {
+        Step step{to, std::nullopt};
+        if (fs::exists(to)) {
+            step.backup = _mBackups / to.filename();
+            std::error_code error;
+            fs::copy_file(to, *step.backup, error);
+            if (error) throwWriteError(to, error);
+        }
+        _mSteps.reserve(_mSteps.size() + 1);
+        moveInPlace(from, to);
+        _mSteps.push_back(std::move(step));
+    }
+
+    void commit() { _mDone = true; }
+
+  private:
+    struct Step {
+        fs::path target;
+        std::optional<fs::path> backup;  ///< none: there was no file
+    };
+    fs::path _mBackups;
+    std::vector<Step> _mSteps;
+    bool _mDone = false;
+};
+
+void writeAll(fs::path const& directory, std::vector<NamedFile> const& files) {
+    for (NamedFile const& file : files) {
+        writeNewFile(directory / file.name, file.bytes, std::nullopt);
+    }
+}
+
+void makeDirectoryWith(fs::path const& directory, std::vector<NamedFile> const& files) {
+    StagingDirectory const staging(directoryOf(directory), directory);
+    fs::path const finished = staging.path() / "pages";
+    std::error_code error;
+    if (!fs::create_directory(finished, error)) throwWriteError(directory, error);
+    writeAll(finished, files);
+    moveInPlace(finished, directory);
+}
+
+}  // namespace
+
+void replaceFile(fs::path const& path, std::string_view bytes) {
+    struct stat status {};
+    bool const exists = ::stat(path.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT) kx::throwWriteError(path);
+    if (exists && S_ISDIR(status.st_mode)) {
+        throwWriteError(path, std::make_error_code(std::errc::is_a_directory));
+    }
+    if (exists && !S_ISREG(status.st_mode)) {
+        FileDescriptor device = FileDescriptor::open(path);
+        device.write(bytes);
+        return device.close();
+    }
+    // A link stays a link: the file that it names is the one to replace.
+    fs::path const target = exists ? fs::canonical(path) : path;
+    StagingDirectory const staging(directoryOf(target), path);
+    fs::path const finished = staging.path() / "file";
+    std::optional<mode_t> mode;
+    if (exists) mode = status.st_mode & 07777;
+    writeNewFile(finished, bytes, mode);
+    moveInPlace(finished, target);
+}
+
+void replaceFiles(fs::path const& directory, std::vector<NamedFile> const& files) {
+    // "pages/" names the same directory as "pages", but has no last part of its own.
+    fs::path const goal = directory.has_filename() ? directory : directory.parent_path();
+    std::error_code error;
+    fs::file_status const status = fs::status(goal, error);
+    if (status.type() == fs::file_type::not_found) return makeDirectoryWith(goal, files);
+    if (error) throwWriteError(goal, error);
+    if (status.type() != fs::file_type::directory) {
+        throwWriteError(goal, std::make_error_code(std::errc::not_a_directory));
+    }
+    for (NamedFile const& file : files) {
+        if (fs::is_directory(goal / file.name)) {
+            throwWriteError(goal / file.name, std::make_error_code(std::errc::is_a_directory));
+        }
+    }
+    StagingDirectory const staging(goal, goal);
+    fs::path const finished = staging.path() / "new";
+    fs::path const backups = staging.path() / "old";
+    fs::create_directory(finished, error);
+    if (!error) fs::create_directory(backups, error);
+    if (error) throwWriteError(goal, error);
+    writeAll(finished, files);
+    Replacement replacement(backups);
+    for (NamedFile const& file : files) replacement.replace(finished / file.name, goal / file.name);
+    replacement.commit();
+}
+
+}  // namespace kx

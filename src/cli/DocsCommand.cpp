@@ -1,0 +1,46 @@
+#include <string>
+#include <vector>
+
+#include "cli/AtomicFile.h"
+#include "cli/Commands.h"
+#include "cli/DocsIndex.h"
+#include "cli/Output.h"
+#include "cli/Utf8.h"
+#include "host/KxJsParser.h"
+
+namespace kx {
+namespace {
+
+// The documents name no character set; a browser that opens a file takes it from this mark. A
+// fragment gets none, since it becomes part of another page, and neither does standard output,
+// whose reader knows that everything here is UTF-8.
+constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+
+void writePages(std::string const& directory) {
+    std::vector<NamedFile> files;
+    for (auto const& [name, page] : KxJsParser::_getUserDocumentation()) {
+        files.push_back({utf8FromUtf16(docsPageFile(name)), kByteOrderMark + utf8FromUtf16(page)});
+    }
+    files.push_back({"index.html", kByteOrderMark + utf8FromUtf16(docsIndexPage())});
+    replaceFiles(directory, files);
+}
+
+}  // namespace
+
+ExitStatus runDocs(DocsOptions const& options) {
+    if (!options.directory.empty()) {
+        writePages(options.directory);
+        return EXIT_STATUS_OK;
+    }
+    bool const standalone = !options.fragment;
+    std::u16string const document = KxJsParser::_getUserDocumentation(standalone, options.examples);
+    if (options.file.empty() || options.file == "-") {
+        print(document);
+        flushOutput();
+    } else {
+        replaceFile(options.file, (standalone ? kByteOrderMark : "") + utf8FromUtf16(document));
+    }
+    return EXIT_STATUS_OK;
+}
+
+}  // namespace kx

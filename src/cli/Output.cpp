@@ -1,0 +1,50 @@
+#include "cli/Output.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+#include "cli/Errors.h"
+#include "cli/Utf8.h"
+
+namespace kx {
+namespace {
+
+void throwOutputError() {
+    int const code = errno;
+    throw WorkError("cannot write to standard output: " + std::generic_category().message(code));
+}
+
+}  // namespace
+
+void print(std::u16string_view text) {
+    std::string const bytes = utf8FromUtf16(text);
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) throwOutputError();
+}
+
+void printLine(std::u16string_view text) {
+    print(text);
+    print(u"\n");
+}
+
+void flushOutput() {
+    if (std::fflush(stdout) != 0) throwOutputError();
+}
+
+void reportError(std::string_view message) {
+    std::string const line = "kxjs: " + std::string(message) + "\n";
+    // Where standard error fails too, the exit status is all that is left to say it.
+    static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
+}
+
+void reportScriptError(std::u16string_view errorText) {
+    std::string bytes = utf8FromUtf16(errorText);
+    for (std::size_t at = bytes.find("\r\n"); at != std::string::npos;
+         at = bytes.find("\r\n", at)) {
+        bytes.erase(at, 1);
+    }
+    if (bytes.empty() || bytes.back() != '\n') bytes += '\n';
+    static_cast<void>(std::fwrite(bytes.data(), 1, bytes.size(), stderr));
+}
+
+}  // namespace kx

@@ -1,0 +1,8 @@
+#include <string>
+#include <vector>
+
+#include "cli/CommandLine.h"
+
+int main(int argc, char** argv) {
+    return kx::runCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
