@@ -1,10 +1,12 @@
+#include <string_view>
+
 #include "library/KxJsFunction.h"
 
 namespace {
 
 // Stands first in every generated function. It refuses a call without any argument where the
 // function declares parameters; parameters missing at the end are left to the body.
-constexpr char16_t missingArgumentGuard[] =
+constexpr std::u16string_view missingArgumentGuard =
     u"if(arguments.length == 0 && arguments.callee.length != 0) "
     u"throw ReferenceError(arguments.callee.name + ' missing argument');\r\n";
 

@@ -1,17 +1,27 @@
 #include "library/Prelude.h"
 
+namespace {
+
+constexpr char16_t const* defineRight =
+    u"String.prototype.right=function(n1)"
+    u"{if(n1==0)return '';return this.substr(-n1,this.length);};\n";
+
+// From here on a function that is converted to text is called instead. LISTFUNCT puts the engine's
+// own conversion back while it works.
+constexpr char16_t const* callFunctionsInsteadOfPrinting =
+    u"oldToStringFunctionProto = Function.prototype.toString;"
+    u"newToStringFunctionProto = function() {return this();};"
+    u"Function.prototype.toString = newToStringFunctionProto;\n";
+
+}  // namespace
+
 std::vector<std::u16string> buildPrelude() {
     return {
         u"String.prototype.ltrim = function() { return this.replace(/^\\s+/g, ''); };\n",
         u"String.prototype.rtrim = function() { return this.replace(/\\s+$/g, ''); };\n",
         u"String.prototype.trim = function() { return this.replace(/^\\s+|\\s+$/g, ''); };\n",
         u"String.prototype.left=function(n1){return this.substr(0,n1);};\n",
-        u"String.prototype.right=function(n1)"
-        u"{if(n1==0)return '';return this.substr(-n1,this.length);};\n",
-        // From here on a function that is converted to text is called instead. LISTFUNCT puts the
-        // engine's own conversion back while it works.
-        u"oldToStringFunctionProto = Function.prototype.toString;"
-        u"newToStringFunctionProto = function() {return this();};"
-        u"Function.prototype.toString = newToStringFunctionProto;\n",
+        defineRight,
+        callFunctionsInsteadOfPrinting,
     };
 }

@@ -64,7 +64,7 @@ struct TextField {
     std::u16string const& (KxJsFunction::*get)() const;
 };
 
-TextField const documentationFields[] = {
+std::vector<TextField> const documentationFields = {
     {"description", &KxJsFunction::setDescription, &KxJsFunction::getDescription},
     {"return description", &KxJsFunction::setReturnDescription,
      &KxJsFunction::getReturnDescription},

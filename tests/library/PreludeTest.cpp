@@ -16,9 +16,7 @@ TEST(Prelude, IsSixStatementsOfOneLineEach) {
 )",
         uR"(String.prototype.right=function(n1){if(n1==0)return '';return this.substr(-n1,this.length);};
 )",
-        uR"(oldToStringFunctionProto = Function.prototype.toString;)"
-        uR"(newToStringFunctionProto = function() {return this();};)"
-        uR"(Function.prototype.toString = newToStringFunctionProto;
+        uR"(oldToStringFunctionProto = Function.prototype.toString;newToStringFunctionProto = function() {return this();};Function.prototype.toString = newToStringFunctionProto;
 )",
     };
     EXPECT_EQ(buildPrelude(), expected);

@@ -32,8 +32,9 @@ inline std::u16string escapeControlCharacters(std::u16string_view text) {
 inline bool isDecimalFraction(std::u16string_view text) {
     if (text.starts_with(u'-')) text.remove_prefix(1);
     auto const point = text.find(u'.');
-    return point != text.npos && point > 0 && point + 1 < text.size() &&
-           text.find_first_not_of(u"0123456789.") == text.npos && text.rfind(u'.') == point;
+    return point != std::u16string_view::npos && point > 0 && point + 1 < text.size() &&
+           text.find_first_not_of(u"0123456789.") == std::u16string_view::npos &&
+           text.rfind(u'.') == point;
 }
 
 /// The text that JavaScript gives for a result as the documentation writes it:
@@ -45,7 +46,7 @@ inline std::u16string resultText(std::u16string_view stated) {
     if (stated.size() >= 2 && stated.front() == u'\'' && stated.back() == u'\'') {
         return std::u16string(stated.substr(1, stated.size() - 2));
     }
-    if (auto const remark = stated.find(u" ("); remark != stated.npos) {
+    if (auto const remark = stated.find(u" ("); remark != std::u16string_view::npos) {
         stated = stated.substr(0, remark);
     }
     if (stated == u"Math.E") return u"2.718281828459045";
@@ -60,7 +61,7 @@ inline std::u16string resultText(std::u16string_view stated) {
 inline std::optional<Example> splitExample(std::u16string_view example) {
     constexpr std::u16string_view arrow = u" &rarr; ";
     auto const position = example.find(arrow);
-    if (position == example.npos) return std::nullopt;
+    if (position == std::u16string_view::npos) return std::nullopt;
     return Example{escapeControlCharacters(example.substr(0, position)),
                    resultText(example.substr(position + arrow.size()))};
 }

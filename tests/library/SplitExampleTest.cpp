@@ -17,7 +17,7 @@ struct Case {
 };
 
 TEST(SplitExample, SeparatesTheCallFromTheTextOfItsResult) {
-    Case const cases[] = {
+    std::vector<Case> const cases = {
         {u"SIGN(42) &rarr; 1", u"SIGN(42)", u"1"},
         {u"CHAR(62) &rarr; >", u"CHAR(62)", u">"},
         {u"SPACE(2) &rarr; '  '", u"SPACE(2)", u"  "},

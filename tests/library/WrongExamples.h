@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 
 namespace kx::test {
@@ -12,7 +13,7 @@ struct WrongExample {
     char const* reason;
 };
 
-inline constexpr WrongExample wrongExamples[] = {
+inline constexpr std::initializer_list<WrongExample> wrongExamples = {
     {u"IIF(true, 'abc','xyz') &rarr; xyz", u"abc",
      "the result is that of a false condition; the example before it has the right one"},
     {u"TALLRIM('abc') &rarr; 'abc'", u"", "misspells ALLTRIM, so the call names no function"},
