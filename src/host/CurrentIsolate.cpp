@@ -12,20 +12,11 @@ namespace kx {
 
 namespace {
 
-v8::Isolate* makeIsolate() {
-    // The allocator must outlive the isolates that use it, and those may outlive everything else.
-    static v8::ArrayBuffer::Allocator* const allocator =
-        v8::ArrayBuffer::Allocator::NewDefaultAllocator();
-    v8::Isolate::CreateParams parameters;
-    parameters.array_buffer_allocator = allocator;
-    return v8::Isolate::New(parameters);
-}
-
 /// The isolate that this library made for a thread: entered from the thread's first host to the
 /// thread's end.
 class ThreadIsolate {
   public:
-    ThreadIsolate() : record_(std::make_shared<IsolateRecord>(makeIsolate(), true)) {}
+    ThreadIsolate() : record_(std::make_shared<IsolateRecord>()) {}
     ThreadIsolate(ThreadIsolate const&) = delete;
     ThreadIsolate& operator=(ThreadIsolate const&) = delete;
 
@@ -78,7 +69,7 @@ class ApplicationIsolates {
         std::lock_guard const lock(mutex_);
         std::shared_ptr<IsolateRecord>& record = records_[isolate];
         if (record == nullptr) {
-            record = std::make_shared<IsolateRecord>(isolate, false);
+            record = std::make_shared<IsolateRecord>(isolate);
             notifyAtIsolateEnd(isolate, [isolate] { instance().forget(isolate); });
         }
         return record;

@@ -15,6 +15,8 @@ bool start() {
     if (v8compat::isEngineRunning()) return false;
     // This library starts no thread, so neither does the engine.
     v8::V8::SetFlagsFromString("--single-threaded");
+    // Its memory is invisible to the limits, and formulas have no use for it.
+    v8::V8::SetFlagsFromString("--no-expose-wasm");
     // Kept for ever: scripts may still run while the process destroys its static objects.
     static v8::Platform* const platform =
         v8::platform::NewSingleThreadedDefaultPlatform().release();

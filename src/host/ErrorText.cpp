@@ -28,13 +28,14 @@ std::u16string composeErrorText(ScriptFailure const& failure) {
            std::u16string(blanks, u' ') + std::u16string(carets, u'^') + u"\r\n";
 }
 
-std::u16string errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                           v8::TryCatch const& capture) {
+std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                                          v8::TryCatch const& capture) {
     v8::HandleScope const handles(isolate);
     // The exception's own toString may throw in turn; that second exception has no reader.
-    v8::TryCatch const ignored(isolate);
+    v8::TryCatch const second(isolate);
     ScriptFailure failure;
     failure.exception = textOfValue(isolate, context, capture.Exception());
+    if (second.HasTerminated()) return std::nullopt;
     v8::Local<v8::Message> const message = capture.Message();
     if (message.IsEmpty()) return failure.exception;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <v8.h>
@@ -21,8 +22,9 @@ struct ScriptFailure {
 std::u16string composeErrorText(ScriptFailure const& failure);
 
 /// The error text of the exception that `capture` holds. An exception whose own text cannot be
-/// made has the empty text; one without a place is that text alone.
-std::u16string errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                           v8::TryCatch const& capture);
+/// made has the empty text; one without a place is that text alone. Nothing where making the text
+/// runs a script that has to be terminated.
+std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                                          v8::TryCatch const& capture);
 
 }  // namespace kx

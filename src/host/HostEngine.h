@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -7,6 +9,8 @@
 
 #include "host/Carriers.h"
 #include "host/IsolateRecord.h"
+#include "host/RunControl.h"
+#include "host/Watchdog.h"
 
 namespace kx {
 
@@ -26,6 +30,24 @@ class HostEngine {
     Carriers& carriers() { return carriers_; }
     IsolateRecord& record() const { return *record_; }
 
+    RunControl& control() { return control_; }
+
+    std::chrono::milliseconds timeLimit() const { return timeLimit_; }
+
+    void setTimeLimit(std::chrono::milliseconds limit) {
+        timeLimit_ = std::max(limit, std::chrono::milliseconds::zero());
+        watchdog_ = timeLimit_.count() == 0 ? nullptr : Watchdog::acquire();
+    }
+
+    /// Begins to watch the time of a run; false where the host has no time limit.
+    bool watchTime() {
+        if (watchdog_ == nullptr) return false;
+        watchdog_->watch(control_, Watchdog::Clock::now() + timeLimit_);
+        return true;
+    }
+
+    void giveUpTime() { watchdog_->giveUp(control_); }
+
     /// Frees what the host gives up, its carriers with it.
     void release(HostRemains remains) {
         remains.carriers = std::exchange(carriers_, Carriers());
@@ -35,6 +57,9 @@ class HostEngine {
   private:
     std::shared_ptr<IsolateRecord> record_;
     Carriers carriers_;
+    RunControl control_;
+    std::chrono::milliseconds timeLimit_{0};
+    std::shared_ptr<Watchdog> watchdog_;  // while there is a time limit
 };
 
 }  // namespace kx

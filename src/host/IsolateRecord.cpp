@@ -26,23 +26,55 @@ void bury(HostRemains remains) {
     graveyard().remains.push_back(std::move(remains));
 }
 
+/// The engine's own limit, at which it ends the process: far above any that is watched.
+constexpr std::size_t kHardLimit = std::size_t{8} << 30;
+
+v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
+    v8::Isolate::CreateParams parameters;
+    parameters.array_buffer_allocator = &allocator;
+    parameters.constraints.set_max_old_generation_size_in_bytes(kHardLimit);
+    v8::Isolate* const isolate = v8::Isolate::New(parameters);
+    // So that a script that was ended does not go on in its promise jobs: see runPromiseJobs().
+    isolate->SetMicrotasksPolicy(v8::MicrotasksPolicy::kExplicit);
+    // Nobody could wake a formula that waits.
+    isolate->SetAllowAtomicsWait(false);
+    return isolate;
+}
+
 void freeRemains(v8::Isolate* isolate, HostRemains remains) { remains.carriers.cutAll(isolate); }
 
 }  // namespace
 
-IsolateRecord::IsolateRecord(v8::Isolate* isolate, bool isOwned)
-    : isolate_(isolate), isOwned_(isOwned) {}
+IsolateRecord::IsolateRecord(v8::Isolate* isolate) : isolate_(isolate) {}
+
+IsolateRecord::IsolateRecord()
+    : allocator_(makeCountingAllocator(defaultMemoryLimit())),
+      isolate_(makeIsolate(*allocator_)),
+      memory_(std::make_unique<MemoryWatch>(isolate(), allocator_.get(), defaultMemoryLimit())) {}
 
 IsolateRecord::~IsolateRecord() {
-    if (!isOwned_) return;
+    if (allocator_ == nullptr) return;
     // The thread and every host are gone, so nobody can run a script in the isolate any more.
     v8::Isolate* const mine = isolate();
     {
         v8::Isolate::Scope const entered(mine);
         freeParkedNow();
         libraryScript_.reset();
+        memory_.reset();
     }
     mine->Dispose();
+}
+
+void IsolateRecord::runPromiseJobs() {
+    if (allocator_ != nullptr) isolate()->PerformMicrotaskCheckpoint();
+}
+
+void IsolateRecord::setMemoryLimit(std::size_t bytes) {
+    if (memory_ == nullptr) {
+        memory_ = std::make_unique<MemoryWatch>(isolate(), nullptr, bytes);
+    } else {
+        memory_->setLimit(bytes);
+    }
 }
 
 void IsolateRecord::release(HostRemains remains) {
@@ -72,6 +104,7 @@ void IsolateRecord::freeParkedNow() {
 void IsolateRecord::isolateIsGone() {
     std::lock_guard const lock(mutex_);
     isolate_.store(nullptr, std::memory_order_release);
+    if (memory_ != nullptr) memory_->isolateIsGone();
     for (HostRemains& remains : parked_) bury(std::move(remains));
     parked_.clear();
     if (libraryScript_ != nullptr) {

@@ -7,7 +7,9 @@
 
 #include <v8.h>
 
+#include "host/CountingAllocator.h"
 #include "host/HostRemains.h"
+#include "host/MemoryWatch.h"
 #include "host/PersistentHandle.h"
 
 namespace kx {
@@ -27,7 +29,10 @@ class IsolateRecord {
     /// for the thread where there is none.
     static std::shared_ptr<IsolateRecord> current();
 
-    IsolateRecord(v8::Isolate* isolate, bool isOwned);
+    /// The application's isolate.
+    explicit IsolateRecord(v8::Isolate* isolate);
+    /// A new isolate of the library's own.
+    IsolateRecord();
     ~IsolateRecord();
     IsolateRecord(IsolateRecord const&) = delete;
     IsolateRecord& operator=(IsolateRecord const&) = delete;
@@ -52,14 +57,29 @@ class IsolateRecord {
     /// The built-in functions, compiled once for the isolate. Empty on the first call.
     std::unique_ptr<PersistentHandle<v8::UnboundScript>>& libraryScript() { return libraryScript_; }
 
+    /// Runs what the script that has just ended left to do. The application's isolates do that by
+    /// themselves, or as the application has told them.
+    void runPromiseJobs();
+
+    /// The watch over the isolate's memory; null for an application's isolate without a limit.
+    MemoryWatch* memory() const { return memory_.get(); }
+
+    void setMemoryLimit(std::size_t bytes);
+
+    /// The run to end when memory runs out. Returns the one before.
+    RunControl* watchMemory(RunControl* control) {
+        return memory_ == nullptr ? nullptr : memory_->watch(control);
+    }
+
     /// Abandons every handle: called while the application disposes of its isolate.
     void isolateIsGone();
 
   private:
     void freeParkedNow();
 
+    std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
-    bool const isOwned_;
+    std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
     std::mutex mutex_;  // guards parked_
     std::vector<HostRemains> parked_;

@@ -6,6 +6,7 @@
 #include "host/HostEngine.h"
 #include "host/LibraryScript.h"
 #include "host/PersistentHandle.h"
+#include "host/ScriptRun.h"
 #include "host/Text.h"
 #include "host/V8Compat.h"
 
@@ -41,6 +42,7 @@ void KxJsParser::initialize() {
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
+    kx::ScriptRun const run(*_mEngine);
     kx::installLibrary(_mEngine->record(), context);
 }
 
@@ -48,3 +50,11 @@ void KxJsParser::reset() {
     clearVariables();
     clearVecOfCompiledScripts();
 }
+
+void KxJsParser::setTimeLimit(std::chrono::milliseconds limit) { _mEngine->setTimeLimit(limit); }
+
+void KxJsParser::setMemoryLimit(std::size_t bytes) {
+    if (_mEngine->isUsable()) _mEngine->record().setMemoryLimit(bytes);
+}
+
+void KxJsParser::terminate() { _mEngine->control().requestEnd(kx::EndReason::terminated); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -79,6 +81,22 @@ class KXJS_API KxJsParser {
     /// contains "NaN" ("Not A Number", beside the result); it is left alone otherwise.
     /// Throws std::out_of_range for an index outside the store.
     std::u16string execute(std::int32_t index, std::u16string& error);
+
+    /// Ends a script that runs longer than `limit`; 0, the default, is no limit. The script's
+    /// result is then empty, its error text names the limit, and the host works on. Parsing, the
+    /// text of the result and promise jobs count too. While any host has a time limit, one thread
+    /// of the library watches.
+    void setTimeLimit(std::chrono::milliseconds limit);
+
+    /// Ends a script that needs more than `bytes` of memory, array buffers included: a limit of the
+    /// engine isolate, and so of all hosts of a thread. The default is a quarter of the machine's
+    /// memory and at most 512 MiB; none in an isolate that the application has made. The limit is
+    /// looked at in garbage collections, so a script may go beyond it for a moment.
+    void setMemoryLimit(std::size_t bytes);
+
+    /// Ends the script that this host is running, with an error text that says so. Without one,
+    /// nothing happens. Any thread may call, as long as the host lives.
+    void terminate();
 
     /// The names that `source` uses and nobody defines, in the order in which runs fail on them:
     /// the source is run in a host of its own, again and again, with every name found so far

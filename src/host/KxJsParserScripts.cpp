@@ -1,4 +1,5 @@
 // The store of compiled scripts: parsing into it, running from it.
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -6,6 +7,7 @@
 #include "host/HostEngine.h"
 #include "host/KxJsParser.h"
 #include "host/PersistentHandle.h"
+#include "host/ScriptRun.h"
 #include "host/Text.h"
 
 namespace {
@@ -20,6 +22,7 @@ std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
+    kx::ScriptRun const run(*_mEngine);
     std::u16string const wrapped = addWrapper(source);
     v8::TryCatch capture(isolate);
     v8::Local<v8::String> const text = kx::toEngineString(isolate, wrapped);
@@ -45,6 +48,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
+    kx::ScriptRun const run(*_mEngine);
     v8::TryCatch capture(isolate);
     // A negative index becomes a huge one.
     auto const position = static_cast<std::size_t>(index);
@@ -54,9 +58,12 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->get(isolate);
     std::u16string result;
     v8::Local<v8::Value> completion;
-    if (script->Run(context).ToLocal(&completion)) {
+    bool const hasCompleted = script->Run(context).ToLocal(&completion);
+    if (!capture.HasTerminated()) _mEngine->record().runPromiseJobs();
+    if (hasCompleted && !capture.HasTerminated()) {
         // The conversion runs the value's own toString, so it can fail as the script itself can.
         result = kx::textOfValue(isolate, context, completion);
+        if (!completion->IsPrimitive()) _mEngine->record().runPromiseJobs();
     }
     if (capture.HasCaught()) {
         error = reportException(capture);
@@ -71,7 +78,9 @@ std::u16string KxJsParser::reportException(v8::TryCatch& capture) {
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
-    return kx::errorTextOf(isolate, context, capture);
+    std::optional<std::u16string> text;
+    if (!capture.HasTerminated()) text = kx::errorTextOf(isolate, context, capture);
+    return text ? *text : kx::endText(*_mEngine);
 }
 
 void KxJsParser::clearVecOfCompiledScripts() {

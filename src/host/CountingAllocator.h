@@ -1,0 +1,21 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+
+#include <v8.h>
+
+namespace kx {
+
+/// Allocates the memory of array buffers, which lies outside the engine's heap, and counts it. A
+/// buffer that would exceed the limit is refused: the engine turns that into a RangeError.
+class CountingAllocator : public v8::ArrayBuffer::Allocator {
+  public:
+    virtual std::size_t bytesInUse() const = 0;
+    virtual void setLimit(std::size_t bytes) = 0;
+};
+
+std::unique_ptr<CountingAllocator> makeCountingAllocator(std::size_t limit);
+
+}  // namespace kx

@@ -1,0 +1,98 @@
+#include "host/MemoryWatch.h"
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace kx {
+
+namespace {
+
+constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+constexpr std::size_t kLargestDefault = 512 * kMebibyte;
+
+/// What a run may use however full the globals are.
+constexpr std::size_t kLeastAllowance = 16 * kMebibyte;
+
+/// What the engine gets on top when it is about to give up: room to come to a point where the run
+/// can be ended.
+constexpr std::size_t kReprieve = 512 * kMebibyte;
+
+}  // namespace
+
+std::size_t defaultMemoryLimit() {
+    long const pages = sysconf(_SC_PHYS_PAGES);
+    long const pageSize = sysconf(_SC_PAGESIZE);
+    if (pages <= 0 || pageSize <= 0) return kLargestDefault;
+    return std::min(kLargestDefault,
+                    static_cast<std::size_t>(pages) / 4 * static_cast<std::size_t>(pageSize));
+}
+
+MemoryWatch::MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit)
+    : isolate_(isolate), allocator_(allocator), limit_(limit), allowance_(limit) {
+    isolate_->AddGCEpilogueCallback(afterCollection, this);
+    isolate_->AddNearHeapLimitCallback(nearHardLimit, this);
+}
+
+MemoryWatch::~MemoryWatch() {
+    if (isolate_ == nullptr) return;
+    isolate_->RemoveGCEpilogueCallback(afterCollection, this);
+    isolate_->RemoveNearHeapLimitCallback(nearHardLimit, 0);
+}
+
+void MemoryWatch::setLimit(std::size_t bytes) {
+    limit_ = bytes;
+    allowance_ = std::max(allowance_, bytes);
+    if (running_ == nullptr) allowance_ = bytes;
+    if (allocator_ != nullptr) allocator_->setLimit(bytes);
+}
+
+RunControl* MemoryWatch::watch(RunControl* control) {
+    RunControl* const before = running_;
+    running_ = control;
+    return before;
+}
+
+void MemoryWatch::collect() {
+    // Full collections, more than one: what a finalizer lets go of is only found by the next.
+    isolate_->LowMemoryNotification();
+    allowance_ = std::max(limit_, bytesInUse() + std::max(kLeastAllowance, limit_ / 8));
+}
+
+std::size_t MemoryWatch::bytesInUse() const {
+    v8::HeapStatistics statistics;
+    isolate_->GetHeapStatistics(&statistics);
+    return statistics.used_heap_size() + (allocator_ == nullptr ? 0 : allocator_->bytesInUse());
+}
+
+void MemoryWatch::afterCollection(v8::Isolate* /*isolate*/, v8::GCType type,
+                                  v8::GCCallbackFlags /*flags*/, void* self) {
+    static_cast<MemoryWatch*>(self)->look(type);
+}
+
+void MemoryWatch::look(v8::GCType type) {
+    if (running_ == nullptr || !isExceeded()) return;
+    if (type == v8::kGCTypeMarkSweepCompact) {
+        running_->requestEnd(EndReason::memoryLimit);
+    } else if (!isLookPending_) {
+        isLookPending_ = true;
+        isolate_->RequestInterrupt(collectAndLook, this);
+    }
+}
+
+void MemoryWatch::collectAndLook(v8::Isolate* isolate, void* self) {
+    auto* const watch = static_cast<MemoryWatch*>(self);
+    watch->isLookPending_ = false;
+    if (watch->running_ == nullptr) return;
+    // A full collection, at whose end look() decides. The level goes back at once: it is not the
+    // machine that is short of memory.
+    isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kCritical);
+    isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kNone);
+}
+
+std::size_t MemoryWatch::nearHardLimit(void* self, std::size_t current, std::size_t /*initial*/) {
+    auto* const watch = static_cast<MemoryWatch*>(self);
+    if (watch->running_ != nullptr) watch->running_->requestEnd(EndReason::memoryLimit);
+    return current + kReprieve;
+}
+
+}  // namespace kx

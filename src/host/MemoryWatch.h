@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+
+#include <v8.h>
+
+#include "host/CountingAllocator.h"
+#include "host/RunControl.h"
+
+namespace kx {
+
+/// A quarter of the machine's memory, at most 512 MiB.
+std::size_t defaultMemoryLimit();
+
+/// Ends the run that fills an isolate's memory, long before the engine would end the process.
+///
+/// The engine's own limit is a hard one: it aborts. This one is soft: the memory in use is looked
+/// at after every garbage collection. A young collection leaves old garbage uncounted, so finding
+/// too much there only asks for a full one, at the next point where the script can be interrupted;
+/// too much after a full one ends the run. Should a single built-in call fill the heap without
+/// such a point, the engine asks for more just before it gives up: it gets more, and the run ends.
+///
+/// What scripts keep in globals stays in use. A run therefore may always use a little more than
+/// was in use when it began.
+class MemoryWatch {
+  public:
+    /// `allocator` counts the isolate's array buffers; null where nobody counts them.
+    MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit);
+    ~MemoryWatch();
+    MemoryWatch(MemoryWatch const&) = delete;
+    MemoryWatch& operator=(MemoryWatch const&) = delete;
+
+    std::size_t limit() const { return limit_; }
+    void setLimit(std::size_t bytes);
+
+    /// The run to end when memory runs out; null where none is going on. Returns the one before.
+    RunControl* watch(RunControl* control);
+
+    /// Gives memory back after a run that was ended for it.
+    void collect();
+
+    /// Forgets the isolate, which is being disposed of.
+    void isolateIsGone() { isolate_ = nullptr; }
+
+  private:
+    static void afterCollection(v8::Isolate* isolate, v8::GCType type, v8::GCCallbackFlags flags,
+                                void* self);
+    static void collectAndLook(v8::Isolate* isolate, void* self);
+    static std::size_t nearHardLimit(void* self, std::size_t current, std::size_t initial);
+
+    std::size_t bytesInUse() const;
+    bool isExceeded() const { return bytesInUse() > allowance_; }
+    void look(v8::GCType type);
+
+    v8::Isolate* isolate_;
+    CountingAllocator* const allocator_;
+    std::size_t limit_;
+    std::size_t allowance_;  // of the run that is going on
+    RunControl* running_ = nullptr;
+    bool isLookPending_ = false;
+};
+
+}  // namespace kx

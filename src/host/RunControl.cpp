@@ -1,0 +1,37 @@
+#include "host/RunControl.h"
+
+#include <thread>
+
+namespace kx {
+
+void RunControl::begin(v8::Isolate* isolate) {
+    if (depth_++ > 0) return;
+    isolate_ = isolate;
+    reason_.store(EndReason::none, std::memory_order_relaxed);
+    state_.store(State::running, std::memory_order_release);
+}
+
+EndReason RunControl::end() {
+    if (--depth_ > 0) return EndReason::none;
+    State expected = State::running;
+    if (state_.compare_exchange_strong(expected, State::idle)) return EndReason::none;
+    while (state_.load(std::memory_order_acquire) == State::requesting) std::this_thread::yield();
+    state_.store(State::idle, std::memory_order_relaxed);
+    return reason();
+}
+
+void RunControl::requestEnd(EndReason reason) {
+    State expected = State::running;
+    if (state_.compare_exchange_strong(expected, State::requesting)) {
+        reason_.store(reason, std::memory_order_release);
+    } else {
+        // Asked for before, and still running: the engine has met the first request and gone on
+        // with something else that the script has left, such as its promise jobs.
+        expected = State::requested;
+        if (!state_.compare_exchange_strong(expected, State::requesting)) return;
+    }
+    isolate_->TerminateExecution();
+    state_.store(State::requested, std::memory_order_release);
+}
+
+}  // namespace kx

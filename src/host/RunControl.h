@@ -1,0 +1,44 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include <v8.h>
+
+namespace kx {
+
+/// Why a run was ended before its script was.
+enum class EndReason : std::uint8_t { none, timeLimit, memoryLimit, terminated };
+
+/// Ends the run of one host, from any thread, and makes sure that it ends that run only.
+///
+/// The engine's request to terminate is a flag of the isolate: it stays up until some script meets
+/// it. So a request is only made while a run is known to go on, and whoever made it must have
+/// finished before the run may end; the end then takes the flag down again. A run without a
+/// request pays two atomic operations.
+class RunControl {
+  public:
+    /// The host's thread: a run begins. Runs of one host may nest; the outermost counts.
+    void begin(v8::Isolate* isolate);
+
+    /// The host's thread: the run has ended. Waits for a request that is just being made. Returns
+    /// the reason of the request, if there was one; its termination may still be pending.
+    EndReason end();
+
+    /// Any thread: ends the run that is going on; without one, nothing happens. The first reason
+    /// given stays, but every request is passed on.
+    void requestEnd(EndReason reason);
+
+    /// The host's thread, during a run: the reason of a request that has been made.
+    EndReason reason() const { return reason_.load(std::memory_order_acquire); }
+
+  private:
+    enum class State : std::uint8_t { idle, running, requesting, requested };
+
+    std::atomic<State> state_ = State::idle;
+    std::atomic<EndReason> reason_ = EndReason::none;
+    v8::Isolate* isolate_ = nullptr;
+    int depth_ = 0;
+};
+
+}  // namespace kx

@@ -1,0 +1,59 @@
+#include "host/ScriptRun.h"
+
+namespace kx {
+
+namespace {
+
+std::u16string decimal(std::size_t number) {
+    std::string const digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+std::u16string bytes(std::size_t count) {
+    constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+    if (count % kMebibyte == 0) return decimal(count / kMebibyte) + u" MiB";
+    return decimal(count) + u" bytes";
+}
+
+/// Drops what the ended script has left to do: its promise jobs would run with the next one.
+void dropPromiseJobs(v8::Isolate* isolate) {
+    v8::HandleScope const handles(isolate);
+    isolate->TerminateExecution();  // so that the first job ends the round, and clears the rest
+    isolate->PerformMicrotaskCheckpoint();
+}
+
+}  // namespace
+
+ScriptRun::ScriptRun(HostEngine& engine)
+    : engine_(engine), outer_(engine.record().watchMemory(&engine.control())) {
+    engine_.control().begin(engine_.isolate());
+    isTimed_ = engine_.watchTime();
+}
+
+ScriptRun::~ScriptRun() {
+    if (isTimed_) engine_.giveUpTime();
+    engine_.record().watchMemory(outer_);
+    EndReason const reason = engine_.control().end();
+    if (reason == EndReason::none) return;
+    v8::Isolate* const isolate = engine_.isolate();
+    dropPromiseJobs(isolate);
+    isolate->CancelTerminateExecution();
+    if (reason == EndReason::memoryLimit) engine_.record().memory()->collect();
+}
+
+std::u16string endText(HostEngine& engine) {
+    switch (engine.control().reason()) {
+        case EndReason::timeLimit:
+            return u"The script was ended: it ran longer than its time limit of " +
+                   decimal(static_cast<std::size_t>(engine.timeLimit().count())) + u" ms";
+        case EndReason::memoryLimit:
+            return u"The script was ended: it needed more than the memory limit of " +
+                   bytes(engine.record().memory()->limit());
+        case EndReason::terminated:
+            return u"The script was ended: it was terminated";
+        default:
+            return u"The script was ended: the application terminated the engine's execution";
+    }
+}
+
+}  // namespace kx

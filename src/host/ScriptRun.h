@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include <v8.h>
+
+#include "host/HostEngine.h"
+
+namespace kx {
+
+/// One run of a script, or whatever else of a host may run for long: from construction to
+/// destruction its limits hold and terminate() ends it. Made inside the host's context; captures of
+/// exceptions belong inside.
+class ScriptRun {
+  public:
+    explicit ScriptRun(HostEngine& engine);
+    ~ScriptRun();
+    ScriptRun(ScriptRun const&) = delete;
+    ScriptRun& operator=(ScriptRun const&) = delete;
+
+  private:
+    HostEngine& engine_;
+    RunControl* outer_;
+    bool isTimed_ = false;
+};
+
+/// The error text of a script that did not come to its end: says which limit ended it. Asked for
+/// during the run.
+std::u16string endText(HostEngine& engine);
+
+}  // namespace kx
