@@ -69,11 +69,12 @@ TEST(Catalogues, HaveNoTextThatBreaksTheGeneratedComment) {
                 texts.push_back(description);
             }
             for (std::u16string const& text : texts) {
-                EXPECT_EQ(text.find(u"*/"), text.npos) << testing::PrintToString(text);
-                EXPECT_EQ(text.find(u'{'), text.npos) << testing::PrintToString(text);
+                EXPECT_EQ(text.find(u"*/"), std::u16string::npos) << testing::PrintToString(text);
+                EXPECT_EQ(text.find(u'{'), std::u16string::npos) << testing::PrintToString(text);
             }
             for (std::u16string const& example : function.getExamples()) {
-                EXPECT_EQ(example.find(u'{'), example.npos) << testing::PrintToString(example);
+                EXPECT_EQ(example.find(u'{'), std::u16string::npos)
+                    << testing::PrintToString(example);
             }
         }
     }

@@ -1,0 +1,28 @@
+#include "doc/HtmlText.h"
+
+namespace kx {
+
+std::u16string withLineBreaks(std::u16string_view text) {
+    constexpr std::u16string_view lineEnd = u"\r\n";
+    std::u16string converted;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find(lineEnd); end != std::u16string_view::npos;
+         end = text.find(lineEnd, begin)) {
+        converted.append(text.substr(begin, end - begin)).append(u"<br/>");
+        begin = end + lineEnd.size();
+    }
+    return converted.append(text.substr(begin));
+}
+
+std::u16string joinParameterNames(KxJsFunction const& function, std::u16string_view separator) {
+    std::u16string names;
+    bool first = true;
+    for (auto const& parameter : function.getParameters()) {
+        if (!first) names += separator;
+        first = false;
+        names += parameter.first;
+    }
+    return names;
+}
+
+}  // namespace kx
