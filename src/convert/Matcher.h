@@ -1,0 +1,167 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <vector>
+
+#include "convert/Pattern.h"
+
+/// Runs the program of a pattern over one text, at ascending start positions, with the meaning
+/// that ECMAScript gives to the pattern: alternatives in order, loops greedy, giving back one unit
+/// at a time. The result is as if every position were tried afresh; the cost is linear in the
+/// length of the text, however many starts are tried:
+///
+/// - Without loops, an attempt costs at most the length of the program.
+///
+/// - Where no loop can ever have to give back (Pattern.cpp decides that), a loop is a run to the
+///   first unit outside its set, and the last run of each loop is remembered, so that entering it
+///   again within what it covered costs nothing. The patterns of the rules are a few names, white
+///   space, "(", and then nothing, or one run to the next ")", or one to the next "," and a second
+///   one to the next ")". White space behind a name is entered at its first unit only, by at most
+///   one attempt for each name. The runs behind "(" are entered at positions that ascend with the
+///   attempts, since no name holds a "(" and the next "," of a later position is not an earlier
+///   one; so each covers a unit once. Together at most as many passes over the text as the pattern
+///   has names and runs.
+///
+/// - Where a loop may have to give back, every choice is a split. What a split at a position leads
+///   to depends on nothing else, there being no back references; so a split that was tried at a
+///   position and is reached again there can only fail again. (It cannot have led to a match:
+///   a match consumes what it went through, and since no pattern matches nothing, a later attempt
+///   does not reach a split that could end a match at its very start.) Each split is followed once
+///   for each position, and between two splits lie at most as many instructions as the program has.
+namespace kx {
+
+inline constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
+
+/// The meter of ordinary builds: nothing is counted and nothing is left of it. Tests pass one that
+/// adds up the steps.
+struct NoMeter {
+    static void count(std::size_t) {}
+};
+
+/// A place to go back to.
+struct Choice {
+    std::size_t instruction;
+    std::size_t position;
+};
+
+/// Memory that matchers use in turn.
+struct MatcherMemory {
+    std::vector<Choice> choices;
+    std::vector<std::uint8_t> tried;  ///< one bit for each split, for each position
+};
+
+template <class Meter>
+class Matcher {
+  public:
+    Matcher(Pattern const& pattern, std::u16string_view text, MatcherMemory& memory, Meter& meter)
+        : pattern(pattern), text(text), memory(memory), meter(meter) {
+        if (pattern.givesBack()) memory.tried.assign(text.size() + 1, 0);
+    }
+
+    /// The end of the match that begins at `start`, or `nowhere`. Starts ascend from call to call,
+    /// and after a match the next start is not before its end.
+    std::size_t matchAt(std::size_t start);
+
+    /// The text of a group in the last match, counted from 1.
+    std::u16string_view group(std::size_t number) const {
+        std::size_t const from = saved[2 * number - 2];
+        return text.substr(from, saved[2 * number - 1] - from);
+    }
+
+  private:
+    struct Range {
+        std::size_t begin = 1, end = 0;
+    };
+
+    bool holds(SymbolSet const& set, std::size_t position) const {
+        return position < text.size() && set[symbolOf(text[position])];
+    }
+    std::size_t endOfRun(Instruction const& run, std::size_t position);
+    bool triedBefore(Instruction const& split, std::size_t position);
+
+    Pattern const& pattern;
+    std::u16string_view text;
+    MatcherMemory& memory;
+    Meter& meter;
+    std::array<std::size_t, 2 * Pattern::maxGroups> saved{};
+    std::array<Range, Pattern::maxRuns> lastRuns{};
+};
+
+template <class Meter>
+std::size_t Matcher<Meter>::matchAt(std::size_t start) {
+    using Code = Instruction::Code;
+    Instruction const* const program = pattern.program().data();
+    std::size_t next = 0;
+    std::size_t position = start;
+    memory.choices.clear();
+    for (;;) {
+        meter.count(1);
+        Instruction const& instruction = program[next++];
+        bool failed = false;
+        switch (instruction.code) {
+            case Code::symbol:
+                failed = position >= text.size() || symbolOf(text[position]) != instruction.symbol;
+                ++position;
+                break;
+            case Code::set:
+                failed = !holds(pattern.set(instruction), position);
+                ++position;
+                break;
+            case Code::run: {
+                std::size_t const end = endOfRun(instruction, position);
+                failed = end - position < instruction.minimum;
+                position = end;
+                break;
+            }
+            case Code::optional:
+                if (holds(pattern.set(instruction), position)) ++position;
+                break;
+            case Code::split:
+                failed = pattern.givesBack() && triedBefore(instruction, position);
+                if (failed) break;
+                memory.choices.push_back({static_cast<std::size_t>(instruction.other), position});
+                next = static_cast<std::size_t>(instruction.target);
+                break;
+            case Code::jump:
+                next = static_cast<std::size_t>(instruction.target);
+                break;
+            case Code::save:
+                saved[instruction.slot] = position;
+                break;
+            case Code::match:
+                return position;
+        }
+        if (!failed) continue;
+        if (memory.choices.empty()) return nowhere;
+        next = memory.choices.back().instruction;
+        position = memory.choices.back().position;
+        memory.choices.pop_back();
+    }
+}
+
+template <class Meter>
+std::size_t Matcher<Meter>::endOfRun(Instruction const& run, std::size_t position) {
+    Range& last = lastRuns[run.slot];
+    if (position >= last.begin && position <= last.end) return last.end;
+    SymbolSet const& set = pattern.set(run);
+    std::size_t end = position;
+    while (holds(set, end)) ++end;
+    meter.count(end - position);
+    last = {position, end};
+    return end;
+}
+
+template <class Meter>
+bool Matcher<Meter>::triedBefore(Instruction const& split, std::size_t position) {
+    auto const bit = static_cast<std::uint8_t>(1U << split.slot);
+    std::uint8_t& tried = memory.tried[position];
+    if ((tried & bit) != 0) return true;
+    tried |= bit;
+    return false;
+}
+
+}  // namespace kx
