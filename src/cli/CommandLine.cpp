@@ -198,14 +198,13 @@ void addDocs(CLI::App& app, Command& command) {
 /// The message for a command line that CLI11 refused.
 std::string messageFor(CLI::App const& app, CLI::Error const& error,
                        std::vector<std::string> const& arguments) {
-    bool const hasCommand = !app.get_subcommands().empty();
-    if (!hasCommand && (arguments.empty() || !arguments.front().starts_with('-'))) {
+    if (app.get_subcommands().empty()) {
         std::string commands;
         for (CLI::App const* command : app.get_subcommands({})) {
             commands += (commands.empty() ? "" : ", ") + command->get_name();
         }
         return (arguments.empty() ? "no command given"
-                                  : "there is no command \"" + arguments.front() + "\"") +
+                                  : "\"" + arguments.front() + "\" is not a command") +
                "; there are: " + commands;
     }
     std::string message = unguarded(error.what());

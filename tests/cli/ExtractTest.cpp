@@ -16,7 +16,7 @@ TEST(Extract, PrintsTheNamesInTheOrderInWhichRunsFail) {
     EXPECT_EQ(outcome.status, 0);
 }
 
-TEST(Extract, ConvertsUnlessTold) { EXPECT_EQ(kxjs({"extract", "A<>1 .AND. B=2"}).out, "A\nB\n"); }
+TEST(Extract, ConvertsUnlessTold) { EXPECT_EQ(kxjs({"extract", "A<>1 .AND. B<>2"}).out, "A\nB\n"); }
 
 TEST(Extract, KnowsTheBuiltInFunctions) {
     EXPECT_EQ(kxjs({"extract", "--js", "ROUND(X,2)"}).out, "X\n");
