@@ -24,15 +24,21 @@ namespace {
 /// The chosen command, ready to run.
 using Command = std::function<ExitStatus()>;
 
-// CLI11 splits an argument in brackets at its commas and ends a command at "++", but both can be
-// formulas. An argument of these forms is parsed with this character in front, which no text that
-// is typed contains.
+// CLI11 splits an argument in brackets at its commas, ends a command at "++" and loses its way when
+// formulas stand on both sides of "--", but all these can be meant. Such an argument is parsed with
+// this character in front, which no text that is typed contains.
 constexpr char kGuard = '\x01';
 
+/// The arguments as CLI11 reads them rightly, without the "--".
 std::vector<std::string> guarded(std::vector<std::string> arguments) {
-    for (std::string& argument : arguments) {
-        if (argument.starts_with('[') || argument.starts_with("++")) argument.insert(0, 1, kGuard);
+    auto const dashes = std::find(arguments.begin(), arguments.end(), "--");
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        bool const behindDashes = argument > dashes;
+        if (behindDashes || argument->starts_with('[') || argument->starts_with("++")) {
+            argument->insert(0, 1, kGuard);
+        }
     }
+    if (dashes != arguments.end()) arguments.erase(dashes);
     return arguments;
 }
 
@@ -69,8 +75,9 @@ std::vector<KxJsVariable> variablesOf(CLI::App const& app,
 }
 
 CLI::Option* addFormulas(CLI::App& app, std::vector<std::string>& formulas) {
-    return app.add_option("FORMULA", formulas,
-                          "Formulas; \"-\" stands for the lines of standard input");
+    return app
+        .add_option("FORMULA", formulas, "Formulas; \"-\" stands for the lines of standard input")
+        ->type_name("");
 }
 
 /// A person who forgets the formula should not wait for the program, which waits for them.
@@ -148,7 +155,8 @@ void addFunctions(CLI::App& app, Command& command) {
     CLI::App* const functions =
         app.add_subcommand("functions", "List the built-in functions, or explain one");
     auto const options = std::make_shared<FunctionsOptions>();
-    functions->add_option("NAME", options->name, "Name of a function, in any letter case");
+    functions->add_option("NAME", options->name, "Name of a function, in any letter case")
+        ->type_name("");
     functions->footer("Example: kxjs functions ROUND");
     functions->callback([=, &command] {
         command = [=] {
@@ -169,15 +177,17 @@ void addDocs(CLI::App& app, Command& command) {
     CLI::Option* const file =
         docs->add_option("-o", options->file, "File to write; default: standard output")
             ->type_name("FILE");
-    docs->add_option("--pages", options->directory,
-                     "Write one page for each function and an index.html into DIR")
-        ->type_name("DIR")
-        ->excludes(examples)
-        ->excludes(fragment)
-        ->excludes(file);
+    CLI::Option* const pages =
+        docs->add_option("--pages", options->directory,
+                         "Write one page for each function and an index.html into DIR");
+    pages->type_name("DIR")->excludes(examples)->excludes(fragment)->excludes(file);
     docs->footer("Example: kxjs docs --examples -o functions.html");
     docs->callback([=, &command] {
         command = [=] {
+            if (file->count() > 0 && options->file.empty()) throw UsageError("-o needs a file");
+            if (pages->count() > 0 && options->directory.empty()) {
+                throw UsageError("--pages needs a directory");
+            }
             options->file = unguarded(std::move(options->file));
             options->directory = unguarded(std::move(options->directory));
             return runDocs(*options);
@@ -185,8 +195,28 @@ void addDocs(CLI::App& app, Command& command) {
     });
 }
 
+/// The message for a command line that CLI11 refused.
+std::string messageFor(CLI::App const& app, CLI::Error const& error,
+                       std::vector<std::string> const& arguments) {
+    if (app.get_subcommands().empty()) {
+        std::string commands;
+        for (CLI::App const* command : app.get_subcommands({})) {
+            commands += (commands.empty() ? "" : ", ") + command->get_name();
+        }
+        return (arguments.empty() ? "no command given"
+                                  : "\"" + arguments.front() + "\" is not a command") +
+               "; there are: " + commands;
+    }
+    std::string message = unguarded(error.what());
+    if (dynamic_cast<CLI::ExtrasError const*>(&error) != nullptr) {
+        message += " (a formula that begins with \"-\" goes after --)";
+    }
+    return message;
+}
+
 /// What CLI11 has to say, help and version included.
-ExitStatus report(CLI::App const& app, CLI::Error const& error) {
+ExitStatus report(CLI::App const& app, CLI::Error const& error,
+                  std::vector<std::string> const& arguments) {
     std::ostringstream out;
     std::ostringstream err;
     if (app.exit(error, out, err) == 0) {
@@ -194,15 +224,12 @@ ExitStatus report(CLI::App const& app, CLI::Error const& error) {
         flushOutput();
         return EXIT_STATUS_OK;
     }
-    std::string message = unguarded(error.what());
-    if (error.get_name() == "ExtrasError")
-        message += " (a formula with \"-\" in front goes after --)";
-    reportError(message);
+    reportError(messageFor(app, error, arguments));
     reportError("\"kxjs --help\" and \"kxjs COMMAND --help\" explain the usage");
     return EXIT_STATUS_USAGE;
 }
 
-ExitStatus parseAndRun(std::vector<std::string> arguments) {
+ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     Command command;
     CLI::App app("Evaluates formulas of an older upper-case language and JavaScript.", "kxjs");
     app.set_version_flag("--version", "kxjs " KXJS_VERSION " (V8 " KXJS_V8_VERSION ")");
@@ -216,22 +243,22 @@ ExitStatus parseAndRun(std::vector<std::string> arguments) {
         "Input and output are UTF-8. Exit status: 0, 1 when a formula failed or an output could\n"
         "not be written, 2 for wrong usage.");
     try {
-        arguments = guarded(std::move(arguments));
-        std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
-        app.parse(std::move(arguments));
+        std::vector<std::string> reversed = guarded(arguments);
+        std::reverse(reversed.begin(), reversed.end());  // as CLI11 wants them
+        app.parse(std::move(reversed));
     } catch (CLI::Error const& error) {
-        return report(app, error);
+        return report(app, error, arguments);
     }
     return command();
 }
 
 }  // namespace
 
-ExitStatus runCommandLine(std::vector<std::string> arguments) {
+ExitStatus runCommandLine(std::vector<std::string> const& arguments) {
     // A closed pipe is to be reported like a full disk, not to end the process without a word.
     std::signal(SIGPIPE, SIG_IGN);
     try {
-        return parseAndRun(std::move(arguments));
+        return parseAndRun(arguments);
     } catch (UsageError const& error) {
         reportError(error.what());
         return EXIT_STATUS_USAGE;

@@ -9,6 +9,6 @@ namespace kx {
 
 /// Runs kxjs with `arguments`, the program's name not among them, and returns its exit status.
 /// Messages go to standard error; nothing is thrown.
-ExitStatus runCommandLine(std::vector<std::string> arguments);
+ExitStatus runCommandLine(std::vector<std::string> const& arguments);
 
 }  // namespace kx

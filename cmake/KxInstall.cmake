@@ -1,0 +1,75 @@
+# What `cmake --install` puts where: library, public headers, kxjs, the CMake package KxJsParser and
+# the pkg-config module kxjsparser. Nothing in it names the prefix, so the result can be moved.
+
+include(CMakePackageConfigHelpers)
+
+set(_headers
+    convert/Converter.h
+    host/KxJsParser.h
+    host/KxJsVariable.h
+    library/Catalogues.h
+    library/Export.h
+    library/KxJsFunction.h
+    library/Prelude.h
+)
+foreach(header IN LISTS _headers)
+    get_filename_component(directory ${header} DIRECTORY)
+    install(
+        FILES ${PROJECT_SOURCE_DIR}/src/${header}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kxjsparser/${directory}
+    )
+endforeach()
+
+# The loader finds a system's libnode by itself; one that stands elsewhere is named in the library.
+get_filename_component(_v8_directory ${V8_LIBRARY} DIRECTORY)
+get_filename_component(_v8_directory ${_v8_directory} REALPATH)
+set(_v8_rpath ${_v8_directory})
+foreach(directory IN LISTS CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES)
+    get_filename_component(directory ${directory} REALPATH)
+    if(directory STREQUAL _v8_directory)
+        set(_v8_rpath "")
+    endif()
+endforeach()
+set_target_properties(KxJsParser PROPERTIES INSTALL_RPATH "${_v8_rpath}")
+
+install(
+    TARGETS KxJsParser
+    EXPORT KxJsParserTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+)
+
+if(KXJS_BUILD_CLI)
+    file(RELATIVE_PATH _bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set_target_properties(kxjs PROPERTIES INSTALL_RPATH "$ORIGIN/${_bin_to_lib}")
+    install(TARGETS kxjs RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+set(_package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/KxJsParser)
+install(
+    EXPORT KxJsParserTargets
+    NAMESPACE KxJsParser::
+    DESTINATION ${_package_directory}
+)
+configure_package_config_file(
+    ${PROJECT_SOURCE_DIR}/cmake/KxJsParserConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/package/KxJsParserConfig.cmake
+    INSTALL_DESTINATION ${_package_directory}
+    NO_SET_AND_CHECK_MACRO
+)
+# Before 1.0 a minor version may change the interface.
+write_basic_package_version_file(
+    ${PROJECT_BINARY_DIR}/package/KxJsParserConfigVersion.cmake COMPATIBILITY SameMinorVersion
+)
+install(
+    FILES ${PROJECT_BINARY_DIR}/package/KxJsParserConfig.cmake
+          ${PROJECT_BINARY_DIR}/package/KxJsParserConfigVersion.cmake
+    DESTINATION ${_package_directory}
+)
+
+set(_pc_directory ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH _pc_to_prefix ${CMAKE_INSTALL_PREFIX}/${_pc_directory} ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" _pc_to_prefix "${_pc_to_prefix}")
+configure_file(
+    ${PROJECT_SOURCE_DIR}/cmake/kxjsparser.pc.in ${PROJECT_BINARY_DIR}/package/kxjsparser.pc @ONLY
+)
+install(FILES ${PROJECT_BINARY_DIR}/package/kxjsparser.pc DESTINATION ${_pc_directory})
