@@ -1,0 +1,46 @@
+#include "Arrays.h"
+
+#include "Texts.h"
+
+namespace kx {
+
+OutArray::OutArray(VARIANT* destination, ArrayShape shape)
+    : _mDestination(destination), _mShape(shape) {}
+
+OutArray::~OutArray() {
+    if (_mArray != nullptr) SafeArrayDestroy(_mArray);
+}
+
+TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::takeRow}; }
+
+BridgeResult KX_BRIDGE_CALL OutArray::begin(void* target, std::uint32_t rows) {
+    auto& self = *static_cast<OutArray*>(target);
+    SAFEARRAYBOUND bounds[2] = {{rows, 0}, {self._mShape == ArrayShape::pairs ? 2 : rows, 0}};
+    UINT const dimensions = self._mShape == ArrayShape::list ? 1 : 2;
+    self._mArray = SafeArrayCreate(VT_BSTR, dimensions, bounds);
+    return self._mArray != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
+}
+
+BridgeResult KX_BRIDGE_CALL OutArray::takeRow(void* target, std::uint32_t row,
+                                              char16_t const* const* cells,
+                                              std::uint32_t cellCount) {
+    auto& self = *static_cast<OutArray*>(target);
+    for (std::uint32_t cell = 0; cell < cellCount; ++cell) {
+        BSTR const text = makeBstr(cells[cell]);
+        if (text == nullptr) return BridgeResult::outOfMemory;
+        LONG indices[2] = {static_cast<LONG>(row), static_cast<LONG>(cell)};
+        // An element that cannot be stored stays a null BSTR; the others still are of use.
+        SafeArrayPutElement(self._mArray, indices, text);
+        SysFreeString(text);
+    }
+    return BridgeResult::done;
+}
+
+void OutArray::keep() {
+    if (_mDestination == nullptr) return;
+    _mDestination->vt = VT_ARRAY | VT_BSTR;
+    _mDestination->parray = _mArray;
+    _mArray = nullptr;
+}
+
+}  // namespace kx

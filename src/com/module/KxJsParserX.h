@@ -1,0 +1,78 @@
+#pragma once
+
+#include <atomic>
+#include <windows.h>
+
+#include "KxJsParserLib.h"
+#include "com/Bridge.h"
+
+/// The automation object: one script host of the library behind the dual interface IKxJsParserX.
+///
+/// A client that uses the parser's state calls initialize() first; the object never does. All
+/// calls come in on the thread of the object's apartment, so nothing here takes a lock.
+///
+/// Methods give S_OK, E_OUTOFMEMORY, or E_POINTER where a needed pointer is null; a null pointer
+/// to a result that a method can do without drops that result. Script errors are texts.
+class KxJsParserX final : public IKxJsParserX {
+  public:
+    /// Makes an object, stand-alone or as the inner object of `outer`, and gives its `riid`.
+    static HRESULT create(IUnknown* outer, REFIID riid, void** result);
+
+    // The identity that clients see: the outer object's, where there is one.
+    STDMETHODIMP QueryInterface(REFIID riid, void** result) override;
+    STDMETHODIMP_(ULONG) AddRef() override;
+    STDMETHODIMP_(ULONG) Release() override;
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
+    STDMETHODIMP GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID riid, LCID locale, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
+
+    STDMETHODIMP initialize() override;
+    STDMETHODIMP variableExist(BSTR strVarName, VARIANT_BOOL* pbRetVal) override;
+    STDMETHODIMP getVariableType(BSTR strVarName, TypeOfVariable* pTypeOfVariable) override;
+    STDMETHODIMP parse(BSTR strSource, BSTR* pstrError, LONG* plScriptIndex) override;
+    STDMETHODIMP execute(LONG lScriptIndex, BSTR* pstrError, BSTR* pstrRetVal) override;
+    STDMETHODIMP addSetVariableString(BSTR strVarName, BSTR strValue,
+                                      VARIANT_BOOL* pbRetVal) override;
+    STDMETHODIMP addSetVariableLong(BSTR strVarName, LONG lValue, VARIANT_BOOL* pbRetVal) override;
+    STDMETHODIMP addSetVariableDouble(BSTR strVarName, DOUBLE dValue,
+                                      VARIANT_BOOL* pbRetVal) override;
+    STDMETHODIMP addSetVariableBool(BSTR strVarName, VARIANT_BOOL bValue,
+                                    VARIANT_BOOL* pbRetVal) override;
+    STDMETHODIMP convert(BSTR strFormula, BSTR* pstrRetVal) override;
+    STDMETHODIMP getUserDocumentationOnePage(VARIANT_BOOL bStandalone, VARIANT_BOOL bWithExample,
+                                             BSTR* pstrRetVal) override;
+    STDMETHODIMP getUserDocumentationManyPages(VARIANT* pRetVal) override;
+    STDMETHODIMP extractVariable(BSTR strSource, BSTR* pstrError, VARIANT* pRetVal) override;
+    STDMETHODIMP reset() override;
+    STDMETHODIMP getMathFunctions(VARIANT* MathFunctionsVector, INT* piCount) override;
+    STDMETHODIMP getStringFunctions(VARIANT* StringFunctionsVector, INT* piCount) override;
+    STDMETHODIMP getOtherFunctions(VARIANT* OtherFunctionsVector, INT* piCount) override;
+
+  private:
+    /// The object's own identity, which counts the references and never delegates.
+    class Identity final : public IUnknown {
+      public:
+        explicit Identity(KxJsParserX& object) : _mObject(object) {}
+        STDMETHODIMP QueryInterface(REFIID riid, void** result) override;
+        STDMETHODIMP_(ULONG) AddRef() override;
+        STDMETHODIMP_(ULONG) Release() override;
+
+      private:
+        KxJsParserX& _mObject;
+        std::atomic<ULONG> _mReferences{0};
+    };
+
+    KxJsParserX(IUnknown* outer, kx::Bridge const& bridge);
+    ~KxJsParserX();
+    HRESULT construct();
+    HRESULT listCatalogue(kx::BridgeCatalogue which, VARIANT* vector);
+
+    kx::Bridge const& _mBridge;
+    kx::BridgeParser* _mParser = nullptr;
+    Identity _mIdentity;
+    IUnknown* _mOuter;  // not counted: the outer object lives longer than its inner one
+};

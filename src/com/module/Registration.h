@@ -1,0 +1,18 @@
+#pragma once
+
+#include <windows.h>
+
+#include "Registrar.h"
+
+namespace kx {
+
+/// Runs the script of the application identifier.
+HRESULT updateApplicationRegistry(RegistryMode mode);
+
+/// Runs the script of the class KxJsParserX.
+HRESULT updateClassRegistry(RegistryMode mode);
+
+/// Enters the type library, or takes it out: for the current user alone where `perUser` is set.
+HRESULT updateTypeLibraryRegistry(RegistryMode mode, bool perUser);
+
+}  // namespace kx

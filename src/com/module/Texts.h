@@ -1,0 +1,57 @@
+#pragma once
+
+#include <oleauto.h>
+#include <windows.h>
+
+#include "com/Bridge.h"
+
+namespace kx {
+
+/// The whole of an incoming BSTR, zeros included; a null one is the empty text.
+BridgeText textOf(BSTR text);
+
+/// Makes a BSTR of a text out of the library; null where memory ends.
+BSTR makeBstr(char16_t const* text);
+
+/// An outgoing text on its way to the caller's pointer.
+///
+///     OutText error(pstrError);
+///     OutText result(pstrRetVal);
+///     return deliver(bridge.execute(parser, index, error.receiver(), result.receiver()), error,
+///                    result);
+///
+/// The caller gets either all texts of a call or none: until keep() the pointer holds null, as an
+/// out-parameter of a failed call must, and the text belongs to this object. A text that nobody
+/// received is the allocated empty one. A null pointer drops the text.
+class OutText {
+  public:
+    explicit OutText(BSTR* destination);
+    ~OutText();
+    OutText(OutText const&) = delete;
+    OutText& operator=(OutText const&) = delete;
+
+    TextReceiver receiver();
+    /// Allocates the empty text where nothing was received; false where memory ends.
+    bool prepare();
+    void keep();
+
+  private:
+    static BridgeResult KX_BRIDGE_CALL take(void* target, char16_t const* text);
+
+    BSTR* _mDestination;
+    BSTR _mText = nullptr;
+};
+
+inline HRESULT asHresult(BridgeResult result) {
+    return result == BridgeResult::done ? S_OK : E_OUTOFMEMORY;
+}
+
+/// Ends a call that has outgoing texts: hands all of them over, or none.
+template <class... Texts>
+HRESULT deliver(BridgeResult result, Texts&... texts) {
+    if (result != BridgeResult::done || !(texts.prepare() && ...)) return E_OUTOFMEMORY;
+    (texts.keep(), ...);
+    return S_OK;
+}
+
+}  // namespace kx
