@@ -63,7 +63,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     if (hasCompleted && !capture.HasTerminated()) {
         // The conversion runs the value's own toString, so it can fail as the script itself can.
         result = kx::textOfValue(isolate, context, completion);
-        if (!completion->IsPrimitive()) _mEngine->record().runPromiseJobs();
+        if (completion->IsObject()) _mEngine->record().runPromiseJobs();
     }
     if (capture.HasCaught()) {
         error = reportException(capture);
