@@ -51,6 +51,7 @@ class PersistentHandle;
 /// another thread, or after its thread has ended, is safe.
 class KXJS_API KxJsParser {
   public:
+    /// A host without variables, scripts and, until initialize(), built-in functions.
     KxJsParser();
     ~KxJsParser();
     KxJsParser(KxJsParser const&) = delete;
@@ -68,6 +69,7 @@ class KXJS_API KxJsParser {
     /// that were bound when it was parsed, with the values they have when it runs.
     /// Returns false, and stores nothing, for the key "ouraccessor" and for an empty or blank key.
     bool addSetVariable(KxJsVariable const& variable);
+    /// Whether a variable of that name is bound.
     bool variableExist(std::u16string const& key) const;
     /// The type of the variable `key`; TYPE_OF_VAR_UNDEFINED where there is none.
     KxJsVariable::TypeOfVar getVariableType(std::u16string const& key) const;
@@ -113,9 +115,11 @@ class KXJS_API KxJsParser {
 
     /// Conversions between this library's and the engine's texts, in the current isolate. For
     /// callers that use the engine themselves. An engine text ends at its first U+0000.
+    /// @{
     static v8::Local<v8::String> _convertStdStringToV8String(std::u16string text);
     static std::u16string _convertV8StringToStdString(v8::Local<v8::String> text);
     static std::u16string _convertV8StringToStdString(v8::Local<v8::Value> value);
+    /// @}
 
   private:
     void createContext();

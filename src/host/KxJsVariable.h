@@ -19,27 +19,39 @@
 /// Errors: std::bad_alloc only. Threads: a plain value; one thread at a time.
 class KXJS_API KxJsVariable {
   public:
+    /// Which of its values a variable currently has.
     enum TypeOfVar : std::int32_t {
-        TYPE_OF_VAR_UNDEFINED = 0,
-        TYPE_OF_VAR_LONG = 1,
-        TYPE_OF_VAR_DOUBLE = 2,
-        TYPE_OF_VAR_STRING = 3,
-        TYPE_OF_VAR_BOOLEAN = 4
+        TYPE_OF_VAR_UNDEFINED = 0,  ///< none was stored yet
+        TYPE_OF_VAR_LONG = 1,       ///< a whole number of 32 bits
+        TYPE_OF_VAR_DOUBLE = 2,     ///< a double
+        TYPE_OF_VAR_STRING = 3,     ///< a text
+        TYPE_OF_VAR_BOOLEAN = 4     ///< true or false
     };
 
+    /// A variable with an empty key and no type.
     KxJsVariable();
+    /// A variable of the given name and value, whose type becomes the current one. A text given by
+    /// pointer ends at its first zero code unit; a null pointer counts as an empty text.
+    /// @{
     KxJsVariable(std::u16string key, std::int32_t value);
     KxJsVariable(std::u16string key, double value);
-    /// `value` ends at its first zero code unit; a null pointer counts as an empty text.
     KxJsVariable(std::u16string key, char16_t const* value);
     KxJsVariable(std::u16string key, std::u16string const& value);
     KxJsVariable(std::u16string key, bool value);
+    /// @}
+    /// Copies take over every field.
+    /// @{
     KxJsVariable(KxJsVariable const& other);
     KxJsVariable& operator=(KxJsVariable const& other);
+    /// @}
     ~KxJsVariable();
 
-    TypeOfVar getType() const { return _mType; }
-    std::u16string getKey() const { return _mKey; }
+    TypeOfVar getType() const { return _mType; }     ///< the type of the current value
+    std::u16string getKey() const { return _mKey; }  ///< the name that scripts use
+
+    /// The value that was last stored for a type, whatever the current type is; 0, the empty text
+    /// or true where there was none.
+    /// @{
     std::int32_t getLongValue() const { return _mLongValue; }
     double getDoubleValue() const { return _mDoubleValue; }
     bool getBooleanValue() const { return _mBooleanValue; }
@@ -49,13 +61,17 @@ class KXJS_API KxJsVariable {
     operator double() const { return _mDoubleValue; }
     operator bool() const { return _mBooleanValue; }
     operator std::u16string() const { return _mStrValue; }
+    /// @}
 
-    /// Each setValue stores into its own field and makes that field's type the current one.
+    /// Each stores into its own field and makes that field's type the current one. A text given by
+    /// pointer is read as by the constructor.
+    /// @{
     void setValue(std::int32_t value);
     void setValue(double value);
     void setValue(std::u16string value);
     void setValue(char16_t const* value);
     void setValue(bool value);
+    /// @}
 
     /// The current value as text of at most 255 code units: a text is cut there and at its first
     /// zero, a double has exactly six decimals whatever the locale (and is the empty text where

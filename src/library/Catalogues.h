@@ -1,3 +1,11 @@
+/// @file
+/// The built-in functions, one list per catalogue.
+///
+/// Lists are in the order in which documentation shows them, and every record in them is complete.
+///
+///     for (KxJsFunction const& function : buildMathFunctions()) show(function.getName());
+///
+/// Errors: std::bad_alloc only. Threads: nothing is shared; any thread may call.
 #pragma once
 
 #include <vector>
@@ -5,10 +13,11 @@
 #include "library/Export.h"
 #include "library/KxJsFunction.h"
 
-/// The built-in functions, one list per catalogue. Every call builds a new list that the caller
-/// owns; nothing is shared, so any thread may call. Every record is complete.
-///
-///     for (KxJsFunction const& function : buildMathFunctions()) show(function.getName());
-KXJS_API std::vector<KxJsFunction> buildMathFunctions();    ///< 14, "mathematical functions"
-KXJS_API std::vector<KxJsFunction> buildStringFunctions();  ///< 40, "String functions"
-KXJS_API std::vector<KxJsFunction> buildMiscFunctions();    ///< 9, "miscellaneous functions"
+/// The 14 functions of the category "mathematical functions", in a new list that the caller owns.
+KXJS_API std::vector<KxJsFunction> buildMathFunctions();
+
+/// The 40 functions of the category "String functions", in a new list that the caller owns.
+KXJS_API std::vector<KxJsFunction> buildStringFunctions();
+
+/// The 9 functions of the category "miscellaneous functions", in a new list that the caller owns.
+KXJS_API std::vector<KxJsFunction> buildMiscFunctions();

@@ -20,6 +20,7 @@
 ///     round.addExample(u"ROUND(10.523) &rarr; 10.52");
 ///     std::u16string declaration = round.toJavaScript();
 ///
+/// Errors: std::bad_alloc only.
 /// Threads: a record may be used by any thread, by one at a time; reading concurrently is fine.
 class KXJS_API KxJsFunction {
   public:
@@ -41,6 +42,9 @@ class KXJS_API KxJsFunction {
     /// Stores the title of the catalogue that the record belongs to. Any text is accepted.
     void setCategory(std::u16string text);
 
+    /// Each returns a field as it was stored. The reference lives as long as the record and is
+    /// valid until the field is next written.
+    /// @{
     std::u16string const& getName() const { return name; }
     std::u16string const& getDescription() const { return description; }
     std::u16string const& getReturnDescription() const { return returnDescription; }
@@ -48,6 +52,7 @@ class KXJS_API KxJsFunction {
     std::vector<Parameter> const& getParameters() const { return parameters; }
     std::vector<std::u16string> const& getExamples() const { return examples; }
     std::u16string const& getCategory() const { return category; }
+    /// @}
 
     /// Whether the record has a name, both descriptions, a body and at least one example. Only
     /// complete records are installed, documented and listed.

@@ -1,3 +1,5 @@
+/// @file
+/// What every context runs beside the built-in functions.
 #pragma once
 
 #include <string>
@@ -6,6 +8,10 @@
 #include "library/Export.h"
 
 /// The six JavaScript statements that stand between the string and the miscellaneous functions in
-/// every context: the string methods that the catalogue's bodies call, and the replacement of
-/// Function.prototype.toString. Each ends in a line feed. Any thread may call.
+/// every context: the string methods that the functions' bodies call, and the replacement of
+/// Function.prototype.toString. Each ends in a line feed.
+///
+///     for (std::u16string const& statement : buildPrelude()) script += statement;
+///
+/// Errors: std::bad_alloc only. Threads: nothing is shared; any thread may call.
 KXJS_API std::vector<std::u16string> buildPrelude();
