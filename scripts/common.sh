@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the other scripts.
 
 # The top of the source tree, wherever the caller stands.
@@ -26,13 +27,13 @@ missing_packages() {
     printf '%s' "${missing[*]:-}"
 }
 
-# configure PRESET [CMAKE-ARGUMENT...]: only where that was not done yet; ninja repeats it by itself
-# when a CMake file changes.
+# configure PRESET: only where that was not done since packages were installed. Ninja repeats it by
+# itself when a CMake file changes.
 configure() {
-    local preset=$1
-    shift
-    [[ -e $root/build/$preset/build.ninja ]] && (($# == 0)) && return
-    (cd "$root" && cmake --preset "$preset" ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"} "$@")
+    local cache="$root/build/$1/CMakeCache.txt" installed="$root/build/packages-installed"
+    [[ -e $root/build/$1/build.ninja && $cache -nt $installed ]] && return
+    # Whether the automation server can be built is decided anew.
+    (cd "$root" && cmake --preset "$1" -U KXJS_BUILD_COM ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"})
 }
 
 # build PRESET [CMAKE-BUILD-ARGUMENT...]

@@ -10,6 +10,7 @@
 
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -234,6 +235,14 @@ TEST(Eval, ReportsAFullDisk) {
 TEST(Eval, ReportsAClosedPipe) {
     Outcome const outcome = runWithClosedPipe({"eval", "1"});
     EXPECT_THAT(outcome.err, StartsWith("kxjs: cannot write to standard output: "));
+    EXPECT_EQ(outcome.status, 1);
+}
+
+TEST(Eval, GoesOnAfterAFormulaThatFillsTheMemory) {
+    Outcome const outcome =
+        kxjs({"eval", "--js", "for (var a = [];;) a.push(new Array(1e6).fill(1))", "a = 0; 1 + 1"});
+    EXPECT_EQ(outcome.out, "2\n");
+    EXPECT_THAT(outcome.err, AllOf(StartsWith("kxjs: formula 1:\n"), HasSubstr("memory limit")));
     EXPECT_EQ(outcome.status, 1);
 }
 
