@@ -1,0 +1,23 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
+
+/// A text and what becomes of it.
+struct Case {
+    std::u16string text;
+    std::u16string expected;
+};
+
+template <class Function>
+void expectAll(Function&& function, std::initializer_list<Case> cases) {
+    for (Case const& line : cases)
+        EXPECT_EQ(function(line.text), line.expected)
+            << "from " << testing::PrintToString(line.text);
+}
+
+template <class Function>
+void expectUnchanged(Function&& function, std::initializer_list<std::u16string> texts) {
+    for (std::u16string const& text : texts) EXPECT_EQ(function(text), text);
+}

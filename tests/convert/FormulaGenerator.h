@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+
+/// Makes formulas that reach into the corners of the conversion: expressions of the language
+/// first, then damaged. The same seed makes the same formulas on every machine.
+class FormulaGenerator {
+  public:
+    explicit FormulaGenerator(std::uint64_t seed) : random(seed) {}
+
+    std::u16string next();
+
+  private:
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random() % bound); }
+    bool oneIn(std::size_t bound) { return below(bound) == 0; }
+    template <class List>
+    auto const& pick(List const& list) {
+        return list[below(std::size(list))];
+    }
+
+    void expression(int depth);
+    void operand(int depth);
+    void call(int depth);
+    void power();
+    void number();
+    void quoted();
+    void soup();
+    void space();
+    void maybeSpace();
+    void inAnyCase(std::u16string word);
+    void mutate();
+
+    std::mt19937_64 random;
+    std::u16string text;
+};
