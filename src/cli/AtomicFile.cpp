@@ -2,8 +2,8 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdlib>
 #include <optional>
-#include <stdlib.h>  // mkdtemp
 #include <sys/stat.h>
 #include <system_error>
 #include <utility>
@@ -47,8 +47,9 @@ class StagingDirectory {
     fs::path _mPath;
 };
 
-void writeNewFile(fs::path const& path, std::string_view bytes, std::optional<mode_t> mode) {
-    FileDescriptor file = FileDescriptor::create(path);
+void writeNewFile(fs::path const& path, fs::path const& goal, std::string_view bytes,
+                  std::optional<mode_t> mode) {
+    FileDescriptor file = FileDescriptor::create(path, goal);
     if (mode) file.setPermissions(*mode);
     file.write(bytes);
     file.sync();
@@ -70,11 +71,11 @@ class Replacement {
     ~Replacement() {
         if (_mDone) return;
         std::error_code ignored;  // an error is on its way already
-        for (auto step = _mSteps.rbegin(); step != _mSteps.rend(); ++step) {
-            if (step->backup) {
-                fs::rename(*step->backup, step->target, ignored);
+        for (Step const& step : _mSteps) {
+            if (step.backup) {
+                fs::rename(*step.backup, step.target, ignored);
             } else {
-                fs::remove(step->target, ignored);
+                fs::remove(step.target, ignored);
             }
         }
     }
@@ -87,9 +88,10 @@ class Replacement {
             fs::copy_file(to, *step.backup, error);
             if (error) throwWriteError(to, error);
         }
-        _mSteps.reserve(_mSteps.size() + 1);
+        // Recorded first: no failure of memory can come between the move and its record. A step
+        // that was not taken is harmless to take back.
+        _mSteps.push_back(step);
         moveInPlace(from, to);
-        _mSteps.push_back(std::move(step));
     }
 
     void commit() { _mDone = true; }
@@ -104,9 +106,10 @@ class Replacement {
     bool _mDone = false;
 };
 
-void writeAll(fs::path const& directory, std::vector<NamedFile> const& files) {
+void writeAll(fs::path const& directory, fs::path const& goal,
+              std::vector<NamedFile> const& files) {
     for (NamedFile const& file : files) {
-        writeNewFile(directory / file.name, file.bytes, std::nullopt);
+        writeNewFile(directory / file.name, goal / file.name, file.bytes, std::nullopt);
     }
 }
 
@@ -115,7 +118,7 @@ void makeDirectoryWith(fs::path const& directory, std::vector<NamedFile> const& 
     fs::path const finished = staging.path() / "pages";
     std::error_code error;
     if (!fs::create_directory(finished, error)) throwWriteError(directory, error);
-    writeAll(finished, files);
+    writeAll(finished, directory, files);
     moveInPlace(finished, directory);
 }
 
@@ -139,7 +142,7 @@ void replaceFile(fs::path const& path, std::string_view bytes) {
     fs::path const finished = staging.path() / "file";
     std::optional<mode_t> mode;
     if (exists) mode = status.st_mode & 07777;
-    writeNewFile(finished, bytes, mode);
+    writeNewFile(finished, path, bytes, mode);
     moveInPlace(finished, target);
 }
 
@@ -164,7 +167,7 @@ void replaceFiles(fs::path const& directory, std::vector<NamedFile> const& files
     fs::create_directory(finished, error);
     if (!error) fs::create_directory(backups, error);
     if (error) throwWriteError(goal, error);
-    writeAll(finished, files);
+    writeAll(finished, goal, files);
     Replacement replacement(backups);
     for (NamedFile const& file : files) replacement.replace(finished / file.name, goal / file.name);
     replacement.commit();

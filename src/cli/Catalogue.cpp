@@ -26,6 +26,10 @@ std::size_t editDistance(std::u16string const& from, std::u16string const& to) {
     return row.back();
 }
 
+bool contains(std::u16string const& text, std::u16string const& part) {
+    return text.find(part) != std::u16string::npos;
+}
+
 constexpr std::size_t kMostNames = 5;
 
 }  // namespace
@@ -55,7 +59,7 @@ std::vector<std::u16string> namesNear(std::u16string const& name,
             std::u16string const& known = function.getName();
             std::size_t const distance = editDistance(name, known);
             bool const contained =
-                !name.empty() && (known.find(name) != known.npos || name.find(known) != name.npos);
+                !name.empty() && (contains(known, name) || contains(name, known));
             if (distance <= tolerance || contained) ranked.emplace_back(distance, known);
         }
     }
@@ -64,6 +68,7 @@ std::vector<std::u16string> namesNear(std::u16string const& name,
                      [](auto const& a, auto const& b) { return a.first < b.first; });
     if (ranked.size() > kMostNames) ranked.resize(kMostNames);
     std::vector<std::u16string> names;
+    names.reserve(ranked.size());
     for (auto& [distance, known] : ranked) names.push_back(std::move(known));
     return names;
 }

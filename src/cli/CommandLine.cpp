@@ -225,7 +225,7 @@ ExitStatus report(CLI::App const& app, CLI::Error const& error,
         return EXIT_STATUS_OK;
     }
     reportError(messageFor(app, error, arguments));
-    reportError("\"kxjs --help\" and \"kxjs COMMAND --help\" explain the usage");
+    reportError(R"("kxjs --help" and "kxjs COMMAND --help" explain the usage)");
     return EXIT_STATUS_USAGE;
 }
 

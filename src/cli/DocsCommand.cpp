@@ -1,4 +1,5 @@
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/AtomicFile.h"
@@ -14,14 +15,19 @@ namespace {
 // The documents name no character set; a browser that opens a file takes it from this mark. A
 // fragment gets none, since it becomes part of another page, and neither does standard output,
 // whose reader knows that everything here is UTF-8.
-constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// What a file holds that a browser opens.
+std::string fileText(std::u16string const& document) {
+    return std::string(kByteOrderMark) + utf8FromUtf16(document);
+}
 
 void writePages(std::string const& directory) {
     std::vector<NamedFile> files;
     for (auto const& [name, page] : KxJsParser::_getUserDocumentation()) {
-        files.push_back({utf8FromUtf16(docsPageFile(name)), kByteOrderMark + utf8FromUtf16(page)});
+        files.push_back({utf8FromUtf16(docsPageFile(name)), fileText(page)});
     }
-    files.push_back({"index.html", kByteOrderMark + utf8FromUtf16(docsIndexPage())});
+    files.push_back({"index.html", fileText(docsIndexPage())});
     replaceFiles(directory, files);
 }
 
@@ -38,7 +44,7 @@ ExitStatus runDocs(DocsOptions const& options) {
         print(document);
         flushOutput();
     } else {
-        replaceFile(options.file, (standalone ? kByteOrderMark : "") + utf8FromUtf16(document));
+        replaceFile(options.file, standalone ? fileText(document) : utf8FromUtf16(document));
     }
     return EXIT_STATUS_OK;
 }

@@ -1,12 +1,14 @@
 #include "cli/DocsIndex.h"
 
+#include <string_view>
+
 #include "cli/Catalogue.h"
 
 namespace kx {
 namespace {
 
 // The styles are those of the functions' pages, so that the index reads like one of them.
-constexpr char16_t kHead[] =
+constexpr std::u16string_view kHead =
     u"<!doctype html>\n"
     "<html>\n"
     "\t<head>\n"
@@ -22,7 +24,7 @@ constexpr char16_t kHead[] =
     "\t</head>\n"
     "\t<body>\n"
     "\t<h1>KxJsParser functions</h1>\n";
-constexpr char16_t kFoot[] = u"\t</body>\n</html>\n";
+constexpr std::u16string_view kFoot = u"\t</body>\n</html>\n";
 
 /// The texts are HTML already and are written as they are, as on the functions' pages.
 std::u16string entry(KxJsFunction const& function) {
@@ -36,7 +38,7 @@ std::u16string entry(KxJsFunction const& function) {
 std::u16string docsPageFile(std::u16string const& name) { return name + u".html"; }
 
 std::u16string docsIndexPage() {
-    std::u16string page = kHead;
+    std::u16string page(kHead);
     for (Catalogue const& catalogue : builtInCatalogues()) {
         page += u"\t<div class='divSection'>\n\t\t<h3 class='titreBlock'>" + catalogue.title +
                 u"</h3>\n\t\t<dl>\n";
@@ -46,7 +48,8 @@ std::u16string docsIndexPage() {
         }
         page += u"\t\t</dl>\n\t</div>\n";
     }
-    return page + kFoot;
+    page += kFoot;
+    return page;
 }
 
 }  // namespace kx

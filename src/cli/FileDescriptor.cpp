@@ -31,8 +31,9 @@ FileDescriptor FileDescriptor::open(std::filesystem::path const& path) {
     return {::open(path.c_str(), O_WRONLY | O_CLOEXEC), path};
 }
 
-FileDescriptor FileDescriptor::create(std::filesystem::path const& path) {
-    return {::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kEveryonesFile), path};
+FileDescriptor FileDescriptor::create(std::filesystem::path const& path,
+                                      std::filesystem::path const& goal) {
+    return {::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kEveryonesFile), goal};
 }
 
 FileDescriptor::FileDescriptor(FileDescriptor&& other) noexcept

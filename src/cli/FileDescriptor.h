@@ -6,14 +6,16 @@
 
 namespace kx {
 
-/// An open file that is closed with its owner. Every operation throws WorkError with the path that
-/// was given and the system's reason.
+/// An open file that is closed with its owner. Every operation throws WorkError with a path and
+/// the system's reason.
 class FileDescriptor {
   public:
     /// Opens what is there, for writing.
     static FileDescriptor open(std::filesystem::path const& path);
-    /// Makes a new file. Throws where there is one.
-    static FileDescriptor create(std::filesystem::path const& path);
+    /// Makes a new file, and throws where there is one. Errors name `goal`: the file that it is to
+    /// become, which is what the caller's user knows.
+    static FileDescriptor create(std::filesystem::path const& path,
+                                 std::filesystem::path const& goal);
 
     FileDescriptor(FileDescriptor&& other) noexcept;
     FileDescriptor& operator=(FileDescriptor&&) = delete;

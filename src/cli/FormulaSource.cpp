@@ -1,6 +1,7 @@
 #include "cli/FormulaSource.h"
 
 #include <cstddef>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -12,7 +13,7 @@
 namespace kx {
 namespace {
 
-constexpr char kStandardInput[] = "-";
+constexpr std::string_view kStandardInput = "-";
 constexpr char16_t kByteOrderMark = 0xFEFF;
 
 void forEachInputLine(std::function<void(Formula const&)> const& use) {

@@ -17,7 +17,11 @@ constexpr std::size_t kIndent = 2;
 // A few signatures are longer; their texts begin on the next line, so that the others stay close.
 constexpr std::size_t kLastTextColumn = 34;
 
-std::u16string blanks(std::size_t count) { return std::u16string(count, u' '); }
+std::u16string blanks(std::size_t count) {
+    std::u16string text;
+    text.resize(count, u' ');
+    return text;
+}
 
 /// Rows of a name and a text, the texts aligned in one column.
 void printColumns(std::vector<KxJsFunction::Parameter> const& rows, std::size_t textColumn,

@@ -70,8 +70,9 @@ void append(std::u16string& text, char32_t character) {
 std::u16string plainTextFromHtml(std::u16string_view html) {
     std::u16string text;
     for (std::size_t at = 0; at < html.size(); ++at) {
-        std::size_t const semicolon = html[at] == u'&' ? html.find(u';', at) : html.npos;
-        if (semicolon != html.npos) {
+        std::size_t const semicolon =
+            html[at] == u'&' ? html.find(u';', at) : std::u16string_view::npos;
+        if (semicolon != std::u16string_view::npos) {
             auto const character = referencedCharacter(html.substr(at + 1, semicolon - at - 1));
             if (character) {
                 append(text, *character);

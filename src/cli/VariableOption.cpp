@@ -67,7 +67,7 @@ KxJsVariable parseVariable(VariableOption option, std::string const& assignment)
     }
     if (guess || option == VariableOption::BOOLEAN) {
         if (auto const boolean = booleanFrom(value)) return {name, *boolean};
-        if (!guess) refuse(assignment, "the value is neither \"true\" nor \"false\"");
+        if (!guess) refuse(assignment, R"(the value is neither "true" nor "false")");
     }
     return {name, decodeArgument(value, what)};
 }

@@ -4,11 +4,13 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
+#include <vector>
 
 #include "Program.h"
 
@@ -18,11 +20,12 @@ namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
+std::string const kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string contentsOf(fs::path const& path) {
     std::ifstream file(path, std::ios::binary);
@@ -51,6 +54,14 @@ class Docs : public testing::Test {
             names.insert(entry.path().filename().string());
         }
         return names;
+    }
+    /// Every file of a directory with its contents.
+    std::map<std::string, std::string> filesIn(fs::path const& directory) const {
+        std::map<std::string, std::string> files;
+        for (std::string const& name : namesIn(directory)) {
+            files[name] = contentsOf(directory / name);
+        }
+        return files;
     }
     std::set<std::string> names() const { return namesIn(_mDirectory); }
 
@@ -138,6 +149,28 @@ TEST_F(Docs, RefusesADirectoryAsFile) {
     EXPECT_THAT(names(), UnorderedElementsAre("taken"));
 }
 
+/// kxjs with one failing call of a system function.
+Outcome runFailing(std::string const& call, std::vector<std::string> const& arguments) {
+    return run({.arguments = arguments,
+                .input = {},
+                .environment = {{"LD_PRELOAD", KXJS_FAILING_CALLS},
+                                {"KXJS_FAIL", call},
+                                {"ASAN_OPTIONS", "verify_asan_link_order=0"}},
+                .outputFile = {}});
+}
+
+TEST_F(Docs, LeavesAFileAsItWasWhenTheDiskFails) {
+    write(path("doc.html"), "old");
+    for (char const* call : {"fsync 1", "rename 1"}) {
+        Outcome const outcome = runFailing(call, {"docs", "-o", path("doc.html")});
+        EXPECT_THAT(outcome.err, StartsWith("kxjs: cannot write " + path("doc.html: ").string()))
+            << call;
+        EXPECT_EQ(outcome.status, 1) << call;
+        EXPECT_THAT(names(), UnorderedElementsAre("doc.html")) << call;
+        EXPECT_EQ(contentsOf(path("doc.html")), "old") << call;
+    }
+}
+
 // Permission bits do not stop root, so these paths fail for everybody.
 TEST_F(Docs, ReportsAFileThatCannotBeMade) {
     write(path("plain"), "text");
@@ -178,7 +211,7 @@ TEST_F(Docs, WritesPagesThatBrowsersReadAsUtf8) {
     ASSERT_EQ(kxjs({"docs", "--pages", path("pages")}).status, 0);
     for (std::string const& name : namesIn(path("pages"))) {
         std::string const page = contentsOf(path("pages") / name);
-        EXPECT_THAT(page, StartsWith(std::string(kByteOrderMark) + "<!doctype html>\n")) << name;
+        EXPECT_THAT(page, StartsWith(kByteOrderMark + "<!doctype html>\n")) << name;
     }
     EXPECT_THAT(contentsOf(path("pages") / "ROUND.html"),
                 AllOf(HasSubstr("<h1>ROUND</h1>"), EndsWith("</html>")));
@@ -203,6 +236,33 @@ TEST_F(Docs, LeavesADirectoryAsItWasWhenOnePageCannotTakeItsPlace) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(namesIn(path("pages")), UnorderedElementsAre("ROUND.html", "LOG.html"));
     EXPECT_EQ(contentsOf(path("pages") / "LOG.html"), "old");
+}
+
+TEST_F(Docs, LeavesADirectoryAsItWasWhenTheDiskFails) {
+    fs::create_directory(path("pages"));
+    write(path("pages") / "LOG.html", "old");
+    write(path("pages") / "style.css", "mine");
+    auto const before = filesIn(path("pages"));
+    // While the files are written, and at the first, a middle and the last move.
+    for (char const* call :
+         {"fsync 1", "fsync 40", "fsync 64", "rename 1", "rename 30", "rename 64"}) {
+        Outcome const outcome = runFailing(call, {"docs", "--pages", path("pages")});
+        EXPECT_THAT(outcome.err, StartsWith("kxjs: cannot write " + path("pages").string()))
+            << call;
+        EXPECT_EQ(outcome.status, 1) << call;
+        EXPECT_EQ(filesIn(path("pages")), before) << call;
+    }
+    EXPECT_EQ(runFailing("rename 65", {"docs", "--pages", path("pages")}).status, 0);
+}
+
+TEST_F(Docs, LeavesNoNewDirectoryWhenTheDiskFails) {
+    for (char const* call : {"fsync 1", "fsync 64", "rename 1"}) {
+        Outcome const outcome = runFailing(call, {"docs", "--pages", path("pages")});
+        EXPECT_THAT(outcome.err, StartsWith("kxjs: cannot write " + path("pages").string()))
+            << call;
+        EXPECT_EQ(outcome.status, 1) << call;
+        EXPECT_THAT(names(), IsEmpty()) << call;
+    }
 }
 
 TEST_F(Docs, LeavesNothingWhereADirectoryCannotBeMade) {

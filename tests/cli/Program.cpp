@@ -12,8 +12,6 @@
 #include <unistd.h>
 #include <utility>
 
-extern char** environ;
-
 namespace {
 
 [[noreturn]] void fail(char const* what) {
@@ -71,6 +69,7 @@ std::string contentsOf(Descriptor const& file) {
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -86,7 +85,8 @@ pid_t start(Program const& program, int in, int out, int err) {
         // A width that the person who runs the tests has set must not change the expectations.
         if (name != "COLUMNS" && !program.environment.contains(name)) variables.push_back(variable);
     }
-    for (auto const& [name, value] : program.environment) variables.push_back(name + "=" + value);
+    for (auto const& [name, value] : program.environment)
+        variables.push_back(std::string(name).append("=").append(value));
 
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);
