@@ -9,25 +9,45 @@
 
 namespace kx {
 
-void CallChain::add(std::u16string_view pattern, std::u16string_view replacement) {
-    if (isFull()) throw std::length_error("too many rules in a chain");
+namespace {
+
+/// Whether all that a rule does is to write a name as it is spelled and "(" behind it.
+bool restoresSpelling(RuleText const& text, std::string const& name) {
+    std::u16string const spelled(name.begin(), name.end());
+    return text.pattern == spelled + std::u16string(callTailPattern) &&
+           text.replacement == spelled + std::u16string(callTail);
+}
+
+LiteralCalls literalCallsOf(Replacement const& replacement, CallIndex const& index) {
+    LiteralCalls calls;
+    NoMeter meter;
+    for (Replacement::Piece const& piece : replacement.pieces())
+        index.collect(piece.literal, calls.emplace_back(), meter);
+    return calls;
+}
+
+}  // namespace
+
+CallChain::CallChain(std::span<RuleText const> rules) {
+    if (rules.size() > maxRules) throw std::length_error("too many rules in a chain");
+    for (RuleText const& text : rules) addStep(text);
+    for (Step& step : steps) step.literalCalls = literalCallsOf(step.rule.replacement, index);
+}
+
+void CallChain::addStep(RuleText const& text) {
     std::size_t const number = steps.size();
-    Step step{Rule(pattern, replacement), {}};
+    Step& step = steps.emplace_back(Step{Rule(text.pattern, text.replacement), {}, {}});
     auto const names = calledNames(step.rule.pattern);
     if (!names) {
         always.add(number);
-    } else {
-        std::u16string const name(names->front().begin(), names->front().end());
-        bool const restoresSpelling = pattern == name + std::u16string(callTailPattern) &&
-                                      replacement == name + std::u16string(callTail);
-        for (std::string const& called : *names) {
-            index.add(called, number, restoresSpelling);
-            step.nameLengths.push_back(called.size());
-        }
-        auto& lengths = step.nameLengths;
-        lengths.erase(std::unique(lengths.begin(), lengths.end()), lengths.end());
+        return;
     }
-    steps.push_back(std::move(step));
+    for (std::string const& name : *names) {
+        index.add(name, number, restoresSpelling(text, name));
+        step.nameLengths.push_back(name.size());
+    }
+    auto& lengths = step.nameLengths;
+    lengths.erase(std::unique(lengths.begin(), lengths.end()), lengths.end());
 }
 
 }  // namespace kx

@@ -3,43 +3,47 @@
 #include <cstddef>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "convert/CallIndex.h"
+#include "convert/Rewriting.h"
 #include "convert/Rule.h"
 
 namespace kx {
 
+/// A regex rule as text of its own.
+struct RuleText {
+    std::u16string pattern;
+    std::u16string replacement;
+};
+
 /// A list of regex rules, one after the other, most of which rewrite calls of functions. A rule
 /// whose names do not stand before a "(" of the text cannot change it and is passed over; what a
-/// rule wrote is looked through anew.
+/// rule changed is looked at anew.
 class CallChain {
   public:
-    /// Appends a rule. Throws std::invalid_argument if the pattern is not supported and
-    /// std::length_error if the chain is full.
-    void add(std::u16string_view pattern, std::u16string_view replacement);
+    static constexpr std::size_t maxRules = RuleMask::capacity;
 
-    bool isFull() const { return steps.size() == RuleMask::capacity; }
+    /// Takes at most `maxRules` rules. Throws std::invalid_argument if a pattern is not supported.
+    explicit CallChain(std::span<RuleText const> rules);
 
     template <class Meter>
     void apply(Workspace& work, Meter& meter) const {
         work.calls.clear();
-        index.update(work.text, 0, work.calls, meter);
+        index.collect(work.text, work.calls, meter);
         RuleMask open = openRules(work);
-        for (std::size_t i = open.nextFrom(0); i < steps.size(); i = open.nextFrom(i + 1)) {
-            std::size_t const changedFrom = applyStep(i, work, meter);
-            if (changedFrom == nowhere) continue;
-            index.update(work.text, changedFrom, work.calls, meter);
-            open = openRules(work);
-        }
+        for (std::size_t i = open.nextFrom(0); i < steps.size(); i = open.nextFrom(i + 1))
+            if (applyStep(i, work, meter) != nowhere) open = openRules(work);
     }
 
   private:
     struct Step {
         Rule rule;
         std::vector<std::size_t> nameLengths;  ///< descending; none: the rule is not one of calls
+        LiteralCalls literalCalls;
     };
+
+    void addStep(RuleText const& text);
 
     RuleMask openRules(Workspace const& work) const {
         RuleMask open = always;
@@ -50,8 +54,9 @@ class CallChain {
     template <class Meter>
     std::size_t applyStep(std::size_t number, Workspace& work, Meter& meter) const {
         Step const& step = steps[number];
-        if (step.nameLengths.empty()) return applyEverywhere(step.rule, work, meter);
-        Rewriting<Meter> rewriting(step.rule, work, meter);
+        CallTracking const tracking{&index, &step.literalCalls};
+        if (step.nameLengths.empty()) return applyEverywhere(step.rule, tracking, work, meter);
+        Rewriting<Meter> rewriting(step.rule, tracking, work, meter);
         meter.count(work.calls.size());
         for (Call const& call : work.calls) {
             if (!call.rules.holds(number)) continue;
@@ -61,8 +66,8 @@ class CallChain {
         return rewriting.finish();
     }
 
-    std::vector<Step> steps;
     CallIndex index;
+    std::vector<Step> steps;
     RuleMask always;
 };
 

@@ -18,7 +18,9 @@ void applyPass(Pass const& pass, std::u16string& text) {
 std::u16string Converter::_convert(char16_t const* formula) {
     std::u16string text;
     if (formula == nullptr) return text;
-    text = formula;
+    std::size_t const length = std::char_traits<char16_t>::length(formula);
+    text.reserve(length + length / 2 + 32);
+    text.assign(formula, length);
     kx::Workspace work(text);
     kx::NoMeter meter;
     kx::convert(work, meter);
@@ -38,9 +40,7 @@ void Converter::_uppercaseAllFunctions(std::u16string& text) {
 }
 
 void Converter::_uppercaseFunctions(std::u16string& text, std::vector<KxJsFunction>& catalogue) {
-    kx::RuleList list;
-    list.addSpellingOf(catalogue);
-    applyPass(list, text);
+    applyPass(kx::CallPass(kx::spellingRules(catalogue)), text);
 }
 
 void Converter::_replaceOperator(std::u16string& text, std::u16string const op,

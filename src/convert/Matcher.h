@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -50,8 +51,10 @@ struct Choice {
 
 /// Memory that matchers use in turn.
 struct MatcherMemory {
-    std::vector<Choice> choices;
-    std::vector<std::uint8_t> tried;  ///< one bit for each split, for each position
+    explicit MatcherMemory(std::pmr::memory_resource* memory) : choices(memory), tried(memory) {}
+
+    std::pmr::vector<Choice> choices;
+    std::pmr::vector<std::uint8_t> tried;  ///< one bit for each split, for each position
 };
 
 template <class Meter>
@@ -66,11 +69,9 @@ class Matcher {
     /// and after a match the next start is not before its end.
     std::size_t matchAt(std::size_t start);
 
-    /// The text of a group in the last match, counted from 1.
-    std::u16string_view group(std::size_t number) const {
-        std::size_t const from = saved[2 * number - 2];
-        return text.substr(from, saved[2 * number - 1] - from);
-    }
+    /// Where a group of the last match begins and ends; groups are counted from 1.
+    std::size_t groupBegin(std::size_t number) const { return saved[2 * number - 2]; }
+    std::size_t groupEnd(std::size_t number) const { return saved[2 * number - 1]; }
 
   private:
     struct Range {
@@ -103,15 +104,17 @@ std::size_t Matcher<Meter>::matchAt(std::size_t start) {
         Instruction const& instruction = program[next++];
         bool failed = false;
         switch (instruction.code) {
-            case Code::symbol:
-                failed = position >= text.size() || symbolOf(text[position]) != instruction.symbol;
+            case Code::unit:
+                failed = position >= text.size() || (text[position] != instruction.capital &&
+                                                     text[position] != instruction.small);
                 ++position;
                 break;
             case Code::set:
                 failed = !holds(pattern.set(instruction), position);
                 ++position;
                 break;
-            case Code::run: {
+            case Code::run:
+            case Code::until: {
                 std::size_t const end = endOfRun(instruction, position);
                 failed = end - position < instruction.minimum;
                 position = end;
@@ -147,9 +150,11 @@ template <class Meter>
 std::size_t Matcher<Meter>::endOfRun(Instruction const& run, std::size_t position) {
     Range& last = lastRuns[run.slot];
     if (position >= last.begin && position <= last.end) return last.end;
-    SymbolSet const& set = pattern.set(run);
     std::size_t end = position;
-    while (holds(set, end)) ++end;
+    if (run.code == Instruction::Code::until)
+        while (end < text.size() && text[end] != run.capital) ++end;
+    else
+        while (holds(pattern.set(run), end)) ++end;
     meter.count(end - position);
     last = {position, end};
     return end;

@@ -19,7 +19,7 @@ OperatorChain::OperatorChain(std::span<OperatorStep const> table) {
             step.op = line.from;
             step.replacement = line.to;
             Word& word = words.emplace_back();
-            for (char16_t const unit : line.from) word.push_back(singleSet(symbolOf(unit)));
+            for (char16_t const unit : line.from) word.push_back(SymbolSet{}.set(symbolOf(unit)));
         }
         if (words.empty()) always.add(number);
         for (Word const& word : words) filter.add(word, number);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "convert/OperatorReplacement.h"
+#include "convert/Rewriting.h"
 #include "convert/Rule.h"
 #include "convert/RuleTables.h"
 #include "convert/WordFilter.h"
@@ -38,7 +39,7 @@ class OperatorChain {
 
     template <class Meter>
     static std::size_t applyStep(Step const& step, Workspace& work, Meter& meter) {
-        if (step.rule) return applyEverywhere(*step.rule, work, meter);
+        if (step.rule) return applyEverywhere(*step.rule, {}, work, meter);
         return OperatorReplacement<Meter>(work, meter).apply(step.op, step.replacement);
     }
 

@@ -4,80 +4,88 @@
 #include <string>
 #include <string_view>
 
-#include "convert/Rule.h"
+#include "convert/Matcher.h"
+#include "convert/Workspace.h"
 
 namespace kx {
 
-/// Replaces a literal operator outside quotes. The scan is that of a position `i` that walks
-/// through a text rewritten in place:
+/// Replaces a literal operator outside quotes. The scan is that of a position that walks through a
+/// text rewritten in place:
 ///
 /// - Before each step it stops where the operator would fit for the last time, so an operator at
-///   the very end of the text stays. (In a text shorter than the operator that place does not
-///   exist; the scan then runs to the end and finds nothing.)
+///   the very end of the text stays. (A text shorter than the operator has no such place; the scan
+///   then runs to the end and finds nothing.)
 /// - A quote of either kind switches between quoted and not, unless a backslash stands before it;
 ///   one at the very start always opens.
 /// - A replacement moves the position on by the length of the operator, and the ordinary step adds
 ///   one more: the unit after a replacement of equal length is never looked at.
 ///
-/// In place each replacement would move the rest of the text. Here the part of the text up to the
-/// position stands in `work.rewritten`, the rest is read from the old text, and units move over as
-/// the position passes them. So each unit moves once, and the cost is linear.
+/// In place each replacement would move the rest of the text. Here the rewritten text grows in a
+/// second string, and the position is kept as the distance that it has from the end of the text,
+/// which no replacement before it changes; so the cost is linear.
 template <class Meter>
 class OperatorReplacement {
   public:
     OperatorReplacement(Workspace& work, Meter& meter)
-        : text(work.text), front(work.rewritten), meter(meter) {}
+        : text(work.text), rewritten(work.rewritten), meter(meter) {}
 
     /// Returns the place of the first replacement, up to which the text is as it was, or `nowhere`.
+    /// The cost is linear if the replacement is longer than the operator by one unit at most; a
+    /// longer one is itself read again from there on.
     std::size_t apply(std::u16string_view op, std::u16string_view replacement);
 
   private:
-    std::size_t size() const { return front.size() + text.size() - moved; }
+    /// Whether a quote at this place of the text counts.
+    bool switchesQuoting(std::size_t place) const {
+        if (place > copied) return text[place - 1] != u'\\';
+        return rewritten.empty() || rewritten.back() != u'\\';
+    }
 
-    /// Makes the front hold at least `count` units, as far as there are.
-    void moveUpTo(std::size_t count) {
-        if (count <= front.size()) return;
-        std::size_t const wanted = count - front.size();
-        std::size_t const units = wanted < text.size() - moved ? wanted : text.size() - moved;
-        front.append(text, moved, units);
-        moved += units;
-        meter.count(units);
+    void copyUpTo(std::size_t place) {
+        rewritten.append(text, copied, place - copied);
+        copied = place;
     }
 
     std::u16string& text;
-    std::u16string& front;
-    std::size_t moved = 0;  ///< units of `text` that are in `front`
+    std::u16string& rewritten;
     Meter& meter;
+    std::size_t copied = 0;  ///< the end of what stands in the rewritten text in some form
 };
 
 template <class Meter>
 std::size_t OperatorReplacement<Meter>::apply(std::u16string_view op,
                                               std::u16string_view replacement) {
     meter.count(text.size());
-    if (text.empty() || text.find(op) == std::u16string::npos) return nowhere;
-    front.clear();
+    std::size_t place = text.find(op);
+    if (text.empty() || place == std::u16string::npos) return nowhere;
     std::size_t first = nowhere;
+    rewritten.clear();
+    rewritten.reserve(text.capacity());
     bool quoted = false;
-    for (std::size_t i = 0; i < size() && size() - op.size() != i; ++i) {
+    for (place = 0; place < text.size() && text.size() - op.size() != place; ++place) {
         meter.count(1);
-        moveUpTo(i + 1);
-        char16_t const unit = front[i];
-        if (unit == u'"' || unit == u'\'') {
-            if (i == 0)
-                quoted = true;
-            else if (front[i - 1] != u'\\')
-                quoted = !quoted;
+        if ((text[place] == u'"' || text[place] == u'\'') && switchesQuoting(place))
+            quoted = !quoted;
+        if (quoted || (!op.empty() && text[place] != op[0])) continue;
+        if (text.compare(place, op.size(), op) != 0) continue;
+        copyUpTo(place);
+        if (first == nowhere) first = rewritten.size();
+        std::size_t const replacedEnd = place + op.size();
+        std::size_t const passedOver = op.size() + 1;
+        rewritten.append(replacement.substr(0, passedOver));
+        copied = replacedEnd;
+        if (replacement.size() > passedOver) {
+            text.replace(place, op.size(), replacement.substr(passedOver));
+            copied = place;
+            --place;
+        } else {
+            place = replacedEnd + passedOver - replacement.size() - 1;
         }
-        if (quoted) continue;
-        moveUpTo(i + op.size());
-        if (front.compare(i, op.size(), op) != 0) continue;
-        if (first == nowhere) first = i;
-        front.replace(i, op.size(), replacement);
-        i += op.size();
     }
-    front.append(text, moved);
-    meter.count(text.size() - moved);
-    text.swap(front);
+    if (first == nowhere) return nowhere;
+    copyUpTo(text.size());
+    meter.count(text.size());
+    text.swap(rewritten);
     return first;
 }
 

@@ -22,13 +22,14 @@ Continuation continuationAt(Pattern const& pattern, std::size_t index) {
     for (;; ++index) {
         Instruction const& instruction = pattern.program()[index];
         switch (instruction.code) {
-            case Code::symbol:
-                result.first.set(instruction.symbol);
+            case Code::unit:
+                result.first |= literalSet(instruction.capital);
                 return result;
             case Code::set:
                 result.first |= pattern.set(instruction);
                 return result;
             case Code::run:
+            case Code::until:
                 result.first |= pattern.set(instruction);
                 if (instruction.minimum > 0) return result;
                 break;
@@ -59,7 +60,9 @@ Continuation continuationAt(Pattern const& pattern, std::size_t index) {
 /// of the set there. Nor if what follows can match nothing: then the longest loop succeeds.
 bool mayGiveBack(Pattern const& pattern, std::size_t index) {
     Instruction const& instruction = pattern.program()[index];
-    if (instruction.code != Code::run && instruction.code != Code::optional) return false;
+    bool const isLoop = instruction.code == Code::run || instruction.code == Code::until ||
+                        instruction.code == Code::optional;
+    if (!isLoop) return false;
     Continuation const rest = continuationAt(pattern, index + 1);
     return !rest.nullable && (rest.first & pattern.set(instruction)).any();
 }

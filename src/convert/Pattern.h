@@ -18,9 +18,10 @@ namespace kx {
 
 struct Instruction {
     enum class Code : std::uint8_t {
-        symbol,    ///< one unit of this symbol
+        unit,      ///< this ASCII unit, a letter in either case
         set,       ///< one unit of the set
-        run,       ///< as many units of the set as there are, at least `minimum`; never fewer
+        run,       ///< as many units of the set as there are, at least `minimum`
+        until,     ///< as many units as there are other than `capital`, at least `minimum`
         optional,  ///< one unit of the set if there is one
         split,     ///< try `target` first, then `other`
         jump,      ///< go on at `target`
@@ -28,10 +29,11 @@ struct Instruction {
         match
     };
     Code code = Code::match;
-    Symbol symbol = 0;
+    char16_t capital = 0;  ///< of a unit; the unit itself if it is no letter
+    char16_t small = 0;
     std::uint16_t set = 0;      ///< index in the pattern's sets
-    std::uint16_t minimum = 0;  ///< of a run
-    std::uint16_t slot = 0;     ///< of a save; the number of a run or split among their kind
+    std::uint16_t minimum = 0;  ///< of a run or until
+    std::uint16_t slot = 0;     ///< of a save; of a loop or split, its number among these
     std::ptrdiff_t target = 0;  ///< index of an instruction, while compiling relative to this one
     std::ptrdiff_t other = 0;
 };

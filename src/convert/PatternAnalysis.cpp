@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "convert/NameLetter.h"
 namespace kx {
 
 namespace {
@@ -9,7 +10,8 @@ namespace {
 using Code = Instruction::Code;
 
 bool isLoop(Instruction const& instruction) {
-    return instruction.code == Code::run || instruction.code == Code::optional;
+    return instruction.code == Code::run || instruction.code == Code::until ||
+           instruction.code == Code::optional;
 }
 
 /// Adds the first places of every way through a program without loops.
@@ -18,7 +20,7 @@ void addAlternatives(Pattern const& pattern, std::size_t index, Word soFar, std:
     for (; soFar.size() < maxLength; ++index) {
         Instruction const& instruction = pattern.program()[index];
         if (instruction.code == Code::match) break;
-        if (instruction.code == Code::symbol) soFar.push_back(singleSet(instruction.symbol));
+        if (instruction.code == Code::unit) soFar.push_back(literalSet(instruction.capital));
         if (instruction.code == Code::set) soFar.push_back(pattern.set(instruction));
         if (instruction.code == Code::jump)
             index = static_cast<std::size_t>(instruction.target) - 1;
@@ -58,16 +60,16 @@ bool addNames(Pattern const& pattern, std::size_t index, std::string name,
     for (;; ++index) {
         Instruction const& instruction = pattern.program()[index];
         switch (instruction.code) {
-            case Code::symbol:
-                if (instruction.symbol == '(' || isSpaceSymbol(instruction.symbol)) return false;
-                name += static_cast<char>(instruction.symbol);
+            case Code::unit:
+                if (nameLetterOf(instruction.capital) == 0) return false;
+                name += static_cast<char>(instruction.capital);
                 break;
             case Code::run: {
                 Instruction const& next = pattern.program()[index + 1];
                 names.push_back(name);
                 return !name.empty() && instruction.minimum == 0 &&
-                       pattern.set(instruction) == whiteSpaceSet() && next.code == Code::symbol &&
-                       next.symbol == '(';
+                       pattern.set(instruction) == whiteSpaceSet() && next.code == Code::unit &&
+                       next.capital == u'(';
             }
             case Code::split:
                 if (!addNames(pattern, static_cast<std::size_t>(instruction.other), name, names))
@@ -86,17 +88,22 @@ bool addNames(Pattern const& pattern, std::size_t index, std::string name,
 
 }  // namespace
 
-std::vector<Word> necessaryWords(Pattern const& pattern, std::size_t maxLength) {
+std::vector<Word> firstPlaces(Pattern const& pattern, std::size_t maxLength) {
     std::vector<Word> words;
     auto const& program = pattern.program();
-    if (!pattern.givesBack() && std::none_of(program.begin(), program.end(), isLoop)) {
+    if (!pattern.givesBack() && std::none_of(program.begin(), program.end(), isLoop))
         addAlternatives(pattern, 0, {}, maxLength, words);
-        return words;
-    }
-    for (std::size_t i = 0; i < program.size(); ++i)
-        if (program[i].code == Code::symbol && !canAvoid(pattern, i))
-            return {{singleSet(program[i].symbol)}};
     return words;
+}
+
+std::vector<Word> necessaryWords(Pattern const& pattern, std::size_t maxLength) {
+    std::vector<Word> const words = firstPlaces(pattern, maxLength);
+    if (!words.empty()) return words;
+    auto const& program = pattern.program();
+    for (std::size_t i = 0; i < program.size(); ++i)
+        if (program[i].code == Code::unit && !canAvoid(pattern, i))
+            return {{literalSet(program[i].capital)}};
+    return {};
 }
 
 std::optional<std::vector<std::string>> calledNames(Pattern const& pattern) {

@@ -13,13 +13,16 @@ namespace kx {
 /// A sequence of symbol sets.
 using Word = std::vector<SymbolSet>;
 
-/// Words of which every matched text contains at least one: for a pattern without loops the first
-/// `maxLength` places of each of its alternatives, else one symbol that is in every match. Nothing
-/// for a pattern that has neither.
+/// The first `maxLength` places of each alternative of a pattern without loops, less where the
+/// alternative is shorter. Nothing for a pattern with loops.
+std::vector<Word> firstPlaces(Pattern const& pattern, std::size_t maxLength);
+
+/// Words of which every matched text contains at least one: those above, or for a pattern with
+/// loops one symbol that is in every match. Nothing where there is none.
 std::vector<Word> necessaryWords(Pattern const& pattern, std::size_t maxLength);
 
-/// The names that a pattern begins with, longest first, if it is one of a call: a name of symbols
-/// other than "(" and white space, any white space, "(", and whatever follows.
+/// The names that a pattern begins with, longest first, if it is one of a call: a name of
+/// letters, digits and underscores, any white space, "(", and whatever follows.
 std::optional<std::vector<std::string>> calledNames(Pattern const& pattern);
 
 }  // namespace kx

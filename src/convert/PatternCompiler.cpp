@@ -120,20 +120,25 @@ SymbolSet PatternCompiler::escape() {
 
 SymbolSet PatternCompiler::literal() {
     if (text[position] >= 128) refuse("a character beyond ASCII");
-    return singleSet(symbolOf(text[position++]));
+    return literalSet(text[position++]);
 }
 
 PatternCompiler::Fragment PatternCompiler::one(SymbolSet const& set) {
-    if (set.count() != 1) return {withSet(Code::set, set)};
-    Instruction instruction{.code = Code::symbol};
-    while (!set.test(instruction.symbol)) ++instruction.symbol;
-    return {instruction};
+    for (char16_t unit = 0; unit < 128 && set.count() <= 2; ++unit)
+        if (set == literalSet(unit))
+            return {{.code = Code::unit, .capital = capitalOf(unit), .small = smallOf(unit)}};
+    return {withSet(Code::set, set)};
 }
 
 // With giving back, x* becomes: loop: split body, end; body: x; jump loop; end. And x+ is x x*.
 PatternCompiler::Fragment PatternCompiler::loop(SymbolSet const& set, std::uint16_t minimum) {
     if (loops == Loops::keep) {
         Instruction run = withSet(Code::run, set);
+        for (char16_t unit = 0; unit < 128 && set.count() == symbolCount - 1; ++unit) {
+            if (set != ~literalSet(unit) || capitalOf(unit) != smallOf(unit)) continue;
+            run.code = Code::until;
+            run.capital = unit;
+        }
         run.minimum = minimum;
         run.slot = runs++;
         return {run};

@@ -1,42 +1,54 @@
 #include "convert/Pipeline.h"
 
+#include <algorithm>
 #include <string>
 
+#include "convert/RuleTables.h"
 #include "library/Catalogues.h"
 
 namespace kx {
 
 namespace {
 
-RuleList listOf(std::span<RegexRule const> rules) {
-    RuleList list;
-    list.add(rules);
-    return list;
+void append(std::vector<RuleText>& to, std::span<RegexRule const> rules) {
+    for (RegexRule const& rule : rules)
+        to.push_back({std::u16string(rule.pattern), std::u16string(rule.replacement)});
 }
 
-void addBuiltIns(RuleList& list) {
-    list.addSpellingOf(buildMathFunctions());
-    list.addSpellingOf(buildStringFunctions());
-    list.addSpellingOf(buildMiscFunctions());
+void append(std::vector<RuleText>& to, std::vector<RuleText> const& rules) {
+    to.insert(to.end(), rules.begin(), rules.end());
+}
+
+void appendBuiltIns(std::vector<RuleText>& to) {
+    append(to, spellingRules(buildMathFunctions()));
+    append(to, spellingRules(buildStringFunctions()));
+    append(to, spellingRules(buildMiscFunctions()));
+}
+
+CallPass passOf(std::span<RegexRule const> rules) {
+    std::vector<RuleText> texts;
+    append(texts, rules);
+    return CallPass(texts);
 }
 
 }  // namespace
 
-void RuleList::add(std::span<RegexRule const> rules) {
-    for (RegexRule const& rule : rules) add(rule.pattern, rule.replacement);
-}
-
-void RuleList::addSpellingOf(std::vector<KxJsFunction> const& catalogue) {
-    for (KxJsFunction const& function : catalogue) {
-        if (!function.isComplete()) continue;
-        std::u16string const& name = function.getName();
-        add(name + std::u16string(callTailPattern), name + std::u16string(callTail));
+CallPass::CallPass(std::span<RuleText const> rules) {
+    while (!rules.empty()) {
+        std::size_t const count = std::min(rules.size(), CallChain::maxRules);
+        chains.emplace_back(rules.first(count));
+        rules = rules.subspan(count);
     }
 }
 
-void RuleList::add(std::u16string_view pattern, std::u16string_view replacement) {
-    if (chains.empty() || chains.back().isFull()) chains.emplace_back();
-    chains.back().add(pattern, replacement);
+std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue) {
+    std::vector<RuleText> rules;
+    for (KxJsFunction const& function : catalogue) {
+        if (!function.isComplete()) continue;
+        std::u16string const& name = function.getName();
+        rules.push_back({name + std::u16string(callTailPattern), name + std::u16string(callTail)});
+    }
+    return rules;
 }
 
 OperatorChain const& operatorPass() {
@@ -44,45 +56,45 @@ OperatorChain const& operatorPass() {
     return chain;
 }
 
-RuleList const& mathPass() {
-    static RuleList const list = listOf(mathRules);
-    return list;
+CallPass const& mathPass() {
+    static CallPass const pass = passOf(mathRules);
+    return pass;
 }
 
-RuleList const& miscPass() {
-    static RuleList const list = listOf(miscRules);
-    return list;
+CallPass const& miscPass() {
+    static CallPass const pass = passOf(miscRules);
+    return pass;
 }
 
-RuleList const& stringPass() {
-    static RuleList const list = listOf(stringRules);
-    return list;
+CallPass const& stringPass() {
+    static CallPass const pass = passOf(stringRules);
+    return pass;
 }
 
-RuleList const& spellingPass() {
-    static RuleList const list = [] {
-        RuleList names;
-        addBuiltIns(names);
-        return names;
+CallPass const& spellingPass() {
+    static CallPass const pass = [] {
+        std::vector<RuleText> names;
+        appendBuiltIns(names);
+        return CallPass(names);
     }();
-    return list;
+    return pass;
 }
 
-RuleList const& functionPasses() {
-    static RuleList const list = [] {
-        RuleList all;
-        all.add(mathRules);
-        all.add(miscRules);
-        all.add(stringRules);
-        addBuiltIns(all);
-        return all;
+CallPass const& functionPasses() {
+    static CallPass const pass = [] {
+        std::vector<RuleText> all;
+        append(all, mathRules);
+        append(all, miscRules);
+        append(all, stringRules);
+        appendBuiltIns(all);
+        return CallPass(all);
     }();
-    return list;
+    return pass;
 }
 
-RuleList const& foldPass() {
-    static RuleList const list = listOf(foldRules);
-    return list;
+Rule const& foldWhiteSpace() {
+    static Rule const rule(foldRule.pattern, foldRule.replacement);
+    return rule;
 }
 
 }  // namespace kx

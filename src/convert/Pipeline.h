@@ -5,21 +5,17 @@
 
 #include "convert/CallChain.h"
 #include "convert/OperatorChain.h"
-#include "convert/RuleTables.h"
+#include "convert/Rule.h"
 #include "library/KxJsFunction.h"
 
 /// The passes of the conversion, compiled. Each is made at its first use, once for the process,
 /// and only read from then on, by any number of threads.
 namespace kx {
 
-/// Regex rules in order. Chains are limited in length; a list is as many of them as it takes.
-class RuleList {
+/// Regex rules in order, as many chains of them as it takes.
+class CallPass {
   public:
-    void add(std::span<RegexRule const> rules);
-
-    /// Appends the rule of every complete record: the name, in any case and with white space
-    /// before the parenthesis, is brought to the record's spelling, without white space.
-    void addSpellingOf(std::vector<KxJsFunction> const& catalogue);
+    explicit CallPass(std::span<RuleText const> rules);
 
     template <class Meter>
     void apply(Workspace& work, Meter& meter) const {
@@ -27,25 +23,27 @@ class RuleList {
     }
 
   private:
-    void add(std::u16string_view pattern, std::u16string_view replacement);
-
     std::vector<CallChain> chains;
 };
 
+/// The rules of every complete record of a catalogue: the name, in any case and with white space
+/// before the parenthesis, is brought to the record's spelling, without white space.
+std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue);
+
 OperatorChain const& operatorPass();
-RuleList const& mathPass();
-RuleList const& miscPass();
-RuleList const& stringPass();
-RuleList const& spellingPass();    ///< the catalogues' names: mathematical, string, miscellaneous
-RuleList const& functionPasses();  ///< the four above in the order of the conversion, as one list
-RuleList const& foldPass();
+CallPass const& mathPass();
+CallPass const& miscPass();
+CallPass const& stringPass();
+CallPass const& spellingPass();    ///< the catalogues' names: mathematical, string, miscellaneous
+CallPass const& functionPasses();  ///< the four above in the order of the conversion, as one
+Rule const& foldWhiteSpace();
 
 /// The whole conversion of the workspace's text.
 template <class Meter>
 void convert(Workspace& work, Meter& meter) {
     operatorPass().apply(work, meter);
     functionPasses().apply(work, meter);
-    foldPass().apply(work, meter);
+    applyEverywhere(foldWhiteSpace(), {}, work, meter);
 }
 
 }  // namespace kx

@@ -10,23 +10,22 @@ namespace kx {
 /// What stands in for a match: literal text with captured groups, written "$1" to "$9", in it.
 class Replacement {
   public:
+    struct Piece {
+        std::u16string literal;
+        std::size_t group = 0;  ///< that follows the literal; 0: none
+    };
+
     explicit Replacement(std::u16string_view text);
 
-    /// Appends the replacement; `groupText(number)` gives the text of a group, counted from 1.
-    template <class GroupText>
-    void appendTo(std::u16string& out, GroupText&& groupText) const {
-        for (Piece const& piece : pieces) {
-            out.append(piece.literal);
-            if (piece.group != 0) out.append(groupText(piece.group));
-        }
+    std::vector<Piece> const& pieces() const { return parts; }
+
+    /// Whether the replacement of just this text leaves it as it is, whatever the groups hold.
+    bool isAlways(std::u16string_view text) const {
+        return parts.size() == 1 && parts[0].group == 0 && parts[0].literal == text;
     }
 
   private:
-    struct Piece {
-        std::u16string literal;
-        std::size_t group;  ///< that follows the literal; 0: none
-    };
-    std::vector<Piece> pieces;
+    std::vector<Piece> parts;
 };
 
 }  // namespace kx

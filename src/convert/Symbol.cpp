@@ -4,9 +4,8 @@ namespace kx {
 
 SymbolSet whiteSpaceSet() {
     SymbolSet set;
-    for (std::size_t symbol = 0; symbol < symbolCount; ++symbol)
-        set[symbol] = isSpaceSymbol(static_cast<Symbol>(symbol));
-    return set;
+    for (Symbol symbol = 0; symbol < 128; ++symbol) set[symbol] = isWhiteSpace(symbol);
+    return set.set(wideSpace).set(wideLineEnd);
 }
 
 SymbolSet digitSet() {
@@ -21,6 +20,8 @@ SymbolSet anyButLineEndSet() {
     return ~lineEnds;
 }
 
-SymbolSet singleSet(Symbol symbol) { return SymbolSet{}.set(symbol); }
+SymbolSet literalSet(char16_t asciiUnit) {
+    return SymbolSet{}.set(capitalOf(asciiUnit)).set(smallOf(asciiUnit));
+}
 
 }  // namespace kx

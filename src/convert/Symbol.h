@@ -8,10 +8,10 @@
 
 /// The alphabet that patterns are matched over.
 ///
-/// Patterns hold ASCII characters and the classes `\s`, `\d` and `.` only, and are matched without
-/// regard to case. Under that case folding no character beyond ASCII ever equals an ASCII one, so
-/// two code units that fold to the same symbol below are alike to every pattern: 128 ASCII symbols
-/// with the small letters left unused, and three for all the rest.
+/// Patterns hold ASCII characters and the classes `\s`, `\d` and `.` only, so two code units beyond
+/// ASCII that belong to the same of three classes are alike to every pattern. Patterns are matched
+/// without regard to case; under ECMAScript's folding no character beyond ASCII ever equals an
+/// ASCII one, so a letter in a pattern stands for two symbols, its capital and its small form.
 namespace kx {
 
 using Symbol = std::uint8_t;
@@ -27,19 +27,22 @@ constexpr Symbol wideSymbolOf(char16_t unit) {
 }
 
 constexpr Symbol symbolOf(char16_t unit) {
-    if (unit >= 128) return wideSymbolOf(unit);
-    return static_cast<Symbol>(unit >= u'a' && unit <= u'z' ? unit - 32 : unit);
+    return unit < 128 ? static_cast<Symbol>(unit) : wideSymbolOf(unit);
 }
 
-constexpr bool isSpaceSymbol(Symbol symbol) {
-    return symbol < 128 ? isWhiteSpace(symbol) : symbol != wideOther;
+constexpr char16_t capitalOf(char16_t unit) {
+    return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+}
+
+constexpr char16_t smallOf(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
 }
 
 using SymbolSet = std::bitset<symbolCount>;
 
-SymbolSet whiteSpaceSet();     ///< `\s`
-SymbolSet digitSet();          ///< `\d`
-SymbolSet anyButLineEndSet();  ///< `.`
-SymbolSet singleSet(Symbol symbol);
+SymbolSet whiteSpaceSet();                 ///< `\s`
+SymbolSet digitSet();                      ///< `\d`
+SymbolSet anyButLineEndSet();              ///< `.`
+SymbolSet literalSet(char16_t asciiUnit);  ///< the character, in both cases if it is a letter
 
 }  // namespace kx

@@ -35,7 +35,7 @@ std::u16string applyPass(Pass pass, std::u16string text) {
     }
     kx::Workspace work(text);
     kx::NoMeter meter;
-    kx::foldPass().apply(work, meter);
+    kx::applyEverywhere(kx::foldWhiteSpace(), {}, work, meter);
     return text;
 }
 

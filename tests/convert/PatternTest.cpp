@@ -6,7 +6,7 @@
 
 #include "NaiveConverter.h"
 #include "convert/PatternAnalysis.h"
-#include "convert/Rule.h"
+#include "convert/Rewriting.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ std::u16string replaced(std::u16string text, std::u16string_view pattern,
                         std::u16string_view replacement) {
     kx::Workspace work(text);
     kx::NoMeter meter;
-    kx::applyEverywhere(kx::Rule(pattern, replacement), work, meter);
+    kx::applyEverywhere(kx::Rule(pattern, replacement), {}, work, meter);
     return text;
 }
 
@@ -57,7 +57,7 @@ TEST(Pattern, NamesWordsThatEveryMatchHolds) {
     EXPECT_EQ(kx::necessaryWords(kx::Pattern(u"TRUE"), 3).front().size(), 3U);
     auto const power = kx::necessaryWords(kx::Pattern(u"\\d+.?[\\^]\\s*\\d"), 4);
     ASSERT_EQ(power.size(), 1U);
-    EXPECT_EQ(power.front(), kx::Word{kx::singleSet('^')});
+    EXPECT_EQ(power.front(), kx::Word{kx::literalSet(u'^')});
     EXPECT_TRUE(kx::necessaryWords(kx::Pattern(u"\\s+"), 4).empty());
     EXPECT_TRUE(kx::necessaryWords(kx::Pattern(u"a+|b+"), 4).empty());
 }
