@@ -1,7 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <unknwn.h>
 #include <windows.h>
 
 namespace kx {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <unknwn.h>
 #include <windows.h>
 
 namespace kx {

@@ -55,11 +55,13 @@ HRESULT updateClassRegistry(RegistryMode mode) {
 HRESULT updateTypeLibraryRegistry(RegistryMode mode, bool perUser) {
     if (mode == RegistryMode::enter) {
         HRESULT const outcome = registerTypeLibrary();
-        return SUCCEEDED(outcome) ? updateNeutralLocale(mode) : outcome;
+        if (FAILED(outcome)) return outcome;
+        HRESULT const added = updateNeutralLocale(mode);
+        return FAILED(added) ? added : outcome;
     }
     // First the addition: UnRegisterTypeLib leaves the version alone while it has other locales.
-    HRESULT const outcome = updateNeutralLocale(mode);
-    return SUCCEEDED(outcome) ? unregisterTypeLibrary(perUser) : outcome;
+    HRESULT const removed = updateNeutralLocale(mode);
+    return FAILED(removed) ? removed : unregisterTypeLibrary(perUser);
 }
 
 }  // namespace kx

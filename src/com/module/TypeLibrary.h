@@ -1,6 +1,5 @@
 #pragma once
 
-#include <oaidl.h>
 #include <windows.h>
 
 namespace kx {

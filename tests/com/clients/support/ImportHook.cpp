@@ -1,0 +1,56 @@
+#include "ImportHook.h"
+
+#include <cstring>
+#include <stdexcept>
+#include <string>
+
+namespace test {
+
+namespace {
+
+template <class Part>
+Part* at(HMODULE module, DWORD offset) {
+    return reinterpret_cast<Part*>(reinterpret_cast<BYTE*>(module) + offset);
+}
+
+/// The place in the import address table that holds the function's address, or null.
+void** findSlot(HMODULE module, char const* library, char const* function) {
+    auto const* dos = at<IMAGE_DOS_HEADER>(module, 0);
+    auto const* headers = at<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
+    auto const& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto* import = at<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
+         import->Name != 0; ++import) {
+        if (lstrcmpiA(at<char>(module, import->Name), library) != 0) continue;
+        auto* name = at<IMAGE_THUNK_DATA>(module, import->OriginalFirstThunk);
+        auto* address = at<IMAGE_THUNK_DATA>(module, import->FirstThunk);
+        for (; name->u1.AddressOfData != 0; ++name, ++address) {
+            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+            auto* entry =
+                at<IMAGE_IMPORT_BY_NAME>(module, static_cast<DWORD>(name->u1.AddressOfData));
+            if (std::strcmp(reinterpret_cast<char const*>(entry->Name), function) == 0) {
+                return reinterpret_cast<void**>(&address->u1.Function);
+            }
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+ImportHook::ImportHook(HMODULE module, char const* library, char const* function, void* replacement)
+    : _mSlot(findSlot(module, library, function)) {
+    if (_mSlot == nullptr) throw std::runtime_error(std::string("no import of ") + function);
+    _mOriginal = *_mSlot;
+    write(replacement);
+}
+
+ImportHook::~ImportHook() { write(_mOriginal); }
+
+void ImportHook::write(void* target) {
+    DWORD protection = 0;
+    VirtualProtect(_mSlot, sizeof *_mSlot, PAGE_READWRITE, &protection);
+    *_mSlot = target;
+    VirtualProtect(_mSlot, sizeof *_mSlot, protection, &protection);
+}
+
+}  // namespace test

@@ -1,0 +1,43 @@
+#include "Thread.h"
+
+#include <exception>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+#include "Check.h"
+
+namespace test {
+
+namespace {
+
+DWORD WINAPI runWork(void* parameter) {
+    std::unique_ptr<std::function<void()>> const work(
+        static_cast<std::function<void()>*>(parameter));
+    try {
+        (*work)();
+    } catch (std::exception const& failure) {
+        report(false, "thread", 0, failure.what());
+    }
+    return 0;
+}
+
+}  // namespace
+
+Thread::Thread(std::function<void()> work, SIZE_T stackSize) {
+    auto parameter = std::make_unique<std::function<void()>>(std::move(work));
+    _mHandle = CreateThread(nullptr, stackSize, &runWork, parameter.get(),
+                            STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+    if (_mHandle == nullptr) throw std::runtime_error("no thread");
+    parameter.release();
+}
+
+Thread::Thread(Thread&& other) noexcept : _mHandle(std::exchange(other._mHandle, nullptr)) {}
+
+void Thread::join() {
+    if (_mHandle == nullptr) return;
+    WaitForSingleObject(_mHandle, INFINITE);
+    CloseHandle(std::exchange(_mHandle, nullptr));
+}
+
+}  // namespace test
