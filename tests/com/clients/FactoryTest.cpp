@@ -1,8 +1,7 @@
 // The module from outside: class objects, counting, aggregation, instance creation.
 
-#include <windows.h>
-
 #include <memory>
+#include <windows.h>
 
 #include "support/Check.h"
 #include "support/Com.h"

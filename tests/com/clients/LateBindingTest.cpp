@@ -1,9 +1,8 @@
 // A late-bound client: names and arguments through IDispatch, as scripts pass them.
 
-#include <windows.h>
-
 #include <string>
 #include <vector>
+#include <windows.h>
 
 #include "support/ArrayReader.h"
 #include "support/Check.h"
@@ -86,8 +85,7 @@ void everyMethodCanBeCalled() {
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableString", {argument(name), argument(name)}));
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableDouble", {argument(name), argument(1.5)}));
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableBool", {argument(name), argument(true)}));
-    CHECK_EQUAL(S_OK,
-                call(parser, L"addSetVariableLong", {argument(name), argument(5L)}, &result));
+    CHECK_EQUAL(S_OK, call(parser, L"addSetVariableLong", {argument(name), argument(5L)}, &result));
     CHECK_EQUAL(VT_BOOL, result.vt);
     CHECK_EQUAL(VARIANT_TRUE, result.boolVal);
     CHECK_EQUAL(S_OK, call(parser, L"getVariableType", {argument(name)}, &result));
@@ -98,15 +96,14 @@ void everyMethodCanBeCalled() {
     Variant script;
     CHECK_EQUAL(S_OK, call(parser, L"convert", {argument(formula)}, &script));
     BSTR error = nullptr;
-    CHECK_EQUAL(S_OK, call(parser, L"parse",
-                           {argument(script.bstrVal), textReference(error)}, &result));
+    CHECK_EQUAL(S_OK,
+                call(parser, L"parse", {argument(script.bstrVal), textReference(error)}, &result));
     CHECK_EQUAL(VT_I4, result.vt);
     CHECK_EQUAL(0, result.lVal);
     CHECK(error != nullptr);
     SysFreeString(error);
     error = nullptr;
-    CHECK_EQUAL(S_OK,
-                call(parser, L"execute", {argument(0L), textReference(error)}, &result));
+    CHECK_EQUAL(S_OK, call(parser, L"execute", {argument(0L), textReference(error)}, &result));
     CHECK_EQUAL(L"OK", textOf(result));
     SysFreeString(error);
     VariantClear(&result);
@@ -140,14 +137,14 @@ void variablesReceiveTheErrorTexts() {
     Variant variable;
     Variant result;
     Bstr const wrong(L"1+");
-    CHECK_EQUAL(S_OK, call(parser, L"parse", {argument(wrong), variableArgument(variable)},
-                           &result));
+    CHECK_EQUAL(S_OK,
+                call(parser, L"parse", {argument(wrong), variableArgument(variable)}, &result));
     CHECK_EQUAL(-1, result.lVal);
     CHECK_EQUAL(L"Error in line: 1\r\n", textOf(variable).substr(0, 18));
 
     Bstr const right(L"1+1");
-    CHECK_EQUAL(S_OK, call(parser, L"parse", {argument(right), variableArgument(variable)},
-                           &result));
+    CHECK_EQUAL(S_OK,
+                call(parser, L"parse", {argument(right), variableArgument(variable)}, &result));
     CHECK_EQUAL(0, result.lVal);
     CHECK_EQUAL(L"", textOf(variable));  // the text before is gone
 
@@ -170,8 +167,7 @@ void variablesOfAnyTypeReceiveTheErrorTexts() {
         Variant variable;
         variable.vt = type;
         if (type == VT_BSTR) variable.bstrVal = SysAllocString(L"earlier");
-        CHECK_EQUAL(S_OK,
-                    call(parser, L"parse", {argument(wrong), variableArgument(variable)}));
+        CHECK_EQUAL(S_OK, call(parser, L"parse", {argument(wrong), variableArgument(variable)}));
         CHECK_EQUAL(L"Error in line: 1\r\n", textOf(variable).substr(0, 18));
     }
 }
@@ -195,8 +191,8 @@ void variablesArePassedForTexts() {
     source.bstrVal = SysAllocString(L"6*7");
     Variant error;
     Variant result;
-    CHECK_EQUAL(S_OK, call(parser, L"parse", {variableArgument(source), variableArgument(error)},
-                           &result));
+    CHECK_EQUAL(
+        S_OK, call(parser, L"parse", {variableArgument(source), variableArgument(error)}, &result));
     Variant index;
     index.vt = VT_I2;  // as scripts write small numbers
     index.iVal = 0;
@@ -236,9 +232,8 @@ void wrongCallsAreRefused() {
     DISPPARAMS none = {nullptr, nullptr, 0, 0};
     CHECK_EQUAL(DISP_E_MEMBERNOTFOUND, parser->Invoke(99, IID_NULL, 0x409, DISPATCH_METHOD, &none,
                                                       nullptr, nullptr, nullptr));
-    CHECK_EQUAL(DISP_E_MEMBERNOTFOUND,
-                parser->Invoke(1, IID_NULL, 0x409, DISPATCH_PROPERTYPUT, &none, nullptr, nullptr,
-                               nullptr));
+    CHECK_EQUAL(DISP_E_MEMBERNOTFOUND, parser->Invoke(1, IID_NULL, 0x409, DISPATCH_PROPERTYPUT,
+                                                      &none, nullptr, nullptr, nullptr));
     CHECK(FAILED(call(parser, L"parse", {})));
     CHECK(FAILED(call(parser, L"parse", {argument(text)})));
 }

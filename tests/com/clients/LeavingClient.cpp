@@ -3,10 +3,9 @@
 //
 //   LeavingClient SERVER return|uninitialize|static|running
 
-#include <windows.h>
-
 #include <cstdio>
 #include <string>
+#include <windows.h>
 
 #include "support/Com.h"
 #include "support/Server.h"

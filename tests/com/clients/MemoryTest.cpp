@@ -1,11 +1,10 @@
 // Failing allocations: E_OUTOFMEMORY, nothing half done, nothing left behind. The allocation
 // functions are replaced in the import table of the server itself.
 
-#include <windows.h>
-
 #include <functional>
 #include <memory>
 #include <string>
+#include <windows.h>
 
 #include "support/ArrayReader.h"
 #include "support/Check.h"
@@ -155,8 +154,7 @@ void executing() {
 void converting() {
     Parser const object = parser();
     CheckedText script;
-    checkEachFailure([&] { return script.check(object->convert(Bstr(L"A<>B"), script.put())); },
-                     1);
+    checkEachFailure([&] { return script.check(object->convert(Bstr(L"A<>B"), script.put())); }, 1);
 }
 
 void documentingOnOnePage() {
@@ -271,8 +269,7 @@ void creationWithoutMemory() {
         ImportHook const hook(fresh.module(), "msvcrt.dll", "malloc",
                               reinterpret_cast<void*>(&refuse));
         void* object = server.get();
-        CHECK_EQUAL(E_OUTOFMEMORY,
-                    factory->CreateInstance(nullptr, IID_IKxJsParserX, &object));
+        CHECK_EQUAL(E_OUTOFMEMORY, factory->CreateInstance(nullptr, IID_IKxJsParserX, &object));
         CHECK(object == nullptr);
     }
     factory.release();

@@ -1,8 +1,7 @@
 // A server without the files that belong beside it: registration works, creation says why not.
 
-#include <windows.h>
-
 #include <string>
+#include <windows.h>
 
 #include "support/Check.h"
 #include "support/Com.h"
@@ -51,6 +50,6 @@ void withoutTheLibrary() {
 
 int main() {
     Apartment const apartment;
-    return runCases({{"without the bridge", withoutTheBridge},
-                     {"without the library", withoutTheLibrary}});
+    return runCases(
+        {{"without the bridge", withoutTheBridge}, {"without the library", withoutTheLibrary}});
 }

@@ -1,8 +1,7 @@
 // Endless recursion in a script ends as an error text, whatever the thread's stack.
 
-#include <windows.h>
-
 #include <string>
+#include <windows.h>
 
 #include "support/Check.h"
 #include "support/Com.h"
@@ -30,10 +29,13 @@ void checkRecursionEnds(Parser const& parser) {
 }
 
 void checkThread(SIZE_T stackSize) {
-    Thread([] {
-        Apartment const apartment;
-        checkRecursionEnds(createInitializedParser());
-    }, stackSize).join();
+    Thread(
+        [] {
+            Apartment const apartment;
+            checkRecursionEnds(createInitializedParser());
+        },
+        stackSize)
+        .join();
 }
 
 void smallestStack() { checkThread(64 * kilobyte); }
@@ -54,19 +56,22 @@ void threadOfTheSystem() {
 }
 
 void extraction() {
-    Thread([] {
-        Apartment const apartment;
-        Parser const parser = createParser();
-        Bstr error;
-        Variant names;
-        CHECK_EQUAL(S_OK,
-                    parser->extractVariable(Bstr(L"X + (function f() { return f() + 1; })()"),
-                                            error.put(), &names));
-        CHECK_EQUAL(L"", error.text());
-        LONG last = -2;
-        SafeArrayGetUBound(names.parray, 1, &last);
-        CHECK_EQUAL(0, last);  // X, then the recursion, which is no missing name
-    }, 64 * kilobyte).join();
+    Thread(
+        [] {
+            Apartment const apartment;
+            Parser const parser = createParser();
+            Bstr error;
+            Variant names;
+            CHECK_EQUAL(S_OK,
+                        parser->extractVariable(Bstr(L"X + (function f() { return f() + 1; })()"),
+                                                error.put(), &names));
+            CHECK_EQUAL(L"", error.text());
+            LONG last = -2;
+            SafeArrayGetUBound(names.parray, 1, &last);
+            CHECK_EQUAL(0, last);  // X, then the recursion, which is no missing name
+        },
+        64 * kilobyte)
+        .join();
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 // Apartments: each thread with an engine of its own, and calls from other threads' apartments.
 
-#include <windows.h>
-
 #include <memory>
 #include <string>
 #include <vector>
+#include <windows.h>
 
 #include "support/ArrayReader.h"
 #include "support/Check.h"
@@ -116,8 +115,7 @@ void multithreadedApartmentsCallLate() {
         CHECK_EQUAL(0, result.lVal);
         SysFreeString(error);
         error = nullptr;
-        CHECK_EQUAL(S_OK,
-                    call(parser, L"execute", {argument(0L), textReference(error)}, &result));
+        CHECK_EQUAL(S_OK, call(parser, L"execute", {argument(0L), textReference(error)}, &result));
         CHECK_EQUAL(L"42", std::wstring(result.bstrVal));
         SysFreeString(error);
     }).join();
@@ -154,8 +152,8 @@ void apartmentsCallEachOther() {
         Apartment const apartment;
         Parser const parser = createInitializedParser();
         IStream* stream = nullptr;
-        CHECK_EQUAL(S_OK, CoMarshalInterThreadInterfaceInStream(IID_IKxJsParserX, parser.get(),
-                                                                &stream));
+        CHECK_EQUAL(S_OK,
+                    CoMarshalInterThreadInterfaceInStream(IID_IKxJsParserX, parser.get(), &stream));
         HANDLE const done = CreateEventW(nullptr, TRUE, FALSE, nullptr);
         Thread const caller([&] {
             {

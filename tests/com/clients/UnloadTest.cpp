@@ -1,8 +1,7 @@
 // The server comes and goes within one process.
 
-#include <windows.h>
-
 #include <string>
+#include <windows.h>
 
 #include "support/Check.h"
 #include "support/Com.h"
