@@ -31,6 +31,7 @@ class CallChain {
     void apply(Workspace& work, Meter& meter) const {
         work.calls.clear();
         index.collect(work.text, work.calls, meter);
+        work.rewrittenCalls.reserve(work.calls.capacity());
         RuleMask open = openRules(work);
         for (std::size_t i = open.nextFrom(0); i < steps.size(); i = open.nextFrom(i + 1))
             if (applyStep(i, work, meter) != nowhere) open = openRules(work);
@@ -60,8 +61,10 @@ class CallChain {
         meter.count(work.calls.size());
         for (Call const& call : work.calls) {
             if (!call.rules.holds(number)) continue;
+            std::size_t const nameEnd = nameEndBefore(work.text, call.parenthesis);
+            meter.count(call.parenthesis - nameEnd);
             for (std::size_t const length : step.nameLengths)
-                if (length <= call.nameEnd) rewriting.offer(call.nameEnd - length);
+                if (length <= nameEnd) rewriting.offer(nameEnd - length);
         }
         return rewriting.finish();
     }

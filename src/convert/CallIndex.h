@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -18,10 +19,15 @@ namespace kx {
 /// A "(" of the text and the names that end before it.
 struct Call {
     std::size_t parenthesis;
-    std::size_t nameEnd;    ///< where the white space before the parenthesis begins
     std::size_t nameBegin;  ///< what stands before the unit before this does not matter to `rules`
     RuleMask rules;         ///< those that look for one of the names
 };
+
+/// Where the white space before a "(" begins, and a name may end.
+inline std::size_t nameEndBefore(std::u16string_view text, std::size_t parenthesis) {
+    while (parenthesis > 0 && isWhiteSpace(text[parenthesis - 1])) --parenthesis;
+    return parenthesis;
+}
 
 /// Every "(" of a text, in order.
 using Calls = std::pmr::vector<Call>;
@@ -51,7 +57,9 @@ class CallIndex {
     /// Appends all of the text.
     template <class Meter>
     void collect(std::u16string_view text, Calls& calls, Meter& meter) const {
-        meter.count(text.size());
+        meter.count(2 * text.size());
+        auto const count = std::count(text.begin(), text.end(), u'(');
+        calls.reserve(calls.size() + static_cast<std::size_t>(count + count / 2 + 4));
         for (std::size_t i = 0; i < text.size(); ++i)
             if (text[i] == u'(') calls.push_back(callAt(text, i, meter));
     }
@@ -74,11 +82,10 @@ class CallIndex {
 
 template <class Meter>
 Call CallIndex::callAt(std::u16string_view text, std::size_t parenthesis, Meter& meter) const {
-    Call call{parenthesis, parenthesis, 0, {}};
-    while (call.nameEnd > 0 && isWhiteSpace(text[call.nameEnd - 1])) --call.nameEnd;
-    bool spelled = call.nameEnd == parenthesis;
+    Call call{parenthesis, nameEndBefore(text, parenthesis), {}};
+    bool spelled = call.nameBegin == parenthesis;
     std::size_t node = 0;
-    for (call.nameBegin = call.nameEnd; call.nameBegin > 0; --call.nameBegin) {
+    for (; call.nameBegin > 0; --call.nameBegin) {
         char16_t const unit = text[call.nameBegin - 1];
         node = nodes[node].next[nameLetterOf(unit)];
         if (node == 0) break;

@@ -43,8 +43,8 @@ void Converter::_uppercaseFunctions(std::u16string& text, std::vector<KxJsFuncti
     applyPass(kx::CallPass(kx::spellingRules(catalogue)), text);
 }
 
-void Converter::_replaceOperator(std::u16string& text, std::u16string const op,
-                                 std::u16string const replacement) {
+void Converter::_replaceOperator(std::u16string& text, std::u16string const& op,
+                                 std::u16string const& replacement) {
     kx::Workspace work(text);
     kx::NoMeter meter;
     kx::OperatorReplacement<kx::NoMeter>(work, meter).apply(op, replacement);

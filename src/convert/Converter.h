@@ -33,7 +33,7 @@ class KXJS_API Converter {
     static void _replaceStringFunction(std::u16string& text);
     static void _uppercaseAllFunctions(std::u16string& text);
     static void _uppercaseFunctions(std::u16string& text, std::vector<KxJsFunction>& catalogue);
-    static void _replaceOperator(std::u16string& text, std::u16string const op,
-                                 std::u16string const replacement);
+    static void _replaceOperator(std::u16string& text, std::u16string const& op,
+                                 std::u16string const& replacement);
     friend struct ConverterPasses;  // opens the single passes to tests
 };

@@ -30,6 +30,7 @@ class OperatorReplacement {
         : text(work.text), rewritten(work.rewritten), meter(meter) {}
 
     /// Returns the place of the first replacement, up to which the text is as it was, or `nowhere`.
+    /// An empty operator stands nowhere.
     /// The cost is linear if the replacement is longer than the operator by one unit at most; a
     /// longer one is itself read again from there on.
     std::size_t apply(std::u16string_view op, std::u16string_view replacement);
@@ -56,30 +57,31 @@ template <class Meter>
 std::size_t OperatorReplacement<Meter>::apply(std::u16string_view op,
                                               std::u16string_view replacement) {
     meter.count(text.size());
-    std::size_t place = text.find(op);
-    if (text.empty() || place == std::u16string::npos) return nowhere;
+    if (op.empty() || text.find(op) == std::u16string::npos) return nowhere;
     std::size_t first = nowhere;
     rewritten.clear();
     rewritten.reserve(text.capacity());
+    char16_t const head = op[0];
     bool quoted = false;
-    for (place = 0; place < text.size() && text.size() - op.size() != place; ++place) {
+    std::size_t end = text.size() - op.size();  // behind it the operator does not fit any more
+    for (std::size_t place = 0; place < end; ++place) {
         meter.count(1);
-        if ((text[place] == u'"' || text[place] == u'\'') && switchesQuoting(place))
-            quoted = !quoted;
-        if (quoted || (!op.empty() && text[place] != op[0])) continue;
-        if (text.compare(place, op.size(), op) != 0) continue;
+        char16_t const unit = text[place];
+        if (unit != head && unit != u'"' && unit != u'\'') continue;
+        if ((unit == u'"' || unit == u'\'') && switchesQuoting(place)) quoted = !quoted;
+        if (quoted || text.compare(place, op.size(), op) != 0) continue;
+
         copyUpTo(place);
         if (first == nowhere) first = rewritten.size();
-        std::size_t const replacedEnd = place + op.size();
         std::size_t const passedOver = op.size() + 1;
         rewritten.append(replacement.substr(0, passedOver));
-        copied = replacedEnd;
+        copied = place + op.size();
         if (replacement.size() > passedOver) {
             text.replace(place, op.size(), replacement.substr(passedOver));
-            copied = place;
-            --place;
+            end = text.size() < op.size() ? 0 : text.size() - op.size();
+            copied = place--;
         } else {
-            place = replacedEnd + passedOver - replacement.size() - 1;
+            place = copied + (passedOver - replacement.size()) - 1;
         }
     }
     if (first == nowhere) return nowhere;

@@ -79,10 +79,17 @@ Pattern::Pattern(std::u16string_view text) {
     first = whole.first;
 
     for (std::size_t i = 0; i < instructions.size(); ++i) loopsGiveBack |= mayGiveBack(*this, i);
-    if (!loopsGiveBack) return;
-    PatternCompiler splitting(text, PatternCompiler::Loops::giveBack);
-    instructions = splitting.compile();
-    sets = splitting.takeSets();
+    if (loopsGiveBack) {
+        PatternCompiler splitting(text, PatternCompiler::Loops::giveBack);
+        instructions = splitting.compile();
+        sets = splitting.takeSets();
+    }
+    for (Instruction const& instruction : instructions) {
+        bool const isRun = instruction.code == Code::run || instruction.code == Code::until;
+        if ((isRun && instruction.slot >= maxRuns) ||
+            (loopsGiveBack && instruction.code == Code::split && instruction.slot >= maxSplits))
+            throw std::invalid_argument("pattern not supported: too many loops");
+    }
 }
 
 }  // namespace kx

@@ -41,7 +41,7 @@ struct Instruction {
 class Pattern {
   public:
     static constexpr std::size_t maxGroups = 3;
-    static constexpr std::size_t maxRuns = 8;    ///< loops that keep what they match
+    static constexpr std::size_t maxRuns = 4;    ///< loops of a pattern whose loops keep all
     static constexpr std::size_t maxSplits = 8;  ///< choices of a pattern whose loops give back
 
     /// Throws std::invalid_argument where the text is outside the accepted class.

@@ -97,7 +97,7 @@ std::vector<Word> firstPlaces(Pattern const& pattern, std::size_t maxLength) {
 }
 
 std::vector<Word> necessaryWords(Pattern const& pattern, std::size_t maxLength) {
-    std::vector<Word> const words = firstPlaces(pattern, maxLength);
+    std::vector<Word> words = firstPlaces(pattern, maxLength);
     if (!words.empty()) return words;
     auto const& program = pattern.program();
     for (std::size_t i = 0; i < program.size(); ++i)

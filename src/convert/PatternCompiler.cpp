@@ -18,6 +18,13 @@ bool isOneOf(char16_t unit, std::u16string_view units) {
     return units.find(unit) != std::u16string_view::npos;
 }
 
+/// The first ASCII unit of a set, or 128.
+char16_t firstUnitOf(SymbolSet const& set) {
+    char16_t unit = 0;
+    while (unit < 128 && !set[unit]) ++unit;
+    return unit;
+}
+
 }  // namespace
 
 std::vector<Instruction> PatternCompiler::compile() {
@@ -25,8 +32,6 @@ std::vector<Instruction> PatternCompiler::compile() {
     if (!atEnd()) refuse("unmatched )");
     program.push_back({.code = Code::match});
     if (groups > Pattern::maxGroups) refuse("too many groups");
-    if (runs > Pattern::maxRuns) refuse("too many loops");
-    if (loops == Loops::giveBack && splits > Pattern::maxSplits) refuse("too many choices");
     for (std::size_t i = 0; i < program.size(); ++i) {
         program[i].target += static_cast<std::ptrdiff_t>(i);
         program[i].other += static_cast<std::ptrdiff_t>(i);
@@ -124,9 +129,9 @@ SymbolSet PatternCompiler::literal() {
 }
 
 PatternCompiler::Fragment PatternCompiler::one(SymbolSet const& set) {
-    for (char16_t unit = 0; unit < 128 && set.count() <= 2; ++unit)
-        if (set == literalSet(unit))
-            return {{.code = Code::unit, .capital = capitalOf(unit), .small = smallOf(unit)}};
+    char16_t const unit = firstUnitOf(set);
+    if (unit < 128 && set == literalSet(unit))
+        return {{.code = Code::unit, .capital = capitalOf(unit), .small = smallOf(unit)}};
     return {withSet(Code::set, set)};
 }
 
@@ -134,8 +139,8 @@ PatternCompiler::Fragment PatternCompiler::one(SymbolSet const& set) {
 PatternCompiler::Fragment PatternCompiler::loop(SymbolSet const& set, std::uint16_t minimum) {
     if (loops == Loops::keep) {
         Instruction run = withSet(Code::run, set);
-        for (char16_t unit = 0; unit < 128 && set.count() == symbolCount - 1; ++unit) {
-            if (set != ~literalSet(unit) || capitalOf(unit) != smallOf(unit)) continue;
+        char16_t const unit = firstUnitOf(~set);
+        if (unit < 128 && set == ~SymbolSet{}.set(unit)) {
             run.code = Code::until;
             run.capital = unit;
         }

@@ -92,9 +92,4 @@ CallPass const& functionPasses() {
     return pass;
 }
 
-Rule const& foldWhiteSpace() {
-    static Rule const rule(foldRule.pattern, foldRule.replacement);
-    return rule;
-}
-
 }  // namespace kx

@@ -5,7 +5,7 @@
 
 #include "convert/CallChain.h"
 #include "convert/OperatorChain.h"
-#include "convert/Rule.h"
+#include "convert/WhiteSpaceFolding.h"
 #include "library/KxJsFunction.h"
 
 /// The passes of the conversion, compiled. Each is made at its first use, once for the process,
@@ -36,14 +36,13 @@ CallPass const& miscPass();
 CallPass const& stringPass();
 CallPass const& spellingPass();    ///< the catalogues' names: mathematical, string, miscellaneous
 CallPass const& functionPasses();  ///< the four above in the order of the conversion, as one
-Rule const& foldWhiteSpace();
 
 /// The whole conversion of the workspace's text.
 template <class Meter>
 void convert(Workspace& work, Meter& meter) {
     operatorPass().apply(work, meter);
     functionPasses().apply(work, meter);
-    applyEverywhere(foldWhiteSpace(), {}, work, meter);
+    foldWhiteSpace(work.text, meter);
 }
 
 }  // namespace kx

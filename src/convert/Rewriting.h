@@ -95,8 +95,7 @@ class Rewriting {
         std::size_t const parenthesis = call.parenthesis + shift;
         bool const isStillTrue = call.nameBegin > from || (from == 0 && begin == 0);
         if (isStillTrue)
-            work.rewrittenCalls.push_back(
-                {parenthesis, call.nameEnd + shift, call.nameBegin + shift, call.rules});
+            work.rewrittenCalls.push_back({parenthesis, call.nameBegin + shift, call.rules});
         else
             work.rewrittenCalls.push_back(
                 tracking.index->callAt(work.rewritten, parenthesis, meter));
@@ -120,8 +119,10 @@ std::size_t applyEverywhere(Rule const& rule, CallTracking tracking, Workspace& 
     Rewriting<Meter> rewriting(rule, tracking, work, meter);
     std::u16string_view const text = work.text;
     meter.count(text.size());
-    for (std::size_t i = 0; i + rule.starts.length() <= text.size(); ++i)
-        if (rule.starts.mayStartAt(text, i)) rewriting.offer(i);
+    StartFilter const& starts = rule.starts;
+    std::size_t const end = text.size() < starts.length() ? 0 : text.size() - starts.length() + 1;
+    for (std::size_t i = 0; i < end; ++i)
+        if (starts.mayStartAt(text, i)) rewriting.offer(i);
     return rewriting.finish();
 }
 

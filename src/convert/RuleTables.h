@@ -93,6 +93,4 @@ inline constexpr auto stringRules = std::to_array<RegexRule>({
 inline constexpr std::u16string_view callTailPattern = uR"(\s*\()";
 inline constexpr std::u16string_view callTail = u"(";
 
-inline constexpr RegexRule foldRule{uR"(\s+)", u" "};
-
 }  // namespace kx

@@ -33,9 +33,8 @@ std::u16string applyPass(Pass pass, std::u16string text) {
         case Pass::fold:  // the last step of a conversion, which has no operation of its own
             break;
     }
-    kx::Workspace work(text);
     kx::NoMeter meter;
-    kx::applyEverywhere(kx::foldWhiteSpace(), {}, work, meter);
+    kx::foldWhiteSpace(text, meter);
     return text;
 }
 

@@ -1,4 +1,5 @@
 // The rule engine by itself, beyond the patterns that the rules need today.
+#include <array>
 #include <gtest/gtest.h>
 #include <random>
 #include <stdexcept>
@@ -91,9 +92,10 @@ class PatternGenerator {
     std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random() % bound); }
 
     std::u16string item() {
-        static constexpr std::u16string_view atoms[] = {
-            u"a", u"b", u"B", u"1", u".", u"\\s", u"\\d", u"[^a]", u"[ab]", u"[\\^]", u"[^\\s1]"};
-        static constexpr std::u16string_view quantifiers[] = {u"", u"", u"", u"*", u"+", u"?"};
+        static constexpr auto atoms = std::to_array<std::u16string_view>(
+            {u"a", u"b", u"B", u"1", u".", u"\\s", u"\\d", u"[^a]", u"[ab]", u"[\\^]", u"[^\\s1]"});
+        static constexpr auto quantifiers =
+            std::to_array<std::u16string_view>({u"", u"", u"", u"*", u"+", u"?"});
         return std::u16string(atoms[below(std::size(atoms))]) +
                std::u16string(quantifiers[below(std::size(quantifiers))]);
     }

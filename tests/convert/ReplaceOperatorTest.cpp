@@ -67,6 +67,7 @@ TEST(ReplaceOperator, LeavesTextsThatAreTooShort) {
     EXPECT_EQ(ConverterPasses::replaceOperator(u"", u"<>", u"!="), u"");
     EXPECT_EQ(ConverterPasses::replaceOperator(u"<", u"<>", u"!="), u"<");
     EXPECT_EQ(ConverterPasses::replaceOperator(u"ab", u"abcdef", u"!="), u"ab");
+    EXPECT_EQ(ConverterPasses::replaceOperator(u"ab", u"", u""), u"ab");
 }
 
 TEST(ReplaceOperator, CanLengthenTheText) {

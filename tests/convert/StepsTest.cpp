@@ -3,6 +3,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "convert/Pipeline.h"
 
@@ -40,7 +41,7 @@ struct NamedFamily {
     Family make;
 };
 
-NamedFamily const families[] = {
+std::vector<NamedFamily> const families = {
     {"open calls", repeat(u"SIN(")},
     {"open calls of every kind", repeat(u"SIN(COS (TG(MOD(POWER(IF(EVAL(LTRIM(REPL(LEFT(round (")},
     {"open calls with commas", repeat(u"MOD(a,")},
