@@ -32,9 +32,9 @@ class CallChain {
         work.calls.clear();
         index.collect(work.text, work.calls, meter);
         work.rewrittenCalls.reserve(work.calls.capacity());
-        RuleMask open = openRules(work);
+        RuleMask open = openRules(work, meter);
         for (std::size_t i = open.nextFrom(0); i < steps.size(); i = open.nextFrom(i + 1))
-            if (applyStep(i, work, meter) != nowhere) open = openRules(work);
+            if (applyStep(i, work, meter) != nowhere) open = openRules(work, meter);
     }
 
   private:
@@ -46,7 +46,9 @@ class CallChain {
 
     void addStep(RuleText const& text);
 
-    RuleMask openRules(Workspace const& work) const {
+    template <class Meter>
+    RuleMask openRules(Workspace const& work, Meter& meter) const {
+        meter.count(work.calls.size());
         RuleMask open = always;
         for (Call const& call : work.calls) open |= call.rules;
         return open;

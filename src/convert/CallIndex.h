@@ -19,7 +19,8 @@ namespace kx {
 /// A "(" of the text and the names that end before it.
 struct Call {
     std::size_t parenthesis;
-    std::size_t nameBegin;  ///< what stands before the unit before this does not matter to `rules`
+    std::size_t nameBegin;  ///< of the longest beginning of a name, backwards; the unit before it
+                            ///< is the last that `rules` was learnt from
     RuleMask rules;         ///< those that look for one of the names
 };
 
@@ -54,7 +55,7 @@ class CallIndex {
     template <class Meter>
     Call callAt(std::u16string_view text, std::size_t parenthesis, Meter& meter) const;
 
-    /// Appends all of the text.
+    /// Appends every "(" of the text.
     template <class Meter>
     void collect(std::u16string_view text, Calls& calls, Meter& meter) const {
         meter.count(2 * text.size());

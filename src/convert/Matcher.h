@@ -13,26 +13,26 @@
 /// Runs the program of a pattern over one text, at ascending start positions, with the meaning
 /// that ECMAScript gives to the pattern: alternatives in order, loops greedy, giving back one unit
 /// at a time. The result is as if every position were tried afresh; the cost is linear in the
-/// length of the text, however many starts are tried:
+/// length of the text, however many positions are tried:
 ///
-/// - Without loops, an attempt costs at most the length of the program.
+/// - A pattern without loops costs at most the length of its program at each position.
 ///
-/// - Where no loop can ever have to give back (Pattern.cpp decides that), a loop is a run to the
-///   first unit outside its set, and the last run of each loop is remembered, so that entering it
-///   again within what it covered costs nothing. The patterns of the rules are a few names, white
-///   space, "(", and then nothing, or one run to the next ")", or one to the next "," and a second
-///   one to the next ")". White space behind a name is entered at its first unit only, by at most
-///   one attempt for each name. The runs behind "(" are entered at positions that ascend with the
-///   attempts, since no name holds a "(" and the next "," of a later position is not an earlier
-///   one; so each covers a unit once. Together at most as many passes over the text as the pattern
-///   has names and runs.
+/// - In a pattern whose loops never have to give back (Pattern.cpp finds that out), a loop is a
+///   run to the first unit outside its set, and each loop remembers its last run: entering it
+///   again within that costs nothing. Such patterns among the rules are a few names, white space,
+///   "(", and then nothing, or one run to the next ")", or one run to the next "," and another to
+///   the next ")". White space is entered at its first unit only, as a name ends before it, and
+///   by at most one attempt for each name. The runs behind "(" are entered at ascending places,
+///   as no name holds a "(" and the "," next to a later place is not an earlier one; so each
+///   covers a unit once. Together they look at a unit at most once for each name and run.
 ///
-/// - Where a loop may have to give back, every choice is a split. What a split at a position leads
-///   to depends on nothing else, there being no back references; so a split that was tried at a
-///   position and is reached again there can only fail again. (It cannot have led to a match:
-///   a match consumes what it went through, and since no pattern matches nothing, a later attempt
-///   does not reach a split that could end a match at its very start.) Each split is followed once
-///   for each position, and between two splits lie at most as many instructions as the program has.
+/// - In a pattern whose loops may have to give back, every choice is a split, and a split is
+///   followed only once at each position. There are no back references, so what a split leads to
+///   depends on the position alone, and one that has failed fails again. One that has not failed
+///   is on the way of a match that ended at or behind it, while later attempts begin at that end
+///   or behind it. They could meet it only at the very end; then the rest of the pattern behind
+///   it and all of the pattern before it would match nothing, and so would the pattern, which
+///   none does. Between two splits lies less than the length of the program.
 namespace kx {
 
 inline constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();

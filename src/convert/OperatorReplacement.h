@@ -12,17 +12,17 @@ namespace kx {
 /// Replaces a literal operator outside quotes. The scan is that of a position that walks through a
 /// text rewritten in place:
 ///
-/// - Before each step it stops where the operator would fit for the last time, so an operator at
-///   the very end of the text stays. (A text shorter than the operator has no such place; the scan
-///   then runs to the end and finds nothing.)
+/// - It stops before the place where the operator would fit for the last time, so an operator at
+///   the very end of the text stays.
 /// - A quote of either kind switches between quoted and not, unless a backslash stands before it;
 ///   one at the very start always opens.
 /// - A replacement moves the position on by the length of the operator, and the ordinary step adds
 ///   one more: the unit after a replacement of equal length is never looked at.
 ///
 /// In place each replacement would move the rest of the text. Here the rewritten text grows in a
-/// second string, and the position is kept as the distance that it has from the end of the text,
-/// which no replacement before it changes; so the cost is linear.
+/// second string, and places are those of the old text: the rest of the text is the same in both,
+/// so the place where the operator fits for the last time is, too. Each unit is looked at and
+/// copied once.
 template <class Meter>
 class OperatorReplacement {
   public:
@@ -63,7 +63,7 @@ std::size_t OperatorReplacement<Meter>::apply(std::u16string_view op,
     rewritten.reserve(text.capacity());
     char16_t const head = op[0];
     bool quoted = false;
-    std::size_t end = text.size() - op.size();  // behind it the operator does not fit any more
+    std::size_t end = text.size() - op.size();  // the last place where it fits
     for (std::size_t place = 0; place < end; ++place) {
         meter.count(1);
         char16_t const unit = text[place];
