@@ -21,6 +21,10 @@ TEST(Convert, PrintsOneLineForEachArgument) {
     EXPECT_EQ(kxjs({"convert", "A<>1", "B<>2"}).out, "A!=1\nB!=2\n");
 }
 
+TEST(Convert, KeepsControlCharactersAtTheBeginning) {
+    EXPECT_EQ(kxjs({"convert", "\x01(A)", "--", "\x01"}).out, "\x01(A)\n\x01\n");
+}
+
 TEST(Convert, ReadsStandardInputLineByLine) {
     Outcome const outcome = kxjs({"convert"}, "A<>1\r\nB<>2\n'é😀'<>C");
     EXPECT_EQ(outcome.out, "A!=1\nB!=2\n'é😀'!=C\n");
