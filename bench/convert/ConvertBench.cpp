@@ -5,13 +5,14 @@
 #include <benchmark/benchmark.h>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "convert/Converter.h"
 
 namespace {
 
 void convert(benchmark::State& state, std::u16string const& formula) {
-    for (auto _ : state) benchmark::DoNotOptimize(Converter::_convert(formula.c_str()));
+    while (state.KeepRunning()) benchmark::DoNotOptimize(Converter::_convert(formula.c_str()));
     auto const units = static_cast<double>(formula.size());
     state.counters["units"] = units;
     state.counters["s/unit"] = benchmark::Counter(
@@ -30,7 +31,7 @@ struct Formula {
 };
 
 // Each has 63 characters.
-Formula const formulas[] = {
+std::vector<Formula> const formulas = {
     {"idle", u"price * quantity + shipping - discount + 12 * (tax + surcharge)"},
     {"string calls", u"Lower( Strextract( Alltrim( tcLine), '.SetMain(', ')', 1, 1 ) )"},
     {"operators", u"total >= 100 .AND. (status <> 'open' .OR. paid = 1) AND a <> bc"},
@@ -42,7 +43,7 @@ struct Family {
     std::function<std::u16string(int)> make;
 };
 
-Family const families[] = {
+std::vector<Family> const families = {
     {"SIN( repeated", [](int n) { return repeated(u"SIN(", n / 4); }},
     {"MOD(a repeated", [](int n) { return repeated(u"MOD(a", n / 5); }},
     {"digits and ^", [](int n) { return std::u16string(n, u'1') + u"^"; }},
