@@ -22,6 +22,13 @@ class KxJsFunction;
 /// Threads: no state; any number of threads may convert at once.
 class KXJS_API Converter {
   public:
+    Converter() = default;
+    Converter(Converter const&) = default;
+    Converter(Converter&&) = default;
+    Converter& operator=(Converter const&) = default;
+    Converter& operator=(Converter&&) = default;
+    ~Converter() = default;
+
     /// Returns the JavaScript text of `formula`, which ends at its first zero code unit. A null
     /// pointer counts as an empty formula.
     static std::u16string _convert(char16_t const* formula);

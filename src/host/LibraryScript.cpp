@@ -17,15 +17,6 @@ void append(std::u16string& text, std::vector<KxJsFunction> const& catalogue) {
     }
 }
 
-std::u16string assemble() {
-    std::u16string text;
-    append(text, buildMathFunctions());
-    append(text, buildStringFunctions());
-    for (std::u16string const& statement : buildPrelude()) text += statement;
-    append(text, buildMiscFunctions());
-    return text;
-}
-
 v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
     v8::Local<v8::UnboundScript> script;
     v8::ScriptCompiler::Source source(toEngineString(isolate, libraryText()));
@@ -37,8 +28,20 @@ v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
 
 }  // namespace
 
+std::u16string assembleLibrary(std::vector<KxJsFunction> const& math,
+                               std::vector<KxJsFunction> const& string,
+                               std::vector<KxJsFunction> const& misc) {
+    std::u16string text;
+    append(text, math);
+    append(text, string);
+    for (std::u16string const& statement : buildPrelude()) text += statement;
+    append(text, misc);
+    return text;
+}
+
 std::u16string const& libraryText() {
-    static std::u16string const text = assemble();
+    static std::u16string const text =
+        assembleLibrary(buildMathFunctions(), buildStringFunctions(), buildMiscFunctions());
     return text;
 }
 

@@ -1,16 +1,22 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <v8.h>
 
 #include "host/IsolateRecord.h"
+#include "library/KxJsFunction.h"
 
 namespace kx {
 
-/// The JavaScript text that defines the built-in functions: the mathematical, then the string
-/// records, the prelude, then the miscellaneous records, complete ones only, with nothing between
-/// them. Made once per process.
+/// The JavaScript text that defines functions: the mathematical, then the string records, the
+/// prelude, then the miscellaneous records, complete ones only, with nothing between them.
+std::u16string assembleLibrary(std::vector<KxJsFunction> const& math,
+                               std::vector<KxJsFunction> const& string,
+                               std::vector<KxJsFunction> const& misc);
+
+/// The text of the built-in functions. Made once per process.
 std::u16string const& libraryText();
 
 /// Defines the built-in functions in the entered context. What the script itself throws is

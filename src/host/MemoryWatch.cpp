@@ -81,12 +81,15 @@ void MemoryWatch::look(v8::GCType type) {
 
 void MemoryWatch::collectAndLook(v8::Isolate* isolate, void* self) {
     auto* const watch = static_cast<MemoryWatch*>(self);
+    if (watch->running_ != nullptr) {
+        // A full collection, at whose end look() decides. The level goes back at once: it is not
+        // the machine that is short of memory.
+        isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kCritical);
+        isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kNone);
+    }
+    // Not before: the young part of this very collection must not ask again. The engine serves
+    // requests until there are none, and would never come back to the script to end it.
     watch->isLookPending_ = false;
-    if (watch->running_ == nullptr) return;
-    // A full collection, at whose end look() decides. The level goes back at once: it is not the
-    // machine that is short of memory.
-    isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kCritical);
-    isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kNone);
 }
 
 std::size_t MemoryWatch::nearHardLimit(void* self, std::size_t current, std::size_t /*initial*/) {

@@ -15,8 +15,10 @@ EndReason RunControl::end() {
     if (--depth_ > 0) return EndReason::none;
     State expected = State::running;
     if (state_.compare_exchange_strong(expected, State::idle)) return EndReason::none;
-    while (state_.load(std::memory_order_acquire) == State::requesting) std::this_thread::yield();
-    state_.store(State::idle, std::memory_order_relaxed);
+    // Exchanged, not stored: a second request may begin at any moment before.
+    while (!state_.compare_exchange_weak(expected = State::requested, State::idle)) {
+        std::this_thread::yield();
+    }
     return reason();
 }
 

@@ -40,7 +40,6 @@ TEST(Binding, givesEachTypeToScripts) {
     host.bind(u"D", 0.1);
     host.bind(u"S", u"text");
     host.bind(u"B", false);
-    KxJsVariable const untyped;
     EXPECT_EQ(host.eval(u"typeof L + L"), u"number-2147483648");
     EXPECT_EQ(host.eval(u"typeof D + D"), u"number0.1");
     EXPECT_EQ(host.eval(u"typeof S + S"), u"stringtext");
@@ -78,15 +77,6 @@ TEST(Binding, showsANewValueToTheNextRun) {
     EXPECT_EQ(host.execute(script).result, u"14");
     host.bind(u"A", true);
     EXPECT_EQ(host.execute(script).result, u"2");
-}
-
-TEST(Binding, readsAVariableWithoutATypeAsTrue) {
-    ScriptHost host;
-    host.bind(u"A", 3);
-    std::int32_t const script = host.parse(u"A");
-    KxJsVariable untyped;
-    EXPECT_FALSE(host.host.addSetVariable(untyped));  // and it has no key
-    EXPECT_EQ(host.execute(script).result, u"3");
 }
 
 TEST(Binding, bindsOnlyWhatExistedAtParseTime) {
@@ -190,6 +180,15 @@ TEST(Binding, bindsInKeyOrder) {
     host.bind(u"a", 3);
     // Every line of the prologue can be told apart by breaking its variable's carrier name.
     EXPECT_EQ(host.eval(u"[a,b,B]; Object.keys(this).filter(k => k.length == 1).join()"), u"B,a,b");
+}
+
+TEST(Binding, breaksTheFunctionListingWithAnUpperCaseKey) {
+    ScriptHost host;
+    host.bind(u"price", 1);
+    EXPECT_EQ(host.run(u"price; LISTFUNCT().length > 0"), (ScriptHost::Run{u"true", u""}));
+    host.bind(u"A", 1);
+    host.eval(u"A");
+    EXPECT_NE(host.run(u"LISTFUNCT()").error.find(u"TypeError"), std::u16string::npos);
 }
 
 TEST(Binding, takesManyVariables) {

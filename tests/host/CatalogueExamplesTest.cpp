@@ -43,6 +43,23 @@ TEST(CatalogueExamples, giveWhatTheyState) {
     EXPECT_EQ(right + kx::test::wrongExamples.size(), allExamples().size());
 }
 
+TEST(CatalogueFunctions, refuseACallWithoutArguments) {
+    ScriptHost host;
+    int refused = 0;
+    for (auto const& catalogue :
+         {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {
+        for (KxJsFunction const& function : catalogue) {
+            if (function.getParameters().empty()) continue;
+            std::u16string const call = function.getName() + u"()";
+            std::u16string const message =
+                u"ReferenceError: " + function.getName() + u" missing argument";
+            EXPECT_NE(host.run(call).error.find(message), std::u16string::npos) << narrow(call);
+            ++refused;
+        }
+    }
+    EXPECT_EQ(refused, 62);
+}
+
 TEST(CatalogueExamples, areWrongWhereTheyAreKnownToBe) {
     ScriptHost host;
     for (auto const& wrong : kx::test::wrongExamples) {

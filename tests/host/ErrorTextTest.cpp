@@ -5,6 +5,7 @@
 
 #include "ScriptHost.h"
 #include "host/ErrorText.h"
+#include "host/Text.h"
 
 namespace {
 
@@ -31,6 +32,19 @@ INSTANTIATE_TEST_SUITE_P(all, Columns,
                          testing::Values(ColumnCase{0, 0, u""}, ColumnCase{0, 1, u"^"},
                                          ColumnCase{1, 1, u" "}, ColumnCase{3, 1, u"   "},
                                          ColumnCase{-1, -1, u""}, ColumnCase{-1, 2, u"^^^"}));
+
+TEST(ErrorText, isTheExceptionAloneWithoutAPlace) {
+    ScriptHost const host;  // makes an isolate for the thread
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = v8::Context::New(isolate);
+    v8::Context::Scope const entered(context);
+    v8::TryCatch capture(isolate);
+    capture.SetCaptureMessage(false);
+    isolate->ThrowException(v8::Exception::Error(kx::toEngineString(isolate, u"lost")));
+    ASSERT_TRUE(capture.HasCaught());
+    EXPECT_EQ(kx::errorTextOf(isolate, context, capture), u"Error: lost");
+}
 
 /// Reads `errors/NAME`: the source, a line "====", and the error text with LF for CR LF.
 struct Golden {

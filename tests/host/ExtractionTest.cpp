@@ -1,5 +1,7 @@
+#include <csignal>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "ScriptHost.h"
@@ -54,6 +56,19 @@ TEST(Extraction, leavesOtherHostsAlone) {
               (std::vector<std::u16string>{u"A", u"B"}));
     EXPECT_EQ(host.eval(u"A"), u"1");
     EXPECT_EQ(host.eval(u"typeof made"), u"undefined");
+}
+
+TEST(ExtractionDeathTest, neverEndsOnASourceThatClaimsAMissingName) {
+    for (std::u16string const source :
+         {u"'q is not defined'", u"eval('made' + 'Up')", u"' is not defined'"}) {
+        EXPECT_EXIT(
+            {
+                alarm(1);
+                std::u16string error;
+                KxJsParser::_extractVariable(source, error);
+            },
+            testing::KilledBySignal(SIGALRM), "");
+    }
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ScriptHost.h"
+#include "host/LibraryScript.h"
 
 namespace {
 
@@ -20,6 +22,24 @@ TEST(Lifecycle, installsTheBuiltInFunctions) {
     EXPECT_EQ(host.eval(u"LEN('abc')"), u"3");
     EXPECT_EQ(host.eval(u"ROUND(10.523, 2)"), u"10.52");
     EXPECT_EQ(host.eval(u"IIF(1>2, 'a', 'b')"), u"b");
+}
+
+TEST(Lifecycle, installsCompleteRecordsOnly) {
+    KxJsFunction complete;
+    complete.setName(u"WHOLE");
+    complete.setDescription(u"d");
+    complete.setReturnDescription(u"r");
+    complete.setBody(u"return 1;");
+    KxJsFunction incomplete = complete;
+    incomplete.setName(u"PARTIAL");
+    complete.addExample(u"WHOLE() &rarr; 1");
+    for (int list = 0; list < 3; ++list) {
+        std::vector<std::vector<KxJsFunction>> lists(3);
+        lists[list] = {incomplete, complete};
+        std::u16string const text = kx::assembleLibrary(lists[0], lists[1], lists[2]);
+        EXPECT_NE(text.find(u"function WHOLE()"), std::u16string::npos);
+        EXPECT_EQ(text.find(u"PARTIAL"), std::u16string::npos);
+    }
 }
 
 TEST(Lifecycle, definesTheBuiltInFunctionsAgain) {

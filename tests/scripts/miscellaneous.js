@@ -14,6 +14,7 @@ BETWEEN(10, 10, 20)                            // expect: false
 BETWEEN(20, 10, 20)                            // expect: false
 BETWEEN(11, 10, 20)                            // expect: true
 BUMP(10.5, 'x', 12.34)                         // expect: 10.5
+BUMP('a', 'x', 'z')                            // expect: a
 BUMP(13.5, 11.22, 12.34)                       // expect: 12.34
 INLIST(2, '2')                                 // expect: true
 INLIST('2', 1, 3)                              // expect: false

@@ -1,0 +1,147 @@
+#include <atomic>
+#include <chrono>
+#include <gtest/gtest.h>
+#include <string>
+#include <thread>
+
+#include "ScriptHost.h"
+
+namespace {
+
+using std::chrono::milliseconds;
+using Outcome = ScriptHost::Run;
+
+constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+
+Outcome const kTimedOut{u"", u"The script was ended: it ran longer than its time limit of 50 ms"};
+Outcome const kOutOfMemory{u"",
+                           u"The script was ended: it needed more than the memory limit of 64 MiB"};
+Outcome const kTerminated{u"", u"The script was ended: it was terminated"};
+
+class TimeLimit : public testing::TestWithParam<char16_t const*> {};
+
+TEST_P(TimeLimit, endsTheScriptAndNotTheNext) {
+    ScriptHost host;
+    host.host.setTimeLimit(milliseconds(50));
+    EXPECT_EQ(host.run(GetParam()), kTimedOut);
+    EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
+    EXPECT_EQ(host.run(GetParam()), kTimedOut);
+    host.host.reset();
+    EXPECT_EQ(host.run(u"LEN('abc')"), (Outcome{u"3", u""}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    scripts, TimeLimit,
+    testing::Values(u"while (true);", u"/(a+)+b/.test('a'.repeat(100))",
+                    u"({ toString() { while (true); } })",
+                    u"throw { toString() { while (true); } }",
+                    u"[3,2,1].sort(() => { while (true); })", u"({ get x() { while (true); } }).x",
+                    u"(function f() { Promise.resolve().then(f); })(); 1",
+                    u"Promise.resolve().then(() => { while (true); }); while (true);",
+                    u"try { while (true); } catch (e) {} finally { while (true); }"));
+
+TEST(TimeLimits, areOffByDefaultAndCanBeTakenBack) {
+    ScriptHost host;
+    host.host.setTimeLimit(milliseconds(1));
+    host.host.setTimeLimit(milliseconds(0));
+    EXPECT_EQ(host.eval(u"var end = Date.now() + 30; while (Date.now() < end); 'done'"), u"done");
+}
+
+TEST(TimeLimits, thatPassAsAScriptEndsLeaveTheNextAlone) {
+    ScriptHost host;
+    host.bind(u"LIMIT", 0);
+    std::int32_t const near = host.parse(u"var e = Date.now() + 1; while (Date.now() < e); 1");
+    std::int32_t const next = host.parse(u"2");
+    for (int i = 0; i < 200; ++i) {
+        host.host.setTimeLimit(milliseconds(1));
+        Outcome const outcome = host.execute(near);
+        EXPECT_TRUE(outcome == (Outcome{u"1", u""}) ||
+                    outcome.error ==
+                        u"The script was ended: it ran longer than its time limit of 1 ms");
+        host.host.setTimeLimit(milliseconds(0));
+        ASSERT_EQ(host.execute(next), (Outcome{u"2", u""}));
+    }
+}
+
+class MemoryLimit : public testing::TestWithParam<char16_t const*> {};
+
+TEST_P(MemoryLimit, endsTheScriptAndNotTheNext) {
+    ScriptHost host;
+    host.host.setMemoryLimit(64 * kMebibyte);
+    EXPECT_EQ(host.run(GetParam()), kOutOfMemory);
+    EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
+    host.host.reset();
+    EXPECT_EQ(host.run(u"LEN('abc')"), (Outcome{u"3", u""}));
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    scripts, MemoryLimit,
+    testing::Values(u"(() => { var a = []; while (true) a.push({ x: a.length }); })()",
+                    u"(() => { var a = []; while (true) a.push(new Array(10000).fill(1)); })()",
+                    u"(() => { var f = () => 0; while (true) f = f.bind(f); })()",
+                    u"(function f(a) { Promise.resolve([a]).then(f); f.all = [f.all, "
+                    u"new Array(1000)]; })(); 1"));
+
+TEST(MemoryLimits, refuseArrayBuffers) {
+    ScriptHost host;
+    host.host.setMemoryLimit(64 * kMebibyte);
+    EXPECT_NE(host.run(u"new ArrayBuffer(100 * 1024 * 1024)")
+                  .error.find(u"RangeError: Array buffer allocation failed"),
+              std::u16string::npos);
+    EXPECT_EQ(host.eval(u"new ArrayBuffer(1024).byteLength"), u"1024");
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(MemoryLimits, endAScriptThatKeepsBuffersInAHeapThatIsFull) {
+    ScriptHost host;
+    host.host.setTimeLimit(milliseconds(20000));
+    host.host.setMemoryLimit(64 * kMebibyte);
+    EXPECT_EQ(host.run(u"g = []; for (;;) g.push([1, 2, 3])"), kOutOfMemory);
+    Outcome const outcome = host.run(
+        u"(() => { var b = []; for (var i = 0; i < 40; i++) b.push(new ArrayBuffer(1 << 20));"
+        u" return i; })()");
+    EXPECT_NE(outcome.error.substr(0, 47), u"The script was ended: it ran longer than its ti");
+    EXPECT_EQ(host.eval(u"g = null; 2"), u"2");
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(Terminate, endsTheRunningScript) {
+    ScriptHost host;
+    std::atomic<bool> isOver = false;
+    std::thread other([&] {
+        while (!isOver) {
+            host.host.terminate();
+            std::this_thread::sleep_for(milliseconds(5));
+        }
+    });
+    EXPECT_EQ(host.run(u"while (true);"), kTerminated);
+    isOver = true;
+    other.join();
+    EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
+}
+
+TEST(Terminate, doesNothingBetweenRuns) {
+    ScriptHost host;
+    host.host.terminate();
+    EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
+}
+
+TEST(Terminate, endsARunOrNoneButNeverAnotherWay) {
+    ScriptHost host;
+    std::int32_t const script = host.parse(u"for (var i = 0; i < 2000; ++i); 7");
+    std::atomic<bool> isOver = false;
+    std::thread other([&] {
+        while (!isOver) host.host.terminate();
+    });
+    for (int i = 0; i < 2000; ++i) {
+        Outcome const outcome = host.execute(script);
+        EXPECT_TRUE(outcome == (Outcome{u"7", u""}) || outcome == kTerminated)
+            << testing::PrintToString(outcome);
+    }
+    isOver = true;
+    other.join();
+    EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
+}
+
+}  // namespace
