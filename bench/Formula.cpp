@@ -22,10 +22,10 @@ std::string unseen(std::string const& pattern, std::uint64_t number) {
 
 std::u16string widen(std::string const& ascii) { return {ascii.begin(), ascii.end()}; }
 
-std::string narrow(std::u16string const& ascii) {
-    std::string text;
-    for (char16_t const unit : ascii) text += static_cast<char>(unit);
-    return text;
+std::string narrow(std::u16string const& text) {
+    std::string ascii;
+    for (char16_t const unit : text) ascii += unit < 0x80 ? static_cast<char>(unit) : '?';
+    return ascii;
 }
 
 }  // namespace bench

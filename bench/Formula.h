@@ -29,6 +29,7 @@ struct Formula {
 std::string unseen(std::string const& pattern, std::uint64_t number);
 
 std::u16string widen(std::string const& ascii);
-std::string narrow(std::u16string const& ascii);
+/// Anything else than ASCII becomes a question mark.
+std::string narrow(std::u16string const& text);
 
 }  // namespace bench

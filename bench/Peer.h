@@ -82,12 +82,11 @@ Nanoseconds timed(Work&& work) {
 }
 
 /// The texts of `count` unseen formulas.
-template <class Text, class Convert>
-std::vector<Text> unseenTexts(std::string const& pattern, std::uint64_t first, std::uint64_t count,
-                              Convert&& convert) {
-    std::vector<Text> texts;
+inline std::vector<std::string> unseenTexts(std::string const& pattern, std::uint64_t first,
+                                            std::uint64_t count) {
+    std::vector<std::string> texts;
     texts.reserve(count);
-    for (std::uint64_t i = 0; i < count; ++i) texts.push_back(convert(unseen(pattern, first + i)));
+    for (std::uint64_t i = 0; i < count; ++i) texts.push_back(unseen(pattern, first + i));
     return texts;
 }
 

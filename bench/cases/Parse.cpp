@@ -7,7 +7,7 @@ std::vector<Case> parseCases() {
     Case parse;
     parse.title = "parse";
     parse.task = Task::parse;
-    parse.formula.javaScript = "(PRICE*1.21+2.5)*(PRICE-3)+#######/PRICE";
+    parse.formula.javaScript = "(PRICE*1.25+2.5)*(PRICE-3)+#######-PRICE";
     parse.formula.muParser = parse.formula.javaScript;
     parse.formula.lua = "return " + parse.formula.javaScript;
     parse.formula.variables = {{.name = "PRICE", .number = 12.75}};

@@ -58,14 +58,14 @@ class Library final : public Peer {
     }
 
     Nanoseconds parse(std::uint64_t first, std::uint64_t count) override {
-        auto const texts = unseenTexts<std::u16string>(formula_.javaScript, first, count, widen);
+        auto const texts = wideTexts(first, count);
         return timed([&] {
             for (std::u16string const& text : texts) index_ = host_->parse(text, error_);
         });
     }
 
     Nanoseconds oneShot(std::uint64_t first, std::uint64_t count) override {
-        auto const texts = unseenTexts<std::u16string>(formula_.javaScript, first, count, widen);
+        auto const texts = wideTexts(first, count);
         std::uint64_t number = first;
         return timed([&] {
             for (std::u16string const& text : texts) {
@@ -97,6 +97,14 @@ class Library final : public Peer {
     }
 
   private:
+    std::vector<std::u16string> wideTexts(std::uint64_t first, std::uint64_t count) const {
+        std::vector<std::u16string> texts;
+        for (std::string const& text : unseenTexts(formula_.javaScript, first, count)) {
+            texts.push_back(widen(text));
+        }
+        return texts;
+    }
+
     void bindAll(std::uint64_t run) {
         for (Variable const& variable : formula_.variables) {
             std::u16string const name = widen(variable.name);

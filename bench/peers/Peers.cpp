@@ -25,10 +25,37 @@ std::string assemble() {
 
 }  // namespace
 
+// The build says which engines it has found.
 std::vector<PeerEntry> const& allPeers() {
     static std::vector<PeerEntry> const peers{
         {"library", "", makeLibraryPeer},
         {"raw V8", "", makeRawV8Peer},
+#ifdef KXJS_HAS_DUKTAPE
+        {"Duktape", "duktape-dev", makeDuktapePeer},
+#else
+        {"Duktape", "duktape-dev", nullptr},
+#endif
+#ifdef KXJS_HAS_MUJS
+        {"MuJS", "libmujs-dev", makeMuJsPeer},
+#else
+        {"MuJS", "libmujs-dev", nullptr},
+#endif
+#ifdef KXJS_HAS_SPIDERMONKEY
+        {"SpiderMonkey", "libmozjs-102-dev", makeSpiderMonkeyPeer},
+#else
+        {"SpiderMonkey", "libmozjs-102-dev", nullptr},
+#endif
+        {"Node vm", "nodejs", makeNodePeer},
+#ifdef KXJS_HAS_LUAJIT
+        {"LuaJIT", "libluajit-5.1-dev", makeLuaJitPeer},
+#else
+        {"LuaJIT", "libluajit-5.1-dev", nullptr},
+#endif
+#ifdef KXJS_HAS_MUPARSER
+        {"muParser", "libmuparser-dev", makeMuParserPeer},
+#else
+        {"muParser", "libmuparser-dev", nullptr},
+#endif
     };
     return peers;
 }

@@ -169,9 +169,11 @@ class RawV8 final : public Peer {
     }
 
     std::vector<std::u16string> sources(std::uint64_t first, std::uint64_t count) const {
-        return unseenTexts<std::u16string>(
-            formula_.javaScript, first, count,
-            [this](std::string const& text) { return prologue_ + widen(text); });
+        std::vector<std::u16string> texts;
+        for (std::string const& text : unseenTexts(formula_.javaScript, first, count)) {
+            texts.push_back(prologue_ + widen(text));
+        }
+        return texts;
     }
 
     void setValues(std::uint64_t run) {
