@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cases/Cases.h"
+
+namespace bench {
+
+/// What has been measured: for a row and a peer, the nanoseconds that one piece of work took, once
+/// for every round.
+class Figures {
+  public:
+    void add(std::string const& row, std::string const& peer, double nanoseconds);
+    /// 0 where nothing was measured.
+    double median(std::string const& row, std::string const& peer) const;
+
+  private:
+    std::map<std::pair<std::string, std::string>, std::vector<double>> rounds_;
+};
+
+/// Why a peer is not in the table, for each that is not.
+using Absences = std::map<std::string, std::string>;
+
+/// Prints the rows that have figures as a Markdown table: raw V8's time and the library's, the
+/// library's ratio and its goal, then the other peers' ratios to raw V8.
+void printTable(std::ostream& out, std::vector<Case> const& cases,
+                std::vector<std::string> const& peers, Figures const& figures,
+                Absences const& absences);
+
+/// A time with its unit and three digits: "431 ns", "8.02 us".
+std::string timeText(double nanoseconds);
+
+}  // namespace bench

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Peer.h"
+
+namespace bench {
+
+/// One row of the table.
+struct Case {
+    std::string title;
+    Task task = Task::execute;
+    Formula formula;
+    /// Pieces of work in one timed stretch: enough for the clock, few enough to be kept.
+    std::uint64_t batch = 1;
+    /// Gets the peer ready; not timed.
+    std::function<void(Peer&)> prepare;
+    /// One timed stretch.
+    std::function<Nanoseconds(Peer&, std::uint64_t first, std::uint64_t count)> work;
+    /// The results that every peer must have in common; not timed.
+    std::function<std::string(Peer&)> results;
+    /// What the library may take at most, in raw V8's time; 0 where raw V8 has no part.
+    double goal = 0;
+};
+
+std::vector<Case> hostReadyCases();
+std::vector<Case> parseCases();
+std::vector<Case> executeCases();
+std::vector<Case> oneShotCases();
+
+/// All rows, in the table's order.
+std::vector<Case> allCases();
+
+}  // namespace bench
