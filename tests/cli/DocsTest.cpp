@@ -8,6 +8,7 @@
 #include <regex>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
@@ -151,12 +152,19 @@ TEST_F(Docs, RefusesADirectoryAsFile) {
 
 /// kxjs with one failing call of a system function.
 Outcome runFailing(std::string const& call, std::vector<std::string> const& arguments) {
-    return run({.arguments = arguments,
-                .input = {},
-                .environment = {{"LD_PRELOAD", KXJS_FAILING_CALLS},
-                                {"KXJS_FAIL", call},
-                                {"ASAN_OPTIONS", "verify_asan_link_order=0"}},
-                .outputFile = {}});
+    // The loader splits its list of libraries at blanks, which the build's directory may have.
+    std::string directory = (fs::temp_directory_path() / "kxjs-failing-XXXXXX").string();
+    if (::mkdtemp(directory.data()) == nullptr) throw std::runtime_error("mkdtemp");
+    fs::path const library = fs::path(directory) / "library.so";
+    fs::create_symlink(KXJS_FAILING_CALLS, library);
+    Outcome outcome = run({.arguments = arguments,
+                           .input = {},
+                           .environment = {{"LD_PRELOAD", library.string()},
+                                           {"KXJS_FAIL", call},
+                                           {"ASAN_OPTIONS", "verify_asan_link_order=0"}},
+                           .outputFile = {}});
+    fs::remove_all(directory);
+    return outcome;
 }
 
 TEST_F(Docs, LeavesAFileAsItWasWhenTheDiskFails) {

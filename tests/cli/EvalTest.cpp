@@ -223,6 +223,7 @@ TEST(Eval, StopsAtAZeroByteOnStandardInput) {
 }
 
 TEST(Eval, DoesNotWaitForATerminal) {
+    if (!hasTerminals()) GTEST_SKIP() << "no terminals here";
     Outcome const outcome = runOnTerminal({"eval"}, 80);
     EXPECT_THAT(outcome.err, HasSubstr("no formula given"));
     EXPECT_EQ(outcome.status, 2);

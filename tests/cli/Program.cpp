@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <pty.h>
 #include <spawn.h>
@@ -130,6 +131,12 @@ Outcome kxjs(std::vector<std::string> arguments, std::string input) {
                 .input = std::move(input),
                 .environment = {},
                 .outputFile = {}});
+}
+
+bool hasTerminals() {
+    int const master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (master >= 0) ::close(master);
+    return master >= 0;
 }
 
 Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns) {

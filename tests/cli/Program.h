@@ -25,6 +25,9 @@ Outcome run(Program const& program);
 /// kxjs with `arguments`, and with `input` on standard input.
 Outcome kxjs(std::vector<std::string> arguments, std::string input = {});
 
+/// Whether this system has terminals to give; a bare container may not.
+bool hasTerminals();
+
 /// Runs kxjs with `arguments` on a terminal of `columns` columns; `out` is what it shows.
 Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns);
 
