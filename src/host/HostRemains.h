@@ -8,6 +8,7 @@
 #include <v8.h>
 
 #include "host/Carriers.h"
+#include "host/CompiledScript.h"
 #include "host/KxJsVariable.h"
 #include "host/PersistentHandle.h"
 
@@ -18,7 +19,7 @@ namespace kx {
 struct HostRemains {
     Carriers carriers;
     std::map<std::u16string, KxJsVariable> variables;
-    std::vector<std::unique_ptr<PersistentHandle<v8::Script>>> scripts;
+    std::vector<std::unique_ptr<CompiledScript>> scripts;
     std::unique_ptr<PersistentHandle<v8::ObjectTemplate>> globalTemplate;
     std::unique_ptr<PersistentHandle<v8::Context>> context;
 };

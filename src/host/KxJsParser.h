@@ -27,6 +27,7 @@ class Value;
 }  // namespace v8
 
 namespace kx {
+class CompiledScript;
 class HostEngine;
 template <class T>
 class PersistentHandle;
@@ -133,7 +134,7 @@ class KXJS_API KxJsParser {
 
     std::unique_ptr<kx::PersistentHandle<v8::Context>> _mContext;
     std::unique_ptr<kx::PersistentHandle<v8::ObjectTemplate>> _mGlobalTemplate;
-    std::vector<std::unique_ptr<kx::PersistentHandle<v8::Script>>> _mVecOfCompiledScripts;
+    std::vector<std::unique_ptr<kx::CompiledScript>> _mVecOfCompiledScripts;
     std::map<std::u16string, KxJsVariable> _mVariables;
     std::unique_ptr<kx::HostEngine> _mEngine;
 };

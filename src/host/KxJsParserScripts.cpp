@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/CompiledScript.h"
 #include "host/ErrorText.h"
 #include "host/HostEngine.h"
 #include "host/KxJsParser.h"
@@ -35,7 +36,8 @@ std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
         error = reportException(capture);
         return kNotParsed;
     }
-    _mVecOfCompiledScripts.push_back(kx::makePersistent(isolate, script));
+    _mVecOfCompiledScripts.push_back(
+        std::make_unique<kx::CompiledScript>(isolate, script, wrapped));
     return static_cast<std::int32_t>(_mVecOfCompiledScripts.size() - 1);
 }
 
@@ -55,7 +57,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     if (position >= _mVecOfCompiledScripts.size()) {
         throw std::out_of_range("invalid vector<T> subscript");
     }
-    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->get(isolate);
+    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->forRun(isolate);
     std::u16string result;
     v8::Local<v8::Value> completion;
     bool const hasCompleted = script->Run(context).ToLocal(&completion);

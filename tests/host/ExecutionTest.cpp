@@ -170,6 +170,24 @@ TEST(Execution, takesSourcesOfAnyLength) {
     EXPECT_EQ(host.eval(u"1"), u"1");
 }
 
+TEST(Execution, saysThatAScriptHasDeclaredItsNamesAlready) {
+    ScriptHost host;
+    for (std::u16string const declaration : {u"let", u"const"}) {
+        std::u16string const name = u"by_" + declaration;
+        std::int32_t const index = host.parse(declaration + u" " + name + u" = 5; " + name);
+        EXPECT_EQ(host.execute(index), (Outcome{u"5", u""}));
+        std::u16string const taken =
+            u"SyntaxError: Identifier '" + name + u"' has already been declared";
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_NE(host.execute(index).error.find(taken), std::u16string::npos);
+        }
+        EXPECT_EQ(host.eval(name), u"5");
+    }
+    std::int32_t const shape = host.parse(u"class Shape {} typeof Shape");
+    EXPECT_EQ(host.execute(shape).result, u"function");
+    EXPECT_NE(host.execute(shape).error, u"");
+}
+
 TEST(Execution, takesZeroesAndBrokenSurrogatesInASource) {
     ScriptHost host;
     EXPECT_EQ(host.eval(std::u16string(u"'a\0b'.length", 12)), u"3");

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include <v8.h>
+
+namespace kx {
+
+/// A cell on the heap that keeps a compiled script alive. Destroying the cell disposes of the
+/// handle, so a cell must not be destroyed after its isolate: see IsolateRecord.
+class CompiledScript {
+  public:
+    CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source)
+        : handle_(isolate, script), mayDeclareNames_(mayDeclareNames(source)) {}
+
+    /// The script for one run. The engine leaves a script that has declared names with let, const
+    /// or class in a state in which a second run ends the process, so such a script is bound anew
+    /// for each run, and says itself that the names are taken.
+    v8::Local<v8::Script> forRun(v8::Isolate* isolate) const {
+        v8::Local<v8::Script> const script = handle_.Get(isolate);
+        return mayDeclareNames_ ? script->GetUnboundScript()->BindToCurrentContext() : script;
+    }
+
+  private:
+    static bool mayDeclareNames(std::u16string_view source) {
+        constexpr auto kNone = std::u16string_view::npos;
+        return source.find(u"let") != kNone || source.find(u"const") != kNone ||
+               source.find(u"class") != kNone;
+    }
+
+    v8::Global<v8::Script> handle_;
+    bool mayDeclareNames_;
+};
+
+}  // namespace kx
