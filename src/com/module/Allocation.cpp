@@ -9,6 +9,9 @@ void* operator new(std::size_t size, std::nothrow_t const&) noexcept { return st
 
 void* operator new[](std::size_t size, std::nothrow_t const&) noexcept { return std::malloc(size); }
 
+// The throwing forms of operator new are never called.
+// NOLINTBEGIN(misc-new-delete-overloads)
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
@@ -16,3 +19,5 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 
 void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+
+// NOLINTEND(misc-new-delete-overloads)

@@ -1,5 +1,7 @@
 #include "Arrays.h"
 
+#include <array>
+
 #include "Texts.h"
 
 namespace kx {
@@ -15,9 +17,10 @@ TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::
 
 BridgeResult KX_BRIDGE_CALL OutArray::begin(void* target, std::uint32_t rows) {
     auto& self = *static_cast<OutArray*>(target);
-    SAFEARRAYBOUND bounds[2] = {{rows, 0}, {self._mShape == ArrayShape::pairs ? 2 : rows, 0}};
+    std::array<SAFEARRAYBOUND, 2> bounds = {
+        {{rows, 0}, {self._mShape == ArrayShape::pairs ? 2 : rows, 0}}};
     UINT const dimensions = self._mShape == ArrayShape::list ? 1 : 2;
-    self._mArray = SafeArrayCreate(VT_BSTR, dimensions, bounds);
+    self._mArray = SafeArrayCreate(VT_BSTR, dimensions, bounds.data());
     return self._mArray != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
 }
 
@@ -26,11 +29,11 @@ BridgeResult KX_BRIDGE_CALL OutArray::takeRow(void* target, std::uint32_t row,
                                               std::uint32_t cellCount) {
     auto& self = *static_cast<OutArray*>(target);
     for (std::uint32_t cell = 0; cell < cellCount; ++cell) {
-        BSTR const text = makeBstr(cells[cell]);
+        BSTR text = makeBstr(cells[cell]);
         if (text == nullptr) return BridgeResult::outOfMemory;
-        LONG indices[2] = {static_cast<LONG>(row), static_cast<LONG>(cell)};
+        std::array<LONG, 2> indices = {static_cast<LONG>(row), static_cast<LONG>(cell)};
         // An element that cannot be stored stays a null BSTR; the others still are of use.
-        SafeArrayPutElement(self._mArray, indices, text);
+        SafeArrayPutElement(self._mArray, indices.data(), text);
         SysFreeString(text);
     }
     return BridgeResult::done;

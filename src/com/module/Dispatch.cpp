@@ -59,6 +59,7 @@ HRESULT invoke(ITypeInfo& info, IKxJsParserX& object, DISPID id, WORD flags, DIS
 
     // The caller's arguments are not to be changed, so the call sees a copy of them.
     UINT const count = parameters->cArgs;
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays)
     std::unique_ptr<VARIANTARG[]> const arguments(new (std::nothrow) VARIANTARG[count]);
     if (!arguments) return E_OUTOFMEMORY;
     std::copy_n(parameters->rgvarg, count, arguments.get());

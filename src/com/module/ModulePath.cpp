@@ -4,7 +4,7 @@
 #include <new>
 
 // The linker puts this name at the start of the module; its address is the module's handle.
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
 
 namespace kx {
 

@@ -5,7 +5,7 @@
 
 namespace kx {
 
-using WideText = std::unique_ptr<wchar_t[]>;
+using WideText = std::unique_ptr<wchar_t[]>;  // NOLINT(modernize-avoid-c-arrays)
 
 /// The handle of this module, not of the program that loaded it.
 HMODULE thisModule();

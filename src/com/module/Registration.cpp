@@ -11,7 +11,7 @@ constexpr UINT classScript = 2001;
 
 // RegisterTypeLib enters the library under its own locale, and the marshaller looks for it under
 // the neutral one, without which an object cannot be made from a multithreaded apartment.
-constexpr wchar_t neutralLocaleScript[] =
+constexpr wchar_t const* neutralLocaleScript =
     L"HKCR\r\n"
     L"{\r\n"
     L"\tNoRemove TypeLib\r\n"

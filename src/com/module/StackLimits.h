@@ -6,15 +6,12 @@ namespace kx {
 
 /// The bounds of the calling thread's stack.
 struct StackLimits {
-    void const* low;
-    void const* high;
+    void* low = nullptr;
+    void* high = nullptr;
 
     StackLimits() {
-        ULONG_PTR lowest = 0;
-        ULONG_PTR highest = 0;
-        GetCurrentThreadStackLimits(&lowest, &highest);
-        low = reinterpret_cast<void const*>(lowest);
-        high = reinterpret_cast<void const*>(highest);
+        GetCurrentThreadStackLimits(reinterpret_cast<ULONG_PTR*>(&low),
+                                    reinterpret_cast<ULONG_PTR*>(&high));
     }
 };
 

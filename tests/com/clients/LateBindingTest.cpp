@@ -1,5 +1,6 @@
 // A late-bound client: names and arguments through IDispatch, as scripts pass them.
 
+#include <map>
 #include <string>
 #include <vector>
 #include <windows.h>
@@ -45,12 +46,12 @@ void namesGiveTheIdentifiers() {
 
 void parametersHaveNames() {
     Dispatch const parser = createLateParser();
-    wchar_t method[] = L"parse";
-    wchar_t source[] = L"strSource";
-    wchar_t error[] = L"pstrError";
-    LPOLESTR names[] = {method, source, error};
-    DISPID ids[3] = {};
-    CHECK_EQUAL(S_OK, parser->GetIDsOfNames(IID_NULL, names, 3, 0x409, ids));
+    std::wstring method = L"parse";
+    std::wstring source = L"strSource";
+    std::wstring error = L"pstrError";
+    std::vector<LPOLESTR> names = {method.data(), source.data(), error.data()};
+    std::vector<DISPID> ids(3);
+    CHECK_EQUAL(S_OK, parser->GetIDsOfNames(IID_NULL, names.data(), 3, 0x409, ids.data()));
     CHECK_EQUAL(4, ids[0]);
     CHECK_EQUAL(0, ids[1]);
     CHECK_EQUAL(1, ids[2]);
@@ -119,15 +120,12 @@ void documentsAndArraysComeBack() {
     Variant pages;
     CHECK_EQUAL(S_OK, call(parser, L"getUserDocumentationManyPages", {}, &pages));
     CHECK_SHAPE(pages, 63, 2);
-    struct {
-        wchar_t const* method;
-        LONG size;
-    } const catalogues[] = {
+    std::map<std::wstring, LONG> const catalogues = {
         {L"getMathFunctions", 14}, {L"getStringFunctions", 40}, {L"getOtherFunctions", 9}};
-    for (auto const& catalogue : catalogues) {
+    for (auto const& [method, size] : catalogues) {
         Variant array;
-        CHECK_EQUAL(S_OK, call(parser, catalogue.method, {variableArgument(array)}));
-        CHECK_SHAPE(array, catalogue.size, catalogue.size);
+        CHECK_EQUAL(S_OK, call(parser, method, {variableArgument(array)}));
+        CHECK_SHAPE(array, size, size);
     }
 }
 
@@ -206,9 +204,9 @@ void argumentsMayBeNamed() {
     Bstr const wrong(L"1+");
     Variant variable;
     Variant result;
-    VARIANT arguments[] = {variableArgument(variable), argument(wrong)};
-    DISPID names[] = {1, 0};
-    DISPPARAMS parameters = {arguments, names, 2, 2};
+    std::vector<VARIANT> arguments = {variableArgument(variable), argument(wrong)};
+    std::vector<DISPID> names = {1, 0};
+    DISPPARAMS parameters = {arguments.data(), names.data(), 2, 2};
     CHECK_EQUAL(S_OK, parser->Invoke(idOf(parser, L"parse"), IID_NULL, 0x409, DISPATCH_METHOD,
                                      &parameters, &result, nullptr, nullptr));
     CHECK_EQUAL(-1, result.lVal);

@@ -27,7 +27,7 @@ void leaveOne() {
 
 /// Ends the process while another thread is inside a script that never ends.
 [[noreturn]] void leaveRunning() {
-    HANDLE const started = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE started = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     Thread const thread([started] {
         Apartment const apartment;
         Parser const parser = createInitializedParser();

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 #include <windows.h>
 
 #include "support/ArrayReader.h"
@@ -242,8 +243,8 @@ void lateCallsReportIt() {
     Variant variable;
     variable.vt = VT_BSTR;
     variable.bstrVal = SysAllocString(L"kept");
-    VARIANT arguments[] = {variableArgument(variable), argument(source)};
-    DISPPARAMS parameters = {arguments, nullptr, 2, 0};
+    std::vector<VARIANT> arguments = {variableArgument(variable), argument(source)};
+    DISPPARAMS parameters = {arguments.data(), nullptr, 2, 0};
     EXCEPINFO exception = {};
     Variant result;
     allocations = 0;

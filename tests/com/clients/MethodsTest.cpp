@@ -1,5 +1,6 @@
 // An early-bound client: what each method of IKxJsParserX does.
 
+#include <map>
 #include <string>
 #include <vector>
 #include <windows.h>
@@ -150,15 +151,13 @@ void numbersCrossUnchanged() {
 
 void onlyVariantTrueIsTrue() {
     Parser const parser = createInitializedParser();
-    struct {
-        VARIANT_BOOL given;
-        wchar_t const* seen;
-    } const rows[] = {{VARIANT_TRUE, L"true"}, {VARIANT_FALSE, L"false"},
-                      {1, L"false"},           {2, L"false"},
-                      {-2, L"false"},          {255, L"false"}};
-    for (auto const& row : rows) {
-        setBool(parser, L"b", row.given);
-        CHECK_EQUAL(row.seen, evaluate(parser, L"b"));
+    std::map<VARIANT_BOOL, wchar_t const*> const rows = {
+        {VARIANT_TRUE, L"true"}, {VARIANT_FALSE, L"false"},
+        {1, L"false"},           {2, L"false"},
+        {-2, L"false"},          {255, L"false"}};
+    for (auto const& [given, seen] : rows) {
+        setBool(parser, L"b", given);
+        CHECK_EQUAL(seen, evaluate(parser, L"b"));
     }
 }
 

@@ -21,10 +21,10 @@ namespace {
 
 std::wstring testedPath;
 
-constexpr wchar_t classKey[] = L"CLSID\\{1D46AEC2-C503-4983-9AB5-183DB6D45D68}";
-constexpr wchar_t applicationKey[] = L"AppID\\{75723371-8D99-4CF7-84EB-860F81CE64B6}";
-constexpr wchar_t libraryKey[] = L"TypeLib\\{1AC236FC-A95E-4AEA-8B6E-0A1013EF9563}";
-constexpr wchar_t interfaceKey[] = L"Interface\\{484C8D5A-6F67-4EEB-A0C8-D165DDDE2F4D}";
+constexpr wchar_t const* classKey = L"CLSID\\{1D46AEC2-C503-4983-9AB5-183DB6D45D68}";
+constexpr wchar_t const* applicationKey = L"AppID\\{75723371-8D99-4CF7-84EB-860F81CE64B6}";
+constexpr wchar_t const* libraryKey = L"TypeLib\\{1AC236FC-A95E-4AEA-8B6E-0A1013EF9563}";
+constexpr wchar_t const* interfaceKey = L"Interface\\{484C8D5A-6F67-4EEB-A0C8-D165DDDE2F4D}";
 
 RegistryTree readAll() { return readRegistry(L""); }
 
@@ -124,9 +124,10 @@ void registeredServerIsFound() {
     Apartment const apartment;
     {
         Parser const parser = createParser();
-        wchar_t loaded[MAX_PATH] = {};
-        GetModuleFileNameW(GetModuleHandleW(L"KxJsParser.dll"), loaded, MAX_PATH);
-        CHECK_EQUAL(testedPath, std::wstring(loaded));
+        std::wstring loaded(MAX_PATH, L'\0');
+        loaded.resize(
+            GetModuleFileNameW(GetModuleHandleW(L"KxJsParser.dll"), loaded.data(), MAX_PATH));
+        CHECK_EQUAL(testedPath, loaded);
         CHECK_EQUAL(L"2", evaluate(parser, L"1+1"));
     }
     for (LCID const locale : {0x409, 0}) {
@@ -228,7 +229,7 @@ std::wstring copyToAwkwardDirectory(std::wstring const& path) {
     CreateDirectoryW(parent.c_str(), nullptr);
     CreateDirectoryW(directory.c_str(), nullptr);
     WIN32_FIND_DATAW file;
-    HANDLE const search = FindFirstFileW((directoryOf(path) + L"\\*").c_str(), &file);
+    HANDLE search = FindFirstFileW((directoryOf(path) + L"\\*").c_str(), &file);
     if (search == INVALID_HANDLE_VALUE) throw std::runtime_error("no files beside the server");
     do {
         if (file.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;

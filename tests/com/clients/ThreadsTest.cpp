@@ -1,6 +1,7 @@
 // Apartments: each thread with an engine of its own, and calls from other threads' apartments.
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 #include <windows.h>
@@ -32,6 +33,7 @@ void work(int number, int rounds) {
 
 void apartmentsWorkAtOnce() {
     std::vector<Thread> threads;
+    threads.reserve(8);
     for (int number = 1; number <= 8; ++number) {
         threads.emplace_back([number] { work(number, 2000); });
     }
@@ -49,6 +51,7 @@ void factoriesAreMadeOnce() {
     std::vector<IClassFactory*> factories(8);
     {
         std::vector<Thread> threads;
+        threads.reserve(factories.size());
         for (IClassFactory*& factory : factories) {
             threads.emplace_back([&] {
                 void* result = nullptr;
@@ -129,6 +132,7 @@ void threadsOfOneApartmentShareAnObject() {
         parse(parser, L"this.calls = (this.calls || 0) + 1");
         {
             std::vector<Thread> threads;
+            threads.reserve(4);
             for (int i = 0; i < 4; ++i) {
                 threads.emplace_back([&parser] {
                     Apartment const same(COINIT_MULTITHREADED);
@@ -154,17 +158,20 @@ void apartmentsCallEachOther() {
         IStream* stream = nullptr;
         CHECK_EQUAL(S_OK,
                     CoMarshalInterThreadInterfaceInStream(IID_IKxJsParserX, parser.get(), &stream));
-        HANDLE const done = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+        HANDLE done = CreateEventW(nullptr, TRUE, FALSE, nullptr);
         Thread const caller([&] {
+            // Also when it fails: the other thread waits.
+            std::unique_ptr<void, BOOL (*)(void*)> const end(
+                done, [](void* event) { return SetEvent(event); });
             {
                 Apartment const other;
                 Parser proxy;
                 CHECK_EQUAL(S_OK, CoGetInterfaceAndReleaseStream(stream, IID_IKxJsParserX,
                                                                  proxy.putVoid()));
+                if (!proxy) throw std::runtime_error("no proxy");
                 CHECK(proxy.get() != parser.get());
                 CHECK_EQUAL(L"3", evaluate(proxy, L"LEN('ABC')"));
             }
-            SetEvent(done);
         });
         waitAndServe(done);
         CloseHandle(done);

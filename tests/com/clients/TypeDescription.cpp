@@ -1,5 +1,7 @@
 #include "TypeDescription.h"
 
+#include <array>
+
 #include "support/Com.h"
 
 namespace test {
@@ -43,10 +45,9 @@ std::wstring describeDirection(USHORT flags) {
 }
 
 std::wstring describeMethod(ITypeInfo* info, FUNCDESC const& method) {
-    constexpr UINT mostNames = 16;
-    BSTR names[mostNames] = {};
+    std::array<BSTR, 16> names = {};
     UINT count = 0;
-    info->GetNames(method.memid, names, mostNames, &count);
+    info->GetNames(method.memid, names.data(), static_cast<UINT>(names.size()), &count);
     Bstr help;
     info->GetDocumentation(method.memid, nullptr, help.put(), nullptr, nullptr);
 
@@ -54,7 +55,7 @@ std::wstring describeMethod(ITypeInfo* info, FUNCDESC const& method) {
     for (SHORT i = 0; i < method.cParams; ++i) {
         ELEMDESC const& parameter = method.lprgelemdescParam[i];
         text += (i > 0 ? L", " : L"") + describeDirection(parameter.paramdesc.wParamFlags) +
-                describeType(info, parameter.tdesc) + L" " + names[i + 1];
+                describeType(info, parameter.tdesc) + L" " + names[static_cast<std::size_t>(i) + 1];
     }
     text += L") \"" + help.text() + L"\"";
     std::wstring const result = describeType(info, method.elemdescFunc.tdesc);

@@ -14,8 +14,9 @@ using namespace test;
 namespace {
 
 std::wstring guidText(REFGUID guid) {
-    OLECHAR text[64] = {};
-    StringFromGUID2(guid, text, 64);
+    std::wstring text(39, L'\0');  // with the zero at its end
+    StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+    text.pop_back();
     return text;
 }
 
@@ -35,9 +36,9 @@ Pointer<ITypeInfo> openType(wchar_t const* guid) {
     return info;
 }
 
-constexpr wchar_t interfaceId[] = L"{484C8D5A-6F67-4EEB-A0C8-D165DDDE2F4D}";
-constexpr wchar_t classId[] = L"{1D46AEC2-C503-4983-9AB5-183DB6D45D68}";
-constexpr wchar_t enumerationId[] = L"{49958C79-AFBB-41E8-B88F-24FAB39C4846}";
+constexpr wchar_t const* interfaceId = L"{484C8D5A-6F67-4EEB-A0C8-D165DDDE2F4D}";
+constexpr wchar_t const* classId = L"{1D46AEC2-C503-4983-9AB5-183DB6D45D68}";
+constexpr wchar_t const* enumerationId = L"{49958C79-AFBB-41E8-B88F-24FAB39C4846}";
 
 /// The table of methods behind the dual interface.
 Pointer<ITypeInfo> openMethodTable() {
@@ -114,39 +115,24 @@ void interfaceDerivesFromTheAutomationBase() {
 
 void methodsAreAsPublished() {
     std::vector<std::wstring> const published = {
-        L"1 initialize() \"Initialize the parser\"",
-        L"2 variableExist(in BSTR strVarName, out retval VARIANT_BOOL* pbRetVal) "
-        L"\"Check if a variable existe inside parser\"",
-        L"3 getVariableType(in BSTR strVarName, out retval TypeOfVariable* pTypeOfVariable) "
-        L"\"Get the type of a variable\"",
-        L"4 parse(in BSTR strSource, out BSTR* pstrError, out retval LONG* plScriptIndex) "
-        L"\"Parse a Javascript source\"",
-        L"5 execute(in LONG lScriptIndex, out BSTR* pstrError, out retval BSTR* pstrRetVal) "
-        L"\"Execute the script previously parsed\"",
-        L"6 addSetVariableString(in BSTR strVarName, in BSTR strValue, "
-        L"out retval VARIANT_BOOL* pbRetVal) \"Add or set a String variable in parser\"",
-        L"7 addSetVariableLong(in BSTR strVarName, in LONG lValue, "
-        L"out retval VARIANT_BOOL* pbRetVal) \"Add or set an integer variable in parser\"",
-        L"8 addSetVariableDouble(in BSTR strVarName, in DOUBLE dValue, "
-        L"out retval VARIANT_BOOL* pbRetVal) \"Add or set a float variable in parser\"",
-        L"9 addSetVariableBool(in BSTR strVarName, in VARIANT_BOOL bValue, "
-        L"out retval VARIANT_BOOL* pbRetVal) \"Add or set a boolean variable in parser\"",
-        L"10 convert(in BSTR strFormula, out retval BSTR* pstrRetVal) "
-        L"\"Convert a KxParser formula to KxJsParser formula\"",
-        L"11 getUserDocumentationOnePage(in VARIANT_BOOL bStandalone, "
-        L"in VARIANT_BOOL bWithExample, out retval BSTR* pstrRetVal) "
-        L"\"Get HTML documentation for all functions (One page for each functions)\"",
-        L"12 getUserDocumentationManyPages(out retval VARIANT* pRetVal) "
-        L"\"Get HTML documentation for all functions (One page per function)\"",
-        L"13 extractVariable(in BSTR strSource, out BSTR* pstrError, "
-        L"out retval VARIANT* pRetVal) \"Extract variable(s) in the source\"",
-        L"14 reset() \"Reset the parser object\"",
-        L"15 getMathFunctions(in VARIANT* MathFunctionsVector, out retval INT* piCount) "
-        L"\"Return the possible Math Functions\"",
-        L"16 getStringFunctions(in VARIANT* StringFunctionsVector, out retval INT* piCount) "
-        L"\"Return the possible String Functions\"",
-        L"17 getOtherFunctions(in VARIANT* OtherFunctionsVector, out retval INT* piCount) "
-        L"\"Return the possible Other Functions\""};
+        LR"|(1 initialize() "Initialize the parser")|",
+        LR"|(2 variableExist(in BSTR strVarName, out retval VARIANT_BOOL* pbRetVal) "Check if a variable existe inside parser")|",
+        LR"|(3 getVariableType(in BSTR strVarName, out retval TypeOfVariable* pTypeOfVariable) "Get the type of a variable")|",
+        LR"|(4 parse(in BSTR strSource, out BSTR* pstrError, out retval LONG* plScriptIndex) "Parse a Javascript source")|",
+        LR"|(5 execute(in LONG lScriptIndex, out BSTR* pstrError, out retval BSTR* pstrRetVal) "Execute the script previously parsed")|",
+        LR"|(6 addSetVariableString(in BSTR strVarName, in BSTR strValue, out retval VARIANT_BOOL* pbRetVal) "Add or set a String variable in parser")|",
+        LR"|(7 addSetVariableLong(in BSTR strVarName, in LONG lValue, out retval VARIANT_BOOL* pbRetVal) "Add or set an integer variable in parser")|",
+        LR"|(8 addSetVariableDouble(in BSTR strVarName, in DOUBLE dValue, out retval VARIANT_BOOL* pbRetVal) "Add or set a float variable in parser")|",
+        LR"|(9 addSetVariableBool(in BSTR strVarName, in VARIANT_BOOL bValue, out retval VARIANT_BOOL* pbRetVal) "Add or set a boolean variable in parser")|",
+        LR"|(10 convert(in BSTR strFormula, out retval BSTR* pstrRetVal) "Convert a KxParser formula to KxJsParser formula")|",
+        LR"|(11 getUserDocumentationOnePage(in VARIANT_BOOL bStandalone, in VARIANT_BOOL bWithExample, out retval BSTR* pstrRetVal) "Get HTML documentation for all functions (One page for each functions)")|",
+        LR"|(12 getUserDocumentationManyPages(out retval VARIANT* pRetVal) "Get HTML documentation for all functions (One page per function)")|",
+        LR"|(13 extractVariable(in BSTR strSource, out BSTR* pstrError, out retval VARIANT* pRetVal) "Extract variable(s) in the source")|",
+        LR"|(14 reset() "Reset the parser object")|",
+        LR"|(15 getMathFunctions(in VARIANT* MathFunctionsVector, out retval INT* piCount) "Return the possible Math Functions")|",
+        LR"|(16 getStringFunctions(in VARIANT* StringFunctionsVector, out retval INT* piCount) "Return the possible String Functions")|",
+        LR"|(17 getOtherFunctions(in VARIANT* OtherFunctionsVector, out retval INT* piCount) "Return the possible Other Functions")|",
+    };
     std::vector<std::wstring> const methods = describeMethods(openMethodTable().get());
     CHECK_EQUAL(published.size(), methods.size());
     for (std::size_t i = 0; i < published.size() && i < methods.size(); ++i) {
@@ -193,10 +179,10 @@ void classIsCreatable() {
 
 std::string resource(wchar_t const* type, WORD id) {
     HMODULE const file = LoadLibraryExW(serverPath().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    HRSRC const found = FindResourceW(file, MAKEINTRESOURCEW(id), type);
+    HRSRC found = FindResourceW(file, MAKEINTRESOURCEW(id), type);
     if (found == nullptr) return "no such resource";
     auto const* const data = static_cast<char const*>(LockResource(LoadResource(file, found)));
-    std::string const content(data, SizeofResource(file, found));
+    std::string content(data, SizeofResource(file, found));
     FreeLibrary(file);
     return content;
 }

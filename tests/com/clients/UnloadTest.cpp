@@ -5,6 +5,7 @@
 
 #include "support/Check.h"
 #include "support/Com.h"
+#include "support/ImportHook.h"
 #include "support/LateBinding.h"
 #include "support/Server.h"
 
@@ -47,6 +48,16 @@ void loadingUnusedWorks() {
     CHECK(!isLoaded());
 }
 
+/// Nothing of the compiler's runtime is asked for, so the server loads in any process.
+void theServerNeedsTheSystemAlone() {
+    Server const server(serverPath());
+    for (std::string const& name : importedLibraries(server.module())) {
+        bool const ofTheSystem = name == "kernel32.dll" || name == "msvcrt.dll" ||
+                                 name == "oleaut32.dll" || name == "ole32.dll";
+        CHECK_EQUAL(ofTheSystem ? name : "a library of the system", name);
+    }
+}
+
 void theSystemUnloadsAnUnusedServer() {
     {
         Parser parser = createInitializedParser();
@@ -68,5 +79,6 @@ int main() {
     registerServer();
     return runCases({{"loading again works", loadingAgainWorks},
                      {"loading unused works", loadingUnusedWorks},
+                     {"the server needs the system alone", theServerNeedsTheSystemAlone},
                      {"the system unloads an unused server", theSystemUnloadsAnUnusedServer}});
 }

@@ -1,8 +1,10 @@
 #include "Check.h"
 
 #include <atomic>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <sstream>
 
 namespace test {
 
@@ -71,10 +73,11 @@ std::string show(void const* pointer) {
 }
 
 std::string showNumber(long long value) {
-    char text[64];
-    std::snprintf(text, sizeof text, value < -1000 ? "%lld (0x%08lx)" : "%lld", value,
-                  static_cast<unsigned long>(value));
-    return text;
+    std::string decimal = std::to_string(value);
+    if (value >= -1000) return decimal;
+    std::ostringstream hexadecimal;  // results of calls are known by it
+    hexadecimal << std::hex << static_cast<std::uint32_t>(value);
+    return decimal + " (0x" + hexadecimal.str() + ")";
 }
 
 }  // namespace test

@@ -13,13 +13,17 @@ Part* at(HMODULE module, DWORD offset) {
     return reinterpret_cast<Part*>(reinterpret_cast<BYTE*>(module) + offset);
 }
 
-/// The place in the import address table that holds the function's address, or null.
-void** findSlot(HMODULE module, char const* library, char const* function) {
+/// The descriptors of the libraries that a module imports from; the last one has no name.
+IMAGE_IMPORT_DESCRIPTOR* importsOf(HMODULE module) {
     auto const* dos = at<IMAGE_DOS_HEADER>(module, 0);
     auto const* headers = at<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(dos->e_lfanew));
     auto const& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* import = at<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
-         import->Name != 0; ++import) {
+    return at<IMAGE_IMPORT_DESCRIPTOR>(module, directory.VirtualAddress);
+}
+
+/// The place in the import address table that holds the function's address, or null.
+void** findSlot(HMODULE module, char const* library, char const* function) {
+    for (auto* import = importsOf(module); import->Name != 0; ++import) {
         if (lstrcmpiA(at<char>(module, import->Name), library) != 0) continue;
         auto* name = at<IMAGE_THUNK_DATA>(module, import->OriginalFirstThunk);
         auto* address = at<IMAGE_THUNK_DATA>(module, import->FirstThunk);
@@ -36,6 +40,16 @@ void** findSlot(HMODULE module, char const* library, char const* function) {
 }
 
 }  // namespace
+
+std::vector<std::string> importedLibraries(HMODULE module) {
+    std::vector<std::string> names;
+    for (auto* import = importsOf(module); import->Name != 0; ++import) {
+        std::string name = at<char>(module, import->Name);
+        CharLowerBuffA(name.data(), static_cast<DWORD>(name.size()));
+        names.push_back(name);
+    }
+    return names;
+}
 
 ImportHook::ImportHook(HMODULE module, char const* library, char const* function, void* replacement)
     : _mSlot(findSlot(module, library, function)) {

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <string>
+#include <vector>
 #include <windows.h>
 
 namespace test {
+
+/// The names of the libraries that a loaded module imports from, in lower case.
+std::vector<std::string> importedLibraries(HMODULE module);
 
 /// Replaces a function that a loaded module imports, for that module only and until destroyed.
 ///
@@ -16,6 +21,8 @@ class ImportHook {
     ~ImportHook();
     ImportHook(ImportHook const&) = delete;
     ImportHook& operator=(ImportHook const&) = delete;
+
+    void* original() const { return _mOriginal; }
 
   private:
     void write(void* target);

@@ -14,7 +14,7 @@ Dispatch createLateParser() {
 }
 
 DISPID idOf(Dispatch const& object, std::wstring const& name) {
-    LPOLESTR text = const_cast<LPOLESTR>(name.c_str());
+    auto* text = const_cast<LPOLESTR>(name.c_str());
     DISPID id = DISPID_UNKNOWN;
     object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id);
     return id;

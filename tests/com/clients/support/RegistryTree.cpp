@@ -17,6 +17,12 @@ std::wstring valueText(DWORD type, std::vector<BYTE> const& data) {
     return text + content.substr(0, content.find(L'\0'));
 }
 
+std::wstring joined(std::wstring left, wchar_t const* between, std::wstring const& right) {
+    left += between;
+    left += right;
+    return left;
+}
+
 std::wstring lowerCase(std::wstring text) {
     CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
     return text;
@@ -53,7 +59,7 @@ void readKey(HKEY key, std::wstring const& path, RegistryTree& tree) {
         if (child == L"wow6432node") continue;
         HKEY childKey = nullptr;
         if (RegOpenKeyExW(key, name.data(), 0, KEY_READ, &childKey) != ERROR_SUCCESS) continue;
-        readKey(childKey, path.empty() ? child : path + L"\\" + child, tree);
+        readKey(childKey, path.empty() ? child : joined(path, L"\\", child), tree);
         RegCloseKey(childKey);
     }
 }
@@ -82,13 +88,13 @@ std::vector<std::wstring> differences(RegistryTree const& before, RegistryTree c
     for (auto const& [entry, text] : before) {
         auto const found = after.find(entry);
         if (found == after.end() || found->second != text) {
-            lines.push_back(L"- " + entry + L" = " + text);
+            lines.push_back(L"- " + joined(entry, L" = ", text));
         }
     }
     for (auto const& [entry, text] : after) {
         auto const found = before.find(entry);
         if (found == before.end() || found->second != text) {
-            lines.push_back(L"+ " + entry + L" = " + text);
+            lines.push_back(L"+ " + joined(entry, L" = ", text));
         }
     }
     return lines;

@@ -29,7 +29,7 @@ Thread::Thread(std::function<void()> work, SIZE_T stackSize) {
     _mHandle = CreateThread(nullptr, stackSize, &runWork, parameter.get(),
                             STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
     if (_mHandle == nullptr) throw std::runtime_error("no thread");
-    parameter.release();
+    [[maybe_unused]] auto* const owned = parameter.release();  // by the thread
 }
 
 Thread::Thread(Thread&& other) noexcept : _mHandle(std::exchange(other._mHandle, nullptr)) {}
