@@ -27,13 +27,15 @@ missing_packages() {
     printf '%s' "${missing[*]:-}"
 }
 
-# configure PRESET: only where that was not done since packages were installed. Ninja repeats it by
-# itself when a CMake file changes.
+# configure PRESET [CMAKE-ARGUMENT...]: without arguments, only where that was not done since
+# packages were installed. Ninja repeats it by itself when a CMake file changes.
 configure() {
-    local cache="$root/build/$1/CMakeCache.txt" installed="$root/build/packages-installed"
-    [[ -e $root/build/$1/build.ninja && $cache -nt $installed ]] && return
+    local preset=$1
+    shift
+    local cache="$root/build/$preset/CMakeCache.txt" installed="$root/build/packages-installed"
+    (($# == 0)) && [[ -e $root/build/$preset/build.ninja && $cache -nt $installed ]] && return
     # Whether the automation server can be built is decided anew.
-    (cd "$root" && cmake --preset "$1" -U KXJS_BUILD_COM ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"})
+    (cd "$root" && cmake --preset "$preset" -U KXJS_BUILD_COM ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"} "$@")
 }
 
 # build PRESET [CMAKE-BUILD-ARGUMENT...]
