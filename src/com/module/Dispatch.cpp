@@ -75,7 +75,10 @@ HRESULT invoke(ITypeInfo& info, IKxJsParserX& object, DISPID id, WORD flags, DIS
         SysFreeString(error);
         return outcome;
     }
-    return assign(*variable->pvarVal, error);
+    HRESULT const assigned = assign(*variable->pvarVal, error);
+    // A caller does not look at the result of a call that fails.
+    if (FAILED(assigned) && result != nullptr) VariantClear(result);
+    return assigned;
 }
 
 }  // namespace kx

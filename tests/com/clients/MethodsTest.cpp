@@ -267,6 +267,8 @@ void documentationFlagsAreStrict() {
     CHECK(bare.find(L"Example :") == std::wstring::npos);
     CHECK_EQUAL(bare.size(), onePage(parser, 1, 1).size());
     CHECK(bare == onePage(parser, 1, 1));
+    CHECK(onePage(parser, VARIANT_TRUE, 1) == onePage(parser, VARIANT_TRUE, VARIANT_FALSE));
+    CHECK(onePage(parser, 1, VARIANT_TRUE) == onePage(parser, VARIANT_FALSE, VARIANT_TRUE));
 
     std::wstring const standalone = onePage(parser, VARIANT_TRUE, VARIANT_FALSE);
     CHECK(startsWith(standalone, L"<!doctype html>\n"));
