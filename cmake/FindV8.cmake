@@ -13,7 +13,7 @@ endif()
 if(DEFINED ENV{V8_ROOT})
     list(APPEND _v8_hints $ENV{V8_ROOT})
 endif()
-list(APPEND _v8_hints ${CMAKE_SOURCE_DIR}/build/v8/usr)
+list(APPEND _v8_hints ${CMAKE_CURRENT_LIST_DIR}/../build/v8/usr)
 
 find_library(
     V8_LIBRARY

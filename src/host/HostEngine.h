@@ -35,18 +35,19 @@ class HostEngine {
     std::chrono::milliseconds timeLimit() const { return timeLimit_; }
 
     void setTimeLimit(std::chrono::milliseconds limit) {
-        timeLimit_ = std::max(limit, std::chrono::milliseconds::zero());
-        watchdog_ = timeLimit_.count() == 0 ? nullptr : Watchdog::acquire();
+        // The clock counts nanoseconds: the longest limits would be beyond its range.
+        constexpr std::chrono::hours kForEver{24 * 365 * 10};
+        limit = std::clamp<std::chrono::milliseconds>(limit, std::chrono::milliseconds::zero(),
+                                                      kForEver);
+        watchdog_ = limit.count() == 0 ? nullptr : Watchdog::acquire();
+        timeLimit_ = limit;
     }
 
-    /// Begins to watch the time of a run; false where the host has no time limit.
-    bool watchTime() {
-        if (watchdog_ == nullptr) return false;
-        watchdog_->watch(control_, Watchdog::Clock::now() + timeLimit_);
-        return true;
+    /// Begins to watch the time of a run. Returns who watches; null without a time limit.
+    std::shared_ptr<Watchdog> watchTime() {
+        if (watchdog_ != nullptr) watchdog_->watch(control_, Watchdog::Clock::now() + timeLimit_);
+        return watchdog_;
     }
-
-    void giveUpTime() { watchdog_->giveUp(control_); }
 
     /// Frees what the host gives up, its carriers with it.
     void release(HostRemains remains) {

@@ -26,13 +26,10 @@ void bury(HostRemains remains) {
     graveyard().remains.push_back(std::move(remains));
 }
 
-/// The engine's own limit, at which it ends the process: far above any that is watched.
-constexpr std::size_t kHardLimit = std::size_t{8} << 30;
-
 v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
     v8::Isolate::CreateParams parameters;
     parameters.array_buffer_allocator = &allocator;
-    parameters.constraints.set_max_old_generation_size_in_bytes(kHardLimit);
+    parameters.constraints.set_max_old_generation_size_in_bytes(MemoryWatch::kHardLimit);
     v8::Isolate* const isolate = v8::Isolate::New(parameters);
     // So that a script that was ended does not go on in its promise jobs: see runPromiseJobs().
     isolate->SetMicrotasksPolicy(v8::MicrotasksPolicy::kExplicit);
@@ -67,6 +64,13 @@ IsolateRecord::~IsolateRecord() {
 
 void IsolateRecord::runPromiseJobs() {
     if (allocator_ != nullptr) isolate()->PerformMicrotaskCheckpoint();
+}
+
+void IsolateRecord::dropPromiseJobs() {
+    if (allocator_ == nullptr) return;
+    v8::HandleScope const handles(isolate());
+    isolate()->TerminateExecution();  // so that the first job ends the round, and clears the rest
+    isolate()->PerformMicrotaskCheckpoint();
 }
 
 void IsolateRecord::setMemoryLimit(std::size_t bytes) {

@@ -61,6 +61,11 @@ class IsolateRecord {
     /// themselves, or as the application has told them.
     void runPromiseJobs();
 
+    /// Drops what a script that was ended left to do: it would run with the next one. Leaves a
+    /// request to terminate behind. The application's isolates keep their jobs, which may be the
+    /// application's own.
+    void dropPromiseJobs();
+
     /// The watch over the isolate's memory; null for an application's isolate without a limit.
     MemoryWatch* memory() const { return memory_.get(); }
 

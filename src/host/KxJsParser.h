@@ -94,7 +94,8 @@ class KXJS_API KxJsParser {
     /// Ends a script that needs more than `bytes` of memory, array buffers included: a limit of the
     /// engine isolate, and so of all hosts of a thread. The default is a quarter of the machine's
     /// memory and at most 512 MiB; none in an isolate that the application has made. The limit is
-    /// looked at in garbage collections, so a script may go beyond it for a moment.
+    /// looked at in garbage collections, so a script may go beyond it for a moment. At most 4 GiB;
+    /// with 0 hardly any script runs. Elsewhere than on the host's thread nothing happens.
     void setMemoryLimit(std::size_t bytes);
 
     /// Ends the script that this host is running, with an error text that says so. Without one,

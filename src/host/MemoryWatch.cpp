@@ -40,6 +40,7 @@ MemoryWatch::~MemoryWatch() {
 }
 
 void MemoryWatch::setLimit(std::size_t bytes) {
+    bytes = std::min(bytes, kHardLimit / 2);
     limit_ = bytes;
     allowance_ = std::max(allowance_, bytes);
     if (running_ == nullptr) allowance_ = bytes;
@@ -94,7 +95,8 @@ void MemoryWatch::collectAndLook(v8::Isolate* isolate, void* self) {
 
 std::size_t MemoryWatch::nearHardLimit(void* self, std::size_t current, std::size_t /*initial*/) {
     auto* const watch = static_cast<MemoryWatch*>(self);
-    if (watch->running_ != nullptr) watch->running_->requestEnd(EndReason::memoryLimit);
+    if (watch->running_ == nullptr) return current;  // not a script of ours
+    watch->running_->requestEnd(EndReason::memoryLimit);
     return current + kReprieve;
 }
 

@@ -24,6 +24,9 @@ std::size_t defaultMemoryLimit();
 /// was in use when it began.
 class MemoryWatch {
   public:
+    /// The engine's own limit, at which it ends the process: far above any that is watched.
+    static constexpr std::size_t kHardLimit = std::size_t{8} << 30;
+
     /// `allocator` counts the isolate's array buffers; null where nobody counts them.
     MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit);
     ~MemoryWatch();
@@ -31,6 +34,7 @@ class MemoryWatch {
     MemoryWatch& operator=(MemoryWatch const&) = delete;
 
     std::size_t limit() const { return limit_; }
+    /// At most half the engine's own limit.
     void setLimit(std::size_t bytes);
 
     /// The run to end when memory runs out; null where none is going on. Returns the one before.

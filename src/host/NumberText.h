@@ -7,7 +7,7 @@ namespace kx {
 /// The text of a number as JavaScript's own conversion writes it, unit by unit.
 ///
 /// Made without the engine, because the engine allocates and caches a string object for every
-/// number on the way and this takes a third of the time of a small formula.
+/// number on the way.
 std::u16string numberToText(double number);
 
 }  // namespace kx

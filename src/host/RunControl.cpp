@@ -4,11 +4,12 @@
 
 namespace kx {
 
-void RunControl::begin(v8::Isolate* isolate) {
-    if (depth_++ > 0) return;
+bool RunControl::begin(v8::Isolate* isolate) {
+    if (depth_++ > 0) return false;
     isolate_ = isolate;
     reason_.store(EndReason::none, std::memory_order_relaxed);
     state_.store(State::running, std::memory_order_release);
+    return true;
 }
 
 EndReason RunControl::end() {

@@ -18,8 +18,9 @@ enum class EndReason : std::uint8_t { none, timeLimit, memoryLimit, terminated }
 /// request pays two atomic operations.
 class RunControl {
   public:
-    /// The host's thread: a run begins. Runs of one host may nest; the outermost counts.
-    void begin(v8::Isolate* isolate);
+    /// The host's thread: a run begins. Runs of one host may nest; the outermost counts. Returns
+    /// whether this is it.
+    bool begin(v8::Isolate* isolate);
 
     /// The host's thread: the run has ended. Waits for a request that is just being made. Returns
     /// the reason of the request, if there was one; its termination may still be pending.

@@ -15,29 +15,20 @@ std::u16string bytes(std::size_t count) {
     return decimal(count) + u" bytes";
 }
 
-/// Drops what the ended script has left to do: its promise jobs would run with the next one.
-void dropPromiseJobs(v8::Isolate* isolate) {
-    v8::HandleScope const handles(isolate);
-    isolate->TerminateExecution();  // so that the first job ends the round, and clears the rest
-    isolate->PerformMicrotaskCheckpoint();
-}
-
 }  // namespace
 
 ScriptRun::ScriptRun(HostEngine& engine)
     : engine_(engine), outer_(engine.record().watchMemory(&engine.control())) {
-    engine_.control().begin(engine_.isolate());
-    isTimed_ = engine_.watchTime();
+    if (engine_.control().begin(engine_.isolate())) watchdog_ = engine_.watchTime();
 }
 
 ScriptRun::~ScriptRun() {
-    if (isTimed_) engine_.giveUpTime();
+    if (watchdog_ != nullptr) watchdog_->giveUp(engine_.control());
     engine_.record().watchMemory(outer_);
     EndReason const reason = engine_.control().end();
     if (reason == EndReason::none) return;
-    v8::Isolate* const isolate = engine_.isolate();
-    dropPromiseJobs(isolate);
-    isolate->CancelTerminateExecution();
+    engine_.record().dropPromiseJobs();
+    engine_.isolate()->CancelTerminateExecution();
     if (reason == EndReason::memoryLimit) engine_.record().memory()->collect();
 }
 

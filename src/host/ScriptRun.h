@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include <v8.h>
@@ -21,7 +22,7 @@ class ScriptRun {
   private:
     HostEngine& engine_;
     RunControl* outer_;
-    bool isTimed_ = false;
+    std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched
 };
 
 /// The error text of a script that did not come to its end: says which limit ended it. Asked for

@@ -7,8 +7,7 @@ namespace kx {
 
 namespace {
 
-// What the engine's C++ code may use below the limit: measured need is under 100 KB (the regular
-// expression compiler), the rest is room for callbacks into this library.
+// What the engine's C++ code, and callbacks into this library, may use below the limit.
 constexpr std::uintptr_t kReserve = 160 * 1024;
 
 // A thread with an unlimited stack still ends a recursion within reasonable time.
