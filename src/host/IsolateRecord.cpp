@@ -16,7 +16,7 @@ struct Graveyard {
 };
 
 Graveyard& graveyard() {
-    static Graveyard* const instance = new Graveyard;  // never destroyed, nor its handles
+    static auto* const instance = new Graveyard;  // never destroyed, nor its handles
     return *instance;
 }
 

@@ -93,6 +93,8 @@ void KxJsParser::clearVecOfCompiledScripts() {
     _mEngine->release(std::move(remains));
 }
 
+// By value, as callers were compiled against it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 v8::Local<v8::String> KxJsParser::_convertStdStringToV8String(std::u16string text) {
     return kx::toEngineString(v8::Isolate::GetCurrent(), text);
 }

@@ -17,10 +17,11 @@ EndReason RunControl::end() {
     State expected = State::running;
     if (state_.compare_exchange_strong(expected, State::idle)) return EndReason::none;
     // Exchanged, not stored: a second request may begin at any moment before.
-    while (!state_.compare_exchange_weak(expected = State::requested, State::idle)) {
+    for (;;) {
+        expected = State::requested;
+        if (state_.compare_exchange_strong(expected, State::idle)) return reason();
         std::this_thread::yield();
     }
-    return reason();
 }
 
 void RunControl::requestEnd(EndReason reason) {

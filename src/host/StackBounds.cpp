@@ -8,10 +8,10 @@ namespace kx {
 namespace {
 
 // What the engine's C++ code, and callbacks into this library, may use below the limit.
-constexpr std::uintptr_t kReserve = 160 * 1024;
+constexpr std::uintptr_t kReserve = std::uintptr_t{160} * 1024;
 
 // A thread with an unlimited stack still ends a recursion within reasonable time.
-constexpr std::uintptr_t kLargestStack = 8 * 1024 * 1024;
+constexpr std::uintptr_t kLargestStack = std::uintptr_t{8} * 1024 * 1024;
 
 thread_local StackBounds reportedBounds;
 
