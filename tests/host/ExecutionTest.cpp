@@ -174,7 +174,9 @@ TEST(Execution, saysThatAScriptHasDeclaredItsNamesAlready) {
     ScriptHost host;
     for (std::u16string const declaration : {u"let", u"const"}) {
         std::u16string const name = u"by_" + declaration;
-        std::int32_t const index = host.parse(declaration + u" " + name + u" = 5; " + name);
+        std::u16string source = declaration;
+        source.append(u" ").append(name).append(u" = 5; ").append(name);
+        std::int32_t const index = host.parse(source);
         EXPECT_EQ(host.execute(index), (Outcome{u"5", u""}));
         std::u16string const taken =
             u"SyntaxError: Identifier '" + name + u"' has already been declared";

@@ -1,6 +1,7 @@
 #include "ScriptHost.h"
 
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -10,7 +11,7 @@ std::string printable(std::u16string const& text) {
         if (unit >= 0x20 && unit < 0x7F) {
             result += static_cast<char>(unit);
         } else {
-            static constexpr char kDigits[] = "0123456789abcdef";
+            static constexpr std::string_view kDigits = "0123456789abcdef";
             result += "\\u";
             for (int shift = 12; shift >= 0; shift -= 4) result += kDigits[(unit >> shift) & 15];
         }
