@@ -15,6 +15,13 @@ if(DEFINED ENV{V8_ROOT})
 endif()
 list(APPEND _v8_hints ${CMAKE_CURRENT_LIST_DIR}/../build/v8/usr)
 
+# What was found elsewhere is not what another hint asks for.
+if(DEFINED V8_SEARCHED AND NOT V8_SEARCHED STREQUAL _v8_hints)
+    unset(V8_LIBRARY CACHE)
+    unset(V8_INCLUDE_DIR CACHE)
+endif()
+set(V8_SEARCHED ${_v8_hints} CACHE INTERNAL "The hints that V8 was last looked for with")
+
 find_library(
     V8_LIBRARY
     NAMES node

@@ -27,15 +27,20 @@ missing_packages() {
     printf '%s' "${missing[*]:-}"
 }
 
+# configured_with BUILD-DIRECTORY VARIABLE: the value in CMake's cache.
+configured_with() { sed -n "s/^$2:[A-Z]*=//p" "$1/CMakeCache.txt"; }
+
 # configure PRESET [CMAKE-ARGUMENT...]: without arguments, only where that was not done since
-# packages were installed. Ninja repeats it by itself when a CMake file changes.
+# packages were installed or another V8_ROOT was given. Ninja repeats it by itself when a CMake file
+# changes.
 configure() {
     local preset=$1
     shift
-    local cache="$root/build/$preset/CMakeCache.txt" installed="$root/build/packages-installed"
-    (($# == 0)) && [[ -e $root/build/$preset/build.ninja && $cache -nt $installed ]] && return
-    # Whether the automation server can be built is decided anew.
-    (cd "$root" && cmake --preset "$preset" -U KXJS_BUILD_COM ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"} "$@")
+    local directory="$root/build/$preset" installed="$root/build/packages-installed"
+    (($# == 0)) && [[ -e $directory/build.ninja ]] &&
+        [[ $directory/CMakeCache.txt -nt $installed ]] &&
+        [[ -z ${V8_ROOT:-} || $(configured_with "$directory" V8_ROOT) == "$V8_ROOT" ]] && return
+    (cd "$root" && cmake --preset "$preset" ${V8_ROOT:+"-DV8_ROOT=$V8_ROOT"} "$@")
 }
 
 # build PRESET [CMAKE-BUILD-ARGUMENT...]
