@@ -1,5 +1,8 @@
-# What `cmake --install` puts where: library, public headers, kxjs, the CMake package KxJsParser and
-# the pkg-config module kxjsparser. Nothing in it names the prefix, so the result can be moved.
+# What `cmake --install` puts where: library, public headers, kxjs with its manual page and
+# completion, the CMake package KxJsParser and the pkg-config module kxjsparser. Nothing in it names
+# the prefix, so the result can be moved.
+#
+# The components: `library` to run applications, `development` to build them, `program` is kxjs.
 
 include(CMakePackageConfigHelpers)
 
@@ -17,6 +20,7 @@ foreach(header IN LISTS _headers)
     install(
         FILES ${PROJECT_SOURCE_DIR}/src/${header}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kxjsparser/${directory}
+        COMPONENT development
     )
 endforeach()
 
@@ -35,13 +39,27 @@ set_target_properties(KxJsParser PROPERTIES INSTALL_RPATH "${_v8_rpath}")
 install(
     TARGETS KxJsParser
     EXPORT KxJsParserTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
 )
 
 if(KXJS_BUILD_CLI)
     file(RELATIVE_PATH _bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
     set_target_properties(kxjs PROPERTIES INSTALL_RPATH "$ORIGIN/${_bin_to_lib}")
-    install(TARGETS kxjs RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(TARGETS kxjs RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+    install(
+        FILES ${PROJECT_SOURCE_DIR}/src/cli/kxjs.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME kxjs
+        COMPONENT program
+    )
+    # Debian's packages hold it compressed.
+    if(NOT KXJS_PACKAGES)
+        install(
+            FILES ${PROJECT_SOURCE_DIR}/docs/man/kxjs.1
+            DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+            COMPONENT program
+        )
+    endif()
 endif()
 
 set(_package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/KxJsParser)
@@ -49,6 +67,7 @@ install(
     EXPORT KxJsParserTargets
     NAMESPACE KxJsParser::
     DESTINATION ${_package_directory}
+    COMPONENT development
 )
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/KxJsParserConfig.cmake.in
@@ -64,6 +83,7 @@ install(
     FILES ${PROJECT_BINARY_DIR}/package/KxJsParserConfig.cmake
           ${PROJECT_BINARY_DIR}/package/KxJsParserConfigVersion.cmake
     DESTINATION ${_package_directory}
+    COMPONENT development
 )
 
 set(_pc_directory ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -72,4 +92,8 @@ string(REGEX REPLACE "/$" "" _pc_to_prefix "${_pc_to_prefix}")
 configure_file(
     ${PROJECT_SOURCE_DIR}/cmake/kxjsparser.pc.in ${PROJECT_BINARY_DIR}/package/kxjsparser.pc @ONLY
 )
-install(FILES ${PROJECT_BINARY_DIR}/package/kxjsparser.pc DESTINATION ${_pc_directory})
+install(
+    FILES ${PROJECT_BINARY_DIR}/package/kxjsparser.pc
+    DESTINATION ${_pc_directory}
+    COMPONENT development
+)

@@ -19,11 +19,12 @@ prefix() {
 expect() {
     engine=$1
     shift
-    cmake -S "$source/tests/build/find_v8" -B "$work/build" -DKXJS_SOURCE_DIR="$source" "$@" |
-        grep -qxF -e "-- engine: $work/$engine" || {
+    cmake -S "$source/tests/build/find_v8" -B "$work/build" -DKXJS_SOURCE_DIR="$source" "$@" \
+        >"$work/output"
+    if ! grep -qxF -e "-- engine: $work/$engine" "$work/output"; then
         echo "expected $engine with $*" >&2
         exit 1
-    }
+    fi
 }
 
 rm -rf "$work"
