@@ -1,0 +1,83 @@
+// Formulas that never end, or eat all memory, in an application that has to live on: a time limit,
+// a memory limit, and a button "Cancel", which is a request to end from another thread.
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <thread>
+
+#include "convert/Converter.h"
+#include "host/KxJsParser.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::size_t kMebibyte = 1024 * 1024;
+
+std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }
+
+/// Compiles and runs, and tells how it went.
+void evaluate(KxJsParser& parser, std::u16string const& source) {
+    std::u16string error;
+    std::u16string result;
+    std::int32_t const script = parser.parse(source, error);
+    if (script >= 0) result = parser.execute(script, error);
+    std::cout << "  " << (error.empty() ? utf8(result) : utf8(error)) << '\n';
+}
+
+/// The user presses "Cancel" while a formula runs. A request to end hits the run that is under way
+/// and never a later one; where none is yet, nothing happens, so an eager user presses again.
+class CancelButton {
+  public:
+    explicit CancelButton(KxJsParser& parser)
+        : _mUser([this, &parser] {
+              while (!_mFinished) {
+                  std::this_thread::sleep_for(20ms);
+                  parser.terminate();
+              }
+          }) {}
+    // Only after that may the host be destroyed.
+    ~CancelButton() {
+        _mFinished = true;
+        _mUser.join();
+    }
+    CancelButton(CancelButton const&) = delete;
+    CancelButton& operator=(CancelButton const&) = delete;
+
+  private:
+    std::atomic<bool> _mFinished = false;
+    std::thread _mUser;
+};
+
+}  // namespace
+
+int main() {
+    KxJsParser parser;
+    parser.initialize();
+
+    std::cout << "time limit\n";
+    parser.setTimeLimit(200ms);
+    evaluate(parser, u"while (true) {}");
+    evaluate(parser, u"/(a+)+b/.test('a'.repeat(100))");
+    evaluate(parser, Converter::_convert(u"UPPER('the host works on')"));
+    parser.setTimeLimit(0ms);
+
+    std::cout << "memory limit\n";
+    parser.setMemoryLimit(64 * kMebibyte);
+    evaluate(parser, u"for (var all = [];;) all.push([1, 2, 3])");
+    evaluate(parser, u"new Uint8Array(1e9).length");
+    // What the formula kept in a global variable would stay in use.
+    evaluate(parser, u"all = null; 'the host works on'");
+
+    std::cout << "cancel button\n";
+    {
+        CancelButton const button(parser);
+        evaluate(parser, u"for (;;) Math.random()");
+    }
+    evaluate(parser, u"'the host works on'");
+}
