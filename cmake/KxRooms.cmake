@@ -1,6 +1,5 @@
-# The rooms of the source tree. Each is compiled once, as an object library, and may see the
-# headers of the rooms that it names and no others' dependencies: only the room that links V8
-# finds V8's headers.
+# The rooms of the source tree. Each is compiled once, as an object library. Only the room that links
+# V8 finds V8's headers; which rooms include which others, the test structure.rooms looks after.
 
 add_library(kx_options INTERFACE)
 target_compile_features(kx_options INTERFACE cxx_std_20)
