@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t kMebibyte = 1024 * 1024;
+constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
 
 std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }
 
@@ -35,23 +35,23 @@ void evaluate(KxJsParser& parser, std::u16string const& source) {
 class CancelButton {
   public:
     explicit CancelButton(KxJsParser& parser)
-        : _mUser([this, &parser] {
-              while (!_mFinished) {
+        : user_([this, &parser] {
+              while (!finished_) {
                   std::this_thread::sleep_for(20ms);
                   parser.terminate();
               }
           }) {}
     // Only after that may the host be destroyed.
     ~CancelButton() {
-        _mFinished = true;
-        _mUser.join();
+        finished_ = true;
+        user_.join();
     }
     CancelButton(CancelButton const&) = delete;
     CancelButton& operator=(CancelButton const&) = delete;
 
   private:
-    std::atomic<bool> _mFinished = false;
-    std::thread _mUser;
+    std::atomic<bool> finished_ = false;
+    std::thread user_;
 };
 
 }  // namespace
