@@ -3,9 +3,11 @@
 //
 //     embed ["FORMULA"]     the formula may use WEIGHT, EXPRESS and COUNTRY
 
+#include <array>
 #include <convert/Converter.h>
 #include <cstdint>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <host/KxJsParser.h>
 #include <host/KxJsVariable.h>
@@ -31,24 +33,21 @@ void bind(KxJsParser& parser, Order const& order) {
     parser.addSetVariable(KxJsVariable(u"COUNTRY", order.country));
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    std::u16string const formula =
-        argc > 1 ? utf16(argv[1])
-                 : u"ROUND(IIF(COUNTRY='DE' .AND. WEIGHT<2,3.9,7.5)+IIF(EXPRESS,6,0),2)";
-    Order const orders[] = {{1.2, false, u"DE"}, {1.2, true, u"DE"}, {14.0, false, u"FR"}};
+/// Prints what each order costs; false when the formula failed.
+bool printCosts(std::u16string const& formula) {
+    std::array<Order, 3> const orders = {
+        {{1.2, false, u"DE"}, {1.2, true, u"DE"}, {14.0, false, u"FR"}}};
 
     KxJsParser parser;
     parser.initialize();  // the built-in functions, such as IIF and ROUND
 
     // A script sees the variables that were bound when it was compiled, so they are bound first.
-    bind(parser, orders[0]);
+    bind(parser, orders.front());
     std::u16string error;
     std::int32_t const script = parser.parse(Converter::_convert(formula.c_str()), error);
     if (script < 0) {
         std::cerr << utf8(error);
-        return EXIT_FAILURE;
+        return false;
     }
 
     for (Order const& order : orders) {
@@ -56,8 +55,23 @@ int main(int argc, char** argv) {
         std::u16string const cost = parser.execute(script, error);
         if (!error.empty()) {
             std::cerr << utf8(error);
-            return EXIT_FAILURE;
+            return false;
         }
         std::cout << utf8(order.country) << ": " << utf8(cost) << '\n';
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        std::u16string const formula =
+            argc > 1 ? utf16(argv[1])
+                     : u"ROUND(IIF(COUNTRY='DE' .AND. WEIGHT<2,3.9,7.5)+IIF(EXPRESS,6,0),2)";
+        return printCosts(formula) ? EXIT_SUCCESS : EXIT_FAILURE;
+    } catch (std::exception const& failure) {
+        std::cerr << failure.what() << '\n';  // an argument that is no UTF-8, say
+        return EXIT_FAILURE;
     }
 }
