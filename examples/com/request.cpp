@@ -13,21 +13,21 @@ namespace {
 class Text {
   public:
     Text() = default;
-    explicit Text(wchar_t const* text) : _mText(SysAllocString(text)) {}
-    ~Text() { SysFreeString(_mText); }
+    explicit Text(wchar_t const* text) : text_(SysAllocString(text)) {}
+    ~Text() { SysFreeString(text_); }
     Text(Text const&) = delete;
     Text& operator=(Text const&) = delete;
 
-    operator BSTR() const { return _mText; }
+    operator BSTR() const { return text_; }
     /// For calls that give a new text; an earlier one is freed.
     BSTR* receive() {
-        SysFreeString(_mText);
-        _mText = nullptr;
-        return &_mText;
+        SysFreeString(text_);
+        text_ = nullptr;
+        return &text_;
     }
 
   private:
-    BSTR _mText = nullptr;
+    BSTR text_ = nullptr;
 };
 
 void print(char const* label, BSTR text) {

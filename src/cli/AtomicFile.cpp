@@ -32,19 +32,19 @@ class StagingDirectory {
     StagingDirectory(fs::path const& parent, fs::path const& goal) {
         std::string pattern = (parent / ".kxjs-XXXXXX").string();
         if (::mkdtemp(pattern.data()) == nullptr) kx::throwWriteError(goal);
-        _mPath = pattern;
+        path_ = pattern;
     }
     StagingDirectory(StagingDirectory const&) = delete;
     StagingDirectory& operator=(StagingDirectory const&) = delete;
     ~StagingDirectory() {
         std::error_code ignored;
-        fs::remove_all(_mPath, ignored);
+        fs::remove_all(path_, ignored);
     }
 
-    fs::path const& path() const { return _mPath; }
+    fs::path const& path() const { return path_; }
 
   private:
-    fs::path _mPath;
+    fs::path path_;
 };
 
 void writeNewFile(fs::path const& path, fs::path const& goal, std::string_view bytes,
@@ -65,13 +65,13 @@ void moveInPlace(fs::path const& from, fs::path const& to) {
 /// Moves new files over old ones and can take it back.
 class Replacement {
   public:
-    explicit Replacement(fs::path backups) : _mBackups(std::move(backups)) {}
+    explicit Replacement(fs::path backups) : backups_(std::move(backups)) {}
     Replacement(Replacement const&) = delete;
     Replacement& operator=(Replacement const&) = delete;
     ~Replacement() {
-        if (_mDone) return;
+        if (done_) return;
         std::error_code ignored;  // an error is on its way already
-        for (Step const& step : _mSteps) {
+        for (Step const& step : steps_) {
             if (step.backup) {
                 fs::rename(*step.backup, step.target, ignored);
             } else {
@@ -83,27 +83,27 @@ class Replacement {
     void replace(fs::path const& from, fs::path const& to) {
         Step step{to, std::nullopt};
         if (fs::exists(to)) {
-            step.backup = _mBackups / to.filename();
+            step.backup = backups_ / to.filename();
             std::error_code error;
             fs::copy_file(to, *step.backup, error);
             if (error) throwWriteError(to, error);
         }
         // Recorded first: no failure of memory can come between the move and its record. A step
         // that was not taken is harmless to take back.
-        _mSteps.push_back(step);
+        steps_.push_back(step);
         moveInPlace(from, to);
     }
 
-    void commit() { _mDone = true; }
+    void commit() { done_ = true; }
 
   private:
     struct Step {
         fs::path target;
         std::optional<fs::path> backup;  ///< none: there was no file
     };
-    fs::path _mBackups;
-    std::vector<Step> _mSteps;
-    bool _mDone = false;
+    fs::path backups_;
+    std::vector<Step> steps_;
+    bool done_ = false;
 };
 
 void writeAll(fs::path const& directory, fs::path const& goal,

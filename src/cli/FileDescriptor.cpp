@@ -23,8 +23,8 @@ void throwWriteError(std::filesystem::path const& path) {
 }
 
 FileDescriptor::FileDescriptor(int descriptor, std::filesystem::path path)
-    : _mDescriptor(descriptor), _mPath(std::move(path)) {
-    if (_mDescriptor < 0) throwWriteError(_mPath);
+    : descriptor_(descriptor), path_(std::move(path)) {
+    if (descriptor_ < 0) throwWriteError(path_);
 }
 
 FileDescriptor FileDescriptor::open(std::filesystem::path const& path) {
@@ -37,31 +37,31 @@ FileDescriptor FileDescriptor::create(std::filesystem::path const& path,
 }
 
 FileDescriptor::FileDescriptor(FileDescriptor&& other) noexcept
-    : _mDescriptor(std::exchange(other._mDescriptor, -1)), _mPath(std::move(other._mPath)) {}
+    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
 
 FileDescriptor::~FileDescriptor() {
-    if (_mDescriptor >= 0) ::close(_mDescriptor);
+    if (descriptor_ >= 0) ::close(descriptor_);
 }
 
 void FileDescriptor::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        ssize_t const count = ::write(_mDescriptor, bytes.data(), bytes.size());
+        ssize_t const count = ::write(descriptor_, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) throwWriteError(_mPath);
+        if (count < 0) throwWriteError(path_);
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
 }
 
 void FileDescriptor::setPermissions(mode_t mode) {
-    if (::fchmod(_mDescriptor, mode) != 0) throwWriteError(_mPath);
+    if (::fchmod(descriptor_, mode) != 0) throwWriteError(path_);
 }
 
 void FileDescriptor::sync() {
-    if (::fsync(_mDescriptor) != 0) throwWriteError(_mPath);
+    if (::fsync(descriptor_) != 0) throwWriteError(path_);
 }
 
 void FileDescriptor::close() {
-    if (::close(std::exchange(_mDescriptor, -1)) != 0) throwWriteError(_mPath);
+    if (::close(std::exchange(descriptor_, -1)) != 0) throwWriteError(path_);
 }
 
 }  // namespace kx

@@ -31,8 +31,8 @@ class FileDescriptor {
 
   private:
     FileDescriptor(int descriptor, std::filesystem::path path);
-    int _mDescriptor;
-    std::filesystem::path _mPath;
+    int descriptor_;
+    std::filesystem::path path_;
 };
 
 /// Throws the WorkError for the current errno.

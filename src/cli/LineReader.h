@@ -17,17 +17,17 @@ class LineReader {
     bool next(std::string& line);
 
     /// Number of the line that next() gave last, counted from 1.
-    std::size_t lineNumber() const { return _mLineNumber; }
+    std::size_t lineNumber() const { return lineNumber_; }
 
   private:
     bool fill();
 
-    int _mFileDescriptor;
-    std::function<void()> _mBeforeWaiting;
-    std::string _mBuffer;
-    std::size_t _mStart = 0;  ///< where the next line begins in the buffer
-    bool _mAtEnd = false;
-    std::size_t _mLineNumber = 0;
+    int fileDescriptor_;
+    std::function<void()> beforeWaiting_;
+    std::string buffer_;
+    std::size_t start_ = 0;  ///< where the next line begins in the buffer
+    bool atEnd_ = false;
+    std::size_t lineNumber_ = 0;
 };
 
 }  // namespace kx

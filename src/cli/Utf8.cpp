@@ -66,7 +66,7 @@ void appendUtf8(std::string& bytes, char32_t character) {
 
 InvalidUtf8::InvalidUtf8(std::size_t position)
     : std::runtime_error("invalid UTF-8 at byte " + std::to_string(position)),
-      _mPosition(position) {}
+      position_(position) {}
 
 std::u16string utf16FromUtf8(std::string_view bytes) {
     std::u16string text;

@@ -13,10 +13,10 @@ class InvalidUtf8 : public std::runtime_error {
     explicit InvalidUtf8(std::size_t position);
 
     /// Position of the byte where the first malformed character begins, counted from 1.
-    std::size_t position() const { return _mPosition; }
+    std::size_t position() const { return position_; }
 
   private:
-    std::size_t _mPosition;
+    std::size_t position_;
 };
 
 /// Decodes strictly: overlong forms, surrogates, characters beyond U+10FFFF and cut sequences throw

@@ -44,11 +44,11 @@ class Docs : public testing::Test {
   protected:
     Docs() {
         std::string pattern = (fs::temp_directory_path() / "kxjs docs XXXXXX").string();
-        _mDirectory = ::mkdtemp(pattern.data());
+        directory_ = ::mkdtemp(pattern.data());
     }
-    ~Docs() override { fs::remove_all(_mDirectory); }
+    ~Docs() override { fs::remove_all(directory_); }
 
-    fs::path path(std::string const& name) const { return _mDirectory / name; }
+    fs::path path(std::string const& name) const { return directory_ / name; }
     std::set<std::string> namesIn(fs::path const& directory) const {
         std::set<std::string> names;
         for (auto const& entry : fs::directory_iterator(directory)) {
@@ -64,10 +64,10 @@ class Docs : public testing::Test {
         }
         return files;
     }
-    std::set<std::string> names() const { return namesIn(_mDirectory); }
+    std::set<std::string> names() const { return namesIn(directory_); }
 
   private:
-    fs::path _mDirectory;
+    fs::path directory_;
 };
 
 TEST_F(Docs, PrintsOnePage) {

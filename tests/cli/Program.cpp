@@ -21,23 +21,23 @@ namespace {
 
 class Descriptor {
   public:
-    explicit Descriptor(int number) : _mNumber(number) {
+    explicit Descriptor(int number) : number_(number) {
         if (number < 0) fail("open");
     }
-    Descriptor(Descriptor&& other) noexcept : _mNumber(std::exchange(other._mNumber, -1)) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     Descriptor(Descriptor const&) = delete;
     Descriptor& operator=(Descriptor const&) = delete;
     Descriptor& operator=(Descriptor&&) = delete;
     ~Descriptor() { close(); }
 
     void close() {
-        if (_mNumber >= 0) ::close(_mNumber);
-        _mNumber = -1;
+        if (number_ >= 0) ::close(number_);
+        number_ = -1;
     }
-    int number() const { return _mNumber; }
+    int number() const { return number_; }
 
   private:
-    int _mNumber;
+    int number_;
 };
 
 /// A file in memory: unlike a pipe it never fills up, so nobody waits for anybody.

@@ -7,10 +7,10 @@
 namespace kx {
 
 OutArray::OutArray(VARIANT* destination, ArrayShape shape)
-    : _mDestination(destination), _mShape(shape) {}
+    : destination_(destination), shape_(shape) {}
 
 OutArray::~OutArray() {
-    if (_mArray != nullptr) SafeArrayDestroy(_mArray);
+    if (array_ != nullptr) SafeArrayDestroy(array_);
 }
 
 TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::takeRow}; }
@@ -18,10 +18,10 @@ TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::
 BridgeResult KX_BRIDGE_CALL OutArray::begin(void* target, std::uint32_t rows) {
     auto& self = *static_cast<OutArray*>(target);
     std::array<SAFEARRAYBOUND, 2> bounds = {
-        {{rows, 0}, {self._mShape == ArrayShape::pairs ? 2 : rows, 0}}};
-    UINT const dimensions = self._mShape == ArrayShape::list ? 1 : 2;
-    self._mArray = SafeArrayCreate(VT_BSTR, dimensions, bounds.data());
-    return self._mArray != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
+        {{rows, 0}, {self.shape_ == ArrayShape::pairs ? 2 : rows, 0}}};
+    UINT const dimensions = self.shape_ == ArrayShape::list ? 1 : 2;
+    self.array_ = SafeArrayCreate(VT_BSTR, dimensions, bounds.data());
+    return self.array_ != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
 }
 
 BridgeResult KX_BRIDGE_CALL OutArray::takeRow(void* target, std::uint32_t row,
@@ -33,17 +33,17 @@ BridgeResult KX_BRIDGE_CALL OutArray::takeRow(void* target, std::uint32_t row,
         if (text == nullptr) return BridgeResult::outOfMemory;
         std::array<LONG, 2> indices = {static_cast<LONG>(row), static_cast<LONG>(cell)};
         // An element that cannot be stored stays a null BSTR; the others still are of use.
-        SafeArrayPutElement(self._mArray, indices.data(), text);
+        SafeArrayPutElement(self.array_, indices.data(), text);
         SysFreeString(text);
     }
     return BridgeResult::done;
 }
 
 void OutArray::keep() {
-    if (_mDestination == nullptr) return;
-    _mDestination->vt = VT_ARRAY | VT_BSTR;
-    _mDestination->parray = _mArray;
-    _mArray = nullptr;
+    if (destination_ == nullptr) return;
+    destination_->vt = VT_ARRAY | VT_BSTR;
+    destination_->parray = array_;
+    array_ = nullptr;
 }
 
 }  // namespace kx

@@ -28,7 +28,7 @@ class OutArray {
     OutArray& operator=(OutArray const&) = delete;
 
     TableReceiver receiver();
-    bool prepare() const { return _mArray != nullptr; }
+    bool prepare() const { return array_ != nullptr; }
     void keep();
 
   private:
@@ -37,9 +37,9 @@ class OutArray {
                                                char16_t const* const* cells,
                                                std::uint32_t cellCount);
 
-    VARIANT* _mDestination;
-    ArrayShape _mShape;
-    SAFEARRAY* _mArray = nullptr;
+    VARIANT* destination_;
+    ArrayShape shape_;
+    SAFEARRAY* array_ = nullptr;
 };
 
 }  // namespace kx

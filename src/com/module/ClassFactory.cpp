@@ -20,13 +20,13 @@ STDMETHODIMP ClassFactory::QueryInterface(REFIID riid, void** result) {
 }
 
 STDMETHODIMP_(ULONG) ClassFactory::AddRef() {
-    ULONG const references = ++_mReferences;
+    ULONG const references = ++references_;
     if (references == 2) theModule.lock();
     return references;
 }
 
 STDMETHODIMP_(ULONG) ClassFactory::Release() {
-    ULONG const references = --_mReferences;
+    ULONG const references = --references_;
     if (references == 0) {
         delete this;
     } else if (references == 1) {
@@ -40,7 +40,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* pUnkOuter, REFIID riid, void
     *ppvObj = nullptr;
     // Whoever aggregates needs the inner object's own identity, and nothing else can be given.
     if (pUnkOuter != nullptr && riid != IID_IUnknown) return CLASS_E_NOAGGREGATION;
-    return _mCreator(pUnkOuter, riid, ppvObj);
+    return creator_(pUnkOuter, riid, ppvObj);
 }
 
 STDMETHODIMP ClassFactory::LockServer(BOOL lock) {

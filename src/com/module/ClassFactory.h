@@ -24,11 +24,11 @@ class ClassFactory final : public IClassFactory {
     STDMETHODIMP LockServer(BOOL lock) override;
 
   private:
-    explicit ClassFactory(InstanceCreator creator) : _mCreator(creator) {}
+    explicit ClassFactory(InstanceCreator creator) : creator_(creator) {}
     ~ClassFactory() = default;
 
-    InstanceCreator _mCreator;
-    std::atomic<ULONG> _mReferences{0};
+    InstanceCreator creator_;
+    std::atomic<ULONG> references_{0};
 };
 
 }  // namespace kx

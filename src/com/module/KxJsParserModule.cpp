@@ -6,21 +6,21 @@
 using kx::ObjectMapEntry;
 using kx::RegistryMode;
 
-CKxJsParserModule::CKxJsParserModule() { InitializeCriticalSection(&_mCritical); }
+CKxJsParserModule::CKxJsParserModule() { InitializeCriticalSection(&critical_); }
 
-CKxJsParserModule::~CKxJsParserModule() { DeleteCriticalSection(&_mCritical); }
+CKxJsParserModule::~CKxJsParserModule() { DeleteCriticalSection(&critical_); }
 
 IClassFactory* CKxJsParserModule::classFactory(ObjectMapEntry& entry) {
     IClassFactory* factory = entry.classFactory.load(std::memory_order_acquire);
     if (factory != nullptr) return factory;
-    EnterCriticalSection(&_mCritical);
+    EnterCriticalSection(&critical_);
     factory = entry.classFactory.load(std::memory_order_relaxed);
     if (factory == nullptr) {
         factory = entry.createClassFactory(entry.createInstance);
         if (factory != nullptr) factory->AddRef();  // the module's own reference
         entry.classFactory.store(factory, std::memory_order_release);
     }
-    LeaveCriticalSection(&_mCritical);
+    LeaveCriticalSection(&critical_);
     return factory;
 }
 
@@ -39,7 +39,7 @@ HRESULT CKxJsParserModule::registerServer() {
         HRESULT const outcome = entry.updateRegistry(RegistryMode::enter);
         if (FAILED(outcome)) return outcome;
     }
-    return kx::updateTypeLibraryRegistry(RegistryMode::enter, _mPerUser);
+    return kx::updateTypeLibraryRegistry(RegistryMode::enter, perUser_);
 }
 
 HRESULT CKxJsParserModule::unregisterServer() {
@@ -47,7 +47,7 @@ HRESULT CKxJsParserModule::unregisterServer() {
         HRESULT const outcome = entry.updateRegistry(RegistryMode::remove);
         if (FAILED(outcome)) return outcome;
     }
-    return kx::updateTypeLibraryRegistry(RegistryMode::remove, _mPerUser);
+    return kx::updateTypeLibraryRegistry(RegistryMode::remove, perUser_);
 }
 
 void CKxJsParserModule::term() {

@@ -15,9 +15,9 @@ class CKxJsParserModule {
     CKxJsParserModule& operator=(CKxJsParserModule const&) = delete;
 
     /// Count live objects and server locks.
-    void lock() { ++_mLockCount; }
-    void unlock() { --_mLockCount; }
-    HRESULT canUnloadNow() const { return _mLockCount == 0 ? S_OK : S_FALSE; }
+    void lock() { ++lockCount_; }
+    void unlock() { --lockCount_; }
+    HRESULT canUnloadNow() const { return lockCount_ == 0 ? S_OK : S_FALSE; }
 
     /// Gives the class object of one of the module's classes. Fails, with null in `*ppv`, for
     /// every other class.
@@ -29,7 +29,7 @@ class CKxJsParserModule {
     HRESULT unregisterServer();
 
     /// Lets unregisterServer() work on the current user's part of the registry.
-    void setPerUserRegistration(bool perUser) { _mPerUser = perUser; }
+    void setPerUserRegistration(bool perUser) { perUser_ = perUser; }
 
     /// Releases the cached class factories; for the end of the module.
     void term();
@@ -37,9 +37,9 @@ class CKxJsParserModule {
   private:
     IClassFactory* classFactory(kx::ObjectMapEntry& entry);
 
-    std::atomic<LONG> _mLockCount{0};
-    bool _mPerUser = false;
-    CRITICAL_SECTION _mCritical;  // around the creation of class factories
+    std::atomic<LONG> lockCount_{0};
+    bool perUser_ = false;
+    CRITICAL_SECTION critical_;  // around the creation of class factories
 };
 
 extern CKxJsParserModule theModule;

@@ -17,33 +17,33 @@ HRESULT KxJsParserX::create(IUnknown* outer, REFIID riid, void** result) {
     auto* const object = new (std::nothrow) KxJsParserX(outer, *bridge);
     if (object == nullptr) return E_OUTOFMEMORY;
     HRESULT outcome = object->construct();
-    if (SUCCEEDED(outcome)) outcome = object->_mIdentity.QueryInterface(riid, result);
+    if (SUCCEEDED(outcome)) outcome = object->identity_.QueryInterface(riid, result);
     if (FAILED(outcome)) delete object;
     return outcome;
 }
 
 KxJsParserX::KxJsParserX(IUnknown* outer, kx::Bridge const& bridge)
-    : _mBridge(bridge), _mIdentity(*this), _mOuter(outer != nullptr ? outer : &_mIdentity) {
+    : bridge_(bridge), identity_(*this), outer_(outer != nullptr ? outer : &identity_) {
     theModule.lock();
 }
 
 HRESULT KxJsParserX::construct() {
     kx::StackLimits const stack;
-    return kx::asHresult(_mBridge.create(stack.low, stack.high, &_mParser));
+    return kx::asHresult(bridge_.create(stack.low, stack.high, &parser_));
 }
 
 KxJsParserX::~KxJsParserX() {
-    if (_mParser != nullptr) _mBridge.destroy(_mParser);
+    if (parser_ != nullptr) bridge_.destroy(parser_);
     theModule.unlock();
 }
 
 STDMETHODIMP KxJsParserX::QueryInterface(REFIID riid, void** result) {
-    return _mOuter->QueryInterface(riid, result);
+    return outer_->QueryInterface(riid, result);
 }
 
-STDMETHODIMP_(ULONG) KxJsParserX::AddRef() { return _mOuter->AddRef(); }
+STDMETHODIMP_(ULONG) KxJsParserX::AddRef() { return outer_->AddRef(); }
 
-STDMETHODIMP_(ULONG) KxJsParserX::Release() { return _mOuter->Release(); }
+STDMETHODIMP_(ULONG) KxJsParserX::Release() { return outer_->Release(); }
 
 STDMETHODIMP KxJsParserX::Identity::QueryInterface(REFIID riid, void** result) {
     if (result == nullptr) return E_POINTER;
@@ -52,7 +52,7 @@ STDMETHODIMP KxJsParserX::Identity::QueryInterface(REFIID riid, void** result) {
     if (riid == IID_IUnknown) {
         found = this;
     } else if (riid == IID_IDispatch || riid == IID_IKxJsParserX) {
-        found = &_mObject;
+        found = &object_;
     } else {
         return E_NOINTERFACE;
     }
@@ -61,10 +61,10 @@ STDMETHODIMP KxJsParserX::Identity::QueryInterface(REFIID riid, void** result) {
     return S_OK;
 }
 
-STDMETHODIMP_(ULONG) KxJsParserX::Identity::AddRef() { return ++_mReferences; }
+STDMETHODIMP_(ULONG) KxJsParserX::Identity::AddRef() { return ++references_; }
 
 STDMETHODIMP_(ULONG) KxJsParserX::Identity::Release() {
-    ULONG const left = --_mReferences;
-    if (left == 0) delete &_mObject;
+    ULONG const left = --references_;
+    if (left == 0) delete &object_;
     return left;
 }

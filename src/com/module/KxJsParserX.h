@@ -56,14 +56,14 @@ class KxJsParserX final : public IKxJsParserX {
     /// The object's own identity, which counts the references and never delegates.
     class Identity final : public IUnknown {
       public:
-        explicit Identity(KxJsParserX& object) : _mObject(object) {}
+        explicit Identity(KxJsParserX& object) : object_(object) {}
         STDMETHODIMP QueryInterface(REFIID riid, void** result) override;
         STDMETHODIMP_(ULONG) AddRef() override;
         STDMETHODIMP_(ULONG) Release() override;
 
       private:
-        KxJsParserX& _mObject;
-        std::atomic<ULONG> _mReferences{0};
+        KxJsParserX& object_;
+        std::atomic<ULONG> references_{0};
     };
 
     KxJsParserX(IUnknown* outer, kx::Bridge const& bridge);
@@ -71,8 +71,8 @@ class KxJsParserX final : public IKxJsParserX {
     HRESULT construct();
     HRESULT listCatalogue(kx::BridgeCatalogue which, VARIANT* vector);
 
-    kx::Bridge const& _mBridge;
-    kx::BridgeParser* _mParser = nullptr;
-    Identity _mIdentity;
-    IUnknown* _mOuter;  // not counted: the outer object lives longer than its inner one
+    kx::Bridge const& bridge_;
+    kx::BridgeParser* parser_ = nullptr;
+    Identity identity_;
+    IUnknown* outer_;  // not counted: the outer object lives longer than its inner one
 };

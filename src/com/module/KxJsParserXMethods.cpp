@@ -26,17 +26,17 @@ HRESULT deliverFlag(kx::BridgeResult result, bool flag, VARIANT_BOOL* destinatio
 
 }  // namespace
 
-STDMETHODIMP KxJsParserX::initialize() { return asHresult(_mBridge.initialize(_mParser)); }
+STDMETHODIMP KxJsParserX::initialize() { return asHresult(bridge_.initialize(parser_)); }
 
 STDMETHODIMP KxJsParserX::variableExist(BSTR strVarName, VARIANT_BOOL* pbRetVal) {
     bool exists = false;
-    kx::BridgeResult const result = _mBridge.variableExist(_mParser, textOf(strVarName), exists);
+    kx::BridgeResult const result = bridge_.variableExist(parser_, textOf(strVarName), exists);
     return deliverFlag(result, exists, pbRetVal);
 }
 
 STDMETHODIMP KxJsParserX::getVariableType(BSTR strVarName, TypeOfVariable* pTypeOfVariable) {
     std::int32_t type = TYPE_OF_VAR_UNDEFINED;
-    HRESULT const outcome = asHresult(_mBridge.getVariableType(_mParser, textOf(strVarName), type));
+    HRESULT const outcome = asHresult(bridge_.getVariableType(parser_, textOf(strVarName), type));
     if (FAILED(outcome) || pTypeOfVariable == nullptr) return outcome;
     bool const known = type >= TYPE_OF_VAR_LONG && type <= TYPE_OF_VAR_BOOLEAN;
     *pTypeOfVariable = known ? static_cast<TypeOfVariable>(type) : TYPE_OF_VAR_UNDEFINED;
@@ -50,7 +50,7 @@ STDMETHODIMP KxJsParserX::parse(BSTR strSource, BSTR* pstrError, LONG* plScriptI
     if (!error.prepare()) return E_OUTOFMEMORY;
     std::int32_t index = -1;
     kx::BridgeResult const result =
-        _mBridge.parse(_mParser, textOf(strSource), error.receiver(), index);
+        bridge_.parse(parser_, textOf(strSource), error.receiver(), index);
     HRESULT const outcome = deliver(result, error);
     if (SUCCEEDED(outcome) && plScriptIndex != nullptr) *plScriptIndex = index;
     return outcome;
@@ -60,8 +60,8 @@ STDMETHODIMP KxJsParserX::execute(LONG lScriptIndex, BSTR* pstrError, BSTR* pstr
     if (pstrError == nullptr || pstrRetVal == nullptr) return E_POINTER;
     OutText error(pstrError);
     OutText text(pstrRetVal);
-    return deliver(_mBridge.execute(_mParser, lScriptIndex, error.receiver(), text.receiver()),
-                   error, text);
+    return deliver(bridge_.execute(parser_, lScriptIndex, error.receiver(), text.receiver()), error,
+                   text);
 }
 
 STDMETHODIMP KxJsParserX::addSetVariableString(BSTR strVarName, BSTR strValue,
@@ -69,15 +69,14 @@ STDMETHODIMP KxJsParserX::addSetVariableString(BSTR strVarName, BSTR strValue,
     if (pbRetVal == nullptr) return E_POINTER;
     bool stored = false;
     kx::BridgeResult const result =
-        _mBridge.addSetString(_mParser, textOf(strVarName), textOf(strValue), stored);
+        bridge_.addSetString(parser_, textOf(strVarName), textOf(strValue), stored);
     return deliverFlag(result, stored, pbRetVal);
 }
 
 STDMETHODIMP KxJsParserX::addSetVariableLong(BSTR strVarName, LONG lValue, VARIANT_BOOL* pbRetVal) {
     if (pbRetVal == nullptr) return E_POINTER;
     bool stored = false;
-    kx::BridgeResult const result =
-        _mBridge.addSetLong(_mParser, textOf(strVarName), lValue, stored);
+    kx::BridgeResult const result = bridge_.addSetLong(parser_, textOf(strVarName), lValue, stored);
     return deliverFlag(result, stored, pbRetVal);
 }
 
@@ -86,7 +85,7 @@ STDMETHODIMP KxJsParserX::addSetVariableDouble(BSTR strVarName, DOUBLE dValue,
     if (pbRetVal == nullptr) return E_POINTER;
     bool stored = false;
     kx::BridgeResult const result =
-        _mBridge.addSetDouble(_mParser, textOf(strVarName), dValue, stored);
+        bridge_.addSetDouble(parser_, textOf(strVarName), dValue, stored);
     return deliverFlag(result, stored, pbRetVal);
 }
 
@@ -95,14 +94,14 @@ STDMETHODIMP KxJsParserX::addSetVariableBool(BSTR strVarName, VARIANT_BOOL bValu
     if (pbRetVal == nullptr) return E_POINTER;
     bool stored = false;
     kx::BridgeResult const result =
-        _mBridge.addSetBool(_mParser, textOf(strVarName), isTrue(bValue), stored);
+        bridge_.addSetBool(parser_, textOf(strVarName), isTrue(bValue), stored);
     return deliverFlag(result, stored, pbRetVal);
 }
 
 STDMETHODIMP KxJsParserX::convert(BSTR strFormula, BSTR* pstrRetVal) {
     if (pstrRetVal == nullptr) return E_POINTER;
     OutText text(pstrRetVal);
-    return deliver(_mBridge.convert(textOf(strFormula), text.receiver()), text);
+    return deliver(bridge_.convert(textOf(strFormula), text.receiver()), text);
 }
 
 STDMETHODIMP KxJsParserX::getUserDocumentationOnePage(VARIANT_BOOL bStandalone,
@@ -110,14 +109,14 @@ STDMETHODIMP KxJsParserX::getUserDocumentationOnePage(VARIANT_BOOL bStandalone,
     if (pstrRetVal == nullptr) return E_POINTER;
     OutText page(pstrRetVal);
     return deliver(
-        _mBridge.documentationOnePage(isTrue(bStandalone), isTrue(bWithExample), page.receiver()),
+        bridge_.documentationOnePage(isTrue(bStandalone), isTrue(bWithExample), page.receiver()),
         page);
 }
 
 STDMETHODIMP KxJsParserX::getUserDocumentationManyPages(VARIANT* pRetVal) {
     if (pRetVal == nullptr) return E_POINTER;
     OutArray pages(pRetVal, kx::ArrayShape::pairs);
-    return deliver(_mBridge.documentationManyPages(pages.receiver()), pages);
+    return deliver(bridge_.documentationManyPages(pages.receiver()), pages);
 }
 
 STDMETHODIMP KxJsParserX::extractVariable(BSTR strSource, BSTR* pstrError, VARIANT* pRetVal) {
@@ -125,16 +124,16 @@ STDMETHODIMP KxJsParserX::extractVariable(BSTR strSource, BSTR* pstrError, VARIA
     OutText error(pstrError);
     OutArray names(pRetVal, kx::ArrayShape::list);
     kx::StackLimits const stack;
-    return deliver(_mBridge.extractVariable(stack.low, stack.high, textOf(strSource),
-                                            error.receiver(), names.receiver()),
+    return deliver(bridge_.extractVariable(stack.low, stack.high, textOf(strSource),
+                                           error.receiver(), names.receiver()),
                    error, names);
 }
 
-STDMETHODIMP KxJsParserX::reset() { return asHresult(_mBridge.reset(_mParser)); }
+STDMETHODIMP KxJsParserX::reset() { return asHresult(bridge_.reset(parser_)); }
 
 HRESULT KxJsParserX::listCatalogue(kx::BridgeCatalogue which, VARIANT* vector) {
     OutArray records(vector, kx::ArrayShape::square);
-    return deliver(_mBridge.catalogue(which, records.receiver()), records);
+    return deliver(bridge_.catalogue(which, records.receiver()), records);
 }
 
 // The count is declared and never written; clients read the bounds of the array.

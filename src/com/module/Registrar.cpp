@@ -22,7 +22,7 @@ HRESULT createRegistrar(IRegistrar** registrar) {
 }  // namespace
 
 Registrar::~Registrar() {
-    if (_mRegistrar != nullptr) _mRegistrar->Release();
+    if (registrar_ != nullptr) registrar_->Release();
 }
 
 HRESULT Registrar::open() {
@@ -34,12 +34,12 @@ HRESULT Registrar::open() {
     WideText quoted;
     outcome = doubleApostrophes(path.get(), quoted);
     if (FAILED(outcome)) return outcome;
-    outcome = createRegistrar(&_mRegistrar);
+    outcome = createRegistrar(&registrar_);
     return SUCCEEDED(outcome) ? replace(L"MODULE", quoted.get()) : outcome;
 }
 
 HRESULT Registrar::replace(wchar_t const* name, wchar_t const* value) {
-    return _mRegistrar->AddReplacement(name, value);
+    return registrar_->AddReplacement(name, value);
 }
 
 HRESULT Registrar::runResource(UINT id, RegistryMode mode) {
@@ -47,13 +47,13 @@ HRESULT Registrar::runResource(UINT id, RegistryMode mode) {
     HRESULT const found = modulePath(path);
     if (FAILED(found)) return found;
     return mode == RegistryMode::enter
-               ? _mRegistrar->ResourceRegister(path.get(), id, L"REGISTRY")
-               : _mRegistrar->ResourceUnregister(path.get(), id, L"REGISTRY");
+               ? registrar_->ResourceRegister(path.get(), id, L"REGISTRY")
+               : registrar_->ResourceUnregister(path.get(), id, L"REGISTRY");
 }
 
 HRESULT Registrar::runText(wchar_t const* script, RegistryMode mode) {
-    return mode == RegistryMode::enter ? _mRegistrar->StringRegister(script)
-                                       : _mRegistrar->StringUnregister(script);
+    return mode == RegistryMode::enter ? registrar_->StringRegister(script)
+                                       : registrar_->StringUnregister(script);
 }
 
 }  // namespace kx

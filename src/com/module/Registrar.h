@@ -30,7 +30,7 @@ class Registrar {
     HRESULT runText(wchar_t const* script, RegistryMode mode);
 
   private:
-    IRegistrar* _mRegistrar = nullptr;
+    IRegistrar* registrar_ = nullptr;
 };
 
 }  // namespace kx

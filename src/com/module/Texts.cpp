@@ -13,30 +13,30 @@ BSTR makeBstr(char16_t const* text) {
     return SysAllocString(reinterpret_cast<OLECHAR const*>(text));
 }
 
-OutText::OutText(BSTR* destination) : _mDestination(destination) {
-    if (_mDestination != nullptr) *_mDestination = nullptr;
+OutText::OutText(BSTR* destination) : destination_(destination) {
+    if (destination_ != nullptr) *destination_ = nullptr;
 }
 
-OutText::~OutText() { SysFreeString(_mText); }
+OutText::~OutText() { SysFreeString(text_); }
 
 TextReceiver OutText::receiver() { return {this, &OutText::take}; }
 
 BridgeResult KX_BRIDGE_CALL OutText::take(void* target, char16_t const* text) {
     auto& self = *static_cast<OutText*>(target);
-    SysFreeString(self._mText);
-    self._mText = makeBstr(text);
-    return self._mText != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
+    SysFreeString(self.text_);
+    self.text_ = makeBstr(text);
+    return self.text_ != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
 }
 
 bool OutText::prepare() {
-    if (_mText == nullptr) _mText = makeBstr(u"");
-    return _mText != nullptr;
+    if (text_ == nullptr) text_ = makeBstr(u"");
+    return text_ != nullptr;
 }
 
 void OutText::keep() {
-    if (_mDestination == nullptr) return;
-    *_mDestination = _mText;
-    _mText = nullptr;
+    if (destination_ == nullptr) return;
+    *destination_ = text_;
+    text_ = nullptr;
 }
 
 }  // namespace kx

@@ -37,8 +37,8 @@ class OutText {
   private:
     static BridgeResult KX_BRIDGE_CALL take(void* target, char16_t const* text);
 
-    BSTR* _mDestination;
-    BSTR _mText = nullptr;
+    BSTR* destination_;
+    BSTR text_ = nullptr;
 };
 
 inline HRESULT asHresult(BridgeResult result) {

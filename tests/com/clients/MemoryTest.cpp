@@ -93,18 +93,18 @@ void checkEachFailure(std::function<HRESULT()> const& call, int results) {
 class CheckedText {
   public:
     BSTR* put() {
-        SysFreeString(_mText);
-        _mText = reinterpret_cast<BSTR>(0x77);
-        return &_mText;
+        SysFreeString(text_);
+        text_ = reinterpret_cast<BSTR>(0x77);
+        return &text_;
     }
     HRESULT check(HRESULT outcome) {
-        CHECK_EQUAL(FAILED(outcome), _mText == nullptr);
+        CHECK_EQUAL(FAILED(outcome), text_ == nullptr);
         return outcome;
     }
-    ~CheckedText() { SysFreeString(_mText); }
+    ~CheckedText() { SysFreeString(text_); }
 
   private:
-    BSTR _mText = nullptr;
+    BSTR text_ = nullptr;
 };
 
 Parser parser() {

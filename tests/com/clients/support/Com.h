@@ -13,29 +13,29 @@ template <class Interface>
 class Pointer {
   public:
     Pointer() = default;
-    explicit Pointer(Interface* owned) : _mPointer(owned) {}
-    Pointer(Pointer&& other) noexcept : _mPointer(std::exchange(other._mPointer, nullptr)) {}
+    explicit Pointer(Interface* owned) : pointer_(owned) {}
+    Pointer(Pointer&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
     Pointer& operator=(Pointer&& other) noexcept {
-        std::swap(_mPointer, other._mPointer);
+        std::swap(pointer_, other.pointer_);
         return *this;
     }
     ~Pointer() { release(); }
 
     void release() {
-        if (_mPointer != nullptr) std::exchange(_mPointer, nullptr)->Release();
+        if (pointer_ != nullptr) std::exchange(pointer_, nullptr)->Release();
     }
-    Interface* get() const { return _mPointer; }
-    Interface* operator->() const { return _mPointer; }
-    explicit operator bool() const { return _mPointer != nullptr; }
+    Interface* get() const { return pointer_; }
+    Interface* operator->() const { return pointer_; }
+    explicit operator bool() const { return pointer_ != nullptr; }
     /// For functions that write a new reference.
     Interface** put() {
         release();
-        return &_mPointer;
+        return &pointer_;
     }
     void** putVoid() { return reinterpret_cast<void**>(put()); }
 
   private:
-    Interface* _mPointer = nullptr;
+    Interface* pointer_ = nullptr;
 };
 
 /// Owns a BSTR; may hold zeros, and may be null.
@@ -43,22 +43,22 @@ class Bstr {
   public:
     Bstr() = default;
     explicit Bstr(std::wstring const& text)
-        : _mText(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-    Bstr(Bstr&& other) noexcept : _mText(std::exchange(other._mText, nullptr)) {}
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+    Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     Bstr& operator=(Bstr&&) = delete;
-    ~Bstr() { SysFreeString(_mText); }
+    ~Bstr() { SysFreeString(text_); }
 
-    BSTR get() const { return _mText; }
-    operator BSTR() const { return _mText; }
+    BSTR get() const { return text_; }
+    operator BSTR() const { return text_; }
     BSTR* put() {
-        SysFreeString(std::exchange(_mText, nullptr));
-        return &_mText;
+        SysFreeString(std::exchange(text_, nullptr));
+        return &text_;
     }
-    bool isNull() const { return _mText == nullptr; }
-    std::wstring text() const { return {_mText != nullptr ? _mText : L"", SysStringLen(_mText)}; }
+    bool isNull() const { return text_ == nullptr; }
+    std::wstring text() const { return {text_ != nullptr ? text_ : L"", SysStringLen(text_)}; }
 
   private:
-    BSTR _mText = nullptr;
+    BSTR text_ = nullptr;
 };
 
 /// Owns what a VARIANT holds.

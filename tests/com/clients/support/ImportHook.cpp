@@ -52,19 +52,19 @@ std::vector<std::string> importedLibraries(HMODULE module) {
 }
 
 ImportHook::ImportHook(HMODULE module, char const* library, char const* function, void* replacement)
-    : _mSlot(findSlot(module, library, function)) {
-    if (_mSlot == nullptr) throw std::runtime_error(std::string("no import of ") + function);
-    _mOriginal = *_mSlot;
+    : slot_(findSlot(module, library, function)) {
+    if (slot_ == nullptr) throw std::runtime_error(std::string("no import of ") + function);
+    original_ = *slot_;
     write(replacement);
 }
 
-ImportHook::~ImportHook() { write(_mOriginal); }
+ImportHook::~ImportHook() { write(original_); }
 
 void ImportHook::write(void* target) {
     DWORD protection = 0;
-    VirtualProtect(_mSlot, sizeof *_mSlot, PAGE_READWRITE, &protection);
-    *_mSlot = target;
-    VirtualProtect(_mSlot, sizeof *_mSlot, protection, &protection);
+    VirtualProtect(slot_, sizeof *slot_, PAGE_READWRITE, &protection);
+    *slot_ = target;
+    VirtualProtect(slot_, sizeof *slot_, protection, &protection);
 }
 
 }  // namespace test

@@ -22,13 +22,13 @@ class ImportHook {
     ImportHook(ImportHook const&) = delete;
     ImportHook& operator=(ImportHook const&) = delete;
 
-    void* original() const { return _mOriginal; }
+    void* original() const { return original_; }
 
   private:
     void write(void* target);
 
-    void** _mSlot;
-    void* _mOriginal;
+    void** slot_;
+    void* original_;
 };
 
 }  // namespace test

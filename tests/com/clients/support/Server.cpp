@@ -13,20 +13,20 @@ std::wstring serverPath() {
     return path;
 }
 
-Server::Server(std::wstring const& path) : _mModule(LoadLibraryW(path.c_str())) {
-    if (_mModule == nullptr) {
+Server::Server(std::wstring const& path) : module_(LoadLibraryW(path.c_str())) {
+    if (module_ == nullptr) {
         throw std::runtime_error("cannot load the server: " + std::to_string(GetLastError()));
     }
 }
 
 void Server::unload() {
-    if (_mModule != nullptr) FreeLibrary(_mModule);
-    _mModule = nullptr;
+    if (module_ != nullptr) FreeLibrary(module_);
+    module_ = nullptr;
 }
 
 template <class Function>
 Function Server::entry(char const* name) const {
-    FARPROC const found = GetProcAddress(_mModule, name);
+    FARPROC const found = GetProcAddress(module_, name);
     if (found == nullptr) throw std::runtime_error(std::string("no entry point ") + name);
     return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
 }

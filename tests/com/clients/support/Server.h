@@ -20,14 +20,14 @@ class Server {
     HRESULT canUnloadNow() const;
     HRESULT registerServer() const;
     HRESULT unregisterServer() const;
-    HMODULE module() const { return _mModule; }
+    HMODULE module() const { return module_; }
     void unload();
 
   private:
     template <class Function>
     Function entry(char const* name) const;
 
-    HMODULE _mModule;
+    HMODULE module_;
 };
 
 /// Enters the server under test into the registry.

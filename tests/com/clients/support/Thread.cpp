@@ -26,18 +26,18 @@ DWORD WINAPI runWork(void* parameter) {
 
 Thread::Thread(std::function<void()> work, SIZE_T stackSize) {
     auto parameter = std::make_unique<std::function<void()>>(std::move(work));
-    _mHandle = CreateThread(nullptr, stackSize, &runWork, parameter.get(),
-                            STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
-    if (_mHandle == nullptr) throw std::runtime_error("no thread");
+    handle_ = CreateThread(nullptr, stackSize, &runWork, parameter.get(),
+                           STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr);
+    if (handle_ == nullptr) throw std::runtime_error("no thread");
     [[maybe_unused]] auto* const owned = parameter.release();  // by the thread
 }
 
-Thread::Thread(Thread&& other) noexcept : _mHandle(std::exchange(other._mHandle, nullptr)) {}
+Thread::Thread(Thread&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
 
 void Thread::join() {
-    if (_mHandle == nullptr) return;
-    WaitForSingleObject(_mHandle, INFINITE);
-    CloseHandle(std::exchange(_mHandle, nullptr));
+    if (handle_ == nullptr) return;
+    WaitForSingleObject(handle_, INFINITE);
+    CloseHandle(std::exchange(handle_, nullptr));
 }
 
 }  // namespace test

@@ -17,7 +17,7 @@ class Thread {
     void join();
 
   private:
-    HANDLE _mHandle;
+    HANDLE handle_;
 };
 
 }  // namespace test
