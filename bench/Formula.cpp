@@ -16,8 +16,9 @@ constexpr std::uint64_t kNumbers = 9000000;
 std::string unseen(std::string const& pattern, std::uint64_t number) {
     auto const at = pattern.find(kPlace);
     if (at == std::string::npos) throw std::logic_error("no place for a number in: " + pattern);
+    if (number >= kNumbers) throw std::length_error("no unseen formula is left: fewer rounds");
     std::string text = pattern;
-    return text.replace(at, kPlace.size(), std::to_string(kFirst + number % kNumbers));
+    return text.replace(at, kPlace.size(), std::to_string(kFirst + number));
 }
 
 std::u16string widen(std::string const& ascii) { return {ascii.begin(), ascii.end()}; }

@@ -1,10 +1,12 @@
 // Measures the library beside raw V8 and other engines, and prints one table of ratios.
 //
-//     kxbench [--quick] [--filter TEXT] [--rounds N]
+//     kxbench [--quick] [--filter TEXT] [--peer NAME]... [--rounds N]
 //
 // Every round measures every row for every peer, in random order, so that a machine that gets
 // slower or faster meanwhile does so for all; the table shows medians of the rounds. Before
-// anything is timed, all peers must have given the same results.
+// anything is timed, all peers must have given the same results. --filter takes the rows whose
+// titles contain the text, --peer the named peers only.
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <iostream>
@@ -13,6 +15,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Machine.h"
@@ -26,6 +29,11 @@ struct Options {
     int rounds = 15;
     double secondsPerRound = 0.1;
     std::string filter;
+    std::vector<std::string> peers;  // all where none is named
+
+    bool wants(std::string const& peer) const {
+        return peers.empty() || std::find(peers.begin(), peers.end(), peer) != peers.end();
+    }
 };
 
 /// A row for one peer.
@@ -64,7 +72,10 @@ class Collector final : public benchmark::BenchmarkReporter {
 
 void measure(benchmark::State& state, Measurement& measurement) {
     // Numbers are not used twice, not in another row either: engines remember what they compiled.
-    static std::uint64_t next = 1000;
+    // Peers know nothing of each other, so each has its own; so have runs, which are many more.
+    static std::map<std::pair<std::string, bool>, std::uint64_t> used;
+    bool const isRun = measurement.row->task == bench::Task::execute;
+    std::uint64_t& next = used.try_emplace({measurement.peerName, isRun}, 1000).first->second;
     std::uint64_t const batch = measurement.row->batch;
     for ([[maybe_unused]] auto const& iteration : state) {
         auto const time = measurement.row->work(*measurement.peer, next, batch);
@@ -80,6 +91,7 @@ std::vector<Measurement> prepare(std::vector<bench::Case> const& cases, Options 
         if (row.title.find(options.filter) == std::string::npos) continue;
         std::string agreed;
         for (bench::PeerEntry const& entry : bench::allPeers()) {
+            if (!options.wants(entry.name)) continue;
             std::unique_ptr<bench::Peer> peer = entry.make == nullptr ? nullptr : entry.make();
             if (peer == nullptr || !peer->can(row.task, row.formula)) continue;
             row.prepare(*peer);
@@ -120,10 +132,13 @@ Options readOptions(int count, char** arguments) {
             options.secondsPerRound = 0.02;
         } else if (argument == "--filter" && i + 1 < count) {
             options.filter = arguments[++i];
+        } else if (argument == "--peer" && i + 1 < count) {
+            options.peers.emplace_back(arguments[++i]);
         } else if (argument == "--rounds" && i + 1 < count) {
             options.rounds = std::stoi(arguments[++i]);
         } else {
-            throw std::invalid_argument("usage: kxbench [--quick] [--filter TEXT] [--rounds N]");
+            throw std::invalid_argument(
+                "usage: kxbench [--quick] [--filter TEXT] [--peer NAME]... [--rounds N]");
         }
     }
     return options;
@@ -163,6 +178,7 @@ int runAll(int count, char** arguments) {
     std::vector<std::string> peers;
     bench::Absences absences;
     for (bench::PeerEntry const& entry : bench::allPeers()) {
+        if (!options.wants(entry.name)) continue;
         peers.push_back(entry.name);
         if (entry.make == nullptr || entry.make() == nullptr) {
             absences[entry.name] = "not installed (" + entry.package + ")";

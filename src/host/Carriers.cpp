@@ -12,10 +12,10 @@ namespace {
 
 constexpr int kVariableField = 0;
 
-/// Null for an object that carries no variable: the global object has the field too, and so has a
-/// carrier whose variable is gone.
+/// Null for an object that carries no variable: the global object has the field too, so has a
+/// carrier whose variable is gone, and so have objects that scripts make with a carrier's
+/// constructor. Whatever has the accessor is made from the same template, and has the field.
 KxJsVariable const* carriedVariable(v8::Local<v8::Object> holder) {
-    if (holder->InternalFieldCount() <= kVariableField) return nullptr;
     v8::Local<v8::Value> const field = v8compat::internalField(holder, kVariableField);
     if (field.IsEmpty() || !field->IsExternal()) return nullptr;
     return static_cast<KxJsVariable const*>(field.As<v8::External>()->Value());
@@ -56,7 +56,6 @@ void Carriers::accessorGetter(v8::Local<v8::Name> /*property*/,
                               v8::PropertyCallbackInfo<v8::Value> const& info) {
     KxJsVariable const* const variable = carriedVariable(info.Holder());
     if (variable == nullptr) return;  // undefined
-    v8::Isolate* const isolate = info.GetIsolate();
     switch (variable->getType()) {
         case KxJsVariable::TYPE_OF_VAR_LONG:
             info.GetReturnValue().Set(variable->getLongValue());
@@ -65,7 +64,7 @@ void Carriers::accessorGetter(v8::Local<v8::Name> /*property*/,
             info.GetReturnValue().Set(variable->getDoubleValue());
             break;
         case KxJsVariable::TYPE_OF_VAR_STRING:
-            info.GetReturnValue().Set(toEngineString(isolate, variable->valueToString()));
+            info.GetReturnValue().Set(toEngineString(info.GetIsolate(), variable->seenText()));
             break;
         default:
             info.GetReturnValue().Set(variable->getBooleanValue());

@@ -17,9 +17,11 @@ class CompiledScript {
     /// The script for one run. The engine leaves a script that has declared names with let, const
     /// or class in a state in which a second run ends the process, so such a script is bound anew
     /// for each run, and says itself that the names are taken.
-    v8::Local<v8::Script> forRun(v8::Isolate* isolate) const {
+    v8::Local<v8::Script> forRun(v8::Isolate* isolate, v8::Local<v8::Context> context) const {
         v8::Local<v8::Script> const script = handle_.Get(isolate);
-        return mayDeclareNames_ ? script->GetUnboundScript()->BindToCurrentContext() : script;
+        if (!mayDeclareNames_) return script;
+        v8::Context::Scope const entered(context);
+        return script->GetUnboundScript()->BindToCurrentContext();
     }
 
   private:

@@ -48,8 +48,8 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     }
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
+    // Not entered here: whatever needs it does so by itself.
     v8::Local<v8::Context> const context = _mContext->get(isolate);
-    v8::Context::Scope const entered(context);
     kx::ScriptRun const run(*_mEngine);
     v8::TryCatch capture(isolate);
     // A negative index becomes a huge one.
@@ -57,7 +57,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     if (position >= _mVecOfCompiledScripts.size()) {
         throw std::out_of_range("invalid vector<T> subscript");
     }
-    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->forRun(isolate);
+    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->forRun(isolate, context);
     std::u16string result;
     v8::Local<v8::Value> completion;
     bool const hasCompleted = script->Run(context).ToLocal(&completion);

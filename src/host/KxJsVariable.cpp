@@ -100,13 +100,15 @@ void KxJsVariable::setValue(bool value) {
     _mType = TYPE_OF_VAR_BOOLEAN;
 }
 
+std::u16string_view KxJsVariable::seenText() const {
+    std::u16string_view const seen = std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
+    return seen.substr(0, seen.find(u'\0'));
+}
+
 std::u16string KxJsVariable::valueToString() const {
     switch (_mType) {
-        case TYPE_OF_VAR_STRING: {
-            std::u16string_view const seen =
-                std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
-            return std::u16string(seen.substr(0, seen.find(u'\0')));
-        }
+        case TYPE_OF_VAR_STRING:
+            return std::u16string(seenText());
         case TYPE_OF_VAR_LONG:
             return formatNumber(_mLongValue);
         case TYPE_OF_VAR_DOUBLE:

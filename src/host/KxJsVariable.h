@@ -2,8 +2,13 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "library/Export.h"
+
+namespace kx {
+class Carriers;
+}
 
 /// A named value that a host application hands to its scripts.
 ///
@@ -80,8 +85,11 @@ class KXJS_API KxJsVariable {
 
   private:
     friend class KxJsParser;
+    friend class kx::Carriers;
 
     void init();
+    /// Of a text, what scripts see.
+    std::u16string_view seenText() const;
 
     std::u16string _mKey;
     std::int32_t _mLongValue = 0;

@@ -6,13 +6,20 @@
 //      0 <  point <= 21    d1...d(point) . rest                 123.45
 //     -6 <  point <= 0     0. and -point zeros, d1...dk         0.00123
 //     otherwise            d1 . rest, e, sign, point-1          1.23e+25
+//
+// Most numbers of formulas have few decimals, and need no search for the shortest digits. If a
+// whole number n below 10^15 divided by 10^6 gives the double back, then n's digits name it, since
+// a division is rounded as reading a decimal is. No shorter decimal does: any two decimals of up to
+// 15 digits belong to different doubles.
 #include "host/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 namespace kx {
@@ -22,6 +29,9 @@ namespace {
 constexpr int kLargestPlainPoint = 21;
 constexpr int kSmallestPlainPoint = -6;
 constexpr double kExactWholeNumbers = 9007199254740992.0;  // 2^53
+constexpr int kDecimals = 6;
+constexpr double kMillion = 1e6;
+constexpr double kMostMillionths = 1e15;
 
 /// Longest: sign, "0.", five zeros, 17 digits; or sign, 17 digits, point, "e-324".
 constexpr std::size_t kMaxText = 32;
@@ -81,6 +91,40 @@ char* layOut(char* target, Decimal const& decimal) {
     return std::to_chars(target, target + 4, std::abs(exponent)).ptr;
 }
 
+char* writeWholeNumber(char* target, std::uint64_t number) {
+    return std::to_chars(target, target + kMaxText, number).ptr;
+}
+
+/// `number` as millionths, if it is a whole number of them and they are few enough.
+std::optional<std::uint64_t> asMillionths(double number) {
+    if (number >= kMostMillionths / kMillion) return std::nullopt;
+    auto const millionths = static_cast<std::uint64_t>(number * kMillion + 0.5);
+    if (static_cast<double>(millionths) / kMillion != number) return std::nullopt;
+    return millionths;
+}
+
+char* writeMillionths(char* target, std::uint64_t millionths) {
+    constexpr auto kUnit = static_cast<std::uint64_t>(kMillion);
+    target = writeWholeNumber(target, millionths / kUnit);
+    *target++ = '.';
+    auto decimals = static_cast<std::uint32_t>(millionths % kUnit);
+    for (int place = kDecimals - 1; place >= 0; --place) {
+        target[place] = static_cast<char>('0' + decimals % 10);
+        decimals /= 10;
+    }
+    target += kDecimals;
+    while (target[-1] == '0') --target;
+    return target;
+}
+
+char* writePositive(char* target, double number) {
+    if (number <= kExactWholeNumbers && number == std::trunc(number)) {
+        return writeWholeNumber(target, static_cast<std::uint64_t>(number));
+    }
+    if (auto const millionths = asMillionths(number)) return writeMillionths(target, *millionths);
+    return layOut(target, shortestDigits(number));
+}
+
 }  // namespace
 
 std::u16string numberToText(double number) {
@@ -88,14 +132,12 @@ std::u16string numberToText(double number) {
     if (std::isinf(number)) return number < 0 ? u"-Infinity" : u"Infinity";
     std::array<char, kMaxText> buffer;
     char* end = buffer.data();
-    if (number == std::trunc(number) && std::abs(number) <= kExactWholeNumbers) {
-        // Takes minus zero too, which JavaScript writes as 0.
-        end = std::to_chars(end, end + buffer.size(), static_cast<std::int64_t>(number)).ptr;
-    } else {
-        if (number < 0) end = copy(end, "-");
-        end = layOut(end, shortestDigits(std::abs(number)));
-    }
-    return {buffer.data(), end};
+    // Minus zero is not below zero: JavaScript writes it as 0.
+    if (number < 0) *end++ = '-';
+    end = writePositive(end, std::abs(number));
+    std::array<char16_t, kMaxText> units;
+    char16_t* const last = std::copy(buffer.data(), end, units.data());
+    return {units.data(), last};
 }
 
 }  // namespace kx
