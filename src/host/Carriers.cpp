@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "host/KxJsVariable.h"
-#include "host/Text.h"
+#include "host/BoundVariable.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -12,16 +11,16 @@ namespace {
 
 constexpr int kVariableField = 0;
 
-/// Null for an object that carries no variable: the global object has the field too, so has a
-/// carrier whose variable is gone, and so have objects that scripts make with a carrier's
-/// constructor. Whatever has the accessor is made from the same template, and has the field.
-KxJsVariable const* carriedVariable(v8::Local<v8::Object> holder) {
-    v8::Local<v8::Value> const field = v8compat::internalField(holder, kVariableField);
-    if (field.IsEmpty() || !field->IsExternal()) return nullptr;
-    return static_cast<KxJsVariable const*>(field.As<v8::External>()->Value());
+void carryNothing(v8::Local<v8::Object> object) {
+    object->SetAlignedPointerInInternalField(kVariableField, nullptr);
 }
 
 }  // namespace
+
+Carriers::Carriers() = default;
+Carriers::~Carriers() = default;
+Carriers::Carriers(Carriers&&) noexcept = default;
+Carriers& Carriers::operator=(Carriers&&) noexcept = default;
 
 v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context> context,
                                      v8::Local<v8::ObjectTemplate> shape,
@@ -30,8 +29,7 @@ v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context
     if (!shape->NewInstance(context).ToLocal(&carrier)) return {};
     forgetCollected();
     carriers_.emplace_back(isolate, carrier).SetWeak();
-    carrier->SetInternalField(kVariableField,
-                              v8::External::New(isolate, const_cast<KxJsVariable*>(&variable)));
+    carrier->SetAlignedPointerInInternalField(kVariableField, &bound(variable));
     return carrier;
 }
 
@@ -39,9 +37,24 @@ void Carriers::cutAll(v8::Isolate* isolate) {
     v8::HandleScope const handles(isolate);
     for (v8::Global<v8::Object> const& carrier : carriers_) {
         if (carrier.IsEmpty()) continue;
-        carrier.Get(isolate)->SetInternalField(kVariableField, v8::Undefined(isolate));
+        carryNothing(carrier.Get(isolate));
     }
     carriers_.clear();
+    variables_.clear();
+}
+
+// The getter cannot look at the field of a global object that was never set, unlike at those of
+// other objects.
+void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
+    v8::Local<v8::Object> const proxy = context->Global();
+    carryNothing(proxy);
+    carryNothing(proxy->GetPrototype().As<v8::Object>());  // the global object itself
+}
+
+BoundVariable& Carriers::bound(KxJsVariable const& variable) {
+    std::unique_ptr<BoundVariable>& bound = variables_[&variable];
+    if (bound == nullptr) bound = std::make_unique<BoundVariable>(variable);
+    return *bound;
 }
 
 // Every parse makes new carriers and the collector takes most of them; sweeping only when the
@@ -54,21 +67,9 @@ void Carriers::forgetCollected() {
 
 void Carriers::accessorGetter(v8::Local<v8::Name> /*property*/,
                               v8::PropertyCallbackInfo<v8::Value> const& info) {
-    KxJsVariable const* const variable = carriedVariable(info.Holder());
-    if (variable == nullptr) return;  // undefined
-    switch (variable->getType()) {
-        case KxJsVariable::TYPE_OF_VAR_LONG:
-            info.GetReturnValue().Set(variable->getLongValue());
-            break;
-        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
-            info.GetReturnValue().Set(variable->getDoubleValue());
-            break;
-        case KxJsVariable::TYPE_OF_VAR_STRING:
-            info.GetReturnValue().Set(toEngineString(info.GetIsolate(), variable->seenText()));
-            break;
-        default:
-            info.GetReturnValue().Set(variable->getBooleanValue());
-    }
+    auto* const variable =
+        static_cast<BoundVariable*>(v8compat::alignedPointerOrNull(info.Holder(), kVariableField));
+    if (variable != nullptr) variable->read(info.GetIsolate(), info.GetReturnValue());
 }
 
 }  // namespace kx

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <vector>
 
 #include <v8.h>
@@ -8,14 +10,21 @@ class KxJsVariable;
 
 namespace kx {
 
+class BoundVariable;
+
 /// The objects through which scripts read a host's variables: each carries the address of one
-/// KxJsVariable in its internal field 0, where the accessor's getter finds it.
+/// BoundVariable in its internal field 0, where the accessor's getter finds it.
 ///
 /// A script may keep a carrier beyond the life of its variable, so the list of all carriers is
 /// kept (weakly: it does not keep them alive), and letting the variables go cuts the connection
 /// first. A carrier without a variable reads as undefined.
 class Carriers {
   public:
+    Carriers();
+    ~Carriers();
+    Carriers(Carriers&&) noexcept;
+    Carriers& operator=(Carriers&&) noexcept;
+
     /// A new instance of `shape` that carries `variable`, or an empty handle where the engine
     /// cannot make one.
     v8::Local<v8::Object> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
@@ -24,13 +33,18 @@ class Carriers {
     /// Cuts every carrier from its variable. The isolate must be the current one.
     void cutAll(v8::Isolate* isolate);
 
+    /// Makes the accessor of a new context's global object read as undefined.
+    static void leaveGlobalEmpty(v8::Local<v8::Context> context);
+
     /// The accessor's getter: the value of the variable that the holder carries.
     static void accessorGetter(v8::Local<v8::Name> property,
                                v8::PropertyCallbackInfo<v8::Value> const& info);
 
   private:
     void forgetCollected();
+    BoundVariable& bound(KxJsVariable const& variable);
 
+    std::map<KxJsVariable const*, std::unique_ptr<BoundVariable>> variables_;
     std::vector<v8::Global<v8::Object>> carriers_;
     std::size_t collectAt_ = 64;
 };

@@ -12,6 +12,18 @@ namespace kx {
 
 namespace {
 
+/// Keeps the engine's first block of handles: without an outermost scope that holds one, every run
+/// would allocate a block and free it.
+class OutermostHandles {
+  public:
+    explicit OutermostHandles(v8::Isolate* isolate)
+        : scope_(isolate), first_(v8::Number::New(isolate, 0)) {}
+
+  private:
+    v8::HandleScope scope_;
+    v8::Local<v8::Value> first_;
+};
+
 /// The isolate that this library made for a thread: entered from the thread's first host to the
 /// thread's end.
 class ThreadIsolate {
@@ -21,6 +33,7 @@ class ThreadIsolate {
     ThreadIsolate& operator=(ThreadIsolate const&) = delete;
 
     ~ThreadIsolate() {
+        handles_.reset();
         // Hosts that are still alive hold the record too, and the isolate with it.
         if (record_->isCurrent()) record_->isolate()->Exit();
     }
@@ -39,9 +52,11 @@ class ThreadIsolate {
         if (std::uintptr_t const limit = scriptStackLimit(threadStackBounds()); limit != 0) {
             isolate->SetStackLimit(limit);
         }
+        if (handles_ == nullptr) handles_ = std::make_unique<OutermostHandles>(isolate);
     }
 
     std::shared_ptr<IsolateRecord> record_;
+    std::unique_ptr<OutermostHandles> handles_;
 };
 
 // A plain pointer, because hosts may still be made while the thread destroys its objects.

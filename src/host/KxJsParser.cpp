@@ -26,7 +26,9 @@ void KxJsParser::createContext() {
     kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
                                       kx::Carriers::accessorGetter);
     _mGlobalTemplate = kx::makePersistent(isolate, shape);
-    _mContext = kx::makePersistent(isolate, v8::Context::New(isolate, nullptr, shape));
+    v8::Local<v8::Context> const context = v8::Context::New(isolate, nullptr, shape);
+    if (!context.IsEmpty()) kx::Carriers::leaveGlobalEmpty(context);
+    _mContext = kx::makePersistent(isolate, context);
 }
 
 void KxJsParser::disposeGlobalContext() {

@@ -7,7 +7,7 @@
 #include "library/Export.h"
 
 namespace kx {
-class Carriers;
+class BoundVariable;
 }
 
 /// A named value that a host application hands to its scripts.
@@ -85,7 +85,7 @@ class KXJS_API KxJsVariable {
 
   private:
     friend class KxJsParser;
-    friend class kx::Carriers;
+    friend class kx::BoundVariable;
 
     void init();
     /// Of a text, what scripts see.

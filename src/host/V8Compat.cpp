@@ -26,10 +26,6 @@ void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
 #endif
 }
 
-v8::Local<v8::Value> internalField(v8::Local<v8::Object> object, int index) {
-    return object->GetInternalField(index).As<v8::Value>();
-}
-
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target) {
     auto* const units = reinterpret_cast<std::uint16_t*>(target);
 #if V8_MAJOR_VERSION >= 14

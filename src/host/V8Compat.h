@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,13 @@ bool isEngineRunning();
 void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,
                          v8::Local<v8::String> name, v8::AccessorNameGetterCallback getter);
 
-/// What the internal field `index` of `object` holds; undefined where it was never set.
-v8::Local<v8::Value> internalField(v8::Local<v8::Object> object, int index);
+/// The aligned pointer in the internal field `index` of `object`; null where none was ever set and
+/// the object is no global object.
+inline void* alignedPointerOrNull(v8::Local<v8::Object> object, int index) {
+    // What a field holds at first is a tagged reference, whose lowest bit is set.
+    void* const pointer = object->GetAlignedPointerFromInternalField(index);
+    return (reinterpret_cast<std::uintptr_t>(pointer) & 1) == 0 ? pointer : nullptr;
+}
 
 /// Copies the code units of `text` to `target`, which has room for text->Length() of them.
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);

@@ -31,6 +31,7 @@ class Carriers : public testing::Test {
     v8::Local<v8::ObjectTemplate> shape_ = makeShape(isolate_);
     v8::Local<v8::Context> context_ = v8::Context::New(isolate_, nullptr, shape_);
     v8::Context::Scope entered_{context_};
+    void SetUp() override { kx::Carriers::leaveGlobalEmpty(context_); }
     kx::Carriers carriers_;
 };
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include <v8.h>
+
+#include "host/KxJsVariable.h"
+
+namespace kx {
+
+/// What scripts read of one variable: its value at the moment of reading.
+///
+/// Most texts stay the same from run to run, so the engine's string for a text is kept once the
+/// text has been read a second time. Holds a handle: see IsolateRecord for where it may be
+/// destroyed.
+class BoundVariable {
+  public:
+    explicit BoundVariable(KxJsVariable const& variable) : variable_(variable) {}
+    BoundVariable(BoundVariable const&) = delete;
+    BoundVariable& operator=(BoundVariable const&) = delete;
+
+    /// Hands the value to the engine.
+    void read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
+
+  private:
+    void readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
+
+    KxJsVariable const& variable_;
+    std::u16string lastText_;
+    v8::Global<v8::String> engineText_;  // of lastText_, or empty
+};
+
+}  // namespace kx
