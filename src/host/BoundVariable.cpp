@@ -1,6 +1,6 @@
 #include "host/BoundVariable.h"
 
-#include <string_view>
+#include <cstring>
 
 #include "host/Text.h"
 
@@ -24,7 +24,7 @@ void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result
 
 void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
     std::u16string_view const text = variable_.seenText();
-    if (text != lastText_) {
+    if (!isLastText(text)) {
         lastText_ = text;
         engineText_.Reset();
         result.Set(toEngineString(isolate, text));
@@ -32,6 +32,12 @@ void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> re
     }
     if (engineText_.IsEmpty()) engineText_.Reset(isolate, toEngineString(isolate, text));
     result.Set(engineText_);
+}
+
+bool BoundVariable::isLastText(std::u16string_view text) const {
+    // Not by operator==, which compares unit by unit.
+    return text.size() == lastText_.size() &&
+           std::memcmp(text.data(), lastText_.data(), text.size() * sizeof(char16_t)) == 0;
 }
 
 }  // namespace kx

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <v8.h>
 
@@ -23,6 +24,7 @@ class BoundVariable {
     void read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
   private:
+    bool isLastText(std::u16string_view text) const;
     void readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
     KxJsVariable const& variable_;

@@ -5,6 +5,8 @@
 
 #include <v8.h>
 
+#include "host/V8Compat.h"
+
 namespace kx {
 
 /// A cell on the heap that keeps a compiled script alive. Destroying the cell disposes of the
@@ -18,7 +20,7 @@ class CompiledScript {
     /// or class in a state in which a second run ends the process, so such a script is bound anew
     /// for each run, and says itself that the names are taken.
     v8::Local<v8::Script> forRun(v8::Isolate* isolate, v8::Local<v8::Context> context) const {
-        v8::Local<v8::Script> const script = handle_.Get(isolate);
+        v8::Local<v8::Script> const script = v8compat::localOf(isolate, handle_);
         if (!mayDeclareNames_) return script;
         v8::Context::Scope const entered(context);
         return script->GetUnboundScript()->BindToCurrentContext();

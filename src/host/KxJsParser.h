@@ -129,6 +129,7 @@ class KXJS_API KxJsParser {
     std::u16string addWrapper(std::u16string& source);
     void clearVariables();
     void clearVecOfCompiledScripts();
+    std::u16string run(std::size_t index, std::u16string& error);
     std::u16string reportException(v8::TryCatch& capture);
 
     static constexpr std::u16string_view _mAccessorName = u"ouraccessor";

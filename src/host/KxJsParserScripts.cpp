@@ -46,32 +46,34 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
         error = u"The script host belongs to another thread or to another engine isolate";
         return {};
     }
+    return run(static_cast<std::size_t>(index), error);  // a negative index becomes a huge one
+}
+
+std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
     // Not entered here: whatever needs it does so by itself.
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     kx::ScriptRun const run(*_mEngine);
     v8::TryCatch capture(isolate);
-    // A negative index becomes a huge one.
-    auto const position = static_cast<std::size_t>(index);
-    if (position >= _mVecOfCompiledScripts.size()) {
+    if (index >= _mVecOfCompiledScripts.size()) {
         throw std::out_of_range("invalid vector<T> subscript");
     }
-    v8::Local<v8::Script> const script = _mVecOfCompiledScripts[position]->forRun(isolate, context);
-    std::u16string result;
     v8::Local<v8::Value> completion;
-    bool const hasCompleted = script->Run(context).ToLocal(&completion);
-    if (!capture.HasTerminated()) _mEngine->record().runPromiseJobs();
-    if (hasCompleted && !capture.HasTerminated()) {
-        // The conversion runs the value's own toString, so it can fail as the script itself can.
-        result = kx::textOfValue(isolate, context, completion);
-        if (completion->IsObject()) _mEngine->record().runPromiseJobs();
-    }
+    bool const hasCompleted =
+        _mVecOfCompiledScripts[index]->forRun(isolate, context)->Run(context).ToLocal(&completion);
+    if (hasCompleted || !capture.HasTerminated()) _mEngine->record().runPromiseJobs();
+    // The conversion runs the value's own toString, so it can fail as the script itself can.
+    bool const hasResult = hasCompleted && !capture.HasTerminated();
+    std::u16string result =
+        hasResult ? kx::textOfValue(isolate, context, completion) : std::u16string();
+    if (hasResult && completion->IsObject()) _mEngine->record().runPromiseJobs();
     if (capture.HasCaught()) {
         error = reportException(capture);
-        return {};
+        result.clear();
+    } else if (kx::contains(result, u'N') && result.find(u"NaN") != std::u16string::npos) {
+        error = u"Not A Number";
     }
-    if (result.find(u"NaN") != std::u16string::npos) error = u"Not A Number";
     return result;
 }
 

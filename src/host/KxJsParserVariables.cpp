@@ -15,9 +15,14 @@ std::u16string carrierName(std::u16string const& key) { return key + u"___" + ke
 }  // namespace
 
 bool KxJsParser::addSetVariable(KxJsVariable const& variable) {
+    // A key that is bound has been found good before.
+    if (auto const bound = _mVariables.find(variable._mKey); bound != _mVariables.end()) {
+        bound->second = variable;
+        return true;
+    }
     if (variable._mKey == _mAccessorName) return false;
     if (variable._mKey.find_first_not_of(kBlanks) == std::u16string::npos) return false;
-    _mVariables[variable._mKey] = variable;
+    _mVariables.emplace(variable._mKey, variable);
     return true;
 }
 

@@ -102,7 +102,10 @@ void KxJsVariable::setValue(bool value) {
 
 std::u16string_view KxJsVariable::seenText() const {
     std::u16string_view const seen = std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
-    return seen.substr(0, seen.find(u'\0'));
+    // Looks at all units, several at a time; hardly any text has a zero.
+    bool hasZero = false;
+    for (char16_t const unit : seen) hasZero |= unit == u'\0';
+    return hasZero ? seen.substr(0, seen.find(u'\0')) : seen;
 }
 
 std::u16string KxJsVariable::valueToString() const {

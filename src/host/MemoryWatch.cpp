@@ -47,12 +47,6 @@ void MemoryWatch::setLimit(std::size_t bytes) {
     if (allocator_ != nullptr) allocator_->setLimit(bytes);
 }
 
-RunControl* MemoryWatch::watch(RunControl* control) {
-    RunControl* const before = running_;
-    running_ = control;
-    return before;
-}
-
 void MemoryWatch::collect() {
     // Full collections, more than one: what a finalizer lets go of is only found by the next.
     isolate_->LowMemoryNotification();

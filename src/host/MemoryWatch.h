@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 
 #include <v8.h>
 
@@ -38,7 +39,7 @@ class MemoryWatch {
     void setLimit(std::size_t bytes);
 
     /// The run to end when memory runs out; null where none is going on. Returns the one before.
-    RunControl* watch(RunControl* control);
+    RunControl* watch(RunControl* control) { return std::exchange(running_, control); }
 
     /// Gives memory back after a run that was ended for it.
     void collect();

@@ -4,6 +4,8 @@
 
 #include <v8.h>
 
+#include "host/V8Compat.h"
+
 namespace kx {
 
 /// A cell on the heap that keeps one engine object alive. Destroying the cell disposes of the
@@ -13,7 +15,8 @@ class PersistentHandle {
   public:
     PersistentHandle(v8::Isolate* isolate, v8::Local<T> object) : handle_(isolate, object) {}
 
-    v8::Local<T> get(v8::Isolate* isolate) const { return handle_.Get(isolate); }
+    /// Valid as long as the cell.
+    v8::Local<T> get(v8::Isolate* isolate) const { return v8compat::localOf(isolate, handle_); }
 
   private:
     v8::Global<T> handle_;

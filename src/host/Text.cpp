@@ -18,8 +18,14 @@ std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text
     if (text.IsEmpty()) return {};
     std::u16string result(static_cast<std::size_t>(text->Length()), u'\0');
     v8compat::writeCodeUnits(isolate, text, result.data());
-    if (auto const end = result.find(u'\0'); end != std::u16string::npos) result.resize(end);
+    if (contains(result, u'\0')) result.resize(result.find(u'\0'));
     return result;
+}
+
+bool contains(std::u16string_view text, char16_t unit) {
+    bool isFound = false;
+    for (char16_t const each : text) isFound |= each == unit;
+    return isFound;
 }
 
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,

@@ -26,6 +26,19 @@ inline void* alignedPointerOrNull(v8::Local<v8::Object> object, int index) {
     return (reinterpret_cast<std::uintptr_t>(pointer) & 1) == 0 ? pointer : nullptr;
 }
 
+/// A handle to what `strong` holds, valid as long as `strong` is neither destroyed nor reset.
+/// Unlike a handle of a scope it costs nothing.
+template <class T>
+v8::Local<T> localOf([[maybe_unused]] v8::Isolate* isolate, v8::Global<T> const& strong) {
+#ifdef V8_ENABLE_DIRECT_HANDLE
+    return strong.Get(isolate);
+#else
+    // Both are the address of a cell that holds the object.
+    static_assert(sizeof(v8::Local<T>) == sizeof(v8::Global<T>));
+    return reinterpret_cast<v8::Local<T> const&>(strong);
+#endif
+}
+
 /// Copies the code units of `text` to `target`, which has room for text->Length() of them.
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);
 
