@@ -23,21 +23,23 @@ void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result
 }
 
 void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
-    std::u16string_view const text = variable_.seenText();
-    if (!isLastText(text)) {
-        lastText_ = text;
-        engineText_.Reset();
-        result.Set(toEngineString(isolate, text));
+    std::u16string_view const units = variable_.firstUnits();
+    if (!areLastUnits(units)) {
+        lastUnits_ = units;
+        lastText_.Reset();
+        result.Set(toEngineString(isolate, variable_.seenText()));
         return;
     }
-    if (engineText_.IsEmpty()) engineText_.Reset(isolate, toEngineString(isolate, text));
-    result.Set(engineText_);
+    if (lastText_.IsEmpty()) {
+        lastText_.Reset(isolate, toEngineString(isolate, variable_.seenText()));
+    }
+    result.Set(lastText_);
 }
 
-bool BoundVariable::isLastText(std::u16string_view text) const {
+bool BoundVariable::areLastUnits(std::u16string_view units) const {
     // Not by operator==, which compares unit by unit.
-    return text.size() == lastText_.size() &&
-           std::memcmp(text.data(), lastText_.data(), text.size() * sizeof(char16_t)) == 0;
+    return units.size() == lastUnits_.size() &&
+           std::memcmp(units.data(), lastUnits_.data(), units.size() * sizeof(char16_t)) == 0;
 }
 
 }  // namespace kx

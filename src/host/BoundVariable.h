@@ -24,12 +24,12 @@ class BoundVariable {
     void read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
   private:
-    bool isLastText(std::u16string_view text) const;
+    bool areLastUnits(std::u16string_view units) const;
     void readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
     KxJsVariable const& variable_;
-    std::u16string lastText_;
-    v8::Global<v8::String> engineText_;  // of lastText_, or empty
+    std::u16string lastUnits_;         // of the text that was read last
+    v8::Global<v8::String> lastText_;  // what scripts see of it, or empty
 };
 
 }  // namespace kx

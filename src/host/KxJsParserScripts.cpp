@@ -67,7 +67,8 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     bool const hasResult = hasCompleted && !capture.HasTerminated();
     std::u16string result =
         hasResult ? kx::textOfValue(isolate, context, completion) : std::u16string();
-    if (hasResult && completion->IsObject()) _mEngine->record().runPromiseJobs();
+    if (hasResult && !completion->IsString() && completion->IsObject())
+        _mEngine->record().runPromiseJobs();
     if (capture.HasCaught()) {
         error = reportException(capture);
         result.clear();

@@ -8,16 +8,13 @@
 
 namespace {
 
-/// Room for the text of a value; scripts see no more of a text variable than this.
-constexpr std::size_t kMaxTextLength = 255;
-
 std::u16string textOrEmpty(char16_t const* text) {
     return text == nullptr ? std::u16string() : std::u16string(text);
 }
 
-template <class... Format>
+template <std::size_t kRoom, class... Format>
 std::u16string formatNumber(Format... format) {
-    std::array<char, kMaxTextLength> buffer;
+    std::array<char, kRoom> buffer;
     auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), format...);
     if (end.ec != std::errc()) return {};
     return {buffer.data(), end.ptr};
@@ -101,11 +98,8 @@ void KxJsVariable::setValue(bool value) {
 }
 
 std::u16string_view KxJsVariable::seenText() const {
-    std::u16string_view const seen = std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
-    // Looks at all units, several at a time; hardly any text has a zero.
-    bool hasZero = false;
-    for (char16_t const unit : seen) hasZero |= unit == u'\0';
-    return hasZero ? seen.substr(0, seen.find(u'\0')) : seen;
+    std::u16string_view const units = firstUnits();
+    return units.substr(0, units.find(u'\0'));
 }
 
 std::u16string KxJsVariable::valueToString() const {
@@ -113,9 +107,9 @@ std::u16string KxJsVariable::valueToString() const {
         case TYPE_OF_VAR_STRING:
             return std::u16string(seenText());
         case TYPE_OF_VAR_LONG:
-            return formatNumber(_mLongValue);
+            return formatNumber<kMaxTextLength>(_mLongValue);
         case TYPE_OF_VAR_DOUBLE:
-            return formatNumber(_mDoubleValue, std::chars_format::fixed, 6);
+            return formatNumber<kMaxTextLength>(_mDoubleValue, std::chars_format::fixed, 6);
         default:
             return _mBooleanValue ? u"true" : u"false";
     }

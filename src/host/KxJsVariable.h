@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -88,8 +89,16 @@ class KXJS_API KxJsVariable {
     friend class kx::BoundVariable;
 
     void init();
-    /// Of a text, what scripts see.
+    /// Of a text, the part that scripts may see, and what they see of it.
+    /// @{
+    std::u16string_view firstUnits() const {
+        return std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
+    }
     std::u16string_view seenText() const;
+    /// @}
+
+    /// Room for the text of a value; scripts see no more of a text variable than this.
+    static constexpr std::size_t kMaxTextLength = 255;
 
     std::u16string _mKey;
     std::int32_t _mLongValue = 0;

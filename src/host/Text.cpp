@@ -31,6 +31,8 @@ bool contains(std::u16string_view text, char16_t unit) {
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
                            v8::Local<v8::Value> value) {
     if (value.IsEmpty()) return {};
+    // Asked for first, because the engine answers this without a call.
+    if (value->IsString()) return fromEngineString(isolate, value.As<v8::String>());
     if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
     v8::Local<v8::String> text;
     if (!value->ToString(context).ToLocal(&text)) return {};
