@@ -6,6 +6,24 @@
 
 namespace kx {
 
+namespace {
+
+std::u16string carrierNameFor(std::u16string const& key) { return key + u"___" + key; }
+
+}  // namespace
+
+BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName)
+    : variable_(variable),
+      prologueLine_(variable.getKey() + u"=" + carrierNameFor(variable.getKey()) + u"." +
+                    std::u16string(accessorName) + u";\n") {}
+
+v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
+    if (carrierName_.IsEmpty()) {
+        carrierName_.Reset(isolate, toEngineName(isolate, carrierNameFor(variable_.getKey())));
+    }
+    return carrierName_.Get(isolate);
+}
+
 void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
     switch (variable_.getType()) {
         case KxJsVariable::TYPE_OF_VAR_LONG:

@@ -16,9 +16,16 @@ namespace kx {
 /// destroyed.
 class BoundVariable {
   public:
-    explicit BoundVariable(KxJsVariable const& variable) : variable_(variable) {}
+    BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName);
     BoundVariable(BoundVariable const&) = delete;
     BoundVariable& operator=(BoundVariable const&) = delete;
+
+    /// The global name of the variable's carriers: the key, "___", the key. Empty where it is
+    /// longer than the engine allows.
+    v8::Local<v8::String> carrierName(v8::Isolate* isolate);
+
+    /// The line in front of a script that reads the variable through its carrier.
+    std::u16string const& prologueLine() const { return prologueLine_; }
 
     /// Hands the value to the engine.
     void read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
@@ -28,6 +35,8 @@ class BoundVariable {
     void readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
     KxJsVariable const& variable_;
+    std::u16string const prologueLine_;
+    v8::Global<v8::String> carrierName_;
     std::u16string lastUnits_;         // of the text that was read last
     v8::Global<v8::String> lastText_;  // what scripts see of it, or empty
 };

@@ -23,13 +23,12 @@ Carriers::Carriers(Carriers&&) noexcept = default;
 Carriers& Carriers::operator=(Carriers&&) noexcept = default;
 
 v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                                     v8::Local<v8::ObjectTemplate> shape,
-                                     KxJsVariable const& variable) {
+                                     v8::Local<v8::ObjectTemplate> shape, BoundVariable& variable) {
     v8::Local<v8::Object> carrier;
     if (!shape->NewInstance(context).ToLocal(&carrier)) return {};
     forgetCollected();
     carriers_.emplace_back(isolate, carrier).SetWeak();
-    carrier->SetAlignedPointerInInternalField(kVariableField, &bound(variable));
+    carrier->SetAlignedPointerInInternalField(kVariableField, &variable);
     return carrier;
 }
 
@@ -51,9 +50,9 @@ void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
     carryNothing(proxy->GetPrototype().As<v8::Object>());  // the global object itself
 }
 
-BoundVariable& Carriers::bound(KxJsVariable const& variable) {
+BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view accessorName) {
     std::unique_ptr<BoundVariable>& bound = variables_[&variable];
-    if (bound == nullptr) bound = std::make_unique<BoundVariable>(variable);
+    if (bound == nullptr) bound = std::make_unique<BoundVariable>(variable, accessorName);
     return *bound;
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include <v8.h>
@@ -25,10 +26,13 @@ class Carriers {
     Carriers(Carriers&&) noexcept;
     Carriers& operator=(Carriers&&) noexcept;
 
+    /// What carriers of `variable` carry, until they are cut.
+    BoundVariable& bound(KxJsVariable const& variable, std::u16string_view accessorName);
+
     /// A new instance of `shape` that carries `variable`, or an empty handle where the engine
     /// cannot make one.
     v8::Local<v8::Object> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                               v8::Local<v8::ObjectTemplate> shape, KxJsVariable const& variable);
+                               v8::Local<v8::ObjectTemplate> shape, BoundVariable& variable);
 
     /// Cuts every carrier from its variable. The isolate must be the current one.
     void cutAll(v8::Isolate* isolate);
@@ -42,7 +46,6 @@ class Carriers {
 
   private:
     void forgetCollected();
-    BoundVariable& bound(KxJsVariable const& variable);
 
     std::map<KxJsVariable const*, std::unique_ptr<BoundVariable>> variables_;
     std::vector<v8::Global<v8::Object>> carriers_;

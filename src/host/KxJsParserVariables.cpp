@@ -1,16 +1,14 @@
 // Variable binding: the host's map of variables, and the prologue through which scripts read them.
 #include <string_view>
 
+#include "host/BoundVariable.h"
 #include "host/HostEngine.h"
 #include "host/KxJsParser.h"
-#include "host/Text.h"
 
 namespace {
 
 // White space of the C runtime's default locale.
 constexpr std::u16string_view kBlanks = u" \t\n\v\f\r";
-
-std::u16string carrierName(std::u16string const& key) { return key + u"___" + key; }
 
 }  // namespace
 
@@ -37,25 +35,22 @@ KxJsVariable::TypeOfVar KxJsParser::getVariableType(std::u16string const& key) c
 
 std::u16string KxJsParser::addWrapper(std::u16string& source) {
     v8::Isolate* const isolate = _mEngine->isolate();
-    v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
-    v8::Context::Scope const entered(context);
     // A carrier that cannot be made shows when the script runs: the prologue finds no such name.
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::ObjectTemplate> const shape = _mGlobalTemplate->get(isolate);
     std::u16string wrapped;
     for (auto const& [key, variable] : _mVariables) {
         if (source.find(key) == std::u16string::npos) continue;
-        std::u16string const name = carrierName(key);
-        wrapped.append(key).append(u"=").append(name).append(u".").append(_mAccessorName);
-        wrapped.append(u";\n");
-        v8::HandleScope const carrierHandles(isolate);
+        v8::HandleScope const handles(isolate);
+        kx::BoundVariable& bound = _mEngine->carriers().bound(variable, _mAccessorName);
+        wrapped += bound.prologueLine();
         v8::Local<v8::Object> const carrier =
-            _mEngine->carriers().make(isolate, context, shape, variable);
-        v8::Local<v8::String> const property = kx::toEngineString(isolate, name);
-        if (carrier.IsEmpty() || property.IsEmpty()) continue;
+            _mEngine->carriers().make(isolate, context, shape, bound);
+        v8::Local<v8::String> const name = bound.carrierName(isolate);
+        if (carrier.IsEmpty() || name.IsEmpty()) continue;
         [[maybe_unused]] auto const isDefined =
-            context->Global()->DefineOwnProperty(context, property, carrier, v8::None);
+            context->Global()->CreateDataProperty(context, name, carrier);
     }
     wrapped += source;
     return wrapped;

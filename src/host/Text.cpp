@@ -7,11 +7,24 @@
 
 namespace kx {
 
-v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text) {
+namespace {
+
+v8::Local<v8::String> newString(v8::Isolate* isolate, std::u16string_view text,
+                                v8::NewStringType type) {
     if (text.size() > static_cast<std::size_t>(v8::String::kMaxLength)) return {};
     return v8::String::NewFromTwoByte(isolate, reinterpret_cast<std::uint16_t const*>(text.data()),
-                                      v8::NewStringType::kNormal, static_cast<int>(text.size()))
+                                      type, static_cast<int>(text.size()))
         .FromMaybe(v8::Local<v8::String>());
+}
+
+}  // namespace
+
+v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text) {
+    return newString(isolate, text, v8::NewStringType::kNormal);
+}
+
+v8::Local<v8::String> toEngineName(v8::Isolate* isolate, std::u16string_view text) {
+    return newString(isolate, text, v8::NewStringType::kInternalized);
 }
 
 std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text) {

@@ -11,6 +11,9 @@ namespace kx {
 /// allows (v8::String::kMaxLength).
 v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text);
 
+/// The same as the name of a property, which the engine finds faster.
+v8::Local<v8::String> toEngineName(v8::Isolate* isolate, std::u16string_view text);
+
 /// The code units of `text` up to its first U+0000. An empty handle gives the empty text.
 std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text);
 

@@ -37,12 +37,14 @@ class Carriers : public testing::Test {
 
 TEST_F(Carriers, readAVariableWithoutATypeAsTrue) {
     KxJsVariable const untyped;
-    EXPECT_EQ(read(carriers_.make(isolate_, context_, shape_, untyped)), u"true");
+    EXPECT_EQ(read(carriers_.make(isolate_, context_, shape_, carriers_.bound(untyped, u"value"))),
+              u"true");
 }
 
 TEST_F(Carriers, followTheVariable) {
     KxJsVariable variable(u"A", 1);
-    v8::Local<v8::Object> const carrier = carriers_.make(isolate_, context_, shape_, variable);
+    v8::Local<v8::Object> const carrier =
+        carriers_.make(isolate_, context_, shape_, carriers_.bound(variable, u"value"));
     EXPECT_EQ(read(carrier), u"1");
     variable.setValue(u"text");
     EXPECT_EQ(read(carrier), u"text");
@@ -50,7 +52,8 @@ TEST_F(Carriers, followTheVariable) {
 
 TEST_F(Carriers, readAsUndefinedOnceTheyAreCut) {
     KxJsVariable const variable(u"A", 1);
-    v8::Local<v8::Object> const carrier = carriers_.make(isolate_, context_, shape_, variable);
+    v8::Local<v8::Object> const carrier =
+        carriers_.make(isolate_, context_, shape_, carriers_.bound(variable, u"value"));
     carriers_.cutAll(isolate_);
     EXPECT_EQ(read(carrier), u"undefined");
     EXPECT_EQ(read(context_->Global()), u"undefined");
