@@ -26,7 +26,8 @@ class Figures {
 using Absences = std::map<std::string, std::string>;
 
 /// Prints the rows that have figures as a Markdown table: raw V8's time and the library's, the
-/// library's ratio and its goal, then the other peers' ratios to raw V8.
+/// library's ratio and its goal, then the other peers' ratios to raw V8; to the library where raw
+/// V8 cannot do the work.
 void printTable(std::ostream& out, std::vector<Case> const& cases,
                 std::vector<std::string> const& peers, Figures const& figures,
                 Absences const& absences);

@@ -4,7 +4,8 @@ namespace bench {
 
 std::vector<Case> allCases() {
     std::vector<Case> all;
-    for (auto const& group : {hostReadyCases(), parseCases(), executeCases(), oneShotCases()}) {
+    for (auto const& group :
+         {hostReadyCases(), parseCases(), executeCases(), oneShotCases(), convertCases()}) {
         all.insert(all.end(), group.begin(), group.end());
     }
     return all;

@@ -24,12 +24,17 @@ struct Case {
     std::function<std::string(Peer&)> results;
     /// What the library may take at most, in raw V8's time; 0 where raw V8 has no part.
     double goal = 0;
+    /// Or in time; 0 where the goal is another.
+    double goalNanoseconds = 0;
+    /// The row whose work is half of this one's: at most 2.2 times its time is the goal.
+    std::string twiceOf = {};
 };
 
 std::vector<Case> hostReadyCases();
 std::vector<Case> parseCases();
 std::vector<Case> executeCases();
 std::vector<Case> oneShotCases();
+std::vector<Case> convertCases();
 
 /// All rows, in the table's order.
 std::vector<Case> allCases();

@@ -10,6 +10,7 @@ let formula;
 let context;
 let scripts = [];
 let result = '';
+let passCount = 0;
 
 // Processor time, as the other peers are measured: this process runs single-threaded.
 function timed(work) {
@@ -20,7 +21,7 @@ function timed(work) {
 }
 
 function unseen(number) {
-  return formula.text.replace('#######', String(1000000 + number % 9000000));
+  return formula.text.replace('#######', String(1000000 + number));
 }
 
 function unseenTexts(first, count) {
@@ -77,6 +78,17 @@ const requests = {
         bindAll(first + i);
         result = String(new vm.Script(text).runInContext(context));
       });
+    });
+  },
+  // The rules as regular expressions that are kept, one after the other.
+  convert: ({text, count, rules}) => {
+    if (passCount === 0) passCount = vm.runInThisContext(
+        fs.readFileSync(rules, 'utf8') + '\npasses.length');
+    return timed(() => {
+      for (let i = 0; i < count; ++i) {
+        result = text;
+        for (let pass = 0; pass < passCount; ++pass) result = applyPass(pass, result);
+      }
     });
   },
   forget: () => { scripts = []; },
