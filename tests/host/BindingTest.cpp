@@ -206,4 +206,40 @@ TEST(Binding, takesManyVariables) {
     EXPECT_EQ(host.eval(u"typeof v_aa"), u"undefined");
 }
 
+TEST(Binding, readsWhateverElseHasTheAccessorAsUndefined) {
+    ScriptHost host;
+    host.bind(u"A", 5);
+    EXPECT_EQ(host.run(u"A").result, u"5");
+    // An object that a script makes with a carrier's constructor carries nothing yet.
+    EXPECT_EQ(host.run(u"new A___A.constructor().ouraccessor").result, u"undefined");
+    EXPECT_EQ(host.run(u"class B extends A___A.constructor{};new B().ouraccessor").result,
+              u"undefined");
+    EXPECT_EQ(host.run(u"globalThis.ouraccessor").result, u"undefined");
+    EXPECT_EQ(host.run(u"Object.getPrototypeOf(globalThis).ouraccessor").result, u"undefined");
+    EXPECT_EQ(host.run(u"Object.create(globalThis).ouraccessor").result, u"undefined");
+    EXPECT_EQ(host.run(u"Object.create(A___A).ouraccessor").result, u"5");
+    EXPECT_EQ(host.run(u"Reflect.get(A___A,'ouraccessor',globalThis)").result, u"5");
+    EXPECT_EQ(host.run(u"new Proxy(A___A,{}).ouraccessor").result, u"5");
+}
+
+TEST(Binding, seesATextThatChangesAfterItHasStayedTheSame) {
+    ScriptHost host;
+    host.bind(u"S", u"same");
+    std::int32_t const script = host.parse(u"S+S.length");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"same4");
+    host.bind(u"S", u"sane");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"sane4");
+    host.bind(u"S", u"");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"0");
+    // Scripts see a text up to its first zero, and this one differs behind it only.
+    host.bind(u"S", std::u16string(u"ab\0c", 4));
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"ab2");
+    host.bind(u"S", std::u16string(u"ab\0d", 4));
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"ab2");
+    host.bind(u"S", 7);
+    EXPECT_EQ(host.execute(script).result, u"NaN");
+    host.bind(u"S", u"ab");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(host.execute(script).result, u"ab2");
+}
+
 }  // namespace

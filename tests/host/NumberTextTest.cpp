@@ -96,6 +96,20 @@ TEST_F(NumberText, equalsTheEnginesForDecimals) {
     }
 }
 
+TEST_F(NumberText, equalsTheEnginesForMillionths) {
+    std::mt19937_64 random(4);
+    for (int i = 0; i < 200000; ++i) {
+        // Up to, around and beyond what is written without a search for the shortest digits.
+        auto const millionths = static_cast<double>(random() >> (random() % 64));
+        expectEnginesText(millionths / 1e6);
+        expectEnginesText(-std::nextafter(millionths / 1e6, 0));
+        expectEnginesText(millionths / 1e7);
+    }
+    for (double const edge : {1e9, 999999999.999999, 1e15 / 1e6, 1e-6, 9.999999e-7, 0.1, 0.3}) {
+        expectNeighbourhood(edge);
+    }
+}
+
 TEST_F(NumberText, equalsTheEnginesForSubnormals) {
     std::mt19937_64 random(2);
     for (int i = 0; i < 100000; ++i) {

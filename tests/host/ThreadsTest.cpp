@@ -31,6 +31,21 @@ TEST(Threads, haveHostsOfTheirOwn) {
     EXPECT_EQ(right, 800);
 }
 
+// From the third thread on, the built-in functions are taken over in compiled form.
+TEST(Threads, shareTheBuiltInFunctions) {
+    std::vector<std::u16string> errors;
+    for (int t = 0; t < 5; ++t) {
+        std::thread([&errors] {
+            ScriptHost host;
+            EXPECT_EQ(host.eval(u"ROUND(2.456,2)+ALLTRIM('  x ')"), u"2.46x");
+            // The place of an error inside a built-in function is part of its text.
+            errors.push_back(host.run(u"ALLTRIM(null)").error);
+        }).join();
+    }
+    EXPECT_NE(errors.front(), u"");
+    for (std::u16string const& error : errors) EXPECT_EQ(error, errors.front());
+}
+
 TEST(Threads, refuseAForeignHost) {
     ScriptHost host;
     host.bind(u"A", 1);
