@@ -7,6 +7,7 @@
 // anything is timed, all peers must have given the same results. --filter takes the rows whose
 // titles contain the text, --peer the named peers only.
 #include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <iostream>
@@ -98,8 +99,10 @@ std::vector<Measurement> prepare(std::vector<bench::Case> const& cases, Options 
             std::string const results = row.results(*peer);
             if (agreed.empty()) agreed = results;
             if (results != agreed) {
-                throw std::runtime_error(row.title + ": " + entry.name + " gives \"" + results +
-                                         "\" instead of \"" + agreed + "\"");
+                std::string message = row.title + ": ";
+                message.append(entry.name).append(" gives \"").append(results);
+                message.append("\" instead of \"").append(agreed).append("\"");
+                throw std::runtime_error(message);
             }
             measurements.push_back({&row, entry.name, std::move(peer)});
         }
@@ -145,10 +148,10 @@ Options readOptions(int count, char** arguments) {
 }
 
 void initializeBenchmark(char* program) {
-    char interleave[] = "--benchmark_enable_random_interleaving=true";
-    char* arguments[] = {program, interleave, nullptr};
+    std::string interleave = "--benchmark_enable_random_interleaving=true";
+    std::array<char*, 3> arguments = {program, interleave.data(), nullptr};
     int count = 2;
-    benchmark::Initialize(&count, arguments);
+    benchmark::Initialize(&count, arguments.data());
 }
 
 void printHead(int count, char** arguments, Options const& options) {

@@ -12,7 +12,7 @@ std::string repeated(std::string const& piece, std::size_t count) {
     return text;
 }
 
-Case conversion(std::string title, std::string text) {
+Case conversion(std::string const& title, std::string const& text) {
     Case convert;
     convert.title = "convert, " + title;
     convert.task = Task::convert;

@@ -98,9 +98,9 @@ char* writeWholeNumber(char* target, std::uint64_t number) {
 /// `number` as millionths, if it is a whole number of them and they are few enough.
 std::optional<std::uint64_t> asMillionths(double number) {
     if (number >= kMostMillionths / kMillion) return std::nullopt;
-    auto const millionths = static_cast<std::uint64_t>(number * kMillion + 0.5);
-    if (static_cast<double>(millionths) / kMillion != number) return std::nullopt;
-    return millionths;
+    double const millionths = std::floor(number * kMillion + 0.5);
+    if (millionths / kMillion != number) return std::nullopt;
+    return static_cast<std::uint64_t>(millionths);
 }
 
 char* writeMillionths(char* target, std::uint64_t millionths) {
