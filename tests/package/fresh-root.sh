@@ -30,8 +30,13 @@ cp "$@" "$work/kxjs"
 cp -r "$here/consumer" "$here/in-fresh-root.sh" "$work/kxjs"
 chmod 755 "$work"
 
-# The hooks run before the system is thrown away.
+# The hooks run before the system is thrown away, with nothing of this shell's environment but the
+# way to the package sources.
+export KXJS_ENVIRONMENT="PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root"
+for variable in http_proxy https_proxy no_proxy; do
+    [[ -z ${!variable:-} ]] || KXJS_ENVIRONMENT+=" $variable=${!variable}"
+done
 mmdebstrap --quiet --variant=apt "${options[@]}" \
     --customize-hook="copy-in '$work/kxjs' /opt" \
-    --customize-hook='chroot "$1" /opt/kxjs/in-fresh-root.sh' \
+    --customize-hook='env -i $KXJS_ENVIRONMENT chroot "$1" /opt/kxjs/in-fresh-root.sh' \
     "" /dev/null - <<<"$sources"
