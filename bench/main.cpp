@@ -73,10 +73,11 @@ class Collector final : public benchmark::BenchmarkReporter {
 
 void measure(benchmark::State& state, Measurement& measurement) {
     // Numbers are not used twice, not in another row either: engines remember what they compiled.
-    // Peers know nothing of each other, so each has its own; so have runs, which are many more.
+    // Peers know nothing of each other, so each has its own; so have rows without new formulas.
     static std::map<std::pair<std::string, bool>, std::uint64_t> used;
-    bool const isRun = measurement.row->task == bench::Task::execute;
-    std::uint64_t& next = used.try_emplace({measurement.peerName, isRun}, 1000).first->second;
+    bench::Task const task = measurement.row->task;
+    bool const isUnseen = task == bench::Task::parse || task == bench::Task::oneShot;
+    std::uint64_t& next = used.try_emplace({measurement.peerName, isUnseen}, 1000).first->second;
     std::uint64_t const batch = measurement.row->batch;
     for ([[maybe_unused]] auto const& iteration : state) {
         auto const time = measurement.row->work(*measurement.peer, next, batch);
