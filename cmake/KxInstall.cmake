@@ -8,6 +8,7 @@ include(CMakePackageConfigHelpers)
 
 set(_headers
     convert/Converter.h
+    host/KxJsFailure.h
     host/KxJsParser.h
     host/KxJsVariable.h
     library/Catalogues.h

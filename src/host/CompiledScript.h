@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <cstddef>
 #include <string_view>
 
 #include <v8.h>
@@ -13,8 +13,12 @@ namespace kx {
 /// handle, so a cell must not be destroyed after its isolate: see IsolateRecord.
 class CompiledScript {
   public:
-    CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source)
-        : handle_(isolate, script), mayDeclareNames_(mayDeclareNames(source)) {}
+    /// `source` is the whole text, its first `prologueLength` code units not the caller's.
+    CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source,
+                   std::size_t prologueLength)
+        : handle_(isolate, script),
+          prologueLength_(prologueLength),
+          mayDeclareNames_(mayDeclareNames(source)) {}
 
     /// The script for one run. The engine leaves a script that has declared names with let, const
     /// or class in a state in which a second run ends the process, so such a script is bound anew
@@ -26,6 +30,11 @@ class CompiledScript {
         return script->GetUnboundScript()->BindToCurrentContext();
     }
 
+    /// The number by which the engine tells scripts apart.
+    int id(v8::Isolate* isolate) const { return handle_.Get(isolate)->GetUnboundScript()->GetId(); }
+
+    std::size_t prologueLength() const { return prologueLength_; }
+
   private:
     static bool mayDeclareNames(std::u16string_view source) {
         constexpr auto kNone = std::u16string_view::npos;
@@ -34,6 +43,7 @@ class CompiledScript {
     }
 
     v8::Global<v8::Script> handle_;
+    std::size_t prologueLength_;
     bool mayDeclareNames_;
 };
 

@@ -28,8 +28,8 @@ std::u16string composeErrorText(ScriptFailure const& failure) {
            std::u16string(blanks, u' ') + std::u16string(carets, u'^') + u"\r\n";
 }
 
-std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                                          v8::TryCatch const& capture) {
+std::optional<ScriptFailure> scriptFailureOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                                             v8::TryCatch const& capture) {
     v8::HandleScope const handles(isolate);
     // The exception's own toString may throw in turn; that second exception has no reader.
     v8::TryCatch const second(isolate);
@@ -37,7 +37,8 @@ std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Co
     failure.exception = textOfValue(isolate, context, capture.Exception());
     if (second.HasTerminated()) return std::nullopt;
     v8::Local<v8::Message> const message = capture.Message();
-    if (message.IsEmpty()) return failure.exception;
+    failure.hasPlace = !message.IsEmpty();
+    if (!failure.hasPlace) return failure;
 
     failure.line = message->GetLineNumber(context).FromMaybe(0);
     failure.startColumn = message->GetStartColumn();
@@ -46,7 +47,11 @@ std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Co
     if (message->GetSourceLine(context).ToLocal(&sourceLine)) {
         failure.sourceLine = fromEngineString(isolate, sourceLine);
     }
-    return composeErrorText(failure);
+    return failure;
+}
+
+std::u16string errorTextOf(ScriptFailure const& failure) {
+    return failure.hasPlace ? composeErrorText(failure) : failure.exception;
 }
 
 }  // namespace kx

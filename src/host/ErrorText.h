@@ -14,6 +14,7 @@ struct ScriptFailure {
     int endColumn = 0;
     std::u16string exception;
     std::u16string sourceLine;
+    bool hasPlace = true;
 };
 
 /// The error text of a failure with a known place: line, exception, source line, and carets under
@@ -21,10 +22,12 @@ struct ScriptFailure {
 /// ends with CR LF.
 std::u16string composeErrorText(ScriptFailure const& failure);
 
-/// The error text of the exception that `capture` holds. An exception whose own text cannot be
-/// made has the empty text; one without a place is that text alone. Nothing where making the text
-/// runs a script that has to be terminated.
-std::optional<std::u16string> errorTextOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                                          v8::TryCatch const& capture);
+/// The exception that `capture` holds. One whose own text cannot be made has the empty text.
+/// Nothing where making the text runs a script that has to be terminated.
+std::optional<ScriptFailure> scriptFailureOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                                             v8::TryCatch const& capture);
+
+/// The error text of a failure; without a place, it is the exception alone.
+std::u16string errorTextOf(ScriptFailure const& failure);
 
 }  // namespace kx

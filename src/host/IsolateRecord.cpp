@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/Failure.h"
+
 namespace kx {
 
 namespace {
@@ -41,6 +43,8 @@ v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
     isolate->SetMicrotasksPolicy(v8::MicrotasksPolicy::kExplicit);
     // Nobody could wake a formula that waits.
     isolate->SetAllowAtomicsWait(false);
+    // So that an exception from a built-in function tells the caller's line.
+    isolate->SetCaptureStackTraceForUncaughtExceptions(true, kFrameLimit);
     return isolate;
 }
 

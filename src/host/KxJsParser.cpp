@@ -59,4 +59,6 @@ void KxJsParser::setMemoryLimit(std::size_t bytes) {
     if (_mEngine->isUsable()) _mEngine->record().setMemoryLimit(bytes);
 }
 
+KxJsFailure const* KxJsParser::lastFailure() const { return _mLastFailure.get(); }
+
 void KxJsParser::terminate() { _mEngine->control().requestEnd(kx::EndReason::terminated); }

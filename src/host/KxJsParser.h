@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/KxJsFailure.h"
 #include "host/KxJsVariable.h"
 #include "library/Export.h"
 
@@ -29,6 +30,7 @@ class Value;
 namespace kx {
 class CompiledScript;
 class HostEngine;
+struct CallerSource;
 template <class T>
 class PersistentHandle;
 }  // namespace kx
@@ -85,6 +87,16 @@ class KXJS_API KxJsParser {
     /// Throws std::out_of_range for an index outside the store.
     std::u16string execute(std::int32_t index, std::u16string& error);
 
+    /// The failure of the last parse() or execute(), reset() included, with its place in the source
+    /// that the caller wrote; null when that succeeded. A result that contains "NaN" is no failure,
+    /// although it comes with an error text. The object is the host's and lives until the next
+    /// parse(), execute() or reset(). Use it on the host's thread only; calls that another thread
+    /// makes wrongly leave it alone.
+    ///
+    ///     if (parser.parse(u"1 +\n* 2", error) == -1)
+    ///         underline(parser.lastFailure()->line, parser.lastFailure()->column);  // 2, 1
+    KxJsFailure const* lastFailure() const;
+
     /// Ends a script that runs longer than `limit`; 0, the default, is no limit. The script's
     /// result is then empty, its error text names the limit, and the host works on. Parsing, the
     /// text of the result and promise jobs count too. While any host has a time limit, one thread
@@ -130,7 +142,9 @@ class KXJS_API KxJsParser {
     void clearVariables();
     void clearVecOfCompiledScripts();
     std::u16string run(std::size_t index, std::u16string& error);
-    std::u16string reportException(v8::TryCatch& capture);
+    std::u16string reportException(v8::TryCatch& capture, KxJsFailure::Kind kind,
+                                   kx::CallerSource const& source);
+    void noteFailure(KxJsFailure::Kind kind, std::u16string const& message);
 
     static constexpr std::u16string_view _mAccessorName = u"ouraccessor";
 
@@ -139,4 +153,5 @@ class KXJS_API KxJsParser {
     std::vector<std::unique_ptr<kx::CompiledScript>> _mVecOfCompiledScripts;
     std::map<std::u16string, KxJsVariable> _mVariables;
     std::unique_ptr<kx::HostEngine> _mEngine;
+    std::unique_ptr<KxJsFailure> _mLastFailure;
 };

@@ -5,6 +5,7 @@
 
 #include "host/CompiledScript.h"
 #include "host/ErrorText.h"
+#include "host/Failure.h"
 #include "host/HostEngine.h"
 #include "host/KxJsParser.h"
 #include "host/PersistentHandle.h"
@@ -19,25 +20,29 @@ constexpr std::int32_t kNotParsed = -1;
 
 std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
     if (!_mEngine->isUsable() || _mContext == nullptr) return kNotParsed;
+    _mLastFailure.reset();
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
     kx::ScriptRun const run(*_mEngine);
     std::u16string const wrapped = addWrapper(source);
+    std::size_t const prologueLength = wrapped.size() - source.size();
     v8::TryCatch capture(isolate);
     v8::Local<v8::String> const text = kx::toEngineString(isolate, wrapped);
     if (text.IsEmpty()) {
         error = u"The source is longer than the engine allows";
+        noteFailure(KxJsFailure::Kind::COMPILE_ERROR, error);
         return kNotParsed;
     }
     v8::Local<v8::Script> script;
     if (!v8::Script::Compile(context, text).ToLocal(&script)) {
-        error = reportException(capture);
+        error = reportException(capture, KxJsFailure::Kind::COMPILE_ERROR,
+                                {v8::Message::kNoScriptIdInfo, prologueLength});
         return kNotParsed;
     }
     _mVecOfCompiledScripts.push_back(
-        std::make_unique<kx::CompiledScript>(isolate, script, wrapped));
+        std::make_unique<kx::CompiledScript>(isolate, script, wrapped, prologueLength));
     return static_cast<std::int32_t>(_mVecOfCompiledScripts.size() - 1);
 }
 
@@ -50,6 +55,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
 }
 
 std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
+    _mLastFailure.reset();
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
     // Not entered here: whatever needs it does so by itself.
@@ -70,7 +76,9 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     if (hasResult && !completion->IsString() && completion->IsObject())
         _mEngine->record().runPromiseJobs();
     if (capture.HasCaught()) {
-        error = reportException(capture);
+        kx::CompiledScript const& script = *_mVecOfCompiledScripts[index];
+        error = reportException(capture, KxJsFailure::Kind::RUN_ERROR,
+                                {script.id(isolate), script.prologueLength()});
         result.clear();
     } else if (kx::contains(result, u'N') && result.find(u"NaN") != std::u16string::npos) {
         error = u"Not A Number";
@@ -78,14 +86,30 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     return result;
 }
 
-std::u16string KxJsParser::reportException(v8::TryCatch& capture) {
+std::u16string KxJsParser::reportException(v8::TryCatch& capture, KxJsFailure::Kind kind,
+                                           kx::CallerSource const& source) {
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
-    std::optional<std::u16string> text;
-    if (!capture.HasTerminated()) text = kx::errorTextOf(isolate, context, capture);
-    return text ? *text : kx::endText(*_mEngine);
+    std::optional<kx::ScriptFailure> failure;
+    if (!capture.HasTerminated()) failure = kx::scriptFailureOf(isolate, context, capture);
+    if (!failure) {
+        std::u16string text = kx::endText(*_mEngine);
+        noteFailure(KxJsFailure::Kind::LIMIT, text);
+        return text;
+    }
+    noteFailure(kind, failure->exception);
+    if (failure->hasPlace) {
+        kx::locateFailure(isolate, context, capture.Message(), source, *_mLastFailure);
+    }
+    return kx::errorTextOf(*failure);
+}
+
+void KxJsParser::noteFailure(KxJsFailure::Kind kind, std::u16string const& message) {
+    _mLastFailure = std::make_unique<KxJsFailure>();
+    _mLastFailure->kind = kind;
+    _mLastFailure->message = message;
 }
 
 void KxJsParser::clearVecOfCompiledScripts() {

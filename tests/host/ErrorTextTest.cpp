@@ -43,7 +43,9 @@ TEST(ErrorText, isTheExceptionAloneWithoutAPlace) {
     capture.SetCaptureMessage(false);
     isolate->ThrowException(v8::Exception::Error(kx::toEngineString(isolate, u"lost")));
     ASSERT_TRUE(capture.HasCaught());
-    EXPECT_EQ(kx::errorTextOf(isolate, context, capture), u"Error: lost");
+    auto const failure = kx::scriptFailureOf(isolate, context, capture);
+    ASSERT_TRUE(failure.has_value());
+    EXPECT_EQ(kx::errorTextOf(*failure), u"Error: lost");
 }
 
 /// Reads `errors/NAME`: the source, a line "====", and the error text with LF for CR LF.

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// What went wrong in the last parse() or execute() of a host, in a form that an application can
+/// point at. It tells the same failure as the error text does, with places in the source as the
+/// caller wrote it: the lines that bound variables put in front of a script are taken off.
+///
+///     if (KxJsFailure const* failure = parser.lastFailure(); failure && failure->line > 0)
+///         editor.underline(failure->line, failure->column, failure->endColumn);
+///
+/// A plain value; one thread at a time.
+struct KxJsFailure {
+    /// Which step failed.
+    enum class Kind : std::int32_t {
+        COMPILE_ERROR = 0,  ///< the source did not compile
+        RUN_ERROR = 1,      ///< the script threw an exception
+        LIMIT = 2           ///< a limit ended the script, or terminate() did
+    };
+
+    /// A call that was going on when the exception was made.
+    struct Frame {
+        std::u16string function;  ///< name of the function; empty for a script's own level
+        std::int32_t line = 0;    ///< counted from 1, in the text that the frame lies in
+        std::int32_t column = 0;  ///< counted from 1, in UTF-16 code units
+        bool isInSource = false;  ///< whether that text is the caller's source
+    };
+
+    Kind kind = Kind::RUN_ERROR;
+    std::u16string message;  ///< the exception's text, as in the error text
+
+    /// The place in the caller's source: lines and columns count from 1, columns in UTF-16 code
+    /// units, and `endColumn` is the first one behind the mistake, on the same line. For an
+    /// exception from elsewhere (a built-in function, another script, evaluated text) it is the
+    /// call in the source that led there, and `isInCall` says so. All three are 0 where no place is
+    /// known: for limits, and for an exception from elsewhere in an application's own isolate that
+    /// captures no stack traces.
+    /// @{
+    std::int32_t line = 0;
+    std::int32_t column = 0;
+    std::int32_t endColumn = 0;
+    bool isInCall = false;
+    /// @}
+    std::u16string sourceLine;  ///< the text of that line, without its end
+
+    /// The calls, innermost first; empty where none were captured. At most 32.
+    std::vector<Frame> frames;
+};
