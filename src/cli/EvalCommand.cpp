@@ -1,11 +1,11 @@
-#include <cstdint>
 #include <string>
 
 #include "cli/Commands.h"
+#include "cli/FailureReport.h"
+#include "cli/FormulaRun.h"
 #include "cli/FormulaSource.h"
 #include "cli/Output.h"
 #include "cli/Utf8.h"
-#include "convert/Converter.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
@@ -22,23 +22,15 @@ void bind(KxJsParser& parser, std::vector<KxJsVariable> const& variables) {
 
 /// Prints the result of one formula; false when it failed.
 bool evaluate(KxJsParser& parser, Formula const& formula, bool javaScript) {
-    std::u16string const source =
-        javaScript ? formula.text : Converter::_convert(formula.text.c_str());
-    std::u16string error;
-    std::u16string result;
-    std::int32_t const script = parser.parse(source, error);
-    if (script >= 0) result = parser.execute(script, error);
-
-    // A run can have both a result and an error text ("Not A Number").
-    bool const failed = script < 0 || !error.empty();
-    if (!failed || !result.empty()) printLine(result);
+    FormulaRun const run = runFormula(parser, formula.text, javaScript);
+    if (run.hasResult()) printLine(run.result);
     // The result is out before the error text, and before a later formula that may take long.
     flushOutput();
-    if (failed) {
+    if (run.hasFailed) {
         if (!formula.place.empty()) reportError(formula.place + ":");
-        reportScriptError(error);
+        reportScriptError(failureReport(formula.text, run, parser.lastFailure()));
     }
-    return !failed;
+    return !run.hasFailed;
 }
 
 }  // namespace

@@ -1,0 +1,44 @@
+#include "cli/DisplayWidth.h"
+
+#include <algorithm>
+#include <clocale>
+#include <cwchar>
+
+namespace kx {
+namespace {
+
+/// The width of the character at `at`, which is moved behind it.
+std::size_t widthAt(std::u16string_view text, std::size_t& at) {
+    char32_t character = text[at++];
+    if ((character & 0xFC00) == 0xD800 && at < text.size() && (text[at] & 0xFC00) == 0xDC00) {
+        character = 0x10000 + ((character - 0xD800) << 10) + (text[at++] - 0xDC00u);
+    }
+    useUtf8();
+    return static_cast<std::size_t>(std::max(::wcwidth(static_cast<wchar_t>(character)), 0));
+}
+
+}  // namespace
+
+void useUtf8() {
+    [[maybe_unused]] static char const* const locale = std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
+std::size_t displayWidth(std::u16string_view text) {
+    std::size_t width = 0;
+    for (std::size_t at = 0; at < text.size();) width += widthAt(text, at);
+    return width;
+}
+
+std::u16string blanksUnder(std::u16string_view text) {
+    std::u16string blanks;
+    for (std::size_t at = 0; at < text.size();) {
+        if (text[at] == u'\t') {
+            blanks += text[at++];
+        } else {
+            blanks.append(widthAt(text, at), u' ');
+        }
+    }
+    return blanks;
+}
+
+}  // namespace kx

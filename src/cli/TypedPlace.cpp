@@ -1,0 +1,116 @@
+#include "cli/TypedPlace.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kx {
+namespace {
+
+bool isBlank(char16_t unit) {
+    return unit <= u' ' || unit == 0xA0 || unit == 0xFEFF || unit == 0x2028 || unit == 0x2029;
+}
+
+bool isInWord(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
+           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' || unit >= 0x80;
+}
+
+bool isQuote(char16_t unit) { return unit == u'\'' || unit == u'"'; }
+
+std::size_t tokenEnd(std::u16string_view text, std::size_t start) {
+    std::size_t end = start + 1;
+    if (isQuote(text[start])) return std::min(text.find(text[start], end), text.size() - 1) + 1;
+    if (!isInWord(text[start])) return end;
+    while (end < text.size() && isInWord(text[end]) && !isBlank(text[end])) ++end;
+    return end;
+}
+
+/// The words, quoted texts and single signs of a formula, in order.
+class Tokens {
+  public:
+    explicit Tokens(std::u16string_view text) : _mText(text) {
+        for (std::size_t at = 0; at < text.size();) {
+            if (isBlank(text[at])) {
+                ++at;
+                continue;
+            }
+            _mSpans.push_back({at, tokenEnd(text, at)});
+            at = _mSpans.back().end;
+        }
+    }
+
+    std::size_t count() const { return _mSpans.size(); }
+    Span at(std::size_t index) const { return _mSpans[index]; }
+    std::u16string_view text(std::size_t index) const {
+        return _mText.substr(_mSpans[index].start, _mSpans[index].end - _mSpans[index].start);
+    }
+
+    std::optional<std::size_t> indexAt(std::size_t position) const {
+        for (std::size_t i = 0; i < count(); ++i) {
+            if (position >= _mSpans[i].start && position < _mSpans[i].end) return i;
+        }
+        return std::nullopt;
+    }
+
+    std::size_t end() const { return _mSpans.empty() ? 0 : _mSpans.back().end; }
+
+  private:
+    std::u16string_view _mText;
+    std::vector<Span> _mSpans;
+};
+
+/// The index of the token in `typed` that became the token `index` of `converted`: both texts are
+/// the same from their beginnings up to it or from it to their ends, or it is a word or a text that
+/// stands equally often in both.
+std::optional<std::size_t> partnerOf(Tokens const& typed, Tokens const& converted,
+                                     std::size_t index) {
+    std::u16string_view const wanted = converted.text(index);
+    std::size_t same = 0;
+    while (same < typed.count() && same <= index && typed.text(same) == converted.text(same)) {
+        ++same;
+    }
+    if (same > index) return index;
+
+    std::size_t const behind = converted.count() - index;
+    same = 0;
+    while (same < typed.count() && same < behind &&
+           typed.text(typed.count() - 1 - same) == converted.text(converted.count() - 1 - same)) {
+        ++same;
+    }
+    if (same == behind) return typed.count() - behind;
+
+    if (!isInWord(wanted.front()) && !isQuote(wanted.front())) return std::nullopt;
+    std::size_t before = 0;
+    std::size_t inConverted = 0;
+    for (std::size_t i = 0; i < converted.count(); ++i) {
+        if (converted.text(i) != wanted) continue;
+        ++inConverted;
+        if (i < index) ++before;
+    }
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < typed.count(); ++i) {
+        if (typed.text(i) == wanted) places.push_back(i);
+    }
+    if (places.size() != inConverted) return std::nullopt;
+    return places[before];
+}
+
+}  // namespace
+
+std::optional<Span> typedPlace(std::u16string_view typed, std::u16string_view converted,
+                               Span part) {
+    if (typed == converted) return part;
+    Tokens const from(converted);
+    Tokens const to(typed);
+    if (part.start >= from.end()) return Span{to.end(), to.end()};
+    auto const index = from.indexAt(part.start);
+    if (!index) return std::nullopt;
+    auto const partner = partnerOf(to, from, *index);
+    if (!partner) return std::nullopt;
+    // What is marked ends with its first token: that the next ones follow there is not certain.
+    std::size_t const end = std::min(part.end, from.at(*index).end);
+    std::size_t const start = to.at(*partner).start + part.start - from.at(*index).start;
+    return Span{start, start + end - part.start};
+}
+
+}  // namespace kx
