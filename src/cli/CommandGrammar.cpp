@@ -161,6 +161,16 @@ void addDocs(CLI::App& app, Command& command) {
     });
 }
 
+void addRepl(CLI::App& app, Command& command) {
+    CLI::App* const repl = app.add_subcommand("repl", "Evaluate formulas at a prompt");
+    repl->footer(
+        "\"NAME = VALUE\" binds a variable; \":help\" lists the commands. Where standard input is "
+        "no\n"
+        "terminal, its lines are read without a prompt, and the exit status is 1 if one failed.\n"
+        "What was typed is kept in $XDG_STATE_HOME/kxjs/history (~/.local/state).");
+    repl->callback([&command] { command = runRepl; });
+}
+
 }  // namespace
 
 void addCommands(CLI::App& app, Command& command) {
@@ -169,6 +179,7 @@ void addCommands(CLI::App& app, Command& command) {
     addExtract(app, command);
     addFunctions(app, command);
     addDocs(app, command);
+    addRepl(app, command);
 }
 
 }  // namespace kx

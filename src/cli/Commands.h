@@ -41,4 +41,7 @@ struct DocsOptions {
 };
 ExitStatus runDocs(DocsOptions const& options);
 
+/// The prompt: formulas from a terminal, or from the lines of standard input.
+ExitStatus runRepl();
+
 }  // namespace kx

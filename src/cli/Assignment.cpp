@@ -1,0 +1,74 @@
+#include "cli/Assignment.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+#include "cli/Utf8.h"
+#include "cli/VariableOption.h"
+
+namespace kx {
+namespace {
+
+constexpr std::u16string_view kBlanks = u" \t";
+
+std::u16string_view trimmed(std::u16string_view text) {
+    std::size_t const start = text.find_first_not_of(kBlanks);
+    if (start == std::u16string_view::npos) return {};
+    return text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
+}
+
+bool isNameLetter(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || unit == u'_' ||
+           unit == u'$' || unit >= 0x80;
+}
+
+bool isName(std::u16string_view text) {
+    if (text.empty() || !isNameLetter(text.front())) return false;
+    for (char16_t const unit : text) {
+        if (!isNameLetter(unit) && (unit < u'0' || unit > u'9')) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<Assignment> assignmentFrom(std::u16string const& line) {
+    std::size_t const equals = line.find(u'=');
+    if (equals == std::u16string::npos) return std::nullopt;
+    std::u16string_view const text = line;
+    std::u16string_view const name = trimmed(text.substr(0, equals));
+    std::u16string_view const behind = text.substr(equals + 1);
+    if (!isName(name) || trimmed(behind).empty()) return std::nullopt;
+    if (behind.front() == u'=' || behind.front() == u'>' || behind.front() == u'<') {
+        return std::nullopt;
+    }
+    return Assignment{std::u16string(name), std::u16string(trimmed(behind))};
+}
+
+std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
+    auto const& [name, value] = assignment;
+    char16_t const quote = value.front();
+    if ((quote == u'\'' || quote == u'"') && value.size() > 1) {
+        bool const isOneText =
+            value.find(quote, 1) == value.size() - 1 && value.find(u'\\') == std::u16string::npos;
+        if (!isOneText) return std::nullopt;
+        return KxJsVariable(name, value.substr(1, value.size() - 2));
+    }
+    KxJsVariable const guessed =
+        parseVariable(VariableOption::GUESS, utf8FromUtf16(name) + "=" + utf8FromUtf16(value));
+    if (guessed.getType() == KxJsVariable::TYPE_OF_VAR_STRING) return std::nullopt;
+    return guessed;
+}
+
+std::u16string describeVariable(KxJsVariable const& variable) {
+    constexpr std::array<std::u16string_view, 5> kTypes = {u"undefined", u"long", u"double",
+                                                           u"string", u"boolean"};
+    bool const isText = variable.getType() == KxJsVariable::TYPE_OF_VAR_STRING;
+    std::u16string const value =
+        isText ? u"'" + variable.getStrValue() + u"'" : variable.valueToString();
+    return variable.getKey() + u" = " + value + u" (" +
+           std::u16string(kTypes.at(static_cast<std::size_t>(variable.getType()))) + u")";
+}
+
+}  // namespace kx

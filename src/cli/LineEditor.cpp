@@ -1,0 +1,160 @@
+#include "cli/LineEditor.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+#include <histedit.h>
+#include <string_view>
+#include <utility>
+
+#include "cli/DisplayWidth.h"
+#include "cli/Errors.h"
+#include "cli/Output.h"
+#include "cli/Terminal.h"
+#include "cli/Utf8.h"
+
+namespace kx {
+namespace {
+
+constexpr int kRememberedLines = 1000;
+
+// libedit's wide characters are code points.
+std::u16string utf16FromWide(std::wstring_view text) {
+    std::u16string result;
+    for (wchar_t const wide : text) {
+        auto const character = static_cast<char32_t>(wide);
+        if (character < 0x10000) {
+            result += static_cast<char16_t>(character);
+        } else {
+            result += static_cast<char16_t>(0xD7C0 + (character >> 10));
+            result += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+        }
+    }
+    return result;
+}
+
+std::wstring wideFromUtf16(std::u16string_view text) {
+    std::wstring result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        char32_t character = text[at];
+        if ((character & 0xFC00) == 0xD800 && at + 1 < text.size()) {
+            character = 0x10000 + ((character - 0xD800) << 10) + (text[++at] - 0xDC00u);
+        }
+        result += static_cast<wchar_t>(character);
+    }
+    return result;
+}
+
+std::u16string commonStart(std::vector<std::u16string> const& texts) {
+    std::u16string start = texts.front();
+    for (std::u16string const& text : texts) {
+        auto const [end, ignored] =
+            std::mismatch(start.begin(), start.end(), text.begin(), text.end());
+        start.erase(end, start.end());
+    }
+    return start;
+}
+
+void printCandidates(std::vector<std::u16string> const& candidates) {
+    std::u16string row;
+    for (std::u16string const& candidate : candidates)
+        row += (row.empty() ? u"" : u"  ") + candidate;
+    printLine(u"\n" + wrap(row, 0, outputWidth()));
+    flushOutput();
+}
+
+}  // namespace
+
+struct LineEditor::State {
+    EditLine* editor = nullptr;
+    HistoryW* history = nullptr;
+    std::wstring prompt;
+    Completer completer;
+
+    static State& of(EditLine* editor) {
+        void* data = nullptr;
+        ::el_wget(editor, EL_CLIENTDATA, &data);
+        return *static_cast<State*>(data);
+    }
+
+    static wchar_t* promptOf(EditLine* editor) { return of(editor).prompt.data(); }
+
+    static unsigned char clear(EditLine* editor, [[maybe_unused]] wint_t key) {
+        LineInfoW const* const line = ::el_wline(editor);
+        auto const length = static_cast<int>(line->lastchar - line->buffer);
+        ::el_cursor(editor, static_cast<int>(line->lastchar - line->cursor));
+        ::el_deletestr(editor, length);
+        return CC_REFRESH;
+    }
+
+    static unsigned char complete(EditLine* editor, [[maybe_unused]] wint_t key) {
+        LineInfoW const* const line = ::el_wline(editor);
+        std::u16string const before = utf16FromWide(
+            std::wstring_view(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)));
+        Completion const found = of(editor).completer(before);
+        if (found.candidates.empty()) return CC_ERROR;
+        std::u16string const text = commonStart(found.candidates);
+        std::u16string const word = before.substr(before.size() - found.wordLength);
+        if (text.size() >= word.size() && text != word) {
+            ::el_deletestr(editor, static_cast<int>(found.wordLength));
+            ::el_winsertstr(editor, wideFromUtf16(text).c_str());
+            return CC_REFRESH;
+        }
+        if (found.candidates.size() == 1) return CC_ERROR;
+        printCandidates(found.candidates);
+        return CC_REDISPLAY;
+    }
+};
+
+LineEditor::LineEditor(std::u16string const& prompt, Completer completer)
+    : _mState(std::make_unique<State>()) {
+    useUtf8();
+    _mState->prompt = wideFromUtf16(prompt);
+    _mState->completer = std::move(completer);
+    _mState->history = ::history_winit();
+    _mState->editor = ::el_init("kxjs", stdin, stdout, stderr);
+    if (_mState->editor == nullptr || _mState->history == nullptr) {
+        throw WorkError("the terminal cannot be used for editing lines");
+    }
+    HistEventW event;
+    ::history_w(_mState->history, &event, H_SETSIZE, kRememberedLines);
+    ::history_w(_mState->history, &event, H_SETUNIQUE, 1);
+
+    EditLine* const editor = _mState->editor;
+    ::el_wset(editor, EL_CLIENTDATA, _mState.get());
+    ::el_wset(editor, EL_PROMPT, &State::promptOf);
+    ::el_wset(editor, EL_EDITOR, L"emacs");
+    ::el_wset(editor, EL_SIGNAL, 1);  // suspending and resizing
+    ::el_wset(editor, EL_HIST, &::history_w, _mState->history);
+    ::el_wset(editor, EL_ADDFN, L"kxjs-complete", L"Complete a name", &State::complete);
+    ::el_wset(editor, EL_ADDFN, L"kxjs-clear", L"Empty the line", &State::clear);
+    ::el_wset(editor, EL_BIND, L"^I", L"kxjs-complete", nullptr);
+    ::el_wset(editor, EL_BIND, L"^R", L"em-inc-search-prev", nullptr);
+    // While a line is edited, Ctrl-C is a key like others.
+    ::el_wset(editor, EL_SETTY, L"-d", L"intr=", nullptr);
+    ::el_wset(editor, EL_BIND, L"^C", L"kxjs-clear", nullptr);
+}
+
+LineEditor::~LineEditor() {
+    if (_mState->editor != nullptr) ::el_end(_mState->editor);
+    if (_mState->history != nullptr) ::history_wend(_mState->history);
+}
+
+std::optional<std::u16string> LineEditor::readLine() {
+    int count = 0;
+    wchar_t const* const text = ::el_wgets(_mState->editor, &count);
+    if (text == nullptr || count <= 0) {
+        std::fputc('\n', stdout);  // the shell's prompt begins a line of its own
+        return std::nullopt;
+    }
+    std::wstring_view line(text, static_cast<std::size_t>(count));
+    while (line.ends_with(L'\n') || line.ends_with(L'\r')) line.remove_suffix(1);
+    return utf16FromWide(line);
+}
+
+void LineEditor::remember(std::u16string const& line) {
+    HistEventW event;
+    ::history_w(_mState->history, &event, H_ENTER, wideFromUtf16(line).c_str());
+}
+
+}  // namespace kx

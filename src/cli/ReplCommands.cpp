@@ -1,0 +1,122 @@
+// The commands of the prompt, and what Tab completes.
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "cli/Catalogue.h"
+#include "cli/Commands.h"
+#include "cli/Output.h"
+#include "cli/ReplSession.h"
+#include "cli/Utf8.h"
+#include "convert/Converter.h"
+
+namespace kx {
+namespace {
+
+constexpr std::u16string_view kHelp =
+    u"FORMULA          evaluate a formula; a variable that it misses is an error\n"
+    u"NAME = VALUE     bind a variable: a number, 'text', true, false, or a formula's result\n"
+    u":help [NAME]     this help, or the texts of a built-in function\n"
+    u":js [FORMULA]    show the JavaScript of formulas or no longer, or of one formula\n"
+    u":quit            leave; Ctrl-D does too\n"
+    u":reset           forget all variables\n"
+    u":time            show how long formulas take, or no longer\n"
+    u":vars            the variables\n"
+    u"\n"
+    u"Tab completes names. Ctrl-C ends a formula that runs, and empties the line that is typed.";
+
+constexpr std::array<std::u16string_view, 6> kCommands = {u":help",  u":js",   u":quit",
+                                                          u":reset", u":time", u":vars"};
+
+bool isInName(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
+           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' || unit == u':' ||
+           unit >= 0x80;
+}
+
+/// Whether `name` begins with `start`, in any case of ASCII letters.
+bool beginsWith(std::u16string_view name, std::u16string_view start) {
+    auto const lower = [](char16_t unit) {
+        return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+    };
+    return name.size() >= start.size() &&
+           std::equal(start.begin(), start.end(), name.begin(),
+                      [&](char16_t a, char16_t b) { return lower(a) == lower(b); });
+}
+
+}  // namespace
+
+bool ReplSession::runCommand(std::u16string const& name, std::u16string const& argument) {
+    if (name == u"help") return help(argument);
+    if (name == u"js") return showJavaScript(argument);
+    bool const isKnown = name == u"quit" || name == u"reset" || name == u"time" || name == u"vars";
+    if (!isKnown || !argument.empty()) {
+        reportError(isKnown ? ":" + utf8FromUtf16(name) + " takes nothing behind it"
+                            : "there is no command \":" + utf8FromUtf16(name) +
+                                  "\"; \":help\" lists them all");
+        return false;
+    }
+    if (name == u"quit") _mHasEnded = true;
+    if (name == u"reset") reset();
+    if (name == u"vars") showVariables();
+    if (name == u"time") {
+        _mShowsTime = !_mShowsTime;
+        printLine(_mShowsTime ? u"The time of formulas is shown."
+                              : u"The time of formulas is no longer shown.");
+    }
+    return true;
+}
+
+bool ReplSession::help(std::u16string const& function) {
+    if (function.empty()) {
+        printLine(kHelp);
+        return true;
+    }
+    return runFunctions({.name = utf8FromUtf16(function)}) == EXIT_STATUS_OK;
+}
+
+bool ReplSession::showJavaScript(std::u16string const& formula) {
+    if (!formula.empty()) {
+        printLine(Converter::_convert(formula.c_str()));
+        return true;
+    }
+    _mShowsJavaScript = !_mShowsJavaScript;
+    printLine(_mShowsJavaScript ? u"The JavaScript of formulas is shown."
+                                : u"The JavaScript of formulas is no longer shown.");
+    return true;
+}
+
+void ReplSession::showVariables() const {
+    for (auto const& [name, variable] : _mVariables) printLine(describeVariable(variable));
+}
+
+void ReplSession::reset() {
+    _mParser.reset();
+    _mVariables.clear();
+}
+
+Completion ReplSession::complete(std::u16string const& beforeCursor) const {
+    std::size_t start = beforeCursor.size();
+    while (start > 0 && isInName(beforeCursor[start - 1])) --start;
+    std::u16string const word = beforeCursor.substr(start);
+    Completion found;
+    found.wordLength = word.size();
+    if (word.empty()) return found;
+    bool const isHelp = beforeCursor.starts_with(u":help");
+    for (std::u16string_view const command : kCommands) {
+        if (start == 0 && command.starts_with(word)) found.candidates.emplace_back(command);
+    }
+    for (auto const& [name, variable] : _mVariables) {
+        if (!isHelp && name.starts_with(word)) found.candidates.push_back(name);
+    }
+    for (Catalogue const& catalogue : builtInCatalogues()) {
+        for (KxJsFunction const& function : catalogue.functions) {
+            if (!beginsWith(function.getName(), word)) continue;
+            found.candidates.push_back(function.getName() + (isHelp ? u"" : u"("));
+        }
+    }
+    std::sort(found.candidates.begin(), found.candidates.end());
+    return found;
+}
+
+}  // namespace kx
