@@ -1,6 +1,7 @@
 #include "cli/LineEditor.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cwchar>
 #include <histedit.h>
@@ -87,6 +88,11 @@ struct LineEditor::State {
         return CC_REFRESH;
     }
 
+    static unsigned char suspend([[maybe_unused]] EditLine* editor, [[maybe_unused]] wint_t key) {
+        std::raise(SIGTSTP);  // libedit's handler gives the terminal back first
+        return CC_REDISPLAY;
+    }
+
     static unsigned char complete(EditLine* editor, [[maybe_unused]] wint_t key) {
         LineInfoW const* const line = ::el_wline(editor);
         std::u16string const before = utf16FromWide(
@@ -128,11 +134,13 @@ LineEditor::LineEditor(std::u16string const& prompt, Completer completer)
     ::el_wset(editor, EL_HIST, &::history_w, _mState->history);
     ::el_wset(editor, EL_ADDFN, L"kxjs-complete", L"Complete a name", &State::complete);
     ::el_wset(editor, EL_ADDFN, L"kxjs-clear", L"Empty the line", &State::clear);
+    ::el_wset(editor, EL_ADDFN, L"kxjs-suspend", L"Suspend the program", &State::suspend);
     ::el_wset(editor, EL_BIND, L"^I", L"kxjs-complete", nullptr);
     ::el_wset(editor, EL_BIND, L"^R", L"em-inc-search-prev", nullptr);
-    // While a line is edited, Ctrl-C is a key like others.
-    ::el_wset(editor, EL_SETTY, L"-d", L"intr=", nullptr);
+    // While a line is edited, Ctrl-C and Ctrl-Z are keys like others.
+    ::el_wset(editor, EL_SETTY, L"-d", L"-isig", nullptr);
     ::el_wset(editor, EL_BIND, L"^C", L"kxjs-clear", nullptr);
+    ::el_wset(editor, EL_BIND, L"^Z", L"kxjs-suspend", nullptr);
 }
 
 LineEditor::~LineEditor() {
