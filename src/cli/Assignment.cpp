@@ -1,6 +1,7 @@
 #include "cli/Assignment.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <string_view>
 
@@ -61,13 +62,32 @@ std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
     return guessed;
 }
 
+namespace {
+
+/// Six decimals, as the library writes a double, would hide what formulas calculate with.
+std::u16string shortestText(double number) {
+    std::array<char, 32> buffer;
+    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    return {buffer.data(), end};
+}
+
+std::u16string valueText(KxJsVariable const& variable) {
+    switch (variable.getType()) {
+        case KxJsVariable::TYPE_OF_VAR_STRING:
+            return u"'" + variable.getStrValue() + u"'";
+        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
+            return shortestText(variable.getDoubleValue());
+        default:
+            return variable.valueToString();
+    }
+}
+
+}  // namespace
+
 std::u16string describeVariable(KxJsVariable const& variable) {
     constexpr std::array<std::u16string_view, 5> kTypes = {u"undefined", u"long", u"double",
                                                            u"string", u"boolean"};
-    bool const isText = variable.getType() == KxJsVariable::TYPE_OF_VAR_STRING;
-    std::u16string const value =
-        isText ? u"'" + variable.getStrValue() + u"'" : variable.valueToString();
-    return variable.getKey() + u" = " + value + u" (" +
+    return variable.getKey() + u" = " + valueText(variable) + u" (" +
            std::u16string(kTypes.at(static_cast<std::size_t>(variable.getType()))) + u")";
 }
 

@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"last_line_without_end", "1\n2", "1\n2\n", ""},
         Case{"beyond_ascii", "'Gr\u00fc\u00dfe \U0001F600'\n", "Gr\u00fc\u00dfe \U0001F600\n", ""},
         Case{"long_value", "A = 5\nA*2\n", "A = 5 (long)\n10\n", ""},
-        Case{"double_value", "A=1.5\nA*2\n", "A = 1.500000 (double)\n3\n", ""},
+        Case{"double_value", "A=1.5\nA*2\n", "A = 1.5 (double)\n3\n", ""},
         Case{"boolean_value", "A = true\nA\n", "A = true (boolean)\ntrue\n", ""},
         Case{"text_value", "A = '007'\nA+1\n", "A = '007' (string)\n0071\n", ""},
         Case{"text_value_in_double_quotes", "A = \"it's\"\nA\n", "A = 'it's' (string)\nit's\n", ""},

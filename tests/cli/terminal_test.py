@@ -80,9 +80,9 @@ class PromptTest(unittest.TestCase):
 
     def test_variables(self):
         self.enter("A = 5", "A = 5 (long)")
-        self.enter("B = A+0.5", "B = 5.500000 (double)")
+        self.enter("B = A+0.5", "B = 5.5 (double)")
         self.enter("A+B", "10.5")
-        self.enter(":vars", "A = 5 (long)", "B = 5.500000 (double)")
+        self.enter(":vars", "A = 5 (long)", "B = 5.5 (double)")
         self.enter(":reset")
         self.enter(":vars")
 
