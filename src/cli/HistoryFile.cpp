@@ -67,34 +67,34 @@ std::optional<std::filesystem::path> historyPath() {
     return std::filesystem::path(home) / ".local" / "state" / "kxjs" / "history";
 }
 
-HistoryFile::HistoryFile(std::filesystem::path path) : _mPath(std::move(path)) {
+HistoryFile::HistoryFile(std::filesystem::path path) : path_(std::move(path)) {
     std::error_code error;
-    std::filesystem::create_directories(_mPath.parent_path(), error);
-    if (error) throw WorkError(_mPath.parent_path().string() + ": " + error.message());
-    int const descriptor = openForAppending(_mPath);
+    std::filesystem::create_directories(path_.parent_path(), error);
+    if (error) throw WorkError(path_.parent_path().string() + ": " + error.message());
+    int const descriptor = openForAppending(path_);
     ::fchmod(descriptor, kOwnerOnly);  // one that was made by hand may be open to others
     ::close(descriptor);
 
-    std::string const bytes = contentsOf(_mPath);
+    std::string const bytes = contentsOf(path_);
     std::string_view kept = tailOf(bytes);
-    if (kept.size() < bytes.size()) replaceFile(_mPath, kept);
+    if (kept.size() < bytes.size()) replaceFile(path_, kept);
     while (!kept.empty()) {
         std::size_t const end = std::min(kept.find('\n'), kept.size());
-        if (end > 0) _mLines.emplace_back(kept.substr(0, end));
+        if (end > 0) lines_.emplace_back(kept.substr(0, end));
         kept.remove_prefix(std::min(end + 1, kept.size()));
     }
 }
 
 void HistoryFile::add(std::string const& line) {
     if (line.size() > kLongestLine) return;
-    int const descriptor = openForAppending(_mPath);
+    int const descriptor = openForAppending(path_);
     std::string const bytes = line + "\n";
     // In one call, so that lines of two sessions do not mix.
     ssize_t const written = ::write(descriptor, bytes.data(), bytes.size());
     int const code = errno;
     ::close(descriptor);
     errno = code;
-    if (written != static_cast<ssize_t>(bytes.size())) fail(_mPath);
+    if (written != static_cast<ssize_t>(bytes.size())) fail(path_);
 }
 
 }  // namespace kx

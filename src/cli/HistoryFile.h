@@ -19,14 +19,14 @@ class HistoryFile {
     explicit HistoryFile(std::filesystem::path path);
 
     /// The lines of earlier sessions, oldest first.
-    std::vector<std::string> const& lines() const { return _mLines; }
+    std::vector<std::string> const& lines() const { return lines_; }
 
     /// Adds a line, which must not hold a line feed. Very long ones are left out. Throws WorkError.
     void add(std::string const& line);
 
   private:
-    std::filesystem::path _mPath;
-    std::vector<std::string> _mLines;
+    std::filesystem::path path_;
+    std::vector<std::string> lines_;
 };
 
 }  // namespace kx

@@ -31,35 +31,35 @@ sigset_t interrupts() {
 InterruptWatch::InterruptWatch() {
     sigset_t const set = interrupts();
     ::pthread_sigmask(SIG_BLOCK, &set, nullptr);
-    _mSignals = ::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
-    _mEnd = ::eventfd(0, EFD_CLOEXEC);
-    if (_mSignals < 0 || _mEnd < 0) {
+    signals_ = ::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
+    end_ = ::eventfd(0, EFD_CLOEXEC);
+    if (signals_ < 0 || end_ < 0) {
         throw WorkError("cannot watch for interrupts: " + std::generic_category().message(errno));
     }
 }
 
 InterruptWatch::~InterruptWatch() {
-    if (_mThread.joinable()) {
+    if (thread_.joinable()) {
         std::uint64_t const one = 1;
-        [[maybe_unused]] ssize_t const written = ::write(_mEnd, &one, sizeof one);
-        _mThread.join();
+        [[maybe_unused]] ssize_t const written = ::write(end_, &one, sizeof one);
+        thread_.join();
     }
-    ::close(_mSignals);
-    ::close(_mEnd);
+    ::close(signals_);
+    ::close(end_);
 }
 
 void InterruptWatch::watch(KxJsParser& parser) {
-    _mThread = std::thread([this, &parser] { wait(parser); });
+    thread_ = std::thread([this, &parser] { wait(parser); });
 }
 
 void InterruptWatch::wait(KxJsParser& parser) {
     for (;;) {
-        std::array<pollfd, 2> watched{{{_mSignals, POLLIN, 0}, {_mEnd, POLLIN, 0}}};
+        std::array<pollfd, 2> watched{{{signals_, POLLIN, 0}, {end_, POLLIN, 0}}};
         if (::poll(watched.data(), watched.size(), -1) < 0 && errno != EINTR) return;
         if (watched[1].revents != 0) return;
         signalfd_siginfo signal;
-        if (::read(_mSignals, &signal, sizeof signal) != sizeof signal) continue;
-        if (++_mInterrupts >= kLastInterrupt) ::_exit(kStatusOfInterrupt);
+        if (::read(signals_, &signal, sizeof signal) != sizeof signal) continue;
+        if (++interrupts_ >= kLastInterrupt) ::_exit(kStatusOfInterrupt);
         parser.terminate();
     }
 }

@@ -23,15 +23,15 @@ class InterruptWatch {
     /// Interrupts from now on are meant for `parser`, which has to live as long.
     void watch(KxJsParser& parser);
     /// A run begins: interrupts are counted anew.
-    void beginRun() { _mInterrupts = 0; }
+    void beginRun() { interrupts_ = 0; }
 
   private:
     void wait(KxJsParser& parser);
 
-    int _mSignals;
-    int _mEnd;
-    std::atomic<int> _mInterrupts = 0;
-    std::thread _mThread;
+    int signals_;
+    int end_;
+    std::atomic<int> interrupts_ = 0;
+    std::thread thread_;
 };
 
 }  // namespace kx

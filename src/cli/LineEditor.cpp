@@ -113,25 +113,25 @@ struct LineEditor::State {
 };
 
 LineEditor::LineEditor(std::u16string const& prompt, Completer completer)
-    : _mState(std::make_unique<State>()) {
+    : state_(std::make_unique<State>()) {
     useUtf8();
-    _mState->prompt = wideFromUtf16(prompt);
-    _mState->completer = std::move(completer);
-    _mState->history = ::history_winit();
-    _mState->editor = ::el_init("kxjs", stdin, stdout, stderr);
-    if (_mState->editor == nullptr || _mState->history == nullptr) {
+    state_->prompt = wideFromUtf16(prompt);
+    state_->completer = std::move(completer);
+    state_->history = ::history_winit();
+    state_->editor = ::el_init("kxjs", stdin, stdout, stderr);
+    if (state_->editor == nullptr || state_->history == nullptr) {
         throw WorkError("the terminal cannot be used for editing lines");
     }
     HistEventW event;
-    ::history_w(_mState->history, &event, H_SETSIZE, kRememberedLines);
-    ::history_w(_mState->history, &event, H_SETUNIQUE, 1);
+    ::history_w(state_->history, &event, H_SETSIZE, kRememberedLines);
+    ::history_w(state_->history, &event, H_SETUNIQUE, 1);
 
-    EditLine* const editor = _mState->editor;
-    ::el_wset(editor, EL_CLIENTDATA, _mState.get());
+    EditLine* const editor = state_->editor;
+    ::el_wset(editor, EL_CLIENTDATA, state_.get());
     ::el_wset(editor, EL_PROMPT, &State::promptOf);
     ::el_wset(editor, EL_EDITOR, L"emacs");
     ::el_wset(editor, EL_SIGNAL, 1);  // suspending and resizing
-    ::el_wset(editor, EL_HIST, &::history_w, _mState->history);
+    ::el_wset(editor, EL_HIST, &::history_w, state_->history);
     ::el_wset(editor, EL_ADDFN, L"kxjs-complete", L"Complete a name", &State::complete);
     ::el_wset(editor, EL_ADDFN, L"kxjs-clear", L"Empty the line", &State::clear);
     ::el_wset(editor, EL_ADDFN, L"kxjs-suspend", L"Suspend the program", &State::suspend);
@@ -144,13 +144,13 @@ LineEditor::LineEditor(std::u16string const& prompt, Completer completer)
 }
 
 LineEditor::~LineEditor() {
-    if (_mState->editor != nullptr) ::el_end(_mState->editor);
-    if (_mState->history != nullptr) ::history_wend(_mState->history);
+    if (state_->editor != nullptr) ::el_end(state_->editor);
+    if (state_->history != nullptr) ::history_wend(state_->history);
 }
 
 std::optional<std::u16string> LineEditor::readLine() {
     int count = 0;
-    wchar_t const* const text = ::el_wgets(_mState->editor, &count);
+    wchar_t const* const text = ::el_wgets(state_->editor, &count);
     if (text == nullptr || count <= 0) {
         std::fputc('\n', stdout);  // the shell's prompt begins a line of its own
         return std::nullopt;
@@ -162,7 +162,7 @@ std::optional<std::u16string> LineEditor::readLine() {
 
 void LineEditor::remember(std::u16string const& line) {
     HistEventW event;
-    ::history_w(_mState->history, &event, H_ENTER, wideFromUtf16(line).c_str());
+    ::history_w(state_->history, &event, H_ENTER, wideFromUtf16(line).c_str());
 }
 
 }  // namespace kx

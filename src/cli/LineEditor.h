@@ -34,7 +34,7 @@ class LineEditor {
 
   private:
     struct State;
-    std::unique_ptr<State> _mState;
+    std::unique_ptr<State> state_;
 };
 
 }  // namespace kx

@@ -34,27 +34,27 @@ bool runLine(ReplSession& session, std::u16string const& line) {
 /// The lines of earlier sessions. A prompt works without them, so a failure is only said.
 class History {
   public:
-    explicit History(LineEditor& editor) : _mEditor(editor) {
+    explicit History(LineEditor& editor) : editor_(editor) {
         auto const path = historyPath();
         if (!path) return;
         guard([&] {
-            _mFile.emplace(*path);
-            for (std::string const& line : _mFile->lines()) remember(line);
+            file_.emplace(*path);
+            for (std::string const& line : file_->lines()) remember(line);
         });
     }
 
     void add(std::u16string const& line) {
-        if (line.find_first_not_of(u" \t") == std::u16string::npos || line == _mLast) return;
-        _mLast = line;
-        _mEditor.remember(line);
-        if (_mFile) guard([&] { _mFile->add(utf8FromUtf16(line)); });
+        if (line.find_first_not_of(u" \t") == std::u16string::npos || line == last_) return;
+        last_ = line;
+        editor_.remember(line);
+        if (file_) guard([&] { file_->add(utf8FromUtf16(line)); });
     }
 
   private:
     void remember(std::string const& line) {
         try {
-            _mLast = utf16FromUtf8(line);
-            _mEditor.remember(_mLast);
+            last_ = utf16FromUtf8(line);
+            editor_.remember(last_);
         } catch (InvalidUtf8 const&) {
             // Somebody else has written it; there is nothing to bring back.
         }
@@ -65,14 +65,14 @@ class History {
         try {
             action();
         } catch (WorkError const& error) {
-            _mFile.reset();
+            file_.reset();
             reportError("lines are not kept for the next session: " + std::string(error.what()));
         }
     }
 
-    LineEditor& _mEditor;
-    std::optional<HistoryFile> _mFile;
-    std::u16string _mLast;
+    LineEditor& editor_;
+    std::optional<HistoryFile> file_;
+    std::u16string last_;
 };
 
 ExitStatus runAtTerminal() {

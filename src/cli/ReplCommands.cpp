@@ -53,16 +53,16 @@ bool ReplSession::runCommand(std::u16string const& name, std::u16string const& a
     if (!isKnown || !argument.empty()) {
         reportError(isKnown ? ":" + utf8FromUtf16(name) + " takes nothing behind it"
                             : "there is no command \":" + utf8FromUtf16(name) +
-                                  "\"; \":help\" lists them all");
+                                  R"("; ":help" lists them all)");
         return false;
     }
-    if (name == u"quit") _mHasEnded = true;
+    if (name == u"quit") hasEnded_ = true;
     if (name == u"reset") reset();
     if (name == u"vars") showVariables();
     if (name == u"time") {
-        _mShowsTime = !_mShowsTime;
-        printLine(_mShowsTime ? u"The time of formulas is shown."
-                              : u"The time of formulas is no longer shown.");
+        showsTime_ = !showsTime_;
+        printLine(showsTime_ ? u"The time of formulas is shown."
+                             : u"The time of formulas is no longer shown.");
     }
     return true;
 }
@@ -80,19 +80,19 @@ bool ReplSession::showJavaScript(std::u16string const& formula) {
         printLine(Converter::_convert(formula.c_str()));
         return true;
     }
-    _mShowsJavaScript = !_mShowsJavaScript;
-    printLine(_mShowsJavaScript ? u"The JavaScript of formulas is shown."
-                                : u"The JavaScript of formulas is no longer shown.");
+    showsJavaScript_ = !showsJavaScript_;
+    printLine(showsJavaScript_ ? u"The JavaScript of formulas is shown."
+                               : u"The JavaScript of formulas is no longer shown.");
     return true;
 }
 
 void ReplSession::showVariables() const {
-    for (auto const& [name, variable] : _mVariables) printLine(describeVariable(variable));
+    for (auto const& [name, variable] : variables_) printLine(describeVariable(variable));
 }
 
 void ReplSession::reset() {
-    _mParser.reset();
-    _mVariables.clear();
+    parser_.reset();
+    variables_.clear();
 }
 
 Completion ReplSession::complete(std::u16string const& beforeCursor) const {
@@ -106,7 +106,7 @@ Completion ReplSession::complete(std::u16string const& beforeCursor) const {
     for (std::u16string_view const command : kCommands) {
         if (start == 0 && command.starts_with(word)) found.candidates.emplace_back(command);
     }
-    for (auto const& [name, variable] : _mVariables) {
+    for (auto const& [name, variable] : variables_) {
         if (!isHelp && name.starts_with(word)) found.candidates.push_back(name);
     }
     for (Catalogue const& catalogue : builtInCatalogues()) {

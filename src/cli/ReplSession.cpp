@@ -36,8 +36,8 @@ void printTime(std::chrono::steady_clock::duration time) {
 
 }  // namespace
 
-ReplSession::ReplSession(std::size_t promptWidth) : _mPromptWidth(promptWidth) {
-    _mParser.initialize();
+ReplSession::ReplSession(std::size_t promptWidth) : promptWidth_(promptWidth) {
+    parser_.initialize();
 }
 
 bool ReplSession::run(std::u16string const& line) {
@@ -73,11 +73,11 @@ bool ReplSession::bind(KxJsVariable const& variable) {
     std::u16string const name = variable.getKey();
     // A name that scripts cannot assign to would make every formula fail that holds it.
     std::u16string ignored;
-    if (_mParser.parse(name + u"=0", ignored) < 0 || !_mParser.addSetVariable(variable)) {
+    if (parser_.parse(name + u"=0", ignored) < 0 || !parser_.addSetVariable(variable)) {
         reportError("a variable cannot have the name \"" + utf8FromUtf16(name) + "\"");
         return false;
     }
-    _mVariables[name] = variable;
+    variables_[name] = variable;
     printLine(describeVariable(variable));
     return true;
 }
@@ -90,27 +90,27 @@ bool ReplSession::evaluate(std::u16string const& formula) {
 
 FormulaRun ReplSession::timedRun(std::u16string const& formula, std::u16string const& line) {
     auto const start = std::chrono::steady_clock::now();
-    FormulaRun run = runFormula(_mParser, formula, false);
+    FormulaRun run = runFormula(parser_, formula, false);
     auto const end = std::chrono::steady_clock::now();
-    if (_mShowsJavaScript) printLine(u"JavaScript: " + run.javaScript);
+    if (showsJavaScript_) printLine(u"JavaScript: " + run.javaScript);
     // The result of an assignment is shown with the variable.
     if (run.hasResult() && formula == line) printLine(run.result);
-    if (_mShowsTime) printTime(end - start);
+    if (showsTime_) printTime(end - start);
     flushOutput();
     return run;
 }
 
 void ReplSession::report(std::u16string const& formula, std::u16string const& line,
                          FormulaRun const& run) {
-    KxJsFailure const* const failure = _mParser.lastFailure();
+    KxJsFailure const* const failure = parser_.lastFailure();
     auto const failed = failedLine(formula, run, failure);
     std::u16string const before = line.substr(0, line.rfind(formula));
-    std::size_t const width = _mPromptWidth + displayWidth(line);
+    std::size_t const width = promptWidth_ + displayWidth(line);
     // Below the typed line, as long as that is all in one row and nothing was printed since.
-    if (failed && failed->isTyped && _mPromptWidth > 0 && width < outputWidth() &&
-        !run.hasResult() && !_mShowsJavaScript && !_mShowsTime) {
-        reportScriptError(std::u16string(_mPromptWidth, u' ') + blanksUnder(before) +
-                          failed->marks + u"\n" + failure->message);
+    if (failed && failed->isTyped && promptWidth_ > 0 && width < outputWidth() &&
+        !run.hasResult() && !showsJavaScript_ && !showsTime_) {
+        reportScriptError(std::u16string(promptWidth_, u' ') + blanksUnder(before) + failed->marks +
+                          u"\n" + failure->message);
     } else {
         reportScriptError(failureReport(formula, run, failure));
     }

@@ -24,9 +24,9 @@ class ReplSession {
     bool run(std::u16string const& line);
 
     /// Whether ":quit" was entered.
-    bool hasEnded() const { return _mHasEnded; }
+    bool hasEnded() const { return hasEnded_; }
 
-    KxJsParser& parser() { return _mParser; }
+    KxJsParser& parser() { return parser_; }
 
     /// The names that can complete `beforeCursor`: functions, variables and commands.
     Completion complete(std::u16string const& beforeCursor) const;
@@ -43,12 +43,12 @@ class ReplSession {
     FormulaRun timedRun(std::u16string const& formula, std::u16string const& line);
     void report(std::u16string const& formula, std::u16string const& line, FormulaRun const& run);
 
-    std::size_t _mPromptWidth;
-    KxJsParser _mParser;
-    std::map<std::u16string, KxJsVariable> _mVariables;
-    bool _mShowsJavaScript = false;
-    bool _mShowsTime = false;
-    bool _mHasEnded = false;
+    std::size_t promptWidth_;
+    KxJsParser parser_;
+    std::map<std::u16string, KxJsVariable> variables_;
+    bool showsJavaScript_ = false;
+    bool showsTime_ = false;
+    bool hasEnded_ = false;
 };
 
 }  // namespace kx

@@ -28,35 +28,35 @@ std::size_t tokenEnd(std::u16string_view text, std::size_t start) {
 /// The words, quoted texts and single signs of a formula, in order.
 class Tokens {
   public:
-    explicit Tokens(std::u16string_view text) : _mText(text) {
+    explicit Tokens(std::u16string_view text) : text_(text) {
         for (std::size_t at = 0; at < text.size();) {
             if (isBlank(text[at])) {
                 ++at;
                 continue;
             }
-            _mSpans.push_back({at, tokenEnd(text, at)});
-            at = _mSpans.back().end;
+            spans_.push_back({at, tokenEnd(text, at)});
+            at = spans_.back().end;
         }
     }
 
-    std::size_t count() const { return _mSpans.size(); }
-    Span at(std::size_t index) const { return _mSpans[index]; }
+    std::size_t count() const { return spans_.size(); }
+    Span at(std::size_t index) const { return spans_[index]; }
     std::u16string_view text(std::size_t index) const {
-        return _mText.substr(_mSpans[index].start, _mSpans[index].end - _mSpans[index].start);
+        return text_.substr(spans_[index].start, spans_[index].end - spans_[index].start);
     }
 
     std::optional<std::size_t> indexAt(std::size_t position) const {
         for (std::size_t i = 0; i < count(); ++i) {
-            if (position >= _mSpans[i].start && position < _mSpans[i].end) return i;
+            if (position >= spans_[i].start && position < spans_[i].end) return i;
         }
         return std::nullopt;
     }
 
-    std::size_t end() const { return _mSpans.empty() ? 0 : _mSpans.back().end; }
+    std::size_t end() const { return spans_.empty() ? 0 : spans_.back().end; }
 
   private:
-    std::u16string_view _mText;
-    std::vector<Span> _mSpans;
+    std::u16string_view text_;
+    std::vector<Span> spans_;
 };
 
 /// The index of the token in `typed` that became the token `index` of `converted`: both texts are

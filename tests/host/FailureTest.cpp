@@ -1,4 +1,5 @@
 // KxJsParser::lastFailure(): kinds, and places in the caller's source.
+#include <array>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <string>
@@ -18,9 +19,9 @@ std::u16string describe(KxJsFailure const* failure) {
         std::string const digits = std::to_string(number);
         return std::u16string(digits.begin(), digits.end());
     };
-    static constexpr char16_t const* kKinds[] = {u"compile", u"run", u"limit"};
-    return kKinds[static_cast<int>(failure->kind)] + (u" " + decimal(failure->line)) + u":" +
-           decimal(failure->column) + u"-" + decimal(failure->endColumn) +
+    static constexpr std::array<char16_t const*, 3> kKinds = {u"compile", u"run", u"limit"};
+    return kKinds.at(static_cast<std::size_t>(failure->kind)) + (u" " + decimal(failure->line)) +
+           u":" + decimal(failure->column) + u"-" + decimal(failure->endColumn) +
            (failure->isInCall ? u" in call" : u"") + u"\n" + failure->sourceLine + u"\n" +
            failure->message;
 }
@@ -162,12 +163,12 @@ TEST(LastFailure, tellsTheCalls) {
         std::int32_t line;
         std::int32_t column;
     };
-    Call const calls[] = {{u"inner", 1, 27}, {u"second", 3, 9}, {u"", 4, 1}};
-    for (std::size_t i = 0; i < 3; ++i) {
+    std::array<Call, 3> const calls{{{u"inner", 1, 27}, {u"second", 3, 9}, {u"", 4, 1}}};
+    for (std::size_t i = 0; i < calls.size(); ++i) {
         KxJsFailure::Frame const& frame = failure->frames[i + 1];
-        EXPECT_EQ(frame.function, calls[i].function);
-        EXPECT_EQ(frame.line, calls[i].line);
-        EXPECT_EQ(frame.column, calls[i].column);
+        EXPECT_EQ(frame.function, calls.at(i).function);
+        EXPECT_EQ(frame.line, calls.at(i).line);
+        EXPECT_EQ(frame.column, calls.at(i).column);
         EXPECT_TRUE(frame.isInSource);
     }
 }
