@@ -50,6 +50,22 @@ TEST(Embedded, usesTheApplicationsIsolate) {
     EXPECT_EQ(v8::Isolate::GetCurrent(), application.get());
 }
 
+TEST(Embedded, placesAFailureOfABuiltInFunctionAsTheApplicationsIsolateNotesCalls) {
+    ApplicationIsolate const application;
+    ScriptHost host;
+    host.bind(u"A", 1);
+    host.run(u"A + nope");
+    ASSERT_NE(host.host.lastFailure(), nullptr);
+    EXPECT_EQ(host.host.lastFailure()->line, 1);
+    host.run(u"A + ROUND()");
+    EXPECT_EQ(host.host.lastFailure()->line, 0);
+    EXPECT_EQ(host.host.lastFailure()->message, u"ReferenceError: ROUND missing argument");
+    application.get()->SetCaptureStackTraceForUncaughtExceptions(true);
+    host.run(u"A + ROUND()");
+    EXPECT_EQ(host.host.lastFailure()->line, 1);
+    EXPECT_EQ(host.host.lastFailure()->column, 5);
+}
+
 TEST(Embedded, outlivesTheApplicationsIsolate) {
     auto application = std::make_unique<ApplicationIsolate>();
     auto host = std::make_unique<ScriptHost>();
