@@ -18,7 +18,7 @@ class CompiledScript {
                    std::size_t prologueLength)
         : handle_(isolate, script),
           prologueLength_(prologueLength),
-          mayDeclareNames_(mayDeclareNames(source)) {}
+          mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 
     /// The script for one run. The engine leaves a script that has declared names with let, const
     /// or class in a state in which a second run ends the process, so such a script is bound anew
@@ -36,10 +36,18 @@ class CompiledScript {
     std::size_t prologueLength() const { return prologueLength_; }
 
   private:
+    // The prologue holds no word that the caller's source does not hold, too. Once through the
+    // source: it is looked at for every parse.
     static bool mayDeclareNames(std::u16string_view source) {
-        constexpr auto kNone = std::u16string_view::npos;
-        return source.find(u"let") != kNone || source.find(u"const") != kNone ||
-               source.find(u"class") != kNone;
+        for (std::size_t i = 0; i < source.size(); ++i) {
+            if (source[i] != u'l' && source[i] != u'c') continue;
+            std::u16string_view const rest = source.substr(i);
+            if (rest.starts_with(u"let") || rest.starts_with(u"const") ||
+                rest.starts_with(u"class")) {
+                return true;
+            }
+        }
+        return false;
     }
 
     v8::Global<v8::Script> handle_;

@@ -40,6 +40,8 @@ std::u16string KxJsParser::addWrapper(std::u16string& source) {
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::ObjectTemplate> const shape = _mGlobalTemplate->get(isolate);
     std::u16string wrapped;
+    constexpr std::size_t kUsualPrologue = 128;
+    wrapped.reserve(source.size() + kUsualPrologue);
     for (auto const& [key, variable] : _mVariables) {
         if (source.find(key) == std::u16string::npos) continue;
         v8::HandleScope const handles(isolate);
