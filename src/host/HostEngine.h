@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -51,12 +52,19 @@ class HostEngine {
 
     /// Frees what the host gives up, its carriers with it.
     void release(HostRemains remains) {
+        ++generation_;
         remains.carriers = std::exchange(carriers_, Carriers());
         record_->release(std::move(remains));
     }
 
+    /// Changes when the host gives something up: scripts compiled before have lost their carriers.
+    std::uint64_t generation() const { return generation_; }
+
+    std::shared_ptr<IsolateRecord> const& sharedRecord() const { return record_; }
+
   private:
     std::shared_ptr<IsolateRecord> record_;
+    std::uint64_t generation_ = 0;
     Carriers carriers_;
     RunControl control_;
     std::chrono::milliseconds timeLimit_{0};

@@ -20,6 +20,7 @@ struct HostRemains {
     Carriers carriers;
     std::map<std::u16string, KxJsVariable> variables;
     std::vector<std::unique_ptr<CompiledScript>> scripts;
+    std::vector<std::unique_ptr<PersistentHandle<v8::Function>>> functions;
     std::unique_ptr<PersistentHandle<v8::ObjectTemplate>> globalTemplate;
     std::unique_ptr<PersistentHandle<v8::Context>> context;
 };

@@ -28,6 +28,7 @@ class Value;
 }  // namespace v8
 
 namespace kx {
+class ColumnEvaluation;
 class CompiledScript;
 class HostEngine;
 struct CallerSource;
@@ -136,6 +137,8 @@ class KXJS_API KxJsParser {
     /// @}
 
   private:
+    friend class kx::ColumnEvaluation;
+
     void createContext();
     void disposeGlobalContext();
     std::u16string addWrapper(std::u16string& source);

@@ -1,0 +1,287 @@
+#include "host/ColumnEvaluation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "host/ColumnNames.h"
+#include "host/CompiledScript.h"
+#include "host/ErrorText.h"
+#include "host/ScriptRun.h"
+#include "host/Text.h"
+
+namespace kx {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Between two looks at the clock and two calls of whoever watches.
+constexpr std::chrono::milliseconds kBlockTime{10};
+constexpr std::size_t kFirstBlock = 64;
+
+constexpr std::u16string_view kElsewhere =
+    u"The script host belongs to another thread or to another engine isolate";
+constexpr std::u16string_view kNotCompiled =
+    u"No formula is compiled for these columns, or the script host was reset since";
+constexpr std::u16string_view kStopped = u"The evaluation was stopped";
+
+/// The value that the accessor's getter would give.
+v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& variable) {
+    switch (variable.getType()) {
+        case KxJsVariable::TYPE_OF_VAR_LONG:
+            return v8::Integer::New(isolate, variable.getLongValue());
+        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
+            return v8::Number::New(isolate, variable.getDoubleValue());
+        case KxJsVariable::TYPE_OF_VAR_STRING:
+            return toEngineString(isolate, variable.valueToString());
+        default:
+            return v8::Boolean::New(isolate, variable.getBooleanValue());
+    }
+}
+
+}  // namespace
+
+struct ColumnEvaluation::Evaluation {
+    std::size_t count;
+    ColumnResults const& results;
+    v8::Isolate* isolate;
+    v8::Local<v8::Context> context;
+    KxJsColumns::Outcome& outcome;
+    Road road = Road::untried;
+    bool hasSucceeded = false;
+    std::optional<ColumnRun> run;
+
+    std::size_t& next() const { return outcome.records; }
+    void fail(std::u16string error) const {
+        outcome.failures.push_back({outcome.records, std::move(error)});
+    }
+};
+
+ColumnEvaluation::ColumnEvaluation(KxJsParser& host)
+    : host_(host), record_(host._mEngine->sharedRecord()) {}
+
+ColumnEvaluation::~ColumnEvaluation() { forget(); }
+
+void ColumnEvaluation::forget() {
+    HostRemains remains;
+    if (script_ != nullptr) remains.scripts.push_back(std::move(script_));
+    if (kernel_ != nullptr) kernel_->release(remains);
+    kernel_.reset();
+    expression_.reset();
+    record_->release(std::move(remains));
+}
+
+void ColumnEvaluation::bind(std::u16string const& name, Column::Values values) {
+    auto const found = std::find_if(columns_.begin(), columns_.end(),
+                                    [&](Column const& column) { return column.name == name; });
+    if (found != columns_.end()) {
+        found->values = values;
+        return;
+    }
+    forget();
+    columns_.push_back({name, values});
+}
+
+bool ColumnEvaluation::bindToHost(std::u16string& error) {
+    for (Column const& column : columns_) {
+        if (host_.addSetVariable(column.blank())) continue;
+        error = u"A column cannot have the name \"" + column.name + u"\"";
+        return false;
+    }
+    return true;
+}
+
+bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& error) {
+    forget();
+    if (!host_._mEngine->isUsable()) {
+        error = kElsewhere;
+        return false;
+    }
+    if (!bindToHost(error)) return false;
+    std::int32_t const index = host_.parse(source, error);
+    if (index == -1) return false;
+    // The host's store is the application's; this script goes with the columns.
+    script_ = std::move(host_._mVecOfCompiledScripts.back());
+    host_._mVecOfCompiledScripts.pop_back();
+    generation_ = host_._mEngine->generation();
+    source_ = source;
+    keys_.clear();
+    for (auto const& [key, variable] : host_._mVariables) {
+        if (source_.find(key) != std::u16string::npos) keys_.push_back(key);
+    }
+    expression_ = pureExpression(source_);
+    return true;
+}
+
+std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> context) const {
+    for (std::u16string const& key : keys_) {
+        if (!isPlainGlobal(context, key)) return std::nullopt;
+    }
+    auto const& library = record_->libraryScript();
+    int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
+    ColumnBindings bindings;
+    for (std::u16string_view const seen : expression_->names) {
+        std::u16string const name(seen);
+        auto const column =
+            std::find_if(columns_.begin(), columns_.end(),
+                         [&](Column const& candidate) { return candidate.name == name; });
+        if (column != columns_.end()) {
+            bindings.columns.push_back(&*column);
+        } else if (std::find(keys_.begin(), keys_.end(), name) != keys_.end()) {
+            bindings.constants.push_back(name);
+        } else if (auto const meaning = meaningOf(context, name, libraryId);
+                   meaning == NameMeaning::unknown) {
+            return std::nullopt;
+        } else if (meaning == NameMeaning::evaluating) {
+            bindings.evaluating.push_back(name);
+        }
+    }
+    return bindings;
+}
+
+void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
+    evaluation.road = Road::slow;
+    // With the one record that has been run there must be some that are not the last.
+    if (!expression_ || evaluation.count - evaluation.next() < 2) return;
+    if (evaluation.count > v8::TypedArray::kMaxLength) return;
+    auto const names = bindings(evaluation.context);
+    if (!names) return;
+    if (kernel_ == nullptr || !kernel_->fits(*names, evaluation.results)) {
+        HostRemains remains;
+        if (kernel_ != nullptr) kernel_->release(remains);
+        record_->release(std::move(remains));
+        kernel_ = ColumnKernel::make(evaluation.isolate, evaluation.context, expression_->text,
+                                     *names, evaluation.results);
+        if (kernel_ == nullptr) return;
+    }
+    std::vector<v8::Local<v8::Value>> constants;
+    for (std::u16string const& name : names->constants) {
+        constants.push_back(engineValue(evaluation.isolate, host_._mVariables.at(name)));
+    }
+    evaluation.run.emplace(*kernel_, evaluation.isolate, evaluation.context, *names, constants,
+                           evaluation.results, evaluation.count);
+    evaluation.road = Road::fast;
+}
+
+KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults const& results) {
+    KxJsColumns::Outcome outcome;
+    HostEngine& engine = *host_._mEngine;
+    if (!engine.isUsable()) {
+        outcome.error = kElsewhere;
+        return outcome;
+    }
+    if (script_ == nullptr || generation_ != engine.generation()) {
+        outcome.error = kNotCompiled;
+        return outcome;
+    }
+    v8::Isolate* const isolate = engine.isolate();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = host_._mContext->get(isolate);
+    v8::Context::Scope const entered(context);
+    ScriptRun const run(engine);
+    Evaluation evaluation{.count = count,
+                          .results = results,
+                          .isolate = isolate,
+                          .context = context,
+                          .outcome = outcome,
+                          .run = std::nullopt};
+    std::size_t size = kFirstBlock;
+    while (outcome.records < count) {
+        Clock::time_point const start = Clock::now();
+        if (!runBlock(evaluation, std::min(count, outcome.records + size))) break;
+        if (Clock::now() - start < kBlockTime)
+            size = std::min(size * 2, std::size_t{1} << 16);
+        else
+            size = std::max<std::size_t>(size / 2, 1);
+        if (!progress_) continue;
+        if (!progress_(outcome.records)) {
+            outcome.error = kStopped;
+        } else if (generation_ != engine.generation()) {
+            outcome.error = kNotCompiled;
+        }
+        if (!outcome.error.empty()) break;
+    }
+    return outcome;
+}
+
+bool ColumnEvaluation::runBlock(Evaluation& evaluation, std::size_t last) {
+    std::size_t& next = evaluation.next();
+    while (next < last) {
+        if (evaluation.road != Road::fast || next + 1 == evaluation.count) {
+            if (!runOneByOne(evaluation)) return false;
+            if (evaluation.road == Road::untried && evaluation.hasSucceeded) chooseRoad(evaluation);
+            continue;
+        }
+        std::size_t const first = next;
+        std::size_t stop = first;
+        auto const how = evaluation.run->block(stop, std::min(last, evaluation.count - 1));
+        if (how == ColumnRun::Stop::ended) {
+            evaluation.outcome.error = endText(*host_._mEngine);
+            return false;
+        }
+        takeBlock(evaluation, first, stop);
+        if (how == ColumnRun::Stop::failed && !runOneByOne(evaluation)) return false;
+    }
+    return true;
+}
+
+void ColumnEvaluation::takeBlock(Evaluation& evaluation, std::size_t first, std::size_t last) {
+    auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results);
+    if (texts != nullptr) evaluation.run->takeTexts(first, last, *texts);
+    for (; evaluation.next() < last; ++evaluation.next()) {
+        if (texts == nullptr) continue;
+        if ((*texts)[evaluation.next()].find(u"NaN") == std::u16string::npos) continue;
+        evaluation.fail(u"Not A Number");
+    }
+}
+
+bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
+    HostEngine& engine = *host_._mEngine;
+    v8::Isolate* const isolate = evaluation.isolate;
+    v8::HandleScope const handles(isolate);
+    v8::TryCatch capture(isolate);
+    std::size_t const record = evaluation.next();
+    for (Column const& column : columns_) host_.addSetVariable(column.at(record));
+    v8::Local<v8::Value> completion;
+    bool const hasCompleted =
+        script_->forRun(isolate)->Run(evaluation.context).ToLocal(&completion);
+    if (!capture.HasTerminated()) engine.record().runPromiseJobs();
+    if (hasCompleted && !capture.HasTerminated()) {
+        take(evaluation, completion);
+        if (completion->IsObject()) engine.record().runPromiseJobs();
+    }
+    if (capture.HasTerminated()) {
+        evaluation.outcome.error = endText(engine);
+        return false;
+    }
+    if (capture.HasCaught()) {
+        std::visit([&](auto* results) { results[record] = {}; }, evaluation.results);
+        if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
+            (*numbers)[record] = std::numeric_limits<double>::quiet_NaN();
+        }
+        evaluation.fail(host_.reportException(capture));
+    } else {
+        evaluation.hasSucceeded = true;
+    }
+    ++evaluation.next();
+    return true;
+}
+
+void ColumnEvaluation::take(Evaluation& evaluation, v8::Local<v8::Value> completion) {
+    std::size_t const record = evaluation.next();
+    if (auto* const* texts = std::get_if<std::u16string*>(&evaluation.results)) {
+        std::u16string& text = (*texts)[record];
+        text = textOfValue(evaluation.isolate, evaluation.context, completion);
+        // Where the conversion has thrown, the failure is the record's.
+        if (text.find(u"NaN") != std::u16string::npos) evaluation.fail(u"Not A Number");
+    } else if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
+        (*numbers)[record] = completion->NumberValue(evaluation.context)
+                                 .FromMaybe(std::numeric_limits<double>::quiet_NaN());
+    } else {
+        std::get<bool*>(evaluation.results)[record] = completion->BooleanValue(evaluation.isolate);
+    }
+}
+
+}  // namespace kx

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <v8.h>
+
+namespace kx {
+
+/// What a name of a formula stands for, as far as the fast evaluation of columns knows names.
+enum class NameMeaning : std::uint8_t {
+    constant,    ///< true, NaN and the like
+    engine,      ///< Math, and functions of the engine without effects
+    catalogue,   ///< a built-in function without effects, to be called as it is
+    evaluating,  ///< IIF, COND: built-in functions that evaluate texts
+    unknown
+};
+
+/// What `name` means in the entered context at this moment. `libraryId` is the engine's number of
+/// the script that defines the built-in functions: what scripts have put in their place is unknown.
+NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name, int libraryId);
+
+/// Whether assigning to `key` and reading it back does what it does for a variable that nobody
+/// touched: the global object has it as a plain property.
+bool isPlainGlobal(v8::Local<v8::Context> context, std::u16string const& key);
+
+}  // namespace kx
