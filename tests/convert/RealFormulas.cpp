@@ -21,7 +21,7 @@ std::u16string fromUtf8(std::string const& bytes) {
 }  // namespace
 
 std::vector<std::u16string> readRealFormulas() {
-    std::ifstream file(KXJS_TEST_DATA "/real.tsv");
+    std::ifstream file(KXJS_REAL_FORMULAS);
     std::vector<std::u16string> formulas;
     for (std::string line; std::getline(file, line);)
         formulas.push_back(fromUtf8(line.substr(line.find('\t') + 1)));
