@@ -122,8 +122,8 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
     auto const& library = record_->libraryScript();
     int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
     ColumnBindings bindings;
-    for (std::u16string_view const seen : expression_->names) {
-        std::u16string const name(seen);
+    for (auto const& [text, isCalled] : expression_->names) {
+        std::u16string const name(text);
         auto const column =
             std::find_if(columns_.begin(), columns_.end(),
                          [&](Column const& candidate) { return candidate.name == name; });
@@ -135,6 +135,8 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
                    meaning == NameMeaning::unknown) {
             return std::nullopt;
         } else if (meaning == NameMeaning::evaluating) {
+            // As a value it would show that something else stands for it.
+            if (!isCalled) return std::nullopt;
             bindings.evaluating.push_back(name);
         }
     }

@@ -114,8 +114,21 @@ class Scan {
         if (std::exchange(isMember_, false)) {
             return std::find(kMembers.begin(), kMembers.end(), name) != kMembers.end();
         }
-        if (std::find(names_.begin(), names_.end(), name) == names_.end()) names_.push_back(name);
+        bool const isCalled = charAfterBlanks() == u'(';
+        auto const known =
+            std::find_if(names_.begin(), names_.end(),
+                         [name](PureExpression::Name const& seen) { return seen.text == name; });
+        if (known == names_.end()) {
+            names_.push_back({name, isCalled});
+        } else {
+            known->isCalled = known->isCalled && isCalled;
+        }
         return true;
+    }
+
+    char16_t charAfterBlanks() const {
+        std::size_t const next = source_.find_first_not_of(kBlanks, position_);
+        return next == source_.npos ? u'\0' : source_[next];
     }
 
     bool takeNumber() {
@@ -180,7 +193,7 @@ class Scan {
     int depth_ = 0;
     bool isMember_ = false;     // the next name stands behind a point
     bool endsOperand_ = false;  // the token before can end an operand
-    std::vector<std::u16string_view> names_;
+    std::vector<PureExpression::Name> names_;
 };
 
 }  // namespace

@@ -10,8 +10,13 @@ namespace kx {
 /// statement, no `this`, and only those methods that give the same result whenever they are called.
 /// Where such an expression stands makes no difference, so it may become a function's body.
 struct PureExpression {
-    std::u16string_view text;                ///< the source without a final semicolon
-    std::vector<std::u16string_view> names;  ///< every name that the scope has to resolve, once
+    struct Name {
+        std::u16string_view text;
+        bool isCalled;  ///< stands before a parenthesis wherever it stands
+    };
+
+    std::u16string_view text;  ///< the source without a final semicolon
+    std::vector<Name> names;   ///< every name that the scope has to resolve, once
 };
 
 /// Nothing where the look at `source`, token by token, finds anything that is not known to be

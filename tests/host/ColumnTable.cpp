@@ -8,26 +8,14 @@
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kDoubles[] = {
-    0,      -0.0,      1,         -1,         1.5,
-    -2.5,   0.1,       1e21,      1e-7,       3,
-    10.526, 123456789, kInfinity, -kInfinity, 2,
-    7.25,   1e10,      -0.0005,   4294967296, std::numeric_limits<double>::quiet_NaN()};
-constexpr std::int32_t kLongs[] = {0,
-                                   1,
-                                   -1,
-                                   2,
-                                   3,
-                                   5,
-                                   10,
-                                   100,
-                                   77,
-                                   13,
-                                   31,
-                                   255,
-                                   -40,
-                                   std::numeric_limits<std::int32_t>::max(),
-                                   std::numeric_limits<std::int32_t>::min()};
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kDoubles[] = {0, -0.0, 1,  -1,      1.5,    -2.5, 0.1,     0.3, 1e-7,
+                               3, 2,    20, -0.0005, 10.526, 7.25, 123.456, kNaN};
+constexpr double kExtremes[] = {1e21, 1e10, 4294967296, 123456789, kInfinity, -kInfinity};
+constexpr std::int32_t kLongs[] = {0, 1, -1, 2, 3, 5, 10, 100, 77, 13, 31, 255, -40};
+constexpr std::int32_t kLongExtremes[] = {std::numeric_limits<std::int32_t>::max(),
+                                          std::numeric_limits<std::int32_t>::min()};
+constexpr std::array kTruths = {false, true};
 std::u16string const kTexts[] = {u"",
                                  u"abc",
                                  u"  some words, and more  ",
@@ -51,23 +39,25 @@ std::u16string const kTexts[] = {u"",
 
 }  // namespace
 
-void ColumnTable::add(std::u16string const& name) {
-    auto const fill = [this](auto values, auto const& list) {
-        for (auto& value : values) value = pick(list);
+void ColumnTable::add(std::u16string const& name, Range range) {
+    auto const fill = [&](auto values, auto const& list, auto const& extremes) {
+        for (auto& value : values) {
+            value = range == Range::full && random_() % 5 == 0 ? pick(extremes) : pick(list);
+        }
         return values;
     };
     switch (random_() % 4) {
         case 0:
-            columns_[name] = fill(Values<double>(), kDoubles);
+            columns_[name] = fill(Values<double>(), kDoubles, kExtremes);
             break;
         case 1:
-            columns_[name] = fill(Values<std::int32_t>(), kLongs);
+            columns_[name] = fill(Values<std::int32_t>(), kLongs, kLongExtremes);
             break;
         case 2:
-            columns_[name] = fill(Values<bool>(), std::array{false, true});
+            columns_[name] = fill(Values<bool>(), kTruths, kTruths);
             break;
         default:
-            columns_[name] = fill(Values<std::u16string>(), kTexts);
+            columns_[name] = fill(Values<std::u16string>(), kTexts, kTexts);
     }
 }
 

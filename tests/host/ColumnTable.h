@@ -25,8 +25,11 @@ class ColumnTable {
 
     explicit ColumnTable(std::mt19937_64& random) : random_(random) {}
 
+    /// Whether numbers may be so large that a formula which counts up to them never ends.
+    enum class Range { small, full };
+
     /// Adds a column of random type and values.
-    void add(std::u16string const& name);
+    void add(std::u16string const& name, Range range);
 
     /// What one by one execution in `host` gives. The error alone where `source` does not compile.
     std::vector<Result> oneByOne(KxJsParser& host, std::u16string const& source) const;

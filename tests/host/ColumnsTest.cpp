@@ -1,0 +1,392 @@
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "ScriptHost.h"
+#include "host/KxJsColumns.h"
+
+namespace {
+
+using Texts = std::vector<std::u16string>;
+
+constexpr std::size_t kMany = 5000;  // more than are run in one go
+
+/// Columns over a host of their own.
+class Columns : public testing::Test {
+  protected:
+    KxJsColumns::Outcome texts(std::u16string const& source, std::size_t count) {
+        results.assign(count, u"before");
+        std::u16string error;
+        EXPECT_TRUE(columns.compile(source, error));
+        EXPECT_EQ(error, u"");
+        return columns.evaluate(count, results.data());
+    }
+
+    /// The error of record `record`, which is the only one that fails.
+    static std::u16string onlyFailure(KxJsColumns::Outcome const& outcome, std::size_t record) {
+        if (outcome.failures.size() != 1) return u"not one failure";
+        if (outcome.failures[0].record != record) return u"another record";
+        return outcome.failures[0].error;
+    }
+
+    ScriptHost host;
+    KxJsColumns columns{host.host};
+    Texts results;
+};
+
+TEST_F(Columns, ofEveryTypeGiveTheirValues) {
+    double const numbers[] = {1.5, -0.25, 1e21};
+    std::int32_t const counts[] = {1, -2, 3};
+    bool const truths[] = {true, false, true};
+    std::u16string const names[] = {u"a", u"", u"c"};
+    std::u16string_view const views[] = {u"x", u"y", u"z"};
+    columns.bind(u"NUMBER", numbers);
+    columns.bind(u"COUNT", counts);
+    columns.bind(u"TRUTH", truths);
+    columns.bind(u"NAME", names);
+    columns.bind(u"VIEW", views);
+    auto const outcome = texts(u"NUMBER+' '+COUNT+' '+TRUTH+' '+NAME+' '+VIEW", 3);
+    EXPECT_EQ(outcome.records, 3U);
+    EXPECT_EQ(outcome.error, u"");
+    EXPECT_TRUE(outcome.failures.empty());
+    EXPECT_EQ(results, (Texts{u"1.5 1 true a x", u"-0.25 -2 false  y", u"1e+21 3 true c z"}));
+}
+
+TEST_F(Columns, giveNumbersByTheRulesOfArithmetic) {
+    std::u16string const sources[] = {u"2",   u"true", u"'1e3'", u"null",        u"undefined",
+                                      u"'x'", u"-0",   u"''",    u"Number('z')", u"throw 1"};
+    columns.bind(u"SOURCE", sources);
+    std::u16string error;
+    // Evaluated as an expression's text, and by a statement.
+    for (char16_t const* source : {u"IIF(SOURCE,0,0),eval(SOURCE)", u"var x=SOURCE;eval(x)"}) {
+        ASSERT_TRUE(columns.compile(source, error));
+        std::array<double, 10> numbers{};
+        auto const outcome = columns.evaluate(numbers.size(), numbers.data());
+        EXPECT_EQ(numbers[0], 2);
+        EXPECT_EQ(numbers[1], 1);
+        EXPECT_EQ(numbers[2], 1000);
+        EXPECT_EQ(numbers[3], 0);
+        EXPECT_TRUE(std::isnan(numbers[4]));
+        EXPECT_TRUE(std::isnan(numbers[5]));
+        EXPECT_TRUE(std::signbit(numbers[6]));
+        EXPECT_EQ(numbers[7], 0);
+        EXPECT_TRUE(std::isnan(numbers[9]));
+        ASSERT_EQ(outcome.failures.size(), 1U);
+        EXPECT_EQ(outcome.failures[0].record, 9U);
+    }
+}
+
+TEST_F(Columns, giveNumbersAndTruthsOfExpressions) {
+    std::vector<std::int32_t> counts(kMany);
+    for (std::size_t i = 0; i < kMany; ++i) counts[i] = static_cast<std::int32_t>(i);
+    columns.bind(u"COUNT", counts.data());
+    std::u16string error;
+    ASSERT_TRUE(columns.compile(u"IIF(COUNT%2==0,COUNT,String(COUNT/2))", error));
+    std::vector<double> numbers(kMany, -1);
+    EXPECT_EQ(columns.evaluate(kMany, numbers.data()).records, kMany);
+    std::array<bool, kMany> truths{};
+    EXPECT_EQ(columns.evaluate(kMany, truths.data()).records, kMany);
+    for (std::size_t i = 0; i < kMany; ++i) {
+        EXPECT_EQ(numbers[i], static_cast<double>(i) / (i % 2 == 0 ? 1 : 2));
+        EXPECT_EQ(truths[i], i != 0);
+    }
+}
+
+TEST_F(Columns, reportFailingRecordsAndGoOn) {
+    std::vector<std::u16string> texts_(kMany, u"abc");
+    texts_[0] = texts_[777] = texts_[kMany - 1] = u"missing+1";
+    columns.bind(u"SOURCE", texts_.data());
+    auto const outcome = texts(u"IIF(SOURCE=='abc',\n'fine',\nIIF(SOURCE,1,2))", kMany);
+    EXPECT_EQ(outcome.records, kMany);
+    ASSERT_EQ(outcome.failures.size(), 3U);
+    std::size_t const records[] = {0, 777, kMany - 1};
+    host.bind(u"SOURCE", std::u16string(u"missing+1"));
+    auto const alone = host.run(u"IIF(SOURCE=='abc',\n'fine',\nIIF(SOURCE,1,2))");
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(outcome.failures[i].record, records[i]);
+        EXPECT_EQ(outcome.failures[i].error, alone.error);
+        EXPECT_EQ(results[records[i]], u"");
+    }
+    EXPECT_EQ(results[1], u"fine");
+    EXPECT_EQ(results[kMany - 2], u"fine");
+}
+
+TEST_F(Columns, keepAResultThatIsNotANumber) {
+    double const numbers[] = {1, std::nan(""), 3, 4};
+    columns.bind(u"NUMBER", numbers);
+    auto const outcome = texts(u"NUMBER*2", 4);
+    EXPECT_EQ(onlyFailure(outcome, 1), u"Not A Number");
+    EXPECT_EQ(results, (Texts{u"2", u"NaN", u"6", u"8"}));
+}
+
+TEST_F(Columns, seeAsMuchOfATextAsVariablesShow) {
+    std::u16string const names[] = {std::u16string(300, u'x'), std::u16string(u"ab\0c", 4), u"d",
+                                    u"e"};
+    columns.bind(u"NAME", names);
+    texts(u"NAME.length", 4);
+    EXPECT_EQ(results, (Texts{u"255", u"2", u"1", u"1"}));
+}
+
+TEST_F(Columns, seeTheHostsVariablesAndFunctions) {
+    host.bind(u"RATE", 1.5);
+    host.eval(u"function twice(){return PRICE*2;}");
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    texts(u"PRICE*RATE", 4);
+    EXPECT_EQ(results, (Texts{u"1.5", u"3", u"4.5", u"6"}));
+    host.bind(u"RATE", std::u16string(u"10"));
+    std::array<double, 4> numbers{};
+    columns.evaluate(4, numbers.data());
+    EXPECT_EQ(numbers[3], 40);
+    texts(u"twice()+0*PRICE", 4);
+    EXPECT_EQ(results, (Texts{u"2", u"4", u"6", u"8"}));
+}
+
+TEST_F(Columns, noticeThatABuiltInFunctionWasReplaced) {
+    double const prices[] = {1, 2, 3, 4, 5};
+    columns.bind(u"PRICE", prices);
+    texts(u"EVEN(PRICE)", 5);
+    EXPECT_EQ(results[3], u"true");
+    host.eval(u"EVEN=function(){return 'price '+PRICE;}");
+    columns.evaluate(5, results.data());
+    EXPECT_EQ(results[3], u"price 4");
+}
+
+TEST_F(Columns, giveWhatNamesThatScriptsHaveTakenGive) {
+    host.eval(u"const PRICE=7;1");
+    host.eval(u"Object.defineProperty(globalThis,'COST',{set(){},get(){return 9;}});1");
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    EXPECT_EQ(texts(u"PRICE*2", 4).failures.size(), 4U);
+    columns.bind(u"COST", prices);
+    columns.bind(u"Math", prices);
+    std::u16string error;
+    KxJsColumns others(host.host);
+    others.bind(u"COST", prices);
+    ASSERT_TRUE(others.compile(u"COST*2", error));
+    others.evaluate(4, results.data());
+    EXPECT_EQ(results, Texts(4, u"18"));
+    KxJsColumns taken(host.host);
+    taken.bind(u"Math", prices);
+    ASSERT_TRUE(taken.compile(u"Math+1", error));
+    taken.evaluate(4, results.data());
+    EXPECT_EQ(results, (Texts{u"2", u"3", u"4", u"5"}));
+}
+
+TEST_F(Columns, areReadBlockByBlockWithoutNewCompilation) {
+    std::u16string error;
+    std::vector<double> block(100, 1);
+    columns.bind(u"PRICE", block.data());
+    ASSERT_TRUE(columns.compile(u"PRICE+1", error));
+    std::array<double, 100> numbers{};
+    for (double value = 1; value < 50; ++value) {
+        std::vector<double> next(100, value);
+        columns.bind(u"PRICE", next.data());
+        columns.evaluate(100, numbers.data());
+        EXPECT_EQ(numbers[50], value + 1);
+    }
+    std::vector<std::u16string> texts_(100, u"x");
+    columns.bind(u"PRICE", texts_.data());
+    results.resize(100);
+    columns.evaluate(100, results.data());
+    EXPECT_EQ(results[50], u"x1");
+}
+
+TEST_F(Columns, areOutOfReachForScripts) {
+    // Everything that could lead from a function to its caller, its caller's arguments, or a
+    // typed array.
+    host.eval(
+        u"var seen='';"
+        u"Math.floor=function f(x){"
+        u"  try{seen+=f.caller===null?'':typeof f.caller.caller+' ';"
+        u"      seen+=f.caller.caller.arguments.length;}catch(e){seen+=e.name;}"
+        u"  Error.prepareStackTrace=function(e,sites){"
+        u"    for(var s of sites){var g=s.getFunction();if(g&&g.arguments)"
+        u"      for(var a of g.arguments)if(typeof a==='object')seen+=' reached ';}return '';};"
+        u"  new Error().stack;return x;};"
+        u"var "
+        u"desc=Object.getOwnPropertyDescriptor(Object.getPrototypeOf(Int8Array.prototype),'length')"
+        u";"
+        u"Object.defineProperty(Array.prototype,'0',{set(){seen+=' written "
+        u"';},configurable:true});1");
+    std::vector<double> const prices(100, 2.5);
+    columns.bind(u"PRICE", prices.data());
+    texts(u"Math.floor(PRICE)", 100);
+    EXPECT_EQ(results[50], u"2.5");
+    std::u16string const seen = host.eval(u"seen");
+    EXPECT_EQ(seen.find(u"reached"), std::u16string::npos);
+    EXPECT_EQ(prices, std::vector<double>(100, 2.5));
+}
+
+TEST_F(Columns, keepStateInGlobalsFromRecordToRecord) {
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    host.eval(u"sum=0");
+    texts(u"sum+=PRICE", 4);
+    EXPECT_EQ(results, (Texts{u"1", u"3", u"6", u"10"}));
+    EXPECT_EQ(host.eval(u"sum"), u"10");
+}
+
+TEST_F(Columns, changeTheirNamesForOneRecordOnly) {
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    texts(u"var p=PRICE;PRICE=100;p", 4);
+    EXPECT_EQ(results, (Texts{u"1", u"2", u"3", u"4"}));
+}
+
+TEST_F(Columns, leaveTheHostWithTheLastRecord) {
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    texts(u"PRICE*2", 4);
+    EXPECT_EQ(host.eval(u"PRICE"), u"4");
+}
+
+TEST_F(Columns, sayWhyAFormulaDoesNotCompile) {
+    double const prices[] = {1};
+    columns.bind(u"PRICE", prices);
+    std::u16string error;
+    EXPECT_FALSE(columns.compile(u"PRICE +* 2", error));
+    host.bind(u"PRICE", 0.0);
+    host.parse(u"PRICE +* 2");
+    EXPECT_EQ(error, host.parseError);
+    EXPECT_EQ(columns.evaluate(1, results.data()).error,
+              u"No formula is compiled for these columns, or the script host was reset since");
+    columns.bind(u" ", prices);
+    EXPECT_FALSE(columns.compile(u"1", error));
+    EXPECT_EQ(error, u"A column cannot have the name \" \"");
+}
+
+TEST_F(Columns, haveToBeCompiledAgainAfterAReset) {
+    double const prices[] = {1, 2};
+    columns.bind(u"PRICE", prices);
+    texts(u"PRICE*2", 2);
+    host.host.reset();
+    EXPECT_EQ(columns.evaluate(2, results.data()).error,
+              u"No formula is compiled for these columns, or the script host was reset since");
+    texts(u"PRICE*2", 2);
+    EXPECT_EQ(results, (Texts{u"2", u"4"}));
+}
+
+TEST_F(Columns, doNotTakeAPlaceInTheHostsStore) {
+    double const prices[] = {1};
+    columns.bind(u"PRICE", prices);
+    texts(u"PRICE*2", 1);
+    EXPECT_EQ(host.parse(u"1"), 0);
+}
+
+TEST_F(Columns, ofNoRecordsGiveNothing) {
+    columns.bind(u"PRICE", static_cast<double const*>(nullptr));
+    auto const outcome = texts(u"PRICE*2", 0);
+    EXPECT_EQ(outcome.records, 0U);
+    EXPECT_EQ(outcome.error, u"");
+}
+
+TEST_F(Columns, stopWhenWhoeverWatchesSaysSo) {
+    std::vector<double> const prices(kMany, 1);
+    columns.bind(u"PRICE", prices.data());
+    std::vector<std::size_t> seen;
+    columns.setProgress([&](std::size_t records) {
+        seen.push_back(records);
+        return records < 1000;
+    });
+    auto const outcome = texts(u"PRICE*2", kMany);
+    EXPECT_EQ(outcome.error, u"The evaluation was stopped");
+    ASSERT_GT(seen.size(), 1U);
+    EXPECT_EQ(outcome.records, seen.back());
+    EXPECT_LT(outcome.records, kMany);
+    EXPECT_EQ(results[outcome.records - 1], u"2");
+    columns.setProgress([](std::size_t) -> bool { throw std::runtime_error("enough"); });
+    EXPECT_THROW(columns.evaluate(kMany, results.data()), std::runtime_error);
+    columns.setProgress([this](std::size_t) {
+        host.host.reset();
+        return true;
+    });
+    EXPECT_NE(columns.evaluate(kMany, results.data()).error, u"");
+    columns.setProgress({});
+    EXPECT_EQ(texts(u"PRICE*2", kMany).records, kMany);
+}
+
+TEST_F(Columns, endAtTheHostsTimeLimit) {
+    std::vector<double> prices(kMany, 1);
+    prices[2500] = 0;
+    columns.bind(u"PRICE", prices.data());
+    host.host.setTimeLimit(std::chrono::milliseconds(50));
+    std::u16string const ended =
+        u"The script was ended: it ran longer than its time limit of 50 ms";
+    // One record that never ends, and a million that take too long together.
+    EXPECT_EQ(texts(u"while(PRICE==0);1", kMany).error, ended);
+    EXPECT_EQ(texts(u"AT('abc',IIF(PRICE==0,'','x'),9)", kMany).error, u"");
+    std::vector<std::u16string> const texts_(300000, u"some text");
+    columns.bind(u"NAME", texts_.data());
+    EXPECT_EQ(texts(u"CHRTRAN(NAME+NAME,'abcdefgh','12345678').length", texts_.size()).error,
+              ended);
+    host.host.setTimeLimit(std::chrono::milliseconds(0));
+    EXPECT_EQ(texts(u"PRICE+1", kMany).error, u"");
+}
+
+TEST_F(Columns, endWhenTheHostIsTerminated) {
+    std::vector<double> const prices(kMany, 1);
+    columns.bind(u"PRICE", prices.data());
+    std::atomic<bool> isOver = false;
+    std::thread other([&] {
+        while (!isOver) {
+            host.host.terminate();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    });
+    auto const outcome = texts(u"while(true);", kMany);
+    isOver = true;
+    other.join();
+    EXPECT_EQ(outcome.error, u"The script was ended: it was terminated");
+    EXPECT_EQ(outcome.records, 0U);
+    EXPECT_EQ(texts(u"PRICE+1", kMany).records, kMany);
+}
+
+TEST_F(Columns, endAtTheMemoryLimit) {
+    host.host.setMemoryLimit(std::size_t{64} << 20);
+    std::vector<double> const prices(kMany, 1);
+    columns.bind(u"PRICE", prices.data());
+    host.eval(u"kept=[];1");
+    auto const outcome = texts(u"for(var i=0;i<1e5;i++)kept.push({i});PRICE", kMany);
+    EXPECT_EQ(outcome.error,
+              u"The script was ended: it needed more than the memory limit of 64 MiB");
+    EXPECT_LT(outcome.records, kMany);
+}
+
+TEST_F(Columns, giveLongTextsWithinTheMemoryLimit) {
+    host.host.setMemoryLimit(std::size_t{64} << 20);
+    std::vector<double> const counts(500, 1e6);
+    columns.bind(u"COUNT", counts.data());
+    std::vector<double> lengths(500);
+    auto const outcome = texts(u"REPEAT('x',COUNT)", 500);
+    EXPECT_EQ(outcome.error, u"");
+    EXPECT_EQ(results[250].size(), 1000000U);
+}
+
+TEST_F(Columns, workOnTheirHostsThreadOnly) {
+    double const prices[] = {1, 2};
+    columns.bind(u"PRICE", prices);
+    texts(u"PRICE*2", 2);
+    std::thread([&] {
+        EXPECT_EQ(columns.evaluate(2, results.data()).error,
+                  u"The script host belongs to another thread or to another engine isolate");
+        std::u16string error;
+        EXPECT_FALSE(columns.compile(u"PRICE", error));
+    }).join();
+}
+
+TEST_F(Columns, runPromiseJobsOfARecordBeforeTheNext) {
+    double const prices[] = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices);
+    host.eval(u"log='';1");
+    texts(u"Promise.resolve().then(()=>log+=PRICE);log", 4);
+    EXPECT_EQ(results, (Texts{u"", u"1", u"12", u"123"}));
+}
+
+}  // namespace

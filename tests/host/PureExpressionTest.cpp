@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include "host/PureExpression.h"
+
+namespace {
+
+using Source = char16_t const*;
+
+std::u16string namesOf(Source source) {
+    auto const expression = kx::pureExpression(source);
+    if (!expression) return u"refused";
+    std::u16string names;
+    for (auto const& [text, isCalled] : expression->names) {
+        names.append(names.empty() ? u"" : u" ").append(text).append(isCalled ? u"()" : u"");
+    }
+    return names;
+}
+
+struct Case {
+    Source source;
+    Source names;
+};
+
+class PureExpression : public testing::TestWithParam<Case> {};
+
+TEST_P(PureExpression, namesWhatTheScopeHasToResolve) {
+    EXPECT_EQ(namesOf(GetParam().source), GetParam().names);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    expressions, PureExpression,
+    testing::Values(Case{u"A*1.2+B/3", u"A B"}, Case{u" ( A + B ) ; ", u"A B"},
+                    Case{u"IIF(A>B,A,B)", u"IIF() A B"}, Case{u"IIF (A,IIF,1)", u"IIF A"},
+                    Case{u"A<=B", u"A B"}, Case{u"A>=B&&A!==B||A==B", u"A B"},
+                    Case{u"A<<2>>>1", u"A"}, Case{u"A>2?B:'it\\'s /*'", u"A B"},
+                    Case{u"Math.sqrt(A.length)", u"Math A"}, Case{u"-A**2", u"A"},
+                    Case{u"A\n+B", u"A B"}, Case{u"1e-3+0x1F+.5+5.", u""},
+                    Case{u"'x=1;'+\"{\"", u""}, Case{u"Gr\u00f6\u00dfe/2", u"Gr\u00f6\u00dfe"},
+                    Case{u"A?.5:1", u"A"}, Case{u"A ?? B", u"A B"}, Case{u"!A&&!!B", u"A B"}));
+
+class NoPureExpression : public testing::TestWithParam<Source> {};
+
+TEST_P(NoPureExpression, isRefused) { EXPECT_EQ(namesOf(GetParam()), u"refused"); }
+
+INSTANTIATE_TEST_SUITE_P(sources, NoPureExpression,
+                         testing::Values(u"A=5", u"A+=5", u"A<<=5", u"A>>>=5", u"A&&=5", u"A**=2",
+                                         u"A++", u"--A", u"A;B", u"A)+(B", u"(A", u"A)", u"[A]",
+                                         u"A['length']", u"{A}", u"`${A}`", u"/A/", u"A+/B/",
+                                         u"(/B/)", u"A//B", u"A/*B*/", u"A/ /B/", u"'A",
+                                         u"A.constructor", u"A.length.constructor",
+                                         u"1..constructor", u"Math.random()", u"x=>x", u"10n",
+                                         u"A\\u0042", u"@A", u"#A", u"A<!--B", u"1px", u"0b11",
+                                         u"A.then", u"A\u2028+B"));
+
+}  // namespace
