@@ -102,12 +102,13 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
     std::vector<std::u16string> texts_(kMany, u"abc");
     texts_[0] = texts_[777] = texts_[kMany - 1] = u"missing+1";
     columns.bind(u"SOURCE", texts_.data());
-    auto const outcome = texts(u"IIF(SOURCE=='abc',\n'fine',\nIIF(SOURCE,1,2))", kMany);
+    std::u16string const source = u"(SOURCE=='abc')?\n'fine':\nIIF(SOURCE,1,2)";
+    auto const outcome = texts(source, kMany);
     EXPECT_EQ(outcome.records, kMany);
     ASSERT_EQ(outcome.failures.size(), 3U);
     std::size_t const records[] = {0, 777, kMany - 1};
     host.bind(u"SOURCE", std::u16string(u"missing+1"));
-    auto const alone = host.run(u"IIF(SOURCE=='abc',\n'fine',\nIIF(SOURCE,1,2))");
+    auto const alone = host.run(source);
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(outcome.failures[i].record, records[i]);
         EXPECT_EQ(outcome.failures[i].error, alone.error);
@@ -210,11 +211,7 @@ TEST_F(Columns, areOutOfReachForScripts) {
         u"    for(var s of sites){var g=s.getFunction();if(g&&g.arguments)"
         u"      for(var a of g.arguments)if(typeof a==='object')seen+=' reached ';}return '';};"
         u"  new Error().stack;return x;};"
-        u"var "
-        u"desc=Object.getOwnPropertyDescriptor(Object.getPrototypeOf(Int8Array.prototype),'length')"
-        u";"
-        u"Object.defineProperty(Array.prototype,'0',{set(){seen+=' written "
-        u"';},configurable:true});1");
+        u"1");
     std::vector<double> const prices(100, 2.5);
     columns.bind(u"PRICE", prices.data());
     texts(u"Math.floor(PRICE)", 100);
