@@ -47,10 +47,8 @@ class StagingDirectory {
     fs::path path_;
 };
 
-void writeNewFile(fs::path const& path, fs::path const& goal, std::string_view bytes,
-                  std::optional<mode_t> mode) {
+void writeNewFile(fs::path const& path, fs::path const& goal, std::string_view bytes) {
     FileDescriptor file = FileDescriptor::create(path, goal);
-    if (mode) file.setPermissions(*mode);
     file.write(bytes);
     file.sync();
     file.close();
@@ -109,7 +107,7 @@ class Replacement {
 void writeAll(fs::path const& directory, fs::path const& goal,
               std::vector<NamedFile> const& files) {
     for (NamedFile const& file : files) {
-        writeNewFile(directory / file.name, goal / file.name, file.bytes, std::nullopt);
+        writeNewFile(directory / file.name, goal / file.name, file.bytes);
     }
 }
 
@@ -124,7 +122,13 @@ void makeDirectoryWith(fs::path const& directory, std::vector<NamedFile> const& 
 
 }  // namespace
 
-void replaceFile(fs::path const& path, std::string_view bytes) {
+struct FileReplacement::State {
+    std::optional<StagingDirectory> staging;  ///< none: written in place
+    fs::path target;
+    std::optional<FileDescriptor> file;
+};
+
+FileReplacement::FileReplacement(fs::path const& path) : _mState(std::make_unique<State>()) {
     struct stat status {};
     bool const exists = ::stat(path.c_str(), &status) == 0;
     if (!exists && errno != ENOENT) kx::throwWriteError(path);
@@ -132,18 +136,31 @@ void replaceFile(fs::path const& path, std::string_view bytes) {
         throwWriteError(path, std::make_error_code(std::errc::is_a_directory));
     }
     if (exists && !S_ISREG(status.st_mode)) {
-        FileDescriptor device = FileDescriptor::open(path);
-        device.write(bytes);
-        return device.close();
+        _mState->file.emplace(FileDescriptor::open(path));
+        return;
     }
     // A link stays a link: the file that it names is the one to replace.
-    fs::path const target = exists ? fs::canonical(path) : path;
-    StagingDirectory const staging(directoryOf(target), path);
-    fs::path const finished = staging.path() / "file";
-    std::optional<mode_t> mode;
-    if (exists) mode = status.st_mode & 07777;
-    writeNewFile(finished, path, bytes, mode);
-    moveInPlace(finished, target);
+    _mState->target = exists ? fs::canonical(path) : path;
+    _mState->staging.emplace(directoryOf(_mState->target), path);
+    _mState->file.emplace(FileDescriptor::create(_mState->staging->path() / "file", path));
+    if (exists) _mState->file->setPermissions(status.st_mode & 07777);
+}
+
+FileReplacement::~FileReplacement() = default;
+
+void FileReplacement::write(std::string_view bytes) { _mState->file->write(bytes); }
+
+void FileReplacement::commit() {
+    if (!_mState->staging) return _mState->file->close();
+    _mState->file->sync();
+    _mState->file->close();
+    moveInPlace(_mState->staging->path() / "file", _mState->target);
+}
+
+void replaceFile(fs::path const& path, std::string_view bytes) {
+    FileReplacement replacement(path);
+    replacement.write(bytes);
+    replacement.commit();
 }
 
 void replaceFiles(fs::path const& directory, std::vector<NamedFile> const& files) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,23 @@ namespace kx {
 /// one is written completely, and keeps its permissions; a failure leaves it as it was. A path that
 /// names a device or a pipe is written into. Throws WorkError with path and reason.
 void replaceFile(std::filesystem::path const& path, std::string_view bytes);
+
+/// The same, piece by piece: the contents that take the place of `path` at commit(), and are
+/// dropped without it.
+class FileReplacement {
+  public:
+    explicit FileReplacement(std::filesystem::path const& path);
+    ~FileReplacement();
+    FileReplacement(FileReplacement const&) = delete;
+    FileReplacement& operator=(FileReplacement const&) = delete;
+
+    void write(std::string_view bytes);
+    void commit();
+
+  private:
+    struct State;
+    std::unique_ptr<State> _mState;
+};
 
 struct NamedFile {
     std::string name;

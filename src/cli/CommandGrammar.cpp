@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -76,6 +78,86 @@ void addEval(CLI::App& app, Command& command) {
             options->formulas = unguarded(std::move(options->formulas));
             requireInput(options->formulas);
             return runEval(*options);
+        };
+    });
+}
+
+std::map<std::string, CellType> typesFrom(std::vector<std::string> const& assignments) {
+    std::map<std::string, CellType> types;
+    for (std::string const& assignment : assignments) {
+        // A header may hold the sign, a type does not.
+        std::size_t const equals = assignment.rfind('=');
+        auto const type = equals == std::string::npos
+                              ? std::nullopt
+                              : cellTypeNamed(std::string_view(assignment).substr(equals + 1));
+        if (!type) {
+            throw UsageError("--type \"" + assignment +
+                             "\": expected NAME=double, long, string or bool");
+        }
+        types[assignment.substr(0, equals)] = *type;
+    }
+    return types;
+}
+
+char delimiterFrom(std::string const& text) {
+    if (text == "\\t" || text == "tab") return '\t';
+    bool const isPossible =
+        text.size() == 1 && text[0] > 0 && text != "\"" && text != "\r" && text != "\n";
+    if (isPossible) return text[0];
+    throw UsageError("--delimiter \"" + text + "\": expected one ASCII character, or tab");
+}
+
+void addBatch(CLI::App& app, Command& command) {
+    CLI::App* const batch =
+        app.add_subcommand("batch", "Evaluate a formula for every record of a CSV file");
+    struct Texts {
+        BatchOptions options;
+        std::vector<std::string> types;
+        std::string delimiter = ",";
+    };
+    auto const texts = std::make_shared<Texts>();
+    BatchOptions& options = texts->options;
+    batch->add_flag("--js", options.javaScript, "The formula is JavaScript; do not convert it");
+    CLI::Option* const input =
+        batch->add_option("-i", options.input, "CSV file to read; default: standard input");
+    input->type_name("IN.csv");
+    CLI::Option* const output =
+        batch->add_option("-o", options.output, "CSV file to write; default: standard output");
+    output->type_name("OUT.csv");
+    batch->add_option("--as", options.resultName, "Header of the column with the results")
+        ->type_name("NAME")
+        ->capture_default_str();
+    batch->add_option("--delimiter", texts->delimiter, "What stands between cells; tab is one too")
+        ->type_name("CHARACTER");
+    batch
+        ->add_option("--type", texts->types,
+                     "Type of a column: double, long, string or bool; may be repeated")
+        ->type_name("NAME=TYPE")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    batch->add_option("FORMULA", options.formula, "The formula")->type_name("")->required();
+    batch->footer(
+        "The file has a header; a column whose header is a name is a variable of that name. A\n"
+        "column without --type is a number or a boolean where all its cells are, as far as the\n"
+        "first block of the file shows, else a text. Records that fail, and those with an empty\n"
+        "or other cell that is no value of its column's type, are reported by line; their result\n"
+        "is empty and the exit status 1. OUT.csv is replaced when everything is written.\n\n"
+        "Example: kxjs batch \"PRICE*QUANTITY\" -i orders.csv -o totals.csv --as TOTAL");
+    batch->callback([=, &command] {
+        command = [=] {
+            BatchOptions chosen = texts->options;
+            if (input->count() > 0 && chosen.input.empty()) throw UsageError("-i needs a file");
+            if (output->count() > 0 && chosen.output.empty()) throw UsageError("-o needs a file");
+            chosen.formula = unguarded(std::move(chosen.formula));
+            chosen.input = unguarded(std::move(chosen.input));
+            chosen.output = unguarded(std::move(chosen.output));
+            chosen.resultName = unguarded(std::move(chosen.resultName));
+            chosen.delimiter = delimiterFrom(unguarded(texts->delimiter));
+            chosen.types = typesFrom(unguarded(texts->types));
+            if (chosen.input.empty() && ::isatty(STDIN_FILENO) == 1) {
+                throw UsageError("no file given (and standard input is a terminal)");
+            }
+            return runBatch(chosen);
         };
     });
 }
@@ -175,6 +257,7 @@ void addRepl(CLI::App& app, Command& command) {
 
 void addCommands(CLI::App& app, Command& command) {
     addEval(app, command);
+    addBatch(app, command);
     addConvert(app, command);
     addExtract(app, command);
     addFunctions(app, command);

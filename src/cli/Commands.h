@@ -1,8 +1,10 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
+#include "cli/CellType.h"
 #include "cli/Errors.h"
 #include "host/KxJsVariable.h"
 
@@ -16,6 +18,17 @@ struct EvalOptions {
     std::vector<std::string> formulas;  ///< none: standard input
 };
 ExitStatus runEval(EvalOptions const& options);
+
+struct BatchOptions {
+    bool javaScript = false;
+    std::string formula;
+    std::string input;                  ///< a file; empty: standard input
+    std::string output;                 ///< a file; empty: standard output
+    std::string resultName = "RESULT";  ///< header of the column that is added
+    char delimiter = ',';
+    std::map<std::string, CellType> types;  ///< by header; the others follow from the cells
+};
+ExitStatus runBatch(BatchOptions const& options);
 
 struct ConvertOptions {
     std::vector<std::string> formulas;  ///< none: standard input

@@ -17,8 +17,9 @@ void throwOutputError() {
 
 }  // namespace
 
-void print(std::u16string_view text) {
-    std::string const bytes = utf8FromUtf16(text);
+void print(std::u16string_view text) { printBytes(utf8FromUtf16(text)); }
+
+void printBytes(std::string_view bytes) {
     if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) throwOutputError();
 }
 

@@ -8,6 +8,7 @@ namespace kx {
 /// Writes to standard output, buffered. Throws WorkError when the other end is gone or full: a
 /// result that nobody received must not look like success.
 void print(std::u16string_view text);
+void printBytes(std::string_view bytes);
 void printLine(std::u16string_view text);
 void flushOutput();
 

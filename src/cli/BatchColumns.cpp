@@ -1,0 +1,171 @@
+#include "cli/BatchColumns.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+#include "cli/Errors.h"
+#include "cli/Utf8.h"
+
+namespace kx {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::size_t kSeenByFormulas = 255;
+
+/// Words that no variable can be called.
+constexpr std::array kReserved = {
+    u"await"sv,    u"break"sv,    u"case"sv,    u"catch"sv,  u"class"sv,      u"const"sv,
+    u"continue"sv, u"debugger"sv, u"default"sv, u"delete"sv, u"do"sv,         u"else"sv,
+    u"enum"sv,     u"export"sv,   u"extends"sv, u"false"sv,  u"finally"sv,    u"for"sv,
+    u"function"sv, u"if"sv,       u"import"sv,  u"in"sv,     u"instanceof"sv, u"let"sv,
+    u"new"sv,      u"null"sv,     u"return"sv,  u"super"sv,  u"switch"sv,     u"this"sv,
+    u"throw"sv,    u"true"sv,     u"try"sv,     u"typeof"sv, u"var"sv,        u"void"sv,
+    u"while"sv,    u"with"sv,     u"yield"sv};
+
+bool isNamePart(char16_t c) {
+    bool const isLetter = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c >= u'\u00C0';
+    return isLetter || (c >= u'0' && c <= u'9') || c == u'_' || c == u'$';
+}
+
+bool isName(std::u16string_view text) {
+    if (text.empty() || (text[0] >= u'0' && text[0] <= u'9')) return false;
+    if (!std::all_of(text.begin(), text.end(), isNamePart)) return false;
+    return std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
+}
+
+/// Whether `name` stands in `source` as a word that is no function's.
+bool isUsed(std::u16string_view source, std::u16string_view name) {
+    for (std::size_t at = source.find(name); at != source.npos; at = source.find(name, at + 1)) {
+        std::size_t const end = at + name.size();
+        if (at > 0 && isNamePart(source[at - 1])) continue;
+        if (end < source.size() && isNamePart(source[end])) continue;
+        std::size_t const next = source.find_first_not_of(u" \t\r\n", end);
+        if (next == source.npos || source[next] != u'(') return true;
+    }
+    return false;
+}
+
+std::u16string nameOf(std::string const& header) {
+    try {
+        return utf16FromUtf8(header);
+    } catch (InvalidUtf8 const&) {
+        return {};
+    }
+}
+
+CellType typeOfCells(CsvBlock const& block, std::size_t index) {
+    bool hasNumbers = false;
+    bool hasBooleans = false;
+    for (std::size_t record = 0; record < block.size(); ++record) {
+        std::string_view const cell = block.cell(record, index);
+        if (cell.empty()) continue;
+        if (numberInCell(CellType::GUESSED, cell)) {
+            hasNumbers = true;
+        } else if (booleanInCell(cell)) {
+            hasBooleans = true;
+        } else {
+            return CellType::STRING;
+        }
+    }
+    if (hasNumbers == hasBooleans) return CellType::STRING;  // neither, or both
+    return hasNumbers ? CellType::GUESSED : CellType::BOOLEAN;
+}
+
+}  // namespace
+
+BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16string const& source,
+                           std::map<std::string, CellType> const& types) {
+    for (auto const& [name, type] : types) {
+        if (std::find(header.begin(), header.end(), name) == header.end()) {
+            throw UsageError("--type " + name + ": there is no such column");
+        }
+    }
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        std::u16string const name = nameOf(header[i]);
+        if (!isName(name) || !isUsed(source, name)) continue;
+        if (std::count(header.begin(), header.end(), header[i]) > 1) {
+            throw UsageError("two columns are called \"" + header[i] + "\"");
+        }
+        Column column{.index = i,
+                      .header = header[i],
+                      .name = name,
+                      .numbers = {},
+                      .booleans = nullptr,
+                      .texts = {}};
+        if (auto const given = types.find(header[i]); given != types.end()) {
+            column.type = given->second;
+            column.isTypeKnown = true;
+        }
+        _mColumns.push_back(std::move(column));
+    }
+}
+
+void BatchColumns::guessTypes(CsvBlock const& block) {
+    for (Column& column : _mColumns) {
+        if (!column.isTypeKnown) column.type = typeOfCells(block, column.index);
+    }
+}
+
+bool BatchColumns::take(Column& column, std::string_view cell) {
+    std::size_t const position = _mTaken.size();
+    if (column.type == CellType::STRING) {
+        try {
+            column.texts[position] = utf16FromUtf8(cell);
+        } catch (InvalidUtf8 const&) {
+            return false;
+        }
+        return column.texts[position].size() <= kSeenByFormulas;
+    }
+    if (column.type == CellType::BOOLEAN) {
+        auto const value = booleanInCell(cell);
+        column.booleans[position] = value.value_or(false);
+        return value.has_value();
+    }
+    auto const value = numberInCell(column.type, cell);
+    column.numbers[position] = value.value_or(0);
+    return value.has_value();
+}
+
+void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
+    _mTaken.clear();
+    _mRefused.clear();
+    for (Column& column : _mColumns) {
+        if (column.type == CellType::STRING) {
+            column.texts.resize(block.size());
+        } else if (column.type == CellType::BOOLEAN) {
+            column.booleans = std::make_unique<bool[]>(block.size());
+        } else {
+            column.numbers.resize(block.size());
+        }
+    }
+    for (std::size_t record = 0; record < block.size(); ++record) {
+        auto const wrong = std::find_if(_mColumns.begin(), _mColumns.end(), [&](Column& column) {
+            return !take(column, block.cell(record, column.index));
+        });
+        if (wrong == _mColumns.end()) {
+            _mTaken.push_back(record);
+            continue;
+        }
+        std::string_view const cell = block.cell(record, wrong->index);
+        _mRefused[record] = "column " + wrong->header + ": " +
+                            (cell.empty() ? "an empty cell" : "\"" + std::string(cell) + "\"") +
+                            " is not " + describe(wrong->type);
+    }
+    bind(columns);
+}
+
+void BatchColumns::bind(KxJsColumns& columns) const {
+    for (Column const& column : _mColumns) {
+        if (column.type == CellType::STRING) {
+            columns.bind(column.name, column.texts.data());
+        } else if (column.type == CellType::BOOLEAN) {
+            columns.bind(column.name, column.booleans.get());
+        } else {
+            columns.bind(column.name, column.numbers.data());
+        }
+    }
+}
+
+}  // namespace kx

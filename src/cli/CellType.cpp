@@ -1,0 +1,72 @@
+#include "cli/CellType.h"
+
+#include <charconv>
+#include <system_error>
+
+namespace kx {
+namespace {
+
+// std::from_chars reads the same text to the same number under every locale.
+template <class Number>
+std::optional<double> numberFrom(std::string_view text) {
+    Number number{};
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+    return static_cast<double>(number);
+}
+
+std::string_view withoutPlus(std::string_view text) {
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    return text;
+}
+
+/// Whether the text of `cell` says more than its number: item numbers, telephone numbers.
+bool saysMore(std::string_view cell) {
+    constexpr std::size_t kExactDigits = 15;
+    if (cell.starts_with('+')) return true;
+    if (cell.starts_with('-')) cell.remove_prefix(1);
+    if (cell.size() > 1 && cell[0] == '0' && cell[1] >= '0' && cell[1] <= '9') return true;
+    std::size_t digits = 0;
+    for (char const c : cell) digits += c >= '0' && c <= '9' ? 1 : 0;
+    bool const isWhole = digits == cell.size();
+    return isWhole && digits > kExactDigits;
+}
+
+}  // namespace
+
+std::optional<CellType> cellTypeNamed(std::string_view name) {
+    if (name == "long") return CellType::LONG;
+    if (name == "double") return CellType::DOUBLE;
+    if (name == "bool") return CellType::BOOLEAN;
+    if (name == "string") return CellType::STRING;
+    return std::nullopt;
+}
+
+std::string describe(CellType type) {
+    switch (type) {
+        case CellType::LONG:
+            return "a whole number of 32 bits";
+        case CellType::BOOLEAN:
+            return "\"true\" or \"false\"";
+        case CellType::STRING:
+            return "a text of at most 255 characters";
+        default:
+            return "a number";
+    }
+}
+
+std::optional<double> numberInCell(CellType type, std::string_view cell) {
+    // from_chars would also take the names of infinity and not-a-number, in any letter case.
+    if (cell.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
+    if (type == CellType::LONG) return numberFrom<std::int32_t>(withoutPlus(cell));
+    if (type == CellType::GUESSED && saysMore(cell)) return std::nullopt;
+    return numberFrom<double>(withoutPlus(cell));
+}
+
+std::optional<bool> booleanInCell(std::string_view cell) {
+    if (cell == "true") return true;
+    if (cell == "false") return false;
+    return std::nullopt;
+}
+
+}  // namespace kx

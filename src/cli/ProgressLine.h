@@ -1,0 +1,32 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+
+namespace kx {
+
+/// A line on standard error that says how far a long work is. Shown only where that is a terminal.
+class ProgressLine {
+  public:
+    /// `total` is the size of the whole work in bytes; 0 where nobody knows.
+    explicit ProgressLine(std::size_t total);
+    ~ProgressLine();
+    ProgressLine(ProgressLine const&) = delete;
+    ProgressLine& operator=(ProgressLine const&) = delete;
+
+    /// Says that `records` records and `bytes` bytes are done. Cheap to call often.
+    void show(std::size_t records, std::size_t bytes);
+    /// Takes the line away, so that something else can be written.
+    void clear();
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    bool _mIsTerminal;
+    bool _mIsShown = false;
+    std::size_t _mTotal;
+    Clock::time_point _mStart = Clock::now();
+    Clock::time_point _mNext = _mStart;
+};
+
+}  // namespace kx
