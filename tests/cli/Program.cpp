@@ -139,7 +139,8 @@ bool hasTerminals() {
     return master >= 0;
 }
 
-Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns) {
+Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns,
+                      bool hasErrors) {
     int masterNumber = -1;
     int slaveNumber = -1;
     winsize size{};
@@ -152,7 +153,8 @@ Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short 
     ::fcntl(slaveNumber, F_SETFD, FD_CLOEXEC);
     Descriptor const err = memoryFile();
     Program const program{.arguments = arguments, .input = {}, .environment = {}, .outputFile = {}};
-    pid_t const child = start(program, slaveNumber, slaveNumber, err.number());
+    pid_t const child =
+        start(program, slaveNumber, slaveNumber, hasErrors ? slaveNumber : err.number());
     slave.close();
     Outcome outcome;
     outcome.out = readAll(masterNumber);

@@ -28,8 +28,10 @@ Outcome kxjs(std::vector<std::string> arguments, std::string input = {});
 /// Whether this system has terminals to give; a bare container may not.
 bool hasTerminals();
 
-/// Runs kxjs with `arguments` on a terminal of `columns` columns; `out` is what it shows.
-Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns);
+/// Runs kxjs with `arguments` on a terminal of `columns` columns; `out` is what it shows,
+/// errors too where `hasErrors`.
+Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns,
+                      bool hasErrors = false);
 
 /// Runs kxjs with `arguments` and a standard output that nobody reads.
 Outcome runWithClosedPipe(std::vector<std::string> const& arguments);

@@ -57,7 +57,7 @@ TEST_P(Wrong, IsNamedAndEndsWithStatusTwo) {
 INSTANTIATE_TEST_SUITE_P(
     Usage, Wrong,
     testing::Values(
-        WrongUsage{"nothing", {}, "no command given; there are: eval, convert,"},
+        WrongUsage{"nothing", {}, "no command given; there are: eval, batch,"},
         WrongUsage{"unknown_command",
                    {"evaluate", "1"},
                    "\"evaluate\" is not a command; there are: eval,"},

@@ -1,0 +1,287 @@
+// kxjs batch: CSV in and out, types, failing records.
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <ostream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "Program.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Case {
+    char const* name;
+    std::vector<std::string> arguments;
+    std::string input;
+    std::string out;
+    std::string err = "";
+    int status = 0;
+};
+void PrintTo(Case const& row, std::ostream* out) { *out << row.name; }
+
+class Batch : public testing::TestWithParam<Case> {};
+
+TEST_P(Batch, AddsAColumn) {
+    std::vector<std::string> arguments = GetParam().arguments;
+    arguments.insert(arguments.begin(), "batch");
+    Outcome const outcome = kxjs(arguments, GetParam().input);
+    EXPECT_EQ(outcome.out, GetParam().out);
+    EXPECT_EQ(outcome.err, GetParam().err);
+    EXPECT_EQ(outcome.status, GetParam().status);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Csv, Batch,
+    testing::Values(
+        Case{"numbers", {"A*B"}, "A,B\n2,3\n1.5,4\n", "A,B,RESULT\n2,3,6\n1.5,4,6\n"},
+        Case{"formula_is_converted",
+             {"IIF(A<>1 .AND. A>0,'OK','KO')"},
+             "A\n1\n2\n",
+             "A,RESULT\n1,KO\n2,OK\n"},
+        Case{"javascript", {"--js", "'<>'+A"}, "A\n1\n", "A,RESULT\n1,<>1\n"},
+        Case{"name_of_the_result", {"A", "--as", "a,b"}, "A\n1\n", "A,\"a,b\"\n1,1\n"},
+        Case{"carriage_returns",
+             {"A+1"},
+             "A,B\r\n1,x\r\n2,y\r\n",
+             "A,B,RESULT\r\n1,x,2\r\n2,y,3\r\n"},
+        Case{"lone_carriage_returns", {"A+1"}, "A\r1\r2\r", "A,RESULT\n1,2\n2,3\n"},
+        Case{"byte_order_mark",
+             {"A+1"},
+             "\xEF\xBB\xBF"
+             "A\n1\n",
+             "\xEF\xBB\xBF"
+             "A,RESULT\n1,2\n"},
+        Case{"no_last_line_end", {"A+1"}, "A\n1\n2", "A,RESULT\n1,2\n2,3\n"},
+        Case{"header_alone", {"A+1"}, "A,B\n", "A,B,RESULT\n"},
+        Case{"empty_lines_are_skipped", {"A+1"}, "\nA\n\n1\n\n\n2\n", "A,RESULT\n1,2\n2,3\n"},
+        Case{"quoted_cells",
+             {"A.length"},
+             "A\n\"a,b\"\n\"say \"\"no\"\"\"\n\"two\nlines\"\n\"\"\n",
+             "A,RESULT\n\"a,b\",3\n\"say \"\"no\"\"\",8\n\"two\nlines\",9\n,0\n"},
+        Case{"result_is_quoted", {"A+',\"'"}, "A\nx\n", "A,RESULT\nx,\"x,\"\"\"\n"},
+        Case{"blanks_belong_to_cells", {"'['+A+']'"}, "A\n x \n", "A,RESULT\n x ,[ x ]\n"},
+        Case{"delimiter", {"A+B", "--delimiter", ";"}, "A;B\n1;2\n", "A;B;RESULT\n1;2;3\n"},
+        Case{"tabs", {"A+B", "--delimiter", "tab"}, "A\tB\n1\t2\n", "A\tB\tRESULT\n1\t2\t3\n"},
+        Case{"utf8", {"Größe*2+'€'"}, "Größe\n4\n", "Größe,RESULT\n4,8€\n"},
+        Case{"headers_that_are_no_names",
+             {"A+1"},
+             "unit price,2x,in,,A\n5,6,7,8,1\n",
+             "unit price,2x,in,,A,RESULT\n5,6,7,8,1,2\n"},
+        Case{"headers_inside_other_words",
+             {"MAX(PRICE,1)"},
+             "A,PRICE\nx,7\n",
+             "A,PRICE,RESULT\nx,7,7\n"},
+        Case{"header_of_a_function", {"LEFT(A,1)"}, "A,LEFT\nxyz,2\n", "A,LEFT,RESULT\nxyz,2,x\n"},
+        Case{"missing_cells_of_texts", {"B+'!'"}, "A,B\n1\n", "A,B,RESULT\n1,,!\n"},
+        Case{"cells_with_zeros_in_front_are_texts",
+             {"A+1"},
+             "A\n007\n8\n",
+             "A,RESULT\n007,0071\n8,81\n"},
+        Case{"long_digits_are_texts",
+             {"A+'x'"},
+             "A\n12345678901234567890\n",
+             "A,RESULT\n12345678901234567890,12345678901234567890x\n"},
+        Case{"mixed_cells_are_texts", {"A+1"}, "A\n1\ntrue\n", "A,RESULT\n1,11\ntrue,true1\n"},
+        Case{"truths", {"!A"}, "A\ntrue\nfalse\n", "A,RESULT\ntrue,false\nfalse,true\n"},
+        Case{"given_types",
+             {"A+B", "--type", "A=string", "--type", "B=double"},
+             "A,B\n1,01\n",
+             "A,B,RESULT\n1,01,11\n"},
+        Case{"statements", {"--js", "var t=A;A=9;t*2"}, "A\n1\n2\n", "A,RESULT\n1,2\n2,4\n"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Failures, Batch,
+    testing::Values(
+        Case{"failing_records",
+             {"--js", "A=='x'?missing:A"},
+             "A\na\nx\nb\n",
+             "A,RESULT\na,a\nx,\nb,b\n",
+             "kxjs: line 3:\nError in line: 2\nReferenceError: missing is not defined\n"
+             "A=='x'?missing:A\n       ^\n",
+             1},
+        Case{"not_a_number",
+             {"A*2"},
+             "A\nx\n",
+             "A,RESULT\nx,NaN\n",
+             "kxjs: line 2:\nNot A Number\n",
+             1},
+        Case{"lines_are_those_of_the_file",
+             {"A*2"},
+             "A,B\r\n1,\"x\r\ny\nz\"\r\n\r\n,2\r\n3,4\r\n",
+             "A,B,RESULT\r\n1,\"x\r\ny\nz\",2\r\n,2,\r\n3,4,6\r\n",
+             "kxjs: line 6: column A: an empty cell is not a number\n",
+             1},
+        Case{"cells_of_another_type",
+             {"A*2", "--type", "A=long"},
+             "A\n1\n1.5\nx\n",
+             "A,RESULT\n1,2\n1.5,\nx,\n",
+             "kxjs: line 3: column A: \"1.5\" is not a whole number of 32 bits\n"
+             "kxjs: line 4: column A: \"x\" is not a whole number of 32 bits\n",
+             1},
+        Case{"cells_that_are_not_used_are_not_looked_at",
+             {"B"},
+             "A,B\n\xFF,1\n",
+             "A,B,RESULT\n\xFF,1,1\n"},
+        Case{"no_utf8",
+             {"A", "--type", "A=string"},
+             "A\n\xFF\n",
+             "A,RESULT\n\xFF,\n",
+             "kxjs: line 2: column A: \"\xFF\" is not a text of at most 255 characters\n",
+             1},
+        Case{"formula_that_does_not_compile",
+             {"A+*1"},
+             "A\n1\n",
+             "",
+             "Error in line: 2\nSyntaxError: Unexpected token '*'\nA+*1\n  ^\n",
+             1},
+        Case{"too_many_cells",
+             {"A"},
+             "A\n1\n1,2\n",
+             "A,RESULT\n",
+             "kxjs: standard input, line 3: 2 cells, where the header has 1\n",
+             1},
+        Case{"open_quote",
+             {"A"},
+             "A\n1\n\"2\n",
+             "",
+             "kxjs: standard input, line 3: not CSV: a quote that is not closed, or one inside a "
+             "cell that is not quoted\n",
+             1},
+        Case{"quote_inside_a_cell",
+             {"A"},
+             "A\nx\"y\n",
+             "",
+             "kxjs: standard input, line 2: not CSV: a quote that is not closed, or one inside a "
+             "cell that is not quoted\n",
+             1},
+        Case{"empty_file", {"A"}, "", "", "kxjs: standard input: there is no header\n", 1},
+        Case{"zero_byte",
+             {"A"},
+             std::string("A\n1\0\n", 5),
+             "",
+             "kxjs: standard input, line 1: a zero byte here or further on\n",
+             1},
+        Case{"two_columns_of_a_name",
+             {"A"},
+             "A,A\n1,2\n",
+             "",
+             "kxjs: two columns are called \"A\"\n",
+             2},
+        Case{"type_of_no_column",
+             {"A", "--type", "B=long"},
+             "A\n1\n",
+             "",
+             "kxjs: --type B: there is no such column\n",
+             2},
+        Case{"no_type",
+             {"A", "--type", "A=text"},
+             "A\n1\n",
+             "",
+             "kxjs: --type \"A=text\": expected NAME=double, long, string or bool\n",
+             2},
+        Case{"no_delimiter",
+             {"A", "--delimiter", "ab"},
+             "A\n1\n",
+             "",
+             "kxjs: --delimiter \"ab\": expected one ASCII character, or tab\n",
+             2},
+        Case{"result_with_the_name_of_a_column",
+             {"A", "--as", "A"},
+             "A\n1\n",
+             "",
+             "kxjs: --as A: there is such a column already\n",
+             2}));
+
+std::string bytesOf(fs::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// A directory of the test's own.
+class BatchFiles : public testing::Test {
+  protected:
+    BatchFiles() { fs::create_directory(directory); }
+    ~BatchFiles() override { fs::remove_all(directory); }
+
+    void write(char const* name, std::string const& bytes) const {
+        std::ofstream(directory / name, std::ios::binary) << bytes;
+    }
+
+    fs::path const directory =
+        fs::temp_directory_path() / ("kxjs-batch-" + std::to_string(::getpid()));
+    std::string const in = (directory / "in.csv").string();
+    std::string const out = (directory / "out.csv").string();
+};
+
+TEST_F(BatchFiles, AreReadAndReplaced) {
+    write("in.csv", "A\n1\n");
+    write("out.csv", "old");
+    Outcome const outcome = kxjs({"batch", "A+1", "-i", in, "-o", out});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out + outcome.err, "");
+    EXPECT_EQ(bytesOf(out), "A,RESULT\n1,2\n");
+    EXPECT_EQ(kxjs({"batch", "A+2", "-i", out, "-o", out, "--as", "B"}).status, 0);
+    EXPECT_EQ(bytesOf(out), "A,RESULT,B\n1,2,3\n");
+}
+
+TEST_F(BatchFiles, StayWhereSomethingIsWrong) {
+    write("in.csv", "A\n1\n\"");
+    write("out.csv", "old");
+    EXPECT_EQ(kxjs({"batch", "A+1", "-i", in, "-o", out}).status, 1);
+    EXPECT_EQ(bytesOf(out), "old");
+    Outcome const missing = kxjs({"batch", "A", "-i", in + "x", "-o", out});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_THAT(missing.err, StartsWith("kxjs: cannot read " + in + "x: "));
+    EXPECT_EQ(bytesOf(out), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(directory), fs::directory_iterator()), 2);
+}
+
+TEST_F(BatchFiles, MayBeLargerThanABlock) {
+    std::string text = "A,NOTE\r\n";
+    std::string expected = "A,NOTE,RESULT\r\n";
+    constexpr int kRecords = 450000;
+    for (int i = 0; i < kRecords; ++i) {
+        std::string const record =
+            i == kRecords - 1 ? "x,last"
+                              : std::to_string(i) + ",\"a\r\nb " + std::to_string(i) + "\"";
+        text += record + "\r\n";
+        expected += record + "," + (i == kRecords - 1 ? "" : std::to_string(i * 2)) + "\r\n";
+    }
+    ASSERT_GT(text.size(), std::size_t{9} << 20);
+    write("in.csv", text);
+    Outcome const outcome = kxjs({"batch", "A*2", "-i", in, "-o", out});
+    EXPECT_EQ(outcome.err, "kxjs: line 900000: column A: \"x\" is not a number\n");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(bytesOf(out) == expected);
+}
+
+TEST_F(BatchFiles, LongTextsAreNotCutSilently) {
+    write("in.csv", "A\n" + std::string(255, 'x') + "\n" + std::string(256, 'x') + "\n");
+    Outcome const outcome = kxjs({"batch", "A.length", "-i", in});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, HasSubstr("x,255\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("is not a text of at most 255 characters"));
+}
+
+TEST_F(BatchFiles, ShowProgressOnATerminalOnly) {
+    if (!hasTerminals()) GTEST_SKIP() << "this system has no terminals";
+    std::string text = "A\n";
+    for (int i = 0; i < 3000000; ++i) text += "12345\n";
+    write("in.csv", text);
+    Outcome const outcome =
+        runOnTerminal({"batch", "--js", "var x=A;x", "-i", in, "-o", out}, 80, true);
+    EXPECT_THAT(outcome.out, HasSubstr("% "));
+    EXPECT_THAT(outcome.out, HasSubstr("/s, "));
+    EXPECT_THAT(outcome.out, HasSubstr(" left"));
+}
+
+}  // namespace
