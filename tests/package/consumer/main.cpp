@@ -3,6 +3,7 @@
 #include <convert/Converter.h>
 #include <cstdint>
 #include <cstdio>
+#include <host/KxJsColumns.h>
 #include <host/KxJsParser.h>
 #include <host/KxJsVariable.h>
 #include <library/Catalogues.h>
@@ -21,6 +22,13 @@ int main() {
     bool const lists =
         buildMathFunctions().front().getName() == u"ROUND" && !buildPrelude().empty();
     bool const documents = !KxJsParser::_getUserDocumentation(true, false).empty();
-    std::printf("runs: %d, lists: %d, documents: %d\n", runs, lists, documents);
-    return runs && lists && documents ? 0 : 1;
+    std::int32_t const values[] = {1, 2, 3};
+    double doubled[] = {0, 0, 0};
+    KxJsColumns columns(parser);
+    columns.bind(u"B", values);
+    bool const computes = columns.compile(u"B*2", error) &&
+                          columns.evaluate(3, doubled).records == 3 && doubled[2] == 6;
+    std::printf("runs: %d, lists: %d, documents: %d, computes: %d\n", runs, lists, documents,
+                computes);
+    return runs && lists && documents && computes ? 0 : 1;
 }
