@@ -1,0 +1,134 @@
+// Measures one formula over whole columns: the library's columns beside its execution one by one
+// and other engines' ways, in nanoseconds a record. Before anything is timed, all must have given
+// the same results.
+//
+//     kxbench_columns [ROUNDS]
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <iostream>
+#include <random>
+#include <stdexcept>
+
+#include "Machine.h"
+#include "columns/ColumnPeer.h"
+
+namespace {
+
+using namespace bench;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kSizes[] = {1, 1000, 1000000};
+/// What one stretch handles at least, so that it is longer than the clock's step.
+constexpr std::size_t kLeastRecords = 20000;
+
+ColumnFormula const kFormulas[] = {
+    {"A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3"},
+    {"IIF(A>B,A,B)", "IIF(A>B,A,B)", "A>B ? A : B", "A>B and A or B"},
+    {"UPPERCASE(ALLTRIM(NAME))+'-'+LEFT(NAME,3)", "UPPERCASE(ALLTRIM(NAME))+'-'+LEFT(NAME,3)", "",
+     "NAME:match('^%s*(.-)%s*$'):upper()..'-'..NAME:sub(1,3)", true},
+};
+
+struct Peer {
+    char const* name;
+    ColumnWork (*make)(ColumnFormula const&, ColumnData&);
+};
+
+Peer const kPeers[] = {
+    {"columns", columnsOfLibrary},
+    {"one by one", oneByOneOfLibrary},
+#ifdef KXJS_HAS_MUPARSER
+    {"muParser bulk", columnsOfMuParser},
+#endif
+#ifdef KXJS_HAS_LUAJIT
+    {"LuaJIT", columnsOfLuaJit},
+#endif
+};
+
+ColumnData dataOf(std::size_t count) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> numbers(-1000, 1000);
+    ColumnData data;
+    for (std::size_t i = 0; i < count; ++i) {
+        data.a.push_back(numbers(random));
+        data.b.push_back(numbers(random));
+        data.names.push_back("  item " + std::to_string(i) + " ");
+        data.wideNames.emplace_back(data.names.back().begin(), data.names.back().end());
+    }
+    data.numbers.resize(count);
+    data.texts.resize(count);
+    data.wideTexts.resize(count);
+    return data;
+}
+
+void checkAgreement(ColumnFormula const& formula, char const* peer, ColumnData& data,
+                    std::vector<double> const& numbers, std::vector<std::string>& texts) {
+    if (formula.isText && data.texts[0].empty()) {
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            data.texts[i].assign(data.wideTexts[i].begin(), data.wideTexts[i].end());
+        }
+    }
+    if (texts[0].empty()) texts = data.texts;
+    bool const agrees = formula.isText ? texts == data.texts : numbers == data.numbers;
+    if (!agrees) throw std::runtime_error(formula.title + ": " + peer + " gives other results");
+}
+
+double nanosecondsPerRecord(ColumnWork const& work, std::size_t count) {
+    std::size_t const calls = std::max<std::size_t>(1, kLeastRecords / count);
+    Clock::time_point const start = Clock::now();
+    for (std::size_t i = 0; i < calls; ++i) work();
+    return std::chrono::duration<double, std::nano>(Clock::now() - start).count() /
+           static_cast<double>(calls * count);
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+void measure(ColumnFormula const& formula, std::size_t count, int rounds) {
+    std::vector<ColumnWork> works;
+    std::vector<ColumnData> data(std::size(kPeers), dataOf(count));
+    for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+        works.push_back(kPeers[i].make(formula, data[i]));
+        if (works[i]) works[i]();
+    }
+    std::vector<std::string> texts(count);
+    for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+        if (works[i]) checkAgreement(formula, kPeers[i].name, data[i], data[0].numbers, texts);
+    }
+    std::vector<std::vector<double>> times(std::size(kPeers));
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+            if (works[i]) times[i].push_back(nanosecondsPerRecord(works[i], count));
+        }
+    }
+    std::printf("| `%s` | %zu |", formula.title.c_str(), count);
+    for (auto const& of : times) {
+        of.empty() ? std::printf(" |") : std::printf(" %.1f |", median(of));
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        int const rounds = count > 1 ? std::stoi(arguments[1]) : 11;
+        std::cout << bench::describeMachine() << "rounds:   " << rounds
+                  << "; medians, nanoseconds a record\n\n| formula | records |";
+        for (Peer const& peer : kPeers) std::cout << " " << peer.name << " |";
+        std::cout << "\n|---|--:|";
+        for ([[maybe_unused]] Peer const& peer : kPeers) std::cout << "--:|";
+        std::cout << std::endl;
+        for (ColumnFormula const& formula : kFormulas) {
+            for (std::size_t const size : kSizes) measure(formula, size, rounds);
+        }
+        return 0;
+    } catch (std::exception const& failure) {
+        std::cerr << "kxbench_columns: " << failure.what() << std::endl;
+        return 1;
+    }
+}
