@@ -37,12 +37,13 @@ bool isName(std::u16string_view text) {
 
 /// Whether `name` stands in `source` as a word that is no function's.
 bool isUsed(std::u16string_view source, std::u16string_view name) {
-    for (std::size_t at = source.find(name); at != source.npos; at = source.find(name, at + 1)) {
+    for (std::size_t at = source.find(name); at != std::u16string_view::npos;
+         at = source.find(name, at + 1)) {
         std::size_t const end = at + name.size();
         if (at > 0 && isNamePart(source[at - 1])) continue;
         if (end < source.size() && isNamePart(source[end])) continue;
         std::size_t const next = source.find_first_not_of(u" \t\r\n", end);
-        if (next == source.npos || source[next] != u'(') return true;
+        if (next == std::u16string_view::npos || source[next] != u'(') return true;
     }
     return false;
 }
@@ -135,6 +136,7 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
         if (column.type == CellType::STRING) {
             column.texts.resize(block.size());
         } else if (column.type == CellType::BOOLEAN) {
+            // NOLINTNEXTLINE(modernize-avoid-c-arrays): as in the header
             column.booleans = std::make_unique<bool[]>(block.size());
         } else {
             column.numbers.resize(block.size());

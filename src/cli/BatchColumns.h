@@ -47,6 +47,7 @@ class BatchColumns {
         bool isTypeKnown = false;
         CellType type = CellType::STRING;
         std::vector<double> numbers;
+        // NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector of them has none in memory
         std::unique_ptr<bool[]> booleans;
         std::vector<std::u16string> texts;
     };

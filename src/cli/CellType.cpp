@@ -47,7 +47,7 @@ std::string describe(CellType type) {
         case CellType::LONG:
             return "a whole number of 32 bits";
         case CellType::BOOLEAN:
-            return "\"true\" or \"false\"";
+            return R"("true" or "false")";
         case CellType::STRING:
             return "a text of at most 255 characters";
         default:

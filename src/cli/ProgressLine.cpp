@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <string>
 #include <unistd.h>
@@ -46,7 +47,7 @@ void ProgressLine::show(std::size_t records, std::size_t bytes) {
     if (seconds > 0) line += formatted(", %.0f/s", static_cast<double>(records) / seconds);
     if (_mTotal > 0 && bytes > 0) {
         double const rest = bytes >= _mTotal ? 0 : static_cast<double>(_mTotal - bytes);
-        auto const left = static_cast<long>(seconds * rest / static_cast<double>(bytes) + 0.5);
+        auto const left = std::lround(seconds * rest / static_cast<double>(bytes));
         line += formatted(", %ld:%02ld left", left / 60, left % 60);
     }
     line += "\x1b[K";

@@ -78,6 +78,7 @@ v8::Local<v8::Function> compile(v8::Isolate* isolate, v8::Local<v8::Context> con
                                 std::u16string_view body) {
     v8::TryCatch const ignored(isolate);
     std::vector<v8::Local<v8::String>> names;
+    names.reserve(parameters.size());
     for (std::u16string const& name : parameters) names.push_back(toEngineString(isolate, name));
     v8::Local<v8::String> const text = toEngineString(isolate, body);
     v8::Local<v8::Function> function;

@@ -31,6 +31,7 @@ constexpr std::array kMembers = {
     u"trim"sv,        u"trunc"sv,
 };
 
+constexpr auto kNone = std::u16string_view::npos;
 constexpr std::u16string_view kBlanks = u" \t\n\v\f\r\u00A0\uFEFF";
 constexpr std::u16string_view kOperators = u"+-*%<>!&|^~?:,";
 
@@ -54,10 +55,10 @@ class Scan {
 
     std::optional<PureExpression> run() {
         while (true) {
-            while (kBlanks.find(at()) != kBlanks.npos && !isAtEnd()) ++position_;
+            while (kBlanks.find(at()) != kNone && !isAtEnd()) ++position_;
             if (isAtEnd()) break;
             if (at() == u';') {
-                if (source_.find_first_not_of(kBlanks, position_ + 1) != source_.npos) return {};
+                if (source_.find_first_not_of(kBlanks, position_ + 1) != kNone) return {};
                 break;
             }
             if (!takeToken()) return {};
@@ -102,7 +103,7 @@ class Scan {
                 if (!endsOperand_ || at(1) == u'/' || at(1) == u'*') return false;
                 return takeOperator();
             default:
-                return kOperators.find(c) != kOperators.npos && takeOperator();
+                return kOperators.find(c) != kNone && takeOperator();
         }
     }
 
@@ -128,7 +129,7 @@ class Scan {
 
     char16_t charAfterBlanks() const {
         std::size_t const next = source_.find_first_not_of(kBlanks, position_);
-        return next == source_.npos ? u'\0' : source_[next];
+        return next == kNone ? u'\0' : source_[next];
     }
 
     bool takeNumber() {
