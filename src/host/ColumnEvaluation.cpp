@@ -248,7 +248,7 @@ bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
     for (Column const& column : columns_) host_.addSetVariable(column.at(record));
     v8::Local<v8::Value> completion;
     bool const hasCompleted =
-        script_->forRun(isolate)->Run(evaluation.context).ToLocal(&completion);
+        script_->forRun(isolate, evaluation.context)->Run(evaluation.context).ToLocal(&completion);
     if (!capture.HasTerminated()) engine.record().runPromiseJobs();
     if (hasCompleted && !capture.HasTerminated()) {
         take(evaluation, completion);

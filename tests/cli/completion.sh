@@ -52,6 +52,7 @@ expect "--version" --v
 offers --js eval -
 offers -v eval -
 offers --help eval -
+offers prices.csv batch -i ""
 expect "--string" eval --str
 expect "--pages" docs --p
 expect "--js" extract eval --j # "eval" is a formula here
