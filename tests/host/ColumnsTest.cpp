@@ -318,7 +318,6 @@ TEST_F(Columns, endAtTheHostsTimeLimit) {
         u"The script was ended: it ran longer than its time limit of 50 ms";
     // One record that never ends, and a million that take too long together.
     EXPECT_EQ(texts(u"while(PRICE==0);1", kMany).error, ended);
-    EXPECT_EQ(texts(u"AT('abc',IIF(PRICE==0,'','x'),9)", kMany).error, u"");
     std::vector<std::u16string> const texts_(300000, u"some text");
     columns.bind(u"NAME", texts_.data());
     EXPECT_EQ(texts(u"CHRTRAN(NAME+NAME,'abcdefgh','12345678').length", texts_.size()).error,
@@ -358,12 +357,11 @@ TEST_F(Columns, endAtTheMemoryLimit) {
 
 TEST_F(Columns, giveLongTextsWithinTheMemoryLimit) {
     host.host.setMemoryLimit(std::size_t{64} << 20);
-    std::vector<double> const counts(500, 1e6);
+    std::vector<double> const counts(200, 1e6);
     columns.bind(u"COUNT", counts.data());
-    std::vector<double> lengths(500);
-    auto const outcome = texts(u"REPEAT('x',COUNT)", 500);
+    auto const outcome = texts(u"'x'.repeat(COUNT)", counts.size());
     EXPECT_EQ(outcome.error, u"");
-    EXPECT_EQ(results[250].size(), 1000000U);
+    EXPECT_EQ(results[100].size(), 1000000U);
 }
 
 TEST_F(Columns, workOnTheirHostsThreadOnly) {
