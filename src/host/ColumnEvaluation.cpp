@@ -263,7 +263,8 @@ bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
         if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
             (*numbers)[record] = std::numeric_limits<double>::quiet_NaN();
         }
-        evaluation.fail(host_.reportException(capture));
+        evaluation.fail(host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR,
+                                              {script_->id(isolate), script_->prologueLength()}));
     } else {
         evaluation.hasSucceeded = true;
     }
