@@ -8,6 +8,7 @@
 #include "host/ColumnNames.h"
 #include "host/CompiledScript.h"
 #include "host/ErrorText.h"
+#include "host/Failure.h"
 #include "host/ScriptRun.h"
 #include "host/Text.h"
 
