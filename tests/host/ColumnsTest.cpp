@@ -41,16 +41,16 @@ class Columns : public testing::Test {
 };
 
 TEST_F(Columns, ofEveryTypeGiveTheirValues) {
-    double const numbers[] = {1.5, -0.25, 1e21};
-    std::int32_t const counts[] = {1, -2, 3};
-    bool const truths[] = {true, false, true};
-    std::u16string const names[] = {u"a", u"", u"c"};
-    std::u16string_view const views[] = {u"x", u"y", u"z"};
-    columns.bind(u"NUMBER", numbers);
-    columns.bind(u"COUNT", counts);
-    columns.bind(u"TRUTH", truths);
-    columns.bind(u"NAME", names);
-    columns.bind(u"VIEW", views);
+    std::vector<double> const numbers = {1.5, -0.25, 1e21};
+    std::vector<std::int32_t> const counts = {1, -2, 3};
+    std::array const truths = {true, false, true};
+    std::vector<std::u16string> const names = {u"a", u"", u"c"};
+    std::vector<std::u16string_view> const views = {u"x", u"y", u"z"};
+    columns.bind(u"NUMBER", numbers.data());
+    columns.bind(u"COUNT", counts.data());
+    columns.bind(u"TRUTH", truths.data());
+    columns.bind(u"NAME", names.data());
+    columns.bind(u"VIEW", views.data());
     auto const outcome = texts(u"NUMBER+' '+COUNT+' '+TRUTH+' '+NAME+' '+VIEW", 3);
     EXPECT_EQ(outcome.records, 3U);
     EXPECT_EQ(outcome.error, u"");
@@ -59,9 +59,10 @@ TEST_F(Columns, ofEveryTypeGiveTheirValues) {
 }
 
 TEST_F(Columns, giveNumbersByTheRulesOfArithmetic) {
-    std::u16string const sources[] = {u"2",   u"true", u"'1e3'", u"null",        u"undefined",
-                                      u"'x'", u"-0",   u"''",    u"Number('z')", u"throw 1"};
-    columns.bind(u"SOURCE", sources);
+    std::vector<std::u16string> const sources = {u"2",           u"true",   u"'1e3'", u"null",
+                                                 u"undefined",   u"'x'",    u"-0",    u"''",
+                                                 u"Number('z')", u"throw 1"};
+    columns.bind(u"SOURCE", sources.data());
     std::u16string error;
     // Evaluated as an expression's text, and by a statement.
     for (char16_t const* source : {u"IIF(SOURCE,0,0),eval(SOURCE)", u"var x=SOURCE;eval(x)"}) {
@@ -106,7 +107,7 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
     auto const outcome = texts(source, kMany);
     EXPECT_EQ(outcome.records, kMany);
     ASSERT_EQ(outcome.failures.size(), 3U);
-    std::size_t const records[] = {0, 777, kMany - 1};
+    std::vector<std::size_t> const records = {0, 777, kMany - 1};
     host.bind(u"SOURCE", std::u16string(u"missing+1"));
     auto const alone = host.run(source);
     for (std::size_t i = 0; i < 3; ++i) {
@@ -119,17 +120,17 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
 }
 
 TEST_F(Columns, keepAResultThatIsNotANumber) {
-    double const numbers[] = {1, std::nan(""), 3, 4};
-    columns.bind(u"NUMBER", numbers);
+    std::vector<double> const numbers = {1, std::nan(""), 3, 4};
+    columns.bind(u"NUMBER", numbers.data());
     auto const outcome = texts(u"NUMBER*2", 4);
     EXPECT_EQ(onlyFailure(outcome, 1), u"Not A Number");
     EXPECT_EQ(results, (Texts{u"2", u"NaN", u"6", u"8"}));
 }
 
 TEST_F(Columns, seeAsMuchOfATextAsVariablesShow) {
-    std::u16string const names[] = {std::u16string(300, u'x'), std::u16string(u"ab\0c", 4), u"d",
-                                    u"e"};
-    columns.bind(u"NAME", names);
+    std::vector<std::u16string> const names = {std::u16string(300, u'x'),
+                                               std::u16string(u"ab\0c", 4), u"d", u"e"};
+    columns.bind(u"NAME", names.data());
     texts(u"NAME.length", 4);
     EXPECT_EQ(results, (Texts{u"255", u"2", u"1", u"1"}));
 }
@@ -137,8 +138,8 @@ TEST_F(Columns, seeAsMuchOfATextAsVariablesShow) {
 TEST_F(Columns, seeTheHostsVariablesAndFunctions) {
     host.bind(u"RATE", 1.5);
     host.eval(u"function twice(){return PRICE*2;}");
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     texts(u"PRICE*RATE", 4);
     EXPECT_EQ(results, (Texts{u"1.5", u"3", u"4.5", u"6"}));
     host.bind(u"RATE", std::u16string(u"10"));
@@ -150,8 +151,8 @@ TEST_F(Columns, seeTheHostsVariablesAndFunctions) {
 }
 
 TEST_F(Columns, noticeThatABuiltInFunctionWasReplaced) {
-    double const prices[] = {1, 2, 3, 4, 5};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4, 5};
+    columns.bind(u"PRICE", prices.data());
     texts(u"EVEN(PRICE)", 5);
     EXPECT_EQ(results[3], u"true");
     host.eval(u"EVEN=function(){return 'price '+PRICE;}");
@@ -162,19 +163,19 @@ TEST_F(Columns, noticeThatABuiltInFunctionWasReplaced) {
 TEST_F(Columns, giveWhatNamesThatScriptsHaveTakenGive) {
     host.eval(u"const PRICE=7;1");
     host.eval(u"Object.defineProperty(globalThis,'COST',{set(){},get(){return 9;}});1");
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     EXPECT_EQ(texts(u"PRICE*2", 4).failures.size(), 4U);
-    columns.bind(u"COST", prices);
-    columns.bind(u"Math", prices);
+    columns.bind(u"COST", prices.data());
+    columns.bind(u"Math", prices.data());
     std::u16string error;
     KxJsColumns others(host.host);
-    others.bind(u"COST", prices);
+    others.bind(u"COST", prices.data());
     ASSERT_TRUE(others.compile(u"COST*2", error));
     others.evaluate(4, results.data());
     EXPECT_EQ(results, Texts(4, u"18"));
     KxJsColumns taken(host.host);
-    taken.bind(u"Math", prices);
+    taken.bind(u"Math", prices.data());
     ASSERT_TRUE(taken.compile(u"Math+1", error));
     taken.evaluate(4, results.data());
     EXPECT_EQ(results, (Texts{u"2", u"3", u"4", u"5"}));
@@ -222,8 +223,8 @@ TEST_F(Columns, areOutOfReachForScripts) {
 }
 
 TEST_F(Columns, keepStateInGlobalsFromRecordToRecord) {
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     host.eval(u"sum=0");
     texts(u"sum+=PRICE", 4);
     EXPECT_EQ(results, (Texts{u"1", u"3", u"6", u"10"}));
@@ -231,22 +232,22 @@ TEST_F(Columns, keepStateInGlobalsFromRecordToRecord) {
 }
 
 TEST_F(Columns, changeTheirNamesForOneRecordOnly) {
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     texts(u"var p=PRICE;PRICE=100;p", 4);
     EXPECT_EQ(results, (Texts{u"1", u"2", u"3", u"4"}));
 }
 
 TEST_F(Columns, leaveTheHostWithTheLastRecord) {
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     texts(u"PRICE*2", 4);
     EXPECT_EQ(host.eval(u"PRICE"), u"4");
 }
 
 TEST_F(Columns, sayWhyAFormulaDoesNotCompile) {
-    double const prices[] = {1};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1};
+    columns.bind(u"PRICE", prices.data());
     std::u16string error;
     EXPECT_FALSE(columns.compile(u"PRICE +* 2", error));
     host.bind(u"PRICE", 0.0);
@@ -254,14 +255,14 @@ TEST_F(Columns, sayWhyAFormulaDoesNotCompile) {
     EXPECT_EQ(error, host.parseError);
     EXPECT_EQ(columns.evaluate(1, results.data()).error,
               u"No formula is compiled for these columns, or the script host was reset since");
-    columns.bind(u" ", prices);
+    columns.bind(u" ", prices.data());
     EXPECT_FALSE(columns.compile(u"1", error));
     EXPECT_EQ(error, u"A column cannot have the name \" \"");
 }
 
 TEST_F(Columns, haveToBeCompiledAgainAfterAReset) {
-    double const prices[] = {1, 2};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2};
+    columns.bind(u"PRICE", prices.data());
     texts(u"PRICE*2", 2);
     host.host.reset();
     EXPECT_EQ(columns.evaluate(2, results.data()).error,
@@ -271,8 +272,8 @@ TEST_F(Columns, haveToBeCompiledAgainAfterAReset) {
 }
 
 TEST_F(Columns, doNotTakeAPlaceInTheHostsStore) {
-    double const prices[] = {1};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1};
+    columns.bind(u"PRICE", prices.data());
     texts(u"PRICE*2", 1);
     EXPECT_EQ(host.parse(u"1"), 0);
 }
@@ -365,8 +366,8 @@ TEST_F(Columns, giveLongTextsWithinTheMemoryLimit) {
 }
 
 TEST_F(Columns, workOnTheirHostsThreadOnly) {
-    double const prices[] = {1, 2};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2};
+    columns.bind(u"PRICE", prices.data());
     texts(u"PRICE*2", 2);
     std::thread([&] {
         EXPECT_EQ(columns.evaluate(2, results.data()).error,
@@ -377,8 +378,8 @@ TEST_F(Columns, workOnTheirHostsThreadOnly) {
 }
 
 TEST_F(Columns, runPromiseJobsOfARecordBeforeTheNext) {
-    double const prices[] = {1, 2, 3, 4};
-    columns.bind(u"PRICE", prices);
+    std::vector<double> const prices = {1, 2, 3, 4};
+    columns.bind(u"PRICE", prices.data());
     host.eval(u"log='';1");
     texts(u"Promise.resolve().then(()=>log+=PRICE);log", 4);
     EXPECT_EQ(results, (Texts{u"", u"1", u"12", u"123"}));
