@@ -13,6 +13,10 @@ constexpr std::size_t kLargestDefault = 512 * kMebibyte;
 /// What a run may use however full the globals are.
 constexpr std::size_t kLeastAllowance = 16 * kMebibyte;
 
+/// A full collection takes long where much is in use, and most of what it cannot free it could not
+/// free the time before: the next one waits until this part of the limit has been added.
+constexpr std::size_t kPartBeforeNextLook = 8;
+
 /// What the engine gets on top when it is about to give up: room to come to a point where the run
 /// can be ended.
 constexpr std::size_t kReprieve = 512 * kMebibyte;
@@ -43,6 +47,7 @@ void MemoryWatch::setLimit(std::size_t bytes) {
     bytes = std::min(bytes, kHardLimit / 2);
     limit_ = bytes;
     allowance_ = std::max(allowance_, bytes);
+    lookAbove_ = 0;
     if (running_ == nullptr) allowance_ = bytes;
     if (allocator_ != nullptr) allocator_->setLimit(bytes);
 }
@@ -65,10 +70,13 @@ void MemoryWatch::afterCollection(v8::Isolate* /*isolate*/, v8::GCType type,
 }
 
 void MemoryWatch::look(v8::GCType type) {
-    if (running_ == nullptr || !isExceeded()) return;
+    std::size_t const inUse = bytesInUse();
     if (type == v8::kGCTypeMarkSweepCompact) {
-        running_->requestEnd(EndReason::memoryLimit);
-    } else if (!isLookPending_) {
+        lookAbove_ = std::min(inUse, allowance_) + allowance_ / kPartBeforeNextLook;
+        if (running_ != nullptr && inUse > allowance_) {
+            running_->requestEnd(EndReason::memoryLimit);
+        }
+    } else if (running_ != nullptr && !isLookPending_ && inUse > std::max(allowance_, lookAbove_)) {
         isLookPending_ = true;
         isolate_->RequestInterrupt(collectAndLook, this);
     }

@@ -18,8 +18,10 @@ std::size_t defaultMemoryLimit();
 /// The engine's own limit is a hard one: it aborts. This one is soft: the memory in use is looked
 /// at after every garbage collection. A young collection leaves old garbage uncounted, so finding
 /// too much there only asks for a full one, at the next point where the script can be interrupted;
-/// too much after a full one ends the run. Should a single built-in call fill the heap without
-/// such a point, the engine asks for more just before it gives up: it gets more, and the run ends.
+/// too much after a full one ends the run. After a full one that did not, the next is asked for
+/// only when much has been added, so that a run near its limit does not collect all the time.
+/// Should a single built-in call fill the heap without such a point, the engine asks for more just
+/// before it gives up: it gets more, and the run ends.
 ///
 /// What scripts keep in globals stays in use. A run therefore may always use a little more than
 /// was in use when it began.
@@ -54,13 +56,13 @@ class MemoryWatch {
     static std::size_t nearHardLimit(void* self, std::size_t current, std::size_t initial);
 
     std::size_t bytesInUse() const;
-    bool isExceeded() const { return bytesInUse() > allowance_; }
     void look(v8::GCType type);
 
     v8::Isolate* isolate_;
     CountingAllocator* const allocator_;
     std::size_t limit_;
-    std::size_t allowance_;  // of the run that is going on
+    std::size_t allowance_;      // of the run that is going on
+    std::size_t lookAbove_ = 0;  // what a young collection must leave to ask for a full one
     RunControl* running_ = nullptr;
     bool isLookPending_ = false;
 };

@@ -4,6 +4,8 @@
 #include <string>
 #include <thread>
 
+#include <v8.h>
+
 #include "ScriptHost.h"
 
 namespace {
@@ -90,6 +92,39 @@ INSTANTIATE_TEST_SUITE_P(
                     u"(() => { var f = () => 0; while (true) f = f.bind(f); })()",
                     u"(function f(a) { Promise.resolve([a]).then(f); f.all = [f.all, "
                     u"new Array(1000)]; })(); 1"));
+
+/// Full collections while it lives.
+class FullCollections {
+  public:
+    FullCollections() { isolate_->AddGCEpilogueCallback(count, this, v8::kGCTypeMarkSweepCompact); }
+    ~FullCollections() { isolate_->RemoveGCEpilogueCallback(count, this); }
+    FullCollections(FullCollections const&) = delete;
+    FullCollections& operator=(FullCollections const&) = delete;
+
+    int count() const { return count_; }
+
+  private:
+    static void count(v8::Isolate* /*isolate*/, v8::GCType /*type*/, v8::GCCallbackFlags /*flags*/,
+                      void* self) {
+        ++static_cast<FullCollections*>(self)->count_;
+    }
+
+    v8::Isolate* isolate_ = v8::Isolate::GetCurrent();
+    int count_ = 0;
+};
+
+TEST(MemoryLimits, letAScriptWorkNearThemWithoutCollectingAllTheTime) {
+    ScriptHost host;
+    host.host.setMemoryLimit(160 * kMebibyte);
+    FullCollections const full;
+    EXPECT_EQ(host.run(u"{ let kept = [], fresh = [];"
+                       u"  for (let i = 0; i < 18000; i++) kept.push(new Array(1000).fill(i));"
+                       u"  for (let i = 0; i < 5e6; i++) fresh[i % 100000] = { y: [i] };"
+                       u"  kept.length + fresh.length }"),
+              (Outcome{u"118000", u""}));
+    EXPECT_LE(full.count(), 20);
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
 
 TEST(MemoryLimits, refuseArrayBuffers) {
     ScriptHost host;
