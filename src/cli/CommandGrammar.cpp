@@ -67,6 +67,7 @@ void addEval(CLI::App& app, Command& command) {
         {addRepeatable(*eval, "--string", "Bind a text"), VariableOption::STRING},
         {addRepeatable(*eval, "--bool", "Bind true or false"), VariableOption::BOOLEAN},
     };
+    addLimits(*eval, options->limits);
     addFormulas(*eval, options->formulas);
     eval->footer(
         "Without a formula, formulas are read from standard input, one a line. All of them run\n"
@@ -184,11 +185,12 @@ void addExtract(CLI::App& app, Command& command) {
     auto const options = std::make_shared<ExtractOptions>();
     extract->add_flag("--js", options->javaScript,
                       "The formulas are JavaScript; do not convert them");
+    addLimits(*extract, options->limits);
     addFormulas(*extract, options->formulas);
     extract->footer(
         "Without a formula, formulas are read from standard input, one a line. Each name is\n"
         "printed once. The names are found by running the formula again and again; a formula\n"
-        "that makes up new names as it runs never ends.\n\n"
+        "that makes up new names as it runs never ends, unless --timeout ends the search.\n\n"
         "Example: kxjs extract \"IIF(PRICE>2,NAME,'KO')\"");
     extract->callback([=, &command] {
         command = [=] {

@@ -6,6 +6,7 @@
 
 #include "cli/CellType.h"
 #include "cli/Errors.h"
+#include "cli/LimitOption.h"
 #include "host/KxJsVariable.h"
 
 // The commands of kxjs, one file each. Every one writes its results to standard output and returns
@@ -15,6 +16,7 @@ namespace kx {
 struct EvalOptions {
     bool javaScript = false;  ///< formulas are JavaScript already
     std::vector<KxJsVariable> variables;
+    Limits limits;
     std::vector<std::string> formulas;  ///< none: standard input
 };
 ExitStatus runEval(EvalOptions const& options);
@@ -37,6 +39,7 @@ ExitStatus runConvert(ConvertOptions const& options);
 
 struct ExtractOptions {
     bool javaScript = false;
+    Limits limits;
     std::vector<std::string> formulas;  ///< none: standard input
 };
 ExitStatus runExtract(ExtractOptions const& options);

@@ -37,6 +37,7 @@ bool evaluate(KxJsParser& parser, Formula const& formula, bool javaScript) {
 
 ExitStatus runEval(EvalOptions const& options) {
     KxJsParser parser;
+    setLimits(parser, options.limits);
     parser.initialize();
     bind(parser, options.variables);
     bool failed = false;

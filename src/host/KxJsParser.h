@@ -32,6 +32,7 @@ class ColumnEvaluation;
 class CompiledScript;
 class HostEngine;
 struct CallerSource;
+class SearchTime;
 template <class T>
 class PersistentHandle;
 }  // namespace kx
@@ -122,6 +123,15 @@ class KXJS_API KxJsParser {
     static std::vector<std::u16string> _extractVariable(std::u16string const& source,
                                                         std::u16string& error);
 
+    /// The same, ended after `timeLimit` in all; 0 is no limit. Where it or the memory limit ends
+    /// the search, `error` receives a text that names the limit, and the result is what was found
+    /// until then.
+    ///
+    ///     auto const names = KxJsParser::_extractVariable(u"PRICE*2", error, 500ms);  // PRICE
+    static std::vector<std::u16string> _extractVariable(std::u16string const& source,
+                                                        std::u16string& error,
+                                                        std::chrono::milliseconds timeLimit);
+
     /// HTML documentation of all built-in functions as one document.
     /// `bStandalone` adds the document's head and body tags, `bWithExample` the examples.
     static std::u16string _getUserDocumentation(bool bStandalone, bool bWithExample);
@@ -148,6 +158,10 @@ class KXJS_API KxJsParser {
     std::u16string reportException(v8::TryCatch& capture, KxJsFailure::Kind kind,
                                    kx::CallerSource const& source);
     void noteFailure(KxJsFailure::Kind kind, std::u16string const& message);
+    static std::vector<std::u16string> extractNames(KxJsParser& host, std::u16string const& source,
+                                                    std::u16string& error,
+                                                    kx::SearchTime const& time,
+                                                    std::u16string& limitText);
 
     static constexpr std::u16string_view _mAccessorName = u"ouraccessor";
 

@@ -1,8 +1,12 @@
 // Extraction of a source's free variables, by running it until nothing is missing.
+#include <chrono>
 #include <optional>
 #include <string_view>
 
+#include "host/HostEngine.h"
 #include "host/KxJsParser.h"
+#include "host/ScriptRun.h"
+#include "host/SearchTime.h"
 
 namespace {
 
@@ -19,20 +23,47 @@ std::optional<std::u16string> missingName(std::u16string const& message) {
 
 std::vector<std::u16string> KxJsParser::_extractVariable(std::u16string const& source,
                                                          std::u16string& error) {
+    KxJsParser host;
+    std::u16string ignored;
+    return extractNames(host, source, error, kx::SearchTime(std::chrono::milliseconds::zero()),
+                        ignored);
+}
+
+std::vector<std::u16string> KxJsParser::_extractVariable(std::u16string const& source,
+                                                         std::u16string& error,
+                                                         std::chrono::milliseconds timeLimit) {
+    KxJsParser host;
+    std::u16string limitText;
+    auto names = extractNames(host, source, error, kx::SearchTime(timeLimit), limitText);
+    if (!limitText.empty()) error = limitText;
+    return names;
+}
+
+std::vector<std::u16string> KxJsParser::extractNames(KxJsParser& host, std::u16string const& source,
+                                                     std::u16string& error,
+                                                     kx::SearchTime const& time,
+                                                     std::u16string& limitText) {
     std::vector<std::u16string> names;
     // The catch clause turns the engine's message about a missing name into the script's result.
     std::u16string const wrapped = u"try{" + source + u";}catch(e){e.message;};";
-    KxJsParser host;
     host.initialize();
-    for (std::int32_t index = host.parse(wrapped, error); index != -1;
-         index = host.parse(wrapped, error)) {
+    while (!time.isUp()) {
+        host.setTimeLimit(time.left());
+        std::int32_t const index = host.parse(wrapped, error);
         std::u16string runError;
-        std::u16string const result = host.execute(index, runError);
-        if (!runError.empty()) break;
+        std::u16string result;
+        if (index != -1) result = host.execute(index, runError);
+        if (host._mEngine->control().reason() == kx::EndReason::memoryLimit) {
+            limitText = index == -1 ? error : runError;
+            return names;
+        }
+        if (host._mEngine->control().reason() != kx::EndReason::none) break;
+        if (index == -1 || !runError.empty()) return names;
         std::optional<std::u16string> const name = missingName(result);
-        if (!name) break;
+        if (!name) return names;
         names.push_back(*name);
         host.addSetVariable(KxJsVariable(*name, u" "));
     }
+    limitText = kx::timeLimitText(time.limit());
     return names;
 }

@@ -32,11 +32,15 @@ ScriptRun::~ScriptRun() {
     if (reason == EndReason::memoryLimit) engine_.record().memory()->collect();
 }
 
+std::u16string timeLimitText(std::chrono::milliseconds limit) {
+    return u"The script was ended: it ran longer than its time limit of " +
+           decimal(static_cast<std::size_t>(limit.count())) + u" ms";
+}
+
 std::u16string endText(HostEngine& engine) {
     switch (engine.control().reason()) {
         case EndReason::timeLimit:
-            return u"The script was ended: it ran longer than its time limit of " +
-                   decimal(static_cast<std::size_t>(engine.timeLimit().count())) + u" ms";
+            return timeLimitText(engine.timeLimit());
         case EndReason::memoryLimit:
             return u"The script was ended: it needed more than the memory limit of " +
                    bytes(engine.record().memory()->limit());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -24,6 +25,9 @@ class ScriptRun {
     RunControl* outer_;
     std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched
 };
+
+/// The error text of a script that ran longer than `limit`.
+std::u16string timeLimitText(std::chrono::milliseconds limit);
 
 /// The error text of a script that did not come to its end: says which limit ended it. Asked for
 /// during the run.

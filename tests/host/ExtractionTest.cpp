@@ -1,3 +1,4 @@
+#include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <string>
@@ -69,6 +70,49 @@ TEST(ExtractionDeathTest, neverEndsOnASourceThatClaimsAMissingName) {
             },
             testing::KilledBySignal(SIGALRM), "");
     }
+}
+
+TEST(Extraction, endsWithItsTime) {
+    using std::chrono::milliseconds;
+    for (std::u16string const source :
+         {u"'q is not defined'", u"eval('made' + 'Up')", u"A; for (;;);",
+          u"for (;;) try { eval('made' + 'Up') } catch (e) {}"}) {
+        std::u16string error;
+        KxJsParser::_extractVariable(source, error, milliseconds(30));
+        EXPECT_EQ(error, u"The script was ended: it ran longer than its time limit of 30 ms");
+    }
+}
+
+TEST(Extraction, givesTheNamesFoundWithinItsTime) {
+    std::u16string error;
+    EXPECT_EQ(
+        KxJsParser::_extractVariable(u"A + B; for (;;);", error, std::chrono::milliseconds(100)),
+        (std::vector<std::u16string>{u"A", u"B"}));
+}
+
+TEST(Extraction, withoutALimitOfTimeIsAsEver) {
+    std::u16string error;
+    std::chrono::milliseconds const none{0};
+    EXPECT_EQ(KxJsParser::_extractVariable(u"A + B", error, none),
+              (std::vector<std::u16string>{u"A", u"B"}));
+    EXPECT_EQ(KxJsParser::_extractVariable(u"A + B", error, std::chrono::milliseconds::max()),
+              (std::vector<std::u16string>{u"A", u"B"}));
+    EXPECT_EQ(error, u"");
+    EXPECT_TRUE(KxJsParser::_extractVariable(u"1+", error, none).empty());
+    EXPECT_EQ(error.substr(0, 18), u"Error in line: 1\r\n");
+}
+
+TEST(Extraction, tellsOfTheMemoryLimitWhereItMayTellOfLimits) {
+    ScriptHost host;
+    host.host.setMemoryLimit(std::size_t{32} << 20);
+    std::u16string const source = u"A; for (var a = [];;) a.push([a.length]);";
+    std::u16string error;
+    EXPECT_EQ(KxJsParser::_extractVariable(source, error), (std::vector<std::u16string>{u"A"}));
+    EXPECT_EQ(error, u"");
+    EXPECT_EQ(KxJsParser::_extractVariable(source, error, std::chrono::milliseconds(0)),
+              (std::vector<std::u16string>{u"A"}));
+    EXPECT_EQ(error, u"The script was ended: it needed more than the memory limit of 32 MiB");
+    host.host.setMemoryLimit(std::size_t{512} << 20);
 }
 
 }  // namespace

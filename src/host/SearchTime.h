@@ -1,0 +1,34 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+
+namespace kx {
+
+/// The time that a search of many runs may take in all.
+class SearchTime {
+  public:
+    /// 0 is no limit.
+    explicit SearchTime(std::chrono::milliseconds limit)
+        : limit_(std::clamp<std::chrono::milliseconds>(limit, std::chrono::milliseconds::zero(),
+                                                       std::chrono::hours(24 * 365 * 10))),
+          deadline_(Clock::now() + limit_) {}
+
+    std::chrono::milliseconds limit() const { return limit_; }
+    bool isUp() const { return limit_.count() > 0 && Clock::now() >= deadline_; }
+
+    /// The time limit of the next run: at least a millisecond, since 0 would be none.
+    std::chrono::milliseconds left() const {
+        if (limit_.count() == 0) return limit_;
+        using std::chrono::milliseconds;
+        return std::max(milliseconds(1), std::chrono::ceil<milliseconds>(deadline_ - Clock::now()));
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    std::chrono::milliseconds limit_;
+    Clock::time_point deadline_;
+};
+
+}  // namespace kx
