@@ -1,0 +1,41 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/KxJsVariable.h"
+
+/// A hostile script and what is expected of it, as its file says in its first lines:
+///
+///     // limit: 200 ms          time limit; none without
+///     // memory: 64 MiB         memory limit; the library's default without
+///     // variable: A=5          a whole number, or a text: A='five'
+///     // convert                the source is a formula of the older language
+///     // generate: 1000 '(\n'   puts the text so many times at the end of the source so far
+///     // then: reset run        what else happens to the host before the next formula, in order
+///     // expect: OK             the exact result, and no error text
+///     // error: RangeError      what the error text holds, and no result
+///     // next: fresh            the script may spoil its host for the formulas after it
+///     // dies: Fatal error      the engine's last words: it ends the process
+///
+/// Texts know the escapes \n, \t, \\, \' and \uXXXX. The file's other lines, in UTF-8, follow what
+/// was generated. Expectations are about the first run.
+struct HostileScript {
+    std::u16string source;
+    std::chrono::milliseconds timeLimit{0};
+    std::optional<std::size_t> memoryLimit;
+    std::vector<KxJsVariable> variables;
+    bool isConverted = false;
+    std::vector<std::string> then;
+    std::optional<std::u16string> result;
+    std::optional<std::u16string> error;
+    bool spoilsItsHost = false;
+    std::string lastWords;
+};
+
+/// Throws std::runtime_error for a file that cannot be read and for lines that mean nothing.
+HostileScript readHostileScript(std::filesystem::path const& path);

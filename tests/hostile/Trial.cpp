@@ -1,0 +1,86 @@
+#include "Trial.h"
+
+#include <iostream>
+#include <utility>
+
+#include "convert/Converter.h"
+#include "host/KxJsParser.h"
+
+namespace {
+
+struct Answer {
+    std::u16string result;
+    std::u16string error;
+};
+
+std::string printable(std::u16string const& text) {
+    std::string result;
+    for (char16_t const unit : text.substr(0, 300)) {
+        result += unit >= 0x20 && unit < 0x7F ? static_cast<char>(unit) : '.';
+    }
+    return result;
+}
+
+Answer run(KxJsParser& host, std::u16string const& source) {
+    Answer answer;
+    std::int32_t const index = host.parse(source, answer.error);
+    if (index != -1) answer.result = host.execute(index, answer.error);
+    return answer;
+}
+
+void print(std::string const& what, Answer const& answer) {
+    std::cout << what << ": \"" << printable(answer.result) << "\", error \""
+              << printable(answer.error) << '"' << std::endl;
+}
+
+bool isAsExpected(HostileScript const& script, Answer const& answer) {
+    if (script.result) return answer.result == *script.result && answer.error.empty();
+    if (script.error) {
+        return answer.result.empty() && answer.error.find(*script.error) != std::u16string::npos;
+    }
+    return !answer.result.empty() || !answer.error.empty();
+}
+
+bool works(KxJsParser& host, std::string const& what) {
+    host.setTimeLimit(std::chrono::milliseconds(0));
+    host.addSetVariable(KxJsVariable(u"NEXT", 5));
+    Answer const sum = run(host, u"1+1");
+    Answer const formula = run(host, Converter::_convert(u"IIF(NEXT>2,'OK','KO')"));
+    bool const isRight =
+        sum.result == u"2" && sum.error.empty() && formula.result == u"OK" && formula.error.empty();
+    if (!isRight) {
+        print("1+1 in " + what, sum);
+        print("IIF in " + what, formula);
+    }
+    return isRight;
+}
+
+}  // namespace
+
+bool survives(HostileScript const& script) {
+    KxJsParser host;
+    host.initialize();
+    if (script.memoryLimit) host.setMemoryLimit(*script.memoryLimit);
+    host.setTimeLimit(script.timeLimit);
+    auto const bind = [&] {
+        for (KxJsVariable const& variable : script.variables) host.addSetVariable(variable);
+    };
+    bind();
+    std::u16string const source =
+        script.isConverted ? Converter::_convert(script.source.c_str()) : script.source;
+    Answer const answer = run(host, source);
+    print("answer", answer);
+    for (std::string const& action : script.then) {
+        if (action == "reset") {
+            host.reset();
+        } else {
+            bind();
+            print("again", run(host, source));
+        }
+    }
+    KxJsParser fresh;
+    fresh.initialize();
+    bool const worksOn = works(host, "the same host") || script.spoilsItsHost;
+    bool const worksElsewhere = works(fresh, "a fresh host");
+    return isAsExpected(script, answer) && worksOn && worksElsewhere;
+}

@@ -1,0 +1,2 @@
+// expect: 1
+(async () => { await new Promise(() => 0); })(); 1

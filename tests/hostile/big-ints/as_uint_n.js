@@ -1,0 +1,2 @@
+// error: RangeError: Maximum BigInt size exceeded
+BigInt.asUintN(2 ** 53 - 1, -1n)

@@ -1,0 +1,2 @@
+// error: RangeError: Division by zero
+1n / 0n

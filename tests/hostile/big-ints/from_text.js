@@ -1,0 +1,3 @@
+// limit: 5000 ms
+// expect: true
+BigInt('9'.repeat(1e6)) > 0n

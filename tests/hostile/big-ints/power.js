@@ -1,0 +1,2 @@
+// error: RangeError: Maximum BigInt size exceeded
+2n ** (2n ** 40n)

@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: 5
+Array.from(A___A).length + A

@@ -1,0 +1,2 @@
+// variable: A=5
+String(Object.assign({}, A___A).ouraccessor)

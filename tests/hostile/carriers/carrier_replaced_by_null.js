@@ -1,0 +1,3 @@
+// variable: A=5
+// then: run reset run
+A___A = null; 1

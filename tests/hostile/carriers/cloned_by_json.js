@@ -1,0 +1,2 @@
+// variable: A=5
+JSON.stringify(A___A)

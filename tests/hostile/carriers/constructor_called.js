@@ -1,0 +1,2 @@
+// variable: A=5
+String(A___A.constructor())

@@ -1,0 +1,2 @@
+// variable: A=5
+delete A___A.ouraccessor; String(A___A.ouraccessor)

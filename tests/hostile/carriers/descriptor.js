@@ -1,0 +1,2 @@
+// variable: A=5
+JSON.stringify(Object.getOwnPropertyDescriptor(A___A, 'ouraccessor'))

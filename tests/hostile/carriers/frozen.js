@@ -1,0 +1,3 @@
+// variable: A=5
+// then: run reset run
+Object.freeze(A___A); A___A.ouraccessor

@@ -1,0 +1,2 @@
+// variable: A=5
+function A() { } typeof A

@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: 5
+with (A___A) ouraccessor

@@ -1,0 +1,4 @@
+// variable: A=5
+// variable: 1=1
+// error: SyntaxError
+1

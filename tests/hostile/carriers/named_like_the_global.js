@@ -1,0 +1,4 @@
+// variable: A=5
+// variable: globalThis=1
+// next: fresh
+globalThis

@@ -1,0 +1,3 @@
+// variable: A=5
+// variable: undefined=1
+undefined

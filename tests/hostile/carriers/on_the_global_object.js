@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: undefined5
+String(globalThis.ouraccessor) + A

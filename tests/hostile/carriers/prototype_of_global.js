@@ -1,0 +1,2 @@
+// variable: A=5
+Object.setPrototypeOf(globalThis, A___A); String(globalThis.ouraccessor) + A

@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: 5
+new Proxy(A___A, {}).ouraccessor

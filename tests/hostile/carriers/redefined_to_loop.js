@@ -1,0 +1,4 @@
+// variable: A=5
+// limit: 100 ms
+// then: run reset
+Object.defineProperty(A___A, 'ouraccessor', { get() { for (;;); } }); A___A.ouraccessor

@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: undefined
+A; String(Reflect.get(globalThis, 'ouraccessor', A___A))

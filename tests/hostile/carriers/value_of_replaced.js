@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: v
+A___A.valueOf = () => 'v'; A___A + ''

@@ -1,0 +1,2 @@
+// variable: A=5
+'use strict'; A___A.ouraccessor = 7; String(A___A.ouraccessor)

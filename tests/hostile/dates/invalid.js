@@ -1,0 +1,2 @@
+// error: RangeError: Invalid time value
+new Date(NaN).toISOString()

@@ -1,0 +1,1 @@
+new Date('1'.repeat(1e6)).getTime()

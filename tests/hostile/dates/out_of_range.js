@@ -1,0 +1,1 @@
+new Date(8.64e15 + 1).getTime()

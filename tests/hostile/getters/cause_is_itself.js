@@ -1,0 +1,2 @@
+// error: Error: x
+{ let e = new Error('x'); e.cause = e; throw e; }

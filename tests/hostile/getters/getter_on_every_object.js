@@ -1,0 +1,2 @@
+// error: poison
+Object.defineProperty(Object.prototype, 'x', { get() { throw 'poison'; }, configurable: true }); ({}).x

@@ -1,0 +1,2 @@
+// error: Error: xxx
+throw new Error('x'.repeat(1e7))

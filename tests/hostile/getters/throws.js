@@ -1,0 +1,2 @@
+// error: Error: mine
+({ get x() { throw new Error('mine'); } }).x

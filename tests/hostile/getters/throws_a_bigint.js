@@ -1,0 +1,2 @@
+// error: 5
+throw 5n

@@ -1,0 +1,2 @@
+// error: Error in line: 1
+throw LEN

@@ -1,0 +1,2 @@
+// error: Error in line: 1
+{ let { proxy, revoke } = Proxy.revocable({}, {}); revoke(); throw proxy; }

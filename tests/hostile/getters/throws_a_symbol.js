@@ -1,0 +1,2 @@
+// error: Error in line: 1
+({ get x() { throw Symbol('s'); } }).x

@@ -1,0 +1,2 @@
+// error: null
+({ get x() { throw null; } }).x

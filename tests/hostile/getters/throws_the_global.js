@@ -1,0 +1,2 @@
+// error: [object Object]
+throw globalThis

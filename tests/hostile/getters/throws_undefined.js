@@ -1,0 +1,2 @@
+// error: undefined
+({ get x() { throw undefined; } }).x

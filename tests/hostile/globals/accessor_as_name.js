@@ -1,0 +1,2 @@
+// next: fresh
+var ouraccessor = 5; String(ouraccessor)

@@ -1,0 +1,3 @@
+// next: fresh
+// expect: undefined
+delete globalThis.ouraccessor; String(globalThis.ouraccessor)

@@ -1,0 +1,3 @@
+// next: fresh
+// error: TypeError
+delete globalThis.Object; delete globalThis.Function; delete globalThis.Error; null.x

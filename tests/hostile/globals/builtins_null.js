@@ -1,0 +1,3 @@
+// next: fresh
+// error: TypeError
+Object = Function = Array = String = Error = TypeError = null; null.x

@@ -1,0 +1,4 @@
+// next: fresh
+// then: run reset run
+// expect: function
+class Once { } typeof Once

@@ -1,0 +1,3 @@
+// next: fresh
+// expect: object
+typeof console

@@ -1,0 +1,4 @@
+// next: fresh
+// variable: A=5
+// then: run reset run
+Object.freeze(globalThis); 1

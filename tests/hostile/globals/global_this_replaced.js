@@ -1,0 +1,3 @@
+// next: fresh
+// expect: false
+globalThis = 5; this === globalThis

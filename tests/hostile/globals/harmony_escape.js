@@ -1,0 +1,3 @@
+// next: fresh
+// expect: undefinedundefinedundefinedundefinedundefined
+typeof gc + typeof require + typeof process + typeof print + typeof load

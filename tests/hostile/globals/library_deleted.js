@@ -1,0 +1,3 @@
+// next: fresh
+// error: ReferenceError: IIF is not defined
+delete globalThis.IIF; IIF(1, 2, 3)

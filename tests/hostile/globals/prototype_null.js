@@ -1,0 +1,3 @@
+// next: fresh
+// expect: undefined
+Object.setPrototypeOf(globalThis, null); typeof toString

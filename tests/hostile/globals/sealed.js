@@ -1,0 +1,3 @@
+// next: fresh
+// then: run reset run
+Object.seal(globalThis); 1

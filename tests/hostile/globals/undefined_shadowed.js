@@ -1,0 +1,3 @@
+// next: fresh
+// expect: 5
+{ let undefined = 5; undefined; }

@@ -1,0 +1,3 @@
+// next: fresh
+// expect: undefined
+undefined = 5; typeof undefined

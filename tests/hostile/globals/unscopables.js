@@ -1,0 +1,2 @@
+// next: fresh
+globalThis[Symbol.unscopables] = { LEN: true }; with (globalThis) LEN('abc')

@@ -1,0 +1,2 @@
+// error: RangeError
+new Intl.DateTimeFormat('en', { timeZone: 'x'.repeat(1e6) })

@@ -1,0 +1,2 @@
+// error: RangeError: Invalid time value
+new Intl.DateTimeFormat('en').format(1e300)

@@ -1,0 +1,2 @@
+// error: RangeError
+new Intl.NumberFormat('en', { minimumFractionDigits: 1e9 })

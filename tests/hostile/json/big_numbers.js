@@ -1,0 +1,2 @@
+// expect: Infinity
+JSON.parse('1' + '0'.repeat(1e6))

@@ -1,0 +1,2 @@
+// error: Error: mine
+JSON.stringify({ get x() { throw new Error('mine'); } })

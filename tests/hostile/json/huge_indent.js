@@ -1,0 +1,2 @@
+// expect: 79
+JSON.stringify([[[1]]], null, 'x'.repeat(1e6)).length

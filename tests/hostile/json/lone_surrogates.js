@@ -1,0 +1,2 @@
+// expect: "\\ud800"
+JSON.stringify('\ud800')

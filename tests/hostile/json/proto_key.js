@@ -1,0 +1,1 @@
+JSON.stringify(JSON.parse('{"__proto__":{"x":1}}').x)

@@ -1,0 +1,2 @@
+// error: SyntaxError: Unexpected end of JSON input
+JSON.parse('{"a":')

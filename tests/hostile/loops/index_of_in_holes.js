@@ -1,0 +1,2 @@
+// limit: 100 ms
+Array.prototype.indexOf.call({ length: 2 ** 53 - 1 }, 1)

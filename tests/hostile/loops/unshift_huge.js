@@ -1,0 +1,2 @@
+// limit: 100 ms
+Array.prototype.unshift.call({ length: 2 ** 53 - 2 }, 1)

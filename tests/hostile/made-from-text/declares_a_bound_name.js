@@ -1,0 +1,3 @@
+// variable: A=5
+// expect: 12
+eval('let A = 7; A') + A

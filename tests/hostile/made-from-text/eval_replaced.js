@@ -1,0 +1,3 @@
+// error: poison
+// next: fresh
+eval = () => { throw 'poison'; }; eval('1')

@@ -1,0 +1,2 @@
+// expect: 2
+eval('eval("eval(1 + 1)")')

@@ -1,0 +1,2 @@
+// error: SyntaxError: Unexpected end of input
+eval('1 +')

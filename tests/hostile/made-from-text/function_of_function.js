@@ -1,0 +1,2 @@
+// expect: true
+Function('return this')() === globalThis

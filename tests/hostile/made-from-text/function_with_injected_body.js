@@ -1,0 +1,2 @@
+// error: SyntaxError
+new Function('}, globalThis.broken = 1, function () {')

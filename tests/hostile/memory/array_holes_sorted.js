@@ -1,0 +1,2 @@
+// limit: 2000 ms
+{ let a = []; a[4294967294] = 1; a[7] = 0; a.sort().indexOf(1); }

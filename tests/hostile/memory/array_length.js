@@ -1,0 +1,2 @@
+// error: RangeError: Invalid array length
+new Array(-1)

@@ -1,0 +1,2 @@
+// expect: 4294967295
+new Array(2 ** 32 - 1).length

@@ -1,0 +1,2 @@
+// error: RangeError: Invalid string length
+'x'.repeat(2 ** 30)

@@ -1,0 +1,2 @@
+// error: RangeError: Invalid string length
+{ let s = 'ab'; for (;;) s += s; }

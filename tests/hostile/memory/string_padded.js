@@ -1,0 +1,2 @@
+// error: RangeError: Invalid string length
+'x'.padEnd(2 ** 30)

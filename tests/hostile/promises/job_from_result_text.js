@@ -1,0 +1,2 @@
+// expect: x
+({ toString() { Promise.resolve().then(() => { late = 1; }); return 'x'; } })

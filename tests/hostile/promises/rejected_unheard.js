@@ -1,0 +1,2 @@
+// expect: 1
+Promise.reject(new Error('unheard')); 1

@@ -1,0 +1,2 @@
+// expect: 1
+Promise.resolve().then(() => { throw new Error('late'); }); 1

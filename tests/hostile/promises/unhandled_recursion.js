@@ -1,0 +1,2 @@
+// error: RangeError
+(function f() { return new Promise(f); })()

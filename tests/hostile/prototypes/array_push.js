@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Array.prototype.push = () => { throw 'poison'; }; [1].push(2)

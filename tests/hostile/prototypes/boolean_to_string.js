@@ -1,0 +1,3 @@
+// next: fresh
+// expect: true
+Boolean.prototype.toString = () => { throw 1; }; true

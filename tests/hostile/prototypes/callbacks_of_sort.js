@@ -1,0 +1,2 @@
+// next: fresh
+Array.prototype.sort = function () { return this; }; Array.prototype.length = 1e9; [3, 2].sort()

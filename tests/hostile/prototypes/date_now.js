@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Date.now = () => { throw 'poison'; }; Date.now()

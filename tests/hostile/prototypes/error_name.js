@@ -1,0 +1,2 @@
+// next: fresh
+Object.defineProperty(Error.prototype, 'name', { get() { throw 1; } }); null.x

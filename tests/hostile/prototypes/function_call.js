@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Function.prototype.call = Function.prototype.apply = () => { throw 'poison'; }; (() => 1).call()

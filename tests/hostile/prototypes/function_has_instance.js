@@ -1,0 +1,3 @@
+// next: fresh
+// error: TypeError
+Object.defineProperty(Function.prototype, Symbol.hasInstance, { value: () => { for (;;); } }); ({}) instanceof Object

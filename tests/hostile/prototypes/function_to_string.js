@@ -1,0 +1,3 @@
+// next: fresh
+// error: Error: poison
+Function.prototype.toString = () => { throw new Error('poison'); }; (() => 1)

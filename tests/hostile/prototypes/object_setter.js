@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Object.defineProperty(Object.prototype, 'value', { set() { throw 'poison'; } }); ({}).value = 1

@@ -1,0 +1,3 @@
+// next: fresh
+// error: Error: poison
+Object.prototype.toString = () => { throw new Error('poison'); }; ({})

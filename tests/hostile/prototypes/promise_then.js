@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Promise.prototype.then = () => { throw 'poison'; }; Promise.resolve().then()

@@ -1,0 +1,3 @@
+// next: fresh
+// error: TypeError: Immutable prototype object
+Object.prototype.__proto__ = { }

@@ -1,0 +1,3 @@
+// next: fresh
+// error: ReferenceError: missing is not defined
+ReferenceError.prototype.constructor = ReferenceError = null; missing

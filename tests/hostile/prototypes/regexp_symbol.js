@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+RegExp.prototype[Symbol.replace] = () => { throw 'poison'; }; 'abc'.replace(/b/, 'x')

@@ -1,0 +1,3 @@
+// next: fresh
+// error: TypeError
+String.prototype[Symbol.iterator] = () => 5; [...'abc']

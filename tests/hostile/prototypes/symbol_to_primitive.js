@@ -1,0 +1,3 @@
+// next: fresh
+// error: poison
+Object.prototype[Symbol.toPrimitive] = () => { throw 'poison'; }; ({}) + 1

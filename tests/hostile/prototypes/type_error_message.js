@@ -1,0 +1,2 @@
+// next: fresh
+Object.defineProperty(TypeError.prototype, 'message', { get() { for (;;); } }); null.x

@@ -1,0 +1,3 @@
+// error: poisoned
+// next: fresh
+Object.setPrototypeOf(Array.prototype, new Proxy(Object.prototype, { get() { throw 'poisoned'; } })); [].nothing

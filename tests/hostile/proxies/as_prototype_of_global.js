@@ -1,0 +1,2 @@
+// next: fresh
+Object.setPrototypeOf(globalThis, new Proxy({}, { has: () => true, get: (t, k) => k === Symbol.unscopables ? undefined : 'trapped' })); missing

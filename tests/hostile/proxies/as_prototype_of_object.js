@@ -1,0 +1,2 @@
+// error: TypeError: Immutable prototype object
+Object.setPrototypeOf(Object.prototype, new Proxy({}, {}))

@@ -1,0 +1,2 @@
+// error: TypeError
+Object.defineProperty(new Proxy({}, { defineProperty: () => true }), 'x', { value: 1, configurable: false })

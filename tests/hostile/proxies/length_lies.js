@@ -1,0 +1,2 @@
+// limit: 100 ms
+Array.prototype.concat.call([], new Proxy([], { get: (t, k) => k === 'length' ? 2 ** 53 : t[k] })).length

@@ -1,0 +1,2 @@
+// limit: 100 ms
+{ let p = new Proxy({}, { getPrototypeOf: () => p }); p instanceof Object; }

@@ -1,0 +1,2 @@
+// limit: 3000 ms
+{ let n = 0; (function f() { try { f(); } catch (e) { n++; } })(); n > 0 && n < 10; }

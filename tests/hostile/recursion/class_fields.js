@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+{ class C { x = new C(); } new C(); }

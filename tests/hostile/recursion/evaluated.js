@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+{ let f = () => eval('f()'); f(); }

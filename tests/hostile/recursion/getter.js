@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+({ get x() { return this.x; } }).x

@@ -1,0 +1,2 @@
+// expect: undefined
+{ let o = { toString() { return LEN(o); } }; LEN(o); }

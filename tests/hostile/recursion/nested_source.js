@@ -1,0 +1,3 @@
+// generate: 200000 '('
+// error: RangeError: Maximum call stack size exceeded
+

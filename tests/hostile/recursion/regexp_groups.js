@@ -1,0 +1,2 @@
+// error: Error
+new RegExp('(?:'.repeat(1e5) + ')'.repeat(1e5)).test('')

@@ -1,0 +1,2 @@
+// error: Regular expression too large
+new RegExp('('.repeat(1e6))

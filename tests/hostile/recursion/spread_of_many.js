@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+Math.max(...new Array(1e6).fill(1))

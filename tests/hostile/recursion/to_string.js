@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+{ let o = { toString() { return '' + o; } }; o; }

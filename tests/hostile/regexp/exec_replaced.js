@@ -1,0 +1,4 @@
+// limit: 100 ms
+// next: fresh
+// error: The script was ended: it ran longer than its time limit of 100 ms
+RegExp.prototype.exec = function () { for (;;); }; /a/.test('a')

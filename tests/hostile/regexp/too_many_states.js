@@ -1,0 +1,2 @@
+// limit: 5000 ms
+new RegExp('a{0,65535}'.repeat(100)).test('b')

@@ -1,0 +1,2 @@
+// expect: 1
+new SharedArrayBuffer(1, { maxByteLength: 2 ** 40 }).byteLength

@@ -1,0 +1,2 @@
+// error: RangeError: Array buffer allocation failed
+new SharedArrayBuffer(2 ** 40)

@@ -1,0 +1,2 @@
+// error: RangeError
+new SharedArrayBuffer(2 ** 53)

@@ -1,0 +1,2 @@
+// expect: 0
+Atomics.notify(new Int32Array(new SharedArrayBuffer(4)), 0, Infinity)

@@ -1,0 +1,2 @@
+// error: SyntaxError
+await 1

@@ -1,0 +1,2 @@
+// expect: 1
+debugger; 1

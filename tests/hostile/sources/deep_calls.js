@@ -1,0 +1,4 @@
+// generate: 1 'f=()=>f;f'
+// generate: 100000 '()'
+// limit: 20000 ms
+

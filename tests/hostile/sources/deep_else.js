@@ -1,0 +1,2 @@
+// generate: 100000 'if(0);else '
+1

@@ -1,0 +1,3 @@
+// generate: 100000 '()=>'
+// error: RangeError: Maximum call stack size exceeded
+

@@ -1,0 +1,3 @@
+// generate: 100000 'if(1)'
+// generate: 1 '1'
+

@@ -1,0 +1,3 @@
+// generate: 3000 'a:{'
+// error: SyntaxError
+1

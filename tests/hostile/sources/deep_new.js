@@ -1,0 +1,3 @@
+// generate: 100000 'new '
+// error: Error in line: 1
+

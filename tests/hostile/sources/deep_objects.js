@@ -1,0 +1,3 @@
+// generate: 100000 '({a:'
+// error: RangeError: Maximum call stack size exceeded
+

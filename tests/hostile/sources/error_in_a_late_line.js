@@ -1,0 +1,3 @@
+// generate: 1000000 '\n'
+// error: Error in line: 1000001
+null.x

@@ -1,0 +1,4 @@
+// generate: 1 'null.x'
+// generate: 2000000 ';    '
+// error: TypeError
+

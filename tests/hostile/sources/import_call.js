@@ -1,0 +1,2 @@
+// expect: 1
+import('x').then(x => x); 1

@@ -1,0 +1,2 @@
+// error: SyntaxError: Cannot use 'import.meta' outside a module
+import.meta

@@ -1,0 +1,2 @@
+// error: SyntaxError: Cannot use import statement outside a module
+import x from 'y'

@@ -1,0 +1,2 @@
+// error: SyntaxError
+%DebugPrint(1)

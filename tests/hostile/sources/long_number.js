@@ -1,0 +1,3 @@
+// generate: 1000000 '9'
+// expect: Infinity
+

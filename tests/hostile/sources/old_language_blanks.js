@@ -1,0 +1,4 @@
+// convert
+// generate: 1000000 ' '
+// expect: 1
+1

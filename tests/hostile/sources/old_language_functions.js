@@ -1,0 +1,4 @@
+// convert
+// generate: 100000 'SIN('
+// error: Error in line: 1
+

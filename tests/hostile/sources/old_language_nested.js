@@ -1,0 +1,4 @@
+// convert
+// generate: 5000 'IIF(1,'
+// error: SyntaxError
+

@@ -1,0 +1,3 @@
+// convert
+// generate: 100000 '1<>'
+1

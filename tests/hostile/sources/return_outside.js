@@ -1,0 +1,2 @@
+// error: SyntaxError: Illegal return statement
+return 1

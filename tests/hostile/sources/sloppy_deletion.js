@@ -1,0 +1,3 @@
+// next: fresh
+// expect: undefined
+delete this; delete Object; typeof Object

@@ -1,0 +1,2 @@
+// error: ReferenceError: undeclared is not defined
+'use strict'; undeclared = 1

@@ -1,0 +1,2 @@
+// error: SyntaxError: Invalid or unexpected token
+'

@@ -1,0 +1,2 @@
+// error: TypeError
+Error.captureStackTrace(Object.freeze({}))

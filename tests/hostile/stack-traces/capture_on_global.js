@@ -1,0 +1,2 @@
+// expect: string
+Error.captureStackTrace(globalThis); typeof stack

@@ -1,0 +1,1 @@
+Error.captureStackTrace(new Proxy({}, { defineProperty() { throw new Error('trap'); } }))

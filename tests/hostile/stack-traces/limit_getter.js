@@ -1,0 +1,2 @@
+// limit: 100 ms
+Object.defineProperty(Error, 'stackTraceLimit', { get() { for (;;); } }); null.x

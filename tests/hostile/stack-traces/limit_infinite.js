@@ -1,0 +1,2 @@
+// error: RangeError: Maximum call stack size exceeded
+Error.stackTraceLimit = Infinity; (function f() { f(); })()

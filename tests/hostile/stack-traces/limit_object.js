@@ -1,0 +1,2 @@
+// error: TypeError
+Error.stackTraceLimit = { valueOf() { throw 1; } }; null.x

@@ -1,0 +1,3 @@
+// limit: 100 ms
+// next: fresh
+Error.prepareStackTrace = () => { for (;;); }; null.x

@@ -1,0 +1,3 @@
+// error: TypeError
+// next: fresh
+Error.prepareStackTrace = () => { throw new Error('poison'); }; null.x

@@ -1,0 +1,3 @@
+// limit: 100 ms
+// error: Error: x
+{ let e = new Error('x'); Object.defineProperty(e, 'stack', { get() { for (;;); } }); throw e; }

@@ -1,0 +1,2 @@
+// error: TypeError: Class constructor
+(class { })

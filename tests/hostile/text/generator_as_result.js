@@ -1,0 +1,2 @@
+// expect: [object Generator]
+(function* () { for (;;) yield 1; })()

@@ -1,0 +1,2 @@
+// error: Error: tag
+({ get [Symbol.toStringTag]() { throw new Error('tag'); } })

@@ -1,0 +1,1 @@
+new Array(1e6).fill('x')

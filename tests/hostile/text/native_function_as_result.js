@@ -1,0 +1,2 @@
+// expect: -Infinity
+Math.max

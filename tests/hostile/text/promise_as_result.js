@@ -1,0 +1,2 @@
+// expect: [object Promise]
+new Promise(() => 0)

@@ -1,0 +1,3 @@
+// expect: x
+// next: fresh
+({ toString() { delete globalThis.LEN; return 'x'; } })

@@ -1,0 +1,2 @@
+// expect: \ud800\udfff\udc00
+'\ud800\udfff\udc00'

@@ -1,0 +1,2 @@
+// error: TypeError: Cannot convert a Symbol value to a string
+Symbol('s')

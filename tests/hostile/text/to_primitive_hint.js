@@ -1,0 +1,2 @@
+// expect: string
+({ [Symbol.toPrimitive](hint) { return hint; } })

@@ -1,0 +1,2 @@
+// error: 1
+({ [Symbol.toPrimitive]() { throw 1; } })

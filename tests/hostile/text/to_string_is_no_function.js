@@ -1,0 +1,2 @@
+// error: TypeError: Cannot convert object to primitive value
+({ toString: 5, valueOf: 6 })

@@ -1,0 +1,2 @@
+// error: Error: mine
+({ toString() { throw new Error('mine'); } })

@@ -1,0 +1,1 @@
+new Float64Array([0.1, NaN])

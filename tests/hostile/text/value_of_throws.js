@@ -1,0 +1,2 @@
+// error: Error: mine
++{ valueOf() { throw new Error('mine'); } }

@@ -1,0 +1,2 @@
+// error: RangeError
+new DataView(new ArrayBuffer(8), 2 ** 53)

@@ -1,0 +1,2 @@
+// error: RangeError: Array buffer allocation failed
+new Uint8Array(2 ** 31)

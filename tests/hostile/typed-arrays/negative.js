@@ -1,0 +1,2 @@
+// error: RangeError
+new ArrayBuffer(-1)

@@ -1,0 +1,3 @@
+// generate: 1 '\ufeff1 + 1'
+// expect: 2
+

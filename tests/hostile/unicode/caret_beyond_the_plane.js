@@ -1,0 +1,2 @@
+// error: ReferenceError: missing is not defined
+'😀😀😀' + missing

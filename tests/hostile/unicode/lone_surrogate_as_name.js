@@ -1,0 +1,3 @@
+// generate: 1 '\ud800 = 1'
+// error: SyntaxError
+

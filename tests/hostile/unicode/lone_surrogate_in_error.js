@@ -1,0 +1,2 @@
+// error: \ud800
+throw '\ud800'

@@ -1,0 +1,2 @@
+// expect: 2
+'\ud83d\ude00'.split('').reverse().join('').length

@@ -1,0 +1,2 @@
+// expect: 3000000
+'\u0390'.repeat(1e6).toUpperCase().length

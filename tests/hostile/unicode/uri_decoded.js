@@ -1,0 +1,2 @@
+// error: URIError: URI malformed
+decodeURIComponent('%f0%9f%98')

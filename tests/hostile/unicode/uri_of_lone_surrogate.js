@@ -1,0 +1,2 @@
+// error: URIError: URI malformed
+encodeURIComponent('\ud800')

@@ -1,0 +1,3 @@
+// generate: 1 '1 \u0000+ 1'
+// error: SyntaxError
+

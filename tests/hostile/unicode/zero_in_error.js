@@ -1,0 +1,2 @@
+// error: a
+throw 'a\0b'
