@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,12 +27,15 @@ std::string readAll(int descriptor) {
     ::dup2(descriptor, STDERR_FILENO);
     rlimit const noCore{};
     ::setrlimit(RLIMIT_CORE, &noCore);
+    auto const milliseconds = static_cast<suseconds_t>(script.hangsFor.count());
+    itimerval const alarm{{}, {milliseconds / 1000, milliseconds % 1000 * 1000}};
+    ::setitimer(ITIMER_REAL, &alarm, nullptr);
     ::_exit(survives(script) ? 0 : 1);
 }
 
 }  // namespace
 
-End dies(HostileScript const& script) {
+End endOf(HostileScript const& script) {
     std::array<int, 2> pipe{};
     if (::pipe(pipe.data()) != 0) throw std::runtime_error("no pipe");
     pid_t const child = ::fork();
@@ -43,6 +47,10 @@ End dies(HostileScript const& script) {
     if (child == -1 || ::waitpid(child, &status, 0) != child) throw std::runtime_error("no child");
     std::cout << words << std::endl;
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return End::survived;
+    if (script.hangsFor.count() > 0) {
+        bool const isCutOff = WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM;
+        return isCutOff ? End::asExpected : End::otherwise;
+    }
     bool const isKnownDeath =
         WIFSIGNALED(status) && words.find(script.lastWords) != std::string::npos;
     return isKnownDeath ? End::asExpected : End::otherwise;

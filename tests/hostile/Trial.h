@@ -6,6 +6,6 @@
 /// one. Prints what happened. Whether everything was as it must be.
 bool survives(HostileScript const& script);
 
-/// Runs the script in a process of its own and looks how that ends.
+/// Runs a hopeless script in a process of its own and looks how that ends.
 enum class End { asExpected, survived, otherwise };
-End dies(HostileScript const& script);
+End endOf(HostileScript const& script);

@@ -1,2 +1,2 @@
-// error: RangeError: Exponent must be non-negative
+// error: RangeError: Exponent must be
 2n ** -1n

@@ -1,2 +1,3 @@
+// expect: {"ouraccessor":5}
 // variable: A=5
 JSON.stringify(A___A)

@@ -1,2 +1,3 @@
+// expect: number
 // variable: A=5
 function A() { } typeof A

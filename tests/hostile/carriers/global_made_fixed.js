@@ -1,3 +1,4 @@
+// expect: 7
 // variable: A=5
 // then: run reset run
 // next: fresh

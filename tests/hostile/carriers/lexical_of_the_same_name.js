@@ -1,4 +1,4 @@
+// error: ReferenceError: Cannot access 'A' before initialization
 // variable: A=5
-// error: SyntaxError
 // then: run reset run
 let A = 1; A

@@ -1,3 +1,4 @@
+// next: fresh
 // variable: A=5
 // variable: 1=1
 // error: SyntaxError

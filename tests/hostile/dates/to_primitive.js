@@ -1,3 +1,3 @@
 // next: fresh
 // error: Error: poison
-Date.prototype[Symbol.toPrimitive] = () => { throw new Error('poison'); }; new Date(0) + ''
+Object.defineProperty(Date.prototype, Symbol.toPrimitive, { value() { throw new Error('poison'); } }); new Date(0) + ''

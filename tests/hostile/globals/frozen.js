@@ -1,3 +1,4 @@
+// expect: 1
 // next: fresh
 // variable: A=5
 // then: run reset run

@@ -1,3 +1,3 @@
+// expect: 2
 // next: fresh
-// error: ReferenceError: IIF is not defined
 delete globalThis.IIF; IIF(1, 2, 3)

@@ -1,4 +1,4 @@
+// error: TypeError: Cannot redefine property: LEN
 // next: fresh
 // limit: 100 ms
-// error: The script was ended: it ran longer than its time limit of 100 ms
 Object.defineProperty(globalThis, 'LEN', { get() { for (;;); } }); LEN('x')

@@ -1,3 +1,3 @@
-// memory: 64 MiB
+// memory: 32 MiB
 // error: The script was ended
 new Intl.ListFormat('en').format({ *[Symbol.iterator]() { for (;;) yield 'x'; } })

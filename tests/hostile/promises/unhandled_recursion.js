@@ -1,2 +1,2 @@
-// error: RangeError
+// expect: [object Promise]
 (function f() { return new Promise(f); })()

@@ -1,3 +1,3 @@
 // next: fresh
-// expect: undefined
-for (let k of Object.getOwnPropertyNames(globalThis)) delete globalThis[k]; typeof LEN
+// expect: undefinedfunction
+for (let k of Object.getOwnPropertyNames(this)) delete this[k]; typeof Math + typeof LEN

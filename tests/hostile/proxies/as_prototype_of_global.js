@@ -1,2 +1,3 @@
+// expect: trapped
 // next: fresh
 Object.setPrototypeOf(globalThis, new Proxy({}, { has: () => true, get: (t, k) => k === Symbol.unscopables ? undefined : 'trapped' })); missing

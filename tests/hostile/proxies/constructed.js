@@ -1,2 +1,2 @@
-// error: TypeError: proxy [[Construct]] must return an object
+// error: TypeError: 
 new (new Proxy(function () { }, { construct: () => 1 }))

@@ -1,2 +1,1 @@
-// error: RangeError: Maximum call stack size exceeded
-Math.max.apply(null, new Array(1e6))
+Math.max.apply(null, new Array(1e6).fill(1))

@@ -1,2 +1,2 @@
-// error: RangeError: Maximum call stack size exceeded
+// limit: 500 ms
 { let s = 'eval(s)'; eval(s); }

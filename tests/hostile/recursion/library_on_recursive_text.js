@@ -1,2 +1,2 @@
-// expect: undefined
+// error: RangeError: Maximum call stack size exceeded
 { let o = { toString() { return LEN(o); } }; LEN(o); }

@@ -1,2 +1,2 @@
-// error: TypeError: Cyclic __proto__ value
+// error: RangeError: Maximum call stack size exceeded
 { let p = new Proxy({}, {}); Object.setPrototypeOf(p, p); }

@@ -1,2 +1,2 @@
-// error: Regular expression too large
+// error: SyntaxError: Invalid regular expression
 new RegExp('('.repeat(1e6))

@@ -1,2 +1,1 @@
-// error: RangeError: Maximum call stack size exceeded
 Math.max(...new Array(1e6).fill(1))

@@ -1,2 +1,3 @@
+// error: RangeError: Maximum call stack size exceeded
 // generate: 100000 '1**'
 1

@@ -1,3 +1,3 @@
+// error: RangeError: Maximum call stack size exceeded
 // generate: 100000 'new '
-// error: Error in line: 1
 

@@ -1,4 +1,4 @@
+// expect: 1
 // generate: 100000 '- '
 // generate: 1 '1'
-// error: RangeError: Maximum call stack size exceeded
 

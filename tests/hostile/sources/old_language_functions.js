@@ -1,4 +1,4 @@
+// error: RangeError: Maximum call stack size exceeded
 // convert
 // generate: 100000 'SIN('
-// error: Error in line: 1
 

@@ -1,2 +1,3 @@
-// limit: 2000 ms
+// hangs: 1000 ms
+// limit: 100 ms
 { let a = []; a[4294967294] = 1; a[7] = 0; a.sort().indexOf(1); }
