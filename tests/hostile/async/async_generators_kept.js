@@ -1,3 +1,3 @@
-// memory: 64 MiB
+// memory: 32 MiB
 // limit: 5000 ms
 { async function* g() { yield* g(); } g().next(); 1; }

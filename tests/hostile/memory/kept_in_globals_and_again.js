@@ -1,4 +1,4 @@
-// memory: 64 MiB
+// memory: 32 MiB
 // then: run run
-// error: The script was ended: it needed more than the memory limit of 64 MiB
+// error: The script was ended: it needed more than the memory limit of 32 MiB
 kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([kept.length]);

@@ -1,3 +1,3 @@
-// memory: 64 MiB
+// memory: 32 MiB
 // error: 
 { let a = []; for (;;) a.push(new Uint8Array(1 << 20)); }
