@@ -1,0 +1,222 @@
+// Every allocation of the library fails once, in every public operation: std::bad_alloc comes out,
+// or an error text, and the same objects then do the same thing rightly.
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <new>
+#include <ostream>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "FailingNew.h"
+#include "convert/Converter.h"
+#include "host/KxJsParser.h"
+#include "host/KxJsVariable.h"
+#include "library/Catalogues.h"
+#include "library/KxJsFunction.h"
+#include "library/Prelude.h"
+
+namespace {
+
+using Text = std::u16string;
+
+std::u16string const kLong = u"a text that is longer than what fits into a string without memory";
+
+struct Answer {
+    Text result;
+    Text error;
+    bool operator==(Answer const&) const = default;
+};
+void PrintTo(Answer const& answer, std::ostream* out) {
+    *out << std::string(answer.result.begin(), answer.result.end()).substr(0, 200) << " / "
+         << std::string(answer.error.begin(), answer.error.end()).substr(0, 200);
+}
+
+/// An operation on one host, which `prepare` has made ready.
+struct Operation {
+    char const* name;
+    std::function<void(KxJsParser&)> prepare;
+    std::function<Answer(KxJsParser&)> act;
+};
+void PrintTo(Operation const& operation, std::ostream* out) { *out << operation.name; }
+
+Answer parseAndExecute(KxJsParser& host, Text const& source) {
+    Answer run;
+    std::int32_t const index = host.parse(source, run.error);
+    if (index != -1) run.result = host.execute(index, run.error);
+    return run;
+}
+
+void bind(KxJsParser& host) {
+    host.addSetVariable(KxJsVariable(u"NUMBER", 5));
+    host.addSetVariable(KxJsVariable(u"aTextVariableWithALongName", kLong));
+}
+
+Text joined(std::vector<Text> const& texts) {
+    Text all;
+    for (Text const& text : texts) all += text + u"|";
+    return all;
+}
+
+Text joined(std::vector<KxJsFunction> const& catalogue) {
+    Text all;
+    for (KxJsFunction const& function : catalogue) {
+        all += function.toJavaScript() + function.toHtmlFragment(true) + function.toHtmlPage();
+    }
+    return all;
+}
+
+void nothing(KxJsParser& /*host*/) {}
+
+std::vector<Operation> const kOperations{
+    {"makeAHost", nothing,
+     [](KxJsParser&) {
+         KxJsParser other;
+         return Answer{u"made", u""};
+     }},
+    {"initialize", nothing,
+     [](KxJsParser& host) {
+         host.initialize();
+         return parseAndExecute(host, u"LEN('abc')");
+     }},
+    {"bind", nothing,
+     [](KxJsParser& host) {
+         bind(host);
+         return parseAndExecute(host, u"NUMBER + aTextVariableWithALongName");
+     }},
+    {"parseAndExecute", bind,
+     [](KxJsParser& host) {
+         return parseAndExecute(host, u"aTextVariableWithALongName.repeat(3) + NUMBER / 3");
+     }},
+    {"syntaxError", bind, [](KxJsParser& host) { return parseAndExecute(host, u"NUMBER +* 2"); }},
+    {"runTimeError", bind,
+     [](KxJsParser& host) { return parseAndExecute(host, u"NUMBER + missingNameThatIsLong"); }},
+    {"errorOfALibraryFunction", bind,
+     [](KxJsParser& host) { return parseAndExecute(host, u"STR(NUMBER, 'x', missingName)"); }},
+    {"manyCarriers", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         for (int i = 0; i < 100; ++i) run = parseAndExecute(host, u"NUMBER");
+         return run;
+     }},
+    {"reset", bind,
+     [](KxJsParser& host) {
+         host.reset();
+         return parseAndExecute(host, u"typeof NUMBER + 1");
+     }},
+    {"limits", bind,
+     [](KxJsParser& host) {
+         host.setTimeLimit(std::chrono::milliseconds(50));
+         host.setMemoryLimit(std::size_t{512} << 20);
+         return parseAndExecute(host, u"for (;;);");
+     }},
+    {"foreignHost", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         std::thread([&] { run.result = host.execute(0, run.error); }).join();
+         return run;
+     }},
+    {"extract", nothing,
+     [](KxJsParser&) {
+         Answer run;
+         run.result = joined(KxJsParser::_extractVariable(
+             u"firstMissingName + secondMissingName + LEN(third)", run.error));
+         return run;
+     }},
+    {"extractInTime", nothing,
+     [](KxJsParser&) {
+         Answer run;
+         run.result = joined(KxJsParser::_extractVariable(u"first + second; for (;;);", run.error,
+                                                          std::chrono::milliseconds(100)));
+         return run;
+     }},
+    {"convert", nothing,
+     [](KxJsParser&) {
+         return Answer{
+             Converter::_convert(u"IIF(SIN(x)^2>=2 .AND. NOT y,LEFT(z,2),STRZ(MOD(a,b),5)) "
+                                 u"'a quoted text' <> 12.5^3"),
+             u""};
+     }},
+    {"variables", nothing,
+     [](KxJsParser&) {
+         KxJsVariable variable(kLong, kLong);
+         KxJsVariable const copy(variable);
+         variable.setValue(2.5);
+         variable = copy;
+         return Answer{variable.getKey() + variable.getStrValue() + variable.valueToString(), u""};
+     }},
+    {"catalogues", nothing,
+     [](KxJsParser&) {
+         return Answer{joined(buildMathFunctions()) + joined(buildMiscFunctions()), u""};
+     }},
+    {"prelude", nothing,
+     [](KxJsParser&) {
+         return Answer{joined(buildPrelude()), u""};
+     }},
+    {"ownFunction", nothing,
+     [](KxJsParser&) {
+         KxJsFunction function;
+         function.setName(kLong);
+         function.setCategory(kLong);
+         function.setDescription(kLong);
+         function.setReturnDescription(kLong);
+         function.addParameter({kLong, kLong});
+         function.addExample(kLong);
+         function.setBody(kLong);
+         return Answer{
+             function.toJavaScript() + function.toHtmlFragment(true) + function.toHtmlPage(), u""};
+     }},
+    {"documentation", nothing,
+     [](KxJsParser&) {
+         return Answer{KxJsParser::_getUserDocumentation(true, false), u""};
+     }},
+};
+
+/// Lets the allocation `which` of `operation` fail, then tries again. Whether there was one.
+bool failOnce(Operation const& operation, std::size_t which, Answer const& expected) {
+    KxJsParser host;
+    host.initialize();
+    operation.prepare(host);
+    bool hasFailed = false;
+    try {
+        FailingNew const failing(which);
+        Answer const run = operation.act(host);
+        hasFailed = FailingNew::hasFailed();
+        if (!hasFailed) {
+            EXPECT_EQ(run, expected);
+        }
+    } catch (std::bad_alloc const&) {
+        hasFailed = true;
+    }
+    if (!hasFailed) return false;
+    operation.prepare(host);
+    EXPECT_EQ(operation.act(host), expected) << operation.name << ", allocation " << which;
+    return !testing::Test::HasFailure();
+}
+
+class Allocation : public testing::TestWithParam<Operation> {};
+
+TEST_P(Allocation, mayFailAndNothingIsLost) {
+    Answer expected;
+    {
+        KxJsParser host;
+        host.initialize();
+        GetParam().prepare(host);
+        expected = GetParam().act(host);
+    }
+    std::size_t which = 1;
+    // What allocates thousands of times does so in the same way again and again.
+    for (; failOnce(GetParam(), which, expected); which += which / 100 + 1) {
+    }
+    EXPECT_GT(which, 1U) << "the library has allocated nothing";
+}
+
+INSTANTIATE_TEST_SUITE_P(of, Allocation, testing::ValuesIn(kOperations),
+                         [](auto const& info) { return std::string(info.param.name); });
+
+}  // namespace
