@@ -1,6 +1,7 @@
 #include "host/Carriers.h"
 
 #include <algorithm>
+#include <new>
 
 #include "host/BoundVariable.h"
 #include "host/V8Compat.h"
@@ -68,7 +69,13 @@ void Carriers::accessorGetter(v8::Local<v8::Name> /*property*/,
                               v8::PropertyCallbackInfo<v8::Value> const& info) {
     auto* const variable =
         static_cast<BoundVariable*>(v8compat::alignedPointerOrNull(info.Holder(), kVariableField));
-    if (variable != nullptr) variable->read(info.GetIsolate(), info.GetReturnValue());
+    if (variable == nullptr) return;  // undefined
+    try {
+        variable->read(info.GetIsolate(), info.GetReturnValue());
+    } catch (std::bad_alloc const&) {
+        // No exception of C++ may pass through the engine: the script gets one of its own.
+        info.GetIsolate()->ThrowError("Not enough memory for the value of a variable");
+    }
 }
 
 }  // namespace kx

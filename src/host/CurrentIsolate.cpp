@@ -84,8 +84,9 @@ class ApplicationIsolates {
         std::lock_guard const lock(mutex_);
         std::shared_ptr<IsolateRecord>& record = records_[isolate];
         if (record == nullptr) {
-            record = std::make_shared<IsolateRecord>(isolate);
+            auto made = std::make_shared<IsolateRecord>(isolate);
             notifyAtIsolateEnd(isolate, [isolate] { instance().forget(isolate); });
+            record = std::move(made);  // not before its end is sure to be noticed
         }
         return record;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <utility>
 
@@ -50,12 +51,16 @@ class HostEngine {
         return watchdog_;
     }
 
-    /// Frees what the host gives up, its carriers with it.
-    void release(HostRemains remains) {
+    /// Frees what the host gives up, its carriers with it: one entry, whose memory is there already
+    /// so that nothing can fail once handles have been taken out of the host.
+    void release(std::list<HostRemains> remains) noexcept {
         ++generation_;
-        remains.carriers = std::exchange(carriers_, Carriers());
+        remains.front().carriers = std::exchange(carriers_, Carriers());
         record_->release(std::move(remains));
     }
+
+    /// The entry for what a host leaves when it ends. Once.
+    std::list<HostRemains> lastRemains() noexcept { return std::move(lastRemains_); }
 
     /// Changes when the host gives something up: scripts compiled before have lost their carriers.
     std::uint64_t generation() const { return generation_; }
@@ -66,6 +71,7 @@ class HostEngine {
     std::shared_ptr<IsolateRecord> record_;
     std::uint64_t generation_ = 0;
     Carriers carriers_;
+    std::list<HostRemains> lastRemains_ = std::list<HostRemains>(1);
     RunControl control_;
     std::chrono::milliseconds timeLimit_{0};
     std::shared_ptr<Watchdog> watchdog_;  // while there is a time limit

@@ -1,5 +1,6 @@
 #include "host/IsolateRecord.h"
 
+#include <new>
 #include <utility>
 
 #include "host/Failure.h"
@@ -13,8 +14,8 @@ namespace {
 /// of its isolate before its hosts pays for this, with a few bytes per host.
 struct Graveyard {
     std::mutex mutex;
-    std::vector<HostRemains> remains;
-    std::vector<std::unique_ptr<PersistentHandle<v8::UnboundScript>>> libraries;
+    std::list<HostRemains> remains;
+    std::list<std::unique_ptr<PersistentHandle<v8::UnboundScript>>> libraries;
 };
 
 Graveyard& graveyard() {
@@ -22,10 +23,10 @@ Graveyard& graveyard() {
     return *instance;
 }
 
-void bury(HostRemains remains) {
-    remains.variables.clear();  // no carrier is left to read them
+void bury(std::list<HostRemains>& dead) {
+    for (HostRemains& remains : dead) remains.variables.clear();  // no carrier reads them now
     std::lock_guard const lock(graveyard().mutex);
-    graveyard().remains.push_back(std::move(remains));
+    graveyard().remains.splice(graveyard().remains.end(), dead);
 }
 
 v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
@@ -48,16 +49,24 @@ v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
     return isolate;
 }
 
-void freeRemains(v8::Isolate* isolate, HostRemains remains) { remains.carriers.cutAll(isolate); }
+void freeRemains(v8::Isolate* isolate, std::list<HostRemains>& remains) {
+    for (HostRemains& one : remains) one.carriers.cutAll(isolate);
+    remains.clear();
+}
 
 }  // namespace
 
 IsolateRecord::IsolateRecord(v8::Isolate* isolate) : isolate_(isolate) {}
 
 IsolateRecord::IsolateRecord()
-    : allocator_(makeCountingAllocator(defaultMemoryLimit())),
-      isolate_(makeIsolate(*allocator_)),
-      memory_(std::make_unique<MemoryWatch>(isolate(), allocator_.get(), defaultMemoryLimit())) {}
+    : allocator_(makeCountingAllocator(defaultMemoryLimit())), isolate_(makeIsolate(*allocator_)) {
+    try {
+        memory_ = std::make_unique<MemoryWatch>(isolate(), allocator_.get(), defaultMemoryLimit());
+    } catch (std::bad_alloc const&) {
+        isolate()->Dispose();
+        throw;
+    }
+}
 
 IsolateRecord::~IsolateRecord() {
     if (allocator_ == nullptr) return;
@@ -91,39 +100,42 @@ void IsolateRecord::setMemoryLimit(std::size_t bytes) {
     }
 }
 
-void IsolateRecord::release(HostRemains remains) {
+void IsolateRecord::release(std::list<HostRemains> remains) noexcept {
     if (isCurrent()) {
-        freeRemains(isolate(), std::move(remains));
+        freeRemains(isolate(), remains);
         return;
     }
     std::lock_guard const lock(mutex_);
     if (isolate() == nullptr) {
-        bury(std::move(remains));
+        bury(remains);
         return;
     }
-    parked_.push_back(std::move(remains));
+    parked_.splice(parked_.end(), remains);
     hasParked_.store(true, std::memory_order_relaxed);
 }
 
 void IsolateRecord::freeParkedNow() {
-    std::vector<HostRemains> parked;
+    std::list<HostRemains> parked;
     {
         std::lock_guard const lock(mutex_);
         parked.swap(parked_);
         hasParked_.store(false, std::memory_order_relaxed);
     }
-    for (HostRemains& remains : parked) freeRemains(isolate(), std::move(remains));
+    freeRemains(isolate(), parked);
 }
 
 void IsolateRecord::isolateIsGone() {
     std::lock_guard const lock(mutex_);
     isolate_.store(nullptr, std::memory_order_release);
     if (memory_ != nullptr) memory_->isolateIsGone();
-    for (HostRemains& remains : parked_) bury(std::move(remains));
-    parked_.clear();
+    bury(parked_);
     if (libraryScript_ != nullptr) {
         std::lock_guard const graveyardLock(graveyard().mutex);
-        graveyard().libraries.push_back(std::move(libraryScript_));
+        try {
+            graveyard().libraries.push_back(std::move(libraryScript_));
+        } catch (std::bad_alloc const&) {
+            (void)libraryScript_.release();  // kept all the same, if out of reach
+        }
     }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <atomic>
+#include <list>
 #include <memory>
 #include <mutex>
-#include <vector>
 
 #include <v8.h>
 
@@ -47,7 +47,7 @@ class IsolateRecord {
     }
 
     /// Takes what a host gives up and frees it as soon as that is possible.
-    void release(HostRemains remains);
+    void release(std::list<HostRemains> remains) noexcept;
 
     /// Frees what other threads have released. Called with the isolate current, often.
     void freeParked() {
@@ -87,7 +87,7 @@ class IsolateRecord {
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
     std::mutex mutex_;  // guards parked_
-    std::vector<HostRemains> parked_;
+    std::list<HostRemains> parked_;
     std::atomic<bool> hasParked_ = false;
 };
 

@@ -1,6 +1,8 @@
 // The life of a script host: its engine, its context, the built-in functions.
 #include "host/KxJsParser.h"
 
+#include <list>
+#include <new>
 #include <utility>
 
 #include "host/HostEngine.h"
@@ -13,8 +15,13 @@
 KxJsParser::KxJsParser() : _mEngine(std::make_unique<kx::HostEngine>()) { createContext(); }
 
 KxJsParser::~KxJsParser() {
-    clearVariables();
-    clearVecOfCompiledScripts();
+    try {
+        clearVariables();
+        clearVecOfCompiledScripts();
+    } catch (std::bad_alloc const&) {
+        // Their globals go with the context; the rest of them goes here.
+        [[maybe_unused]] bool const isLeftToTheContext = true;
+    }
     disposeGlobalContext();
 }
 
@@ -32,9 +39,11 @@ void KxJsParser::createContext() {
 }
 
 void KxJsParser::disposeGlobalContext() {
-    kx::HostRemains remains;
-    remains.globalTemplate = std::move(_mGlobalTemplate);
-    remains.context = std::move(_mContext);
+    std::list<kx::HostRemains> remains = _mEngine->lastRemains();
+    remains.front().variables = std::exchange(_mVariables, {});
+    remains.front().scripts = std::move(_mVecOfCompiledScripts);
+    remains.front().globalTemplate = std::move(_mGlobalTemplate);
+    remains.front().context = std::move(_mContext);
     _mEngine->release(std::move(remains));
 }
 

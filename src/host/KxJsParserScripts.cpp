@@ -113,9 +113,10 @@ void KxJsParser::noteFailure(KxJsFailure::Kind kind, std::u16string const& messa
 }
 
 void KxJsParser::clearVecOfCompiledScripts() {
-    kx::HostRemains remains;
-    remains.scripts.reserve(_mVecOfCompiledScripts.size());
-    for (auto& script : _mVecOfCompiledScripts) remains.scripts.push_back(std::move(script));
+    std::list<kx::HostRemains> remains(1);
+    auto& scripts = remains.front().scripts;
+    scripts.reserve(_mVecOfCompiledScripts.size());
+    for (auto& script : _mVecOfCompiledScripts) scripts.push_back(std::move(script));
     _mVecOfCompiledScripts.clear();  // keeps its capacity: the next scripts are as many
     _mEngine->release(std::move(remains));
 }

@@ -67,7 +67,7 @@ void KxJsParser::clearVariables() {
     std::int32_t const index = parse(std::move(deletions), ignored);
     if (index != -1) (void)execute(index, ignored);
 
-    kx::HostRemains remains;
-    remains.variables = std::exchange(_mVariables, {});
+    std::list<kx::HostRemains> remains(1);
+    remains.front().variables = std::exchange(_mVariables, {});
     _mEngine->release(std::move(remains));
 }

@@ -60,7 +60,20 @@ KxJsVariable::KxJsVariable(std::u16string key, bool value) {
 }
 
 KxJsVariable::KxJsVariable(KxJsVariable const& other) = default;
-KxJsVariable& KxJsVariable::operator=(KxJsVariable const& other) = default;
+
+KxJsVariable& KxJsVariable::operator=(KxJsVariable const& other) {
+    if (this == &other) return *this;
+    // All that can fail comes first: a variable is assigned as a whole or not at all.
+    _mStrValue.reserve(other._mStrValue.size());
+    _mKey = other._mKey;
+    _mStrValue = other._mStrValue;
+    _mLongValue = other._mLongValue;
+    _mDoubleValue = other._mDoubleValue;
+    _mBooleanValue = other._mBooleanValue;
+    _mType = other._mType;
+    return *this;
+}
+
 KxJsVariable::~KxJsVariable() = default;
 
 void KxJsVariable::init() {

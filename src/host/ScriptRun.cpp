@@ -1,5 +1,7 @@
 #include "host/ScriptRun.h"
 
+#include <new>
+
 namespace kx {
 
 namespace {
@@ -19,11 +21,21 @@ std::u16string bytes(std::size_t count) {
 
 ScriptRun::ScriptRun(HostEngine& engine)
     : engine_(engine), outer_(engine.record().watchMemory(&engine.control())) {
-    if (engine_.control().begin(engine_.isolate())) watchdog_ = engine_.watchTime();
+    if (!engine_.control().begin(engine_.isolate())) return;
+    try {
+        watchdog_ = engine_.watchTime();
+    } catch (std::bad_alloc const&) {
+        end();  // or the host's next run would pass for a nested one, which nobody watches
+        throw;
+    }
 }
 
 ScriptRun::~ScriptRun() {
     if (watchdog_ != nullptr) watchdog_->giveUp(engine_.control());
+    end();
+}
+
+void ScriptRun::end() {
     engine_.record().watchMemory(outer_);
     EndReason const reason = engine_.control().end();
     if (reason == EndReason::none) return;

@@ -21,6 +21,8 @@ class ScriptRun {
     ScriptRun& operator=(ScriptRun const&) = delete;
 
   private:
+    void end();
+
     HostEngine& engine_;
     RunControl* outer_;
     std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched

@@ -8,9 +8,7 @@
 #include <new>
 #include <ostream>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include "FailingNew.h"
@@ -111,15 +109,9 @@ std::vector<Operation> const kOperations{
      }},
     {"limits", bind,
      [](KxJsParser& host) {
-         host.setTimeLimit(std::chrono::milliseconds(50));
+         host.setTimeLimit(std::chrono::milliseconds(10));
          host.setMemoryLimit(std::size_t{512} << 20);
          return parseAndExecute(host, u"for (;;);");
-     }},
-    {"foreignHost", bind,
-     [](KxJsParser& host) {
-         Answer run;
-         std::thread([&] { run.result = host.execute(0, run.error); }).join();
-         return run;
      }},
     {"extract", nothing,
      [](KxJsParser&) {
@@ -132,7 +124,7 @@ std::vector<Operation> const kOperations{
      [](KxJsParser&) {
          Answer run;
          run.result = joined(KxJsParser::_extractVariable(u"first + second; for (;;);", run.error,
-                                                          std::chrono::milliseconds(100)));
+                                                          std::chrono::milliseconds(40)));
          return run;
      }},
     {"convert", nothing,
@@ -218,5 +210,73 @@ TEST_P(Allocation, mayFailAndNothingIsLost) {
 
 INSTANTIATE_TEST_SUITE_P(of, Allocation, testing::ValuesIn(kOperations),
                          [](auto const& info) { return std::string(info.param.name); });
+
+/// The first host of a thread, for which the library makes an engine isolate.
+TEST(FirstHostOfAThread, mayFailAndTheNextOneIsMade) {
+    bool hasFailed = true;
+    std::size_t which = 1;
+    for (; hasFailed && !HasFailure(); ++which) {
+        std::thread([&] {
+            hasFailed = false;
+            try {
+                FailingNew const failing(which);
+                KxJsParser const host;
+                hasFailed = FailingNew::hasFailed();
+            } catch (std::bad_alloc const&) {
+                hasFailed = true;
+            }
+            KxJsParser host;
+            host.initialize();
+            EXPECT_EQ(parseAndExecute(host, u"LEN('abc')"), (Answer{u"3", u""})) << which;
+        }).join();
+    }
+    EXPECT_GT(which, 3U);
+}
+
+/// A host that is destroyed elsewhere leaves its handles to its own thread.
+TEST(DestructionOnAnotherThread, doesNotFail) {
+    for (std::size_t which = 1; which < 10; ++which) {
+        auto host = std::make_unique<KxJsParser>();
+        bind(*host);
+        parseAndExecute(*host, u"NUMBER");
+        std::thread([&] {
+            FailingNew const failing(which);
+            host.reset();
+        }).join();
+        KxJsParser next;
+        EXPECT_EQ(parseAndExecute(next, u"1+1"), (Answer{u"2", u""}));
+    }
+}
+
+/// What a failed assignment leaves is what was there.
+TEST(Assignment, happensAsAWholeOrNotAtAll) {
+    KxJsVariable const text(kLong, kLong);
+    for (std::size_t which = 1;; ++which) {
+        KxJsVariable number(u"N", 5);
+        try {
+            FailingNew const failing(which);
+            number = text;
+            break;
+        } catch (std::bad_alloc const&) {
+            EXPECT_EQ(number.getType(), KxJsVariable::TYPE_OF_VAR_LONG);
+            EXPECT_EQ(number.getLongValue(), 5);
+            EXPECT_EQ(number.getStrValue(), u"");
+        }
+    }
+}
+
+TEST(Binding, happensOrNot) {
+    KxJsVariable const text(kLong, kLong);
+    for (std::size_t which = 1;; ++which) {
+        KxJsParser host;
+        try {
+            FailingNew const failing(which);
+            host.addSetVariable(text);
+            break;
+        } catch (std::bad_alloc const&) {
+            EXPECT_FALSE(host.variableExist(kLong));
+        }
+    }
+}
 
 }  // namespace
