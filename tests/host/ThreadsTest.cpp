@@ -1,4 +1,5 @@
 #include <atomic>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <pthread.h>
@@ -7,6 +8,8 @@
 #include <vector>
 
 #include "ScriptHost.h"
+#include "convert/Converter.h"
+#include "library/Catalogues.h"
 
 namespace {
 
@@ -109,6 +112,34 @@ TEST(Threads, comeAndGo) {
             EXPECT_EQ(host.eval(u"LEN('abcd')"), u"4");
         }).join();
     }
+}
+
+// In a process of its own this is the first use of everything that is made once for the process.
+TEST(Threads, useEverythingAtOnce) {
+    std::atomic<int> right = 0;
+    std::vector<std::thread> threads;
+    threads.reserve(4);
+    for (int t = 0; t < 4; ++t) {
+        threads.emplace_back([&right] {
+            for (int i = 0; i < 5; ++i) {
+                std::u16string const source = Converter::_convert(u"IIF(A>2 .AND. A<>9,'OK','KO')");
+                ScriptHost host;
+                host.host.setTimeLimit(std::chrono::milliseconds(60000));
+                host.bind(u"A", 5);
+                right += host.eval(source) == u"OK";
+                right += !KxJsParser::_getUserDocumentation(true, true).empty();
+                right += KxJsParser::_getUserDocumentation().size() == 63;
+                right += buildMathFunctions().size() + buildStringFunctions().size() +
+                             buildMiscFunctions().size() ==
+                         63;
+                std::u16string error;
+                right += KxJsParser::_extractVariable(u"FREE+LEN('a')", error) ==
+                         std::vector<std::u16string>{u"FREE"};
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(right, 4 * 5 * 5);
 }
 
 void runOnStackOf(std::size_t bytes, void* (*body)(void*)) {
