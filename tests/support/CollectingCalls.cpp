@@ -69,6 +69,16 @@ Maybe<bool> Object::DefineOwnProperty(Local<Context> context, Local<Name> key, L
     return next(this, context, key, value, attributes);
 }
 
+Maybe<bool> Object::CreateDataProperty(Local<Context> context, Local<Name> key,
+                                       Local<Value> value) {
+    collect(Isolate::GetCurrent());
+    static auto* const next =
+        original<Maybe<bool>(Object*, Local<Context>, Local<Name>, Local<Value>)>(
+            "_ZN2v86Object18CreateDataPropertyENS_5LocalINS_7ContextEEENS1_INS_4NameEEENS1_INS_"
+            "5ValueEEE");
+    return next(this, context, key, value);
+}
+
 MaybeLocal<Script> Script::Compile(Local<Context> context, Local<String> source,
                                    ScriptOrigin* origin) {
     collect(Isolate::GetCurrent());
