@@ -42,6 +42,13 @@ v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& varia
     }
 }
 
+/// For one script and a kernel.
+std::list<HostRemains> roomForRemains() {
+    std::list<HostRemains> remains(1);
+    remains.front().scripts.reserve(1);
+    return remains;
+}
+
 }  // namespace
 
 struct ColumnEvaluation::Evaluation {
@@ -61,16 +68,19 @@ struct ColumnEvaluation::Evaluation {
 };
 
 ColumnEvaluation::ColumnEvaluation(KxJsParser& host)
-    : host_(host), record_(host._mEngine->sharedRecord()) {}
+    : host_(host), record_(host._mEngine->sharedRecord()), lastRemains_(roomForRemains()) {}
 
-ColumnEvaluation::~ColumnEvaluation() { forget(); }
+ColumnEvaluation::~ColumnEvaluation() { give(std::move(lastRemains_)); }
 
 void ColumnEvaluation::forget() {
-    HostRemains remains;
-    if (script_ != nullptr) remains.scripts.push_back(std::move(script_));
-    if (kernel_ != nullptr) kernel_->release(remains);
-    kernel_.reset();
+    give(roomForRemains());
     expression_.reset();
+}
+
+void ColumnEvaluation::give(std::list<HostRemains> remains) noexcept {
+    if (script_ != nullptr) remains.front().scripts.push_back(std::move(script_));
+    if (kernel_ != nullptr) kernel_->release(remains.front());
+    kernel_.reset();
     record_->release(std::move(remains));
 }
 
@@ -152,8 +162,8 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
     auto const names = bindings(evaluation.context);
     if (!names) return;
     if (kernel_ == nullptr || !kernel_->fits(*names, evaluation.results)) {
-        HostRemains remains;
-        if (kernel_ != nullptr) kernel_->release(remains);
+        std::list<HostRemains> remains(1);
+        if (kernel_ != nullptr) kernel_->release(remains.front());
         record_->release(std::move(remains));
         kernel_ = ColumnKernel::make(evaluation.isolate, evaluation.context, expression_->text,
                                      *names, evaluation.results);

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,6 +42,7 @@ class ColumnEvaluation {
     struct Evaluation;
 
     void forget();
+    void give(std::list<HostRemains> remains) noexcept;
     bool bindToHost(std::u16string& error);
     /// The bindings of the formula's names at this moment; nothing where one is not harmless.
     std::optional<ColumnBindings> bindings(v8::Local<v8::Context> context) const;
@@ -60,6 +62,7 @@ class ColumnEvaluation {
     std::vector<std::u16string> keys_;          // that the script assigns
     std::optional<PureExpression> expression_;  // of source_
     std::unique_ptr<ColumnKernel> kernel_;
+    std::list<HostRemains> lastRemains_;  // the destructor's: has room already
 };
 
 }  // namespace kx

@@ -134,9 +134,8 @@ bool ColumnKernel::fits(ColumnBindings const& bindings, ColumnResults const& res
     return signature_ == signatureOf(bindings, results);
 }
 
-void ColumnKernel::release(HostRemains& remains) {
-    for (Handle& handle : handles_) remains.functions.push_back(std::move(handle));
-    handles_.clear();
+void ColumnKernel::release(HostRemains& remains) noexcept {
+    remains.functions = std::exchange(handles_, {});
 }
 
 }  // namespace kx

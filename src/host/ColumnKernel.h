@@ -49,7 +49,7 @@ class ColumnKernel {
     }
 
     /// Gives up the handles.
-    void release(HostRemains& remains);
+    void release(HostRemains& remains) noexcept;
 
   private:
     using Handle = std::unique_ptr<PersistentHandle<v8::Function>>;
