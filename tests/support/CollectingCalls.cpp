@@ -3,6 +3,7 @@
 // then wrong at once, and not once in a million runs. (The engine's own flag for that,
 // --gc-interval, does nothing in the engines that distributions build.)
 #include <dlfcn.h>
+#include <mutex>
 #include <string>
 
 #include <v8.h>
@@ -13,6 +14,8 @@ void collect(v8::Isolate* isolate) {
     thread_local bool isCollecting = false;
     if (isolate == nullptr || isCollecting) return;
     isCollecting = true;
+    static auto& mutex = *new std::mutex;  // the flag is the process's
+    std::lock_guard const lock(mutex);
     v8::V8::SetFlagsFromString("--expose-gc");  // asked for below; contexts are not to see it
     isolate->RequestGarbageCollectionForTesting(v8::Isolate::kFullGarbageCollection);
     v8::V8::SetFlagsFromString("--no-expose-gc");
