@@ -26,6 +26,8 @@ constexpr std::size_t kLeastRecords = 20000;
 ColumnFormula const kFormulas[] = {
     {"A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3"},
     {"IIF(A>B,A,B)", "IIF(A>B,A,B)", "A>B ? A : B", "A>B and A or B"},
+    {"LEFT(NAME,6)+'-'+LEN(NAME)", "LEFT(NAME,6)+'-'+LEN(NAME)", "", "NAME:sub(1,6)..'-'..#NAME",
+     true},
     {"UPPERCASE(ALLTRIM(NAME))+'-'+LEFT(NAME,3)", "UPPERCASE(ALLTRIM(NAME))+'-'+LEFT(NAME,3)", "",
      "NAME:match('^%s*(.-)%s*$'):upper()..'-'..NAME:sub(1,3)", true},
 };
