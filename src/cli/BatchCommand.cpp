@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <memory>
 #include <optional>
@@ -9,6 +10,7 @@
 
 #include "cli/AtomicFile.h"
 #include "cli/BatchColumns.h"
+#include "cli/BatchFailures.h"
 #include "cli/Commands.h"
 #include "cli/CsvReader.h"
 #include "cli/CsvText.h"
@@ -85,10 +87,13 @@ class Batch {
           _mInput(options.input),
           _mReader(_mInput.descriptor(), _mInput.name(), options.delimiter),
           _mOutput(options.output),
-          _mProgress(_mInput.size()) {
+          _mProgress(_mInput.size()),
+          _mTimeLimit(timeLimitOf(options.limits)),
+          _mFormula(decodeArgument(options.formula, "formula")),
+          _mSource(options.javaScript ? _mFormula : Converter::_convert(_mFormula.c_str())),
+          _mFailures(_mFormula, _mSource) {
+        setLimits(_mHost, options.limits);
         _mHost.initialize();
-        std::u16string const formula = decodeArgument(options.formula, "formula");
-        _mSource = options.javaScript ? formula : Converter::_convert(formula.c_str());
     }
 
     ExitStatus run() {
@@ -108,7 +113,10 @@ class Batch {
         columns.load(block, evaluation);
         std::u16string error;
         if (!evaluation.compile(_mSource, error)) {
-            reportScriptError(error);
+            FormulaRun run;
+            run.javaScript = _mSource;
+            run.errorText = error;
+            reportScriptError(failureReport(_mFormula, run, _mHost.lastFailure()));
             return EXIT_STATUS_FAILED;
         }
         writeHeader();
@@ -136,15 +144,31 @@ class Batch {
     void evaluate(CsvBlock const& block, BatchColumns const& columns, KxJsColumns& evaluation) {
         std::vector<std::size_t> const& taken = columns.taken();
         _mResults.resize(taken.size());
+        auto const start = std::chrono::steady_clock::now();
+        if (hasTimeLimit()) _mHost.setTimeLimit(restOfTime());
         KxJsColumns::Outcome const outcome = evaluation.evaluate(taken.size(), _mResults.data());
+        _mTimeUsed += std::chrono::steady_clock::now() - start;
         if (!outcome.error.empty()) {
-            throw WorkError("line " + std::to_string(block.line(taken[outcome.records])) + ": " +
-                            utf8FromUtf16(outcome.error));
+            throw WorkError(place(block, taken[outcome.records]) + ": " + endOf(outcome));
         }
         report(block, columns, outcome);
         write(block, taken);
         _mRecords += block.size();
         _mProgress.show(_mRecords, _mReader.bytesRead());
+    }
+
+    bool hasTimeLimit() const { return _mTimeLimit.count() > 0; }
+
+    /// The host's limit holds for one block; the user's, for all of them. Never 0, which is none.
+    std::chrono::milliseconds restOfTime() const {
+        auto const rest = std::chrono::ceil<std::chrono::milliseconds>(_mTimeLimit - _mTimeUsed);
+        return std::max(rest, std::chrono::milliseconds(1));
+    }
+
+    std::string endOf(KxJsColumns::Outcome const& outcome) const {
+        if (!hasTimeLimit() || _mTimeUsed < _mTimeLimit) return utf8FromUtf16(outcome.error);
+        return "The formula was ended: all records together took longer than the time limit of " +
+               std::to_string(_mTimeLimit.count()) + " ms";
     }
 
     /// Failures in the order of the lines.
@@ -159,11 +183,10 @@ class Batch {
         if (outcome.failures.empty() && refused == columns.refused().end()) return;
         _mHasFailed = true;
         _mProgress.clear();
-        for (auto const& [position, error] : outcome.failures) {
-            std::size_t const record = columns.taken()[position];
+        for (KxJsColumns::Failure const& failure : outcome.failures) {
+            std::size_t const record = columns.taken()[failure.record];
             reportRefused(record);
-            reportError(place(block, record) + ":");
-            reportScriptError(error);
+            _mFailures.report(place(block, record), failure);
         }
         reportRefused(block.size());
     }
@@ -199,7 +222,11 @@ class Batch {
     BatchOutput _mOutput;
     ProgressLine _mProgress;
     KxJsParser _mHost;
+    std::chrono::milliseconds _mTimeLimit;
+    std::chrono::steady_clock::duration _mTimeUsed{};
+    std::u16string _mFormula;
     std::u16string _mSource;
+    BatchFailures _mFailures;
     std::vector<std::string> _mHeader;
     std::vector<std::u16string> _mResults;
     std::size_t _mRecords = 0;

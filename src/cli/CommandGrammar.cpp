@@ -136,13 +136,16 @@ void addBatch(CLI::App& app, Command& command) {
         ->type_name("NAME=TYPE")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    addLimits(*batch, options.limits);
     batch->add_option("FORMULA", options.formula, "The formula")->type_name("")->required();
     batch->footer(
         "The file has a header; a column whose header is a name is a variable of that name. A\n"
         "column without --type is a number or a boolean where all its cells are, as far as the\n"
         "first block of the file shows, else a text. Records that fail, and those with an empty\n"
         "or other cell that is no value of its column's type, are reported by line; their result\n"
-        "is empty and the exit status 1. OUT.csv is replaced when everything is written.\n\n"
+        "is empty and the exit status 1. OUT.csv is replaced when everything is written.\n"
+        "--timeout limits the time that the formula takes for all records together; when it or\n"
+        "--memory ends the formula, the work ends, and OUT.csv stays as it was.\n\n"
         "Example: kxjs batch \"PRICE*QUANTITY\" -i orders.csv -o totals.csv --as TOTAL");
     batch->callback([=, &command] {
         command = [=] {
@@ -247,12 +250,14 @@ void addDocs(CLI::App& app, Command& command) {
 
 void addRepl(CLI::App& app, Command& command) {
     CLI::App* const repl = app.add_subcommand("repl", "Evaluate formulas at a prompt");
+    auto const options = std::make_shared<ReplOptions>();
+    addLimits(*repl, options->limits);
     repl->footer(
         "\"NAME = VALUE\" binds a variable; \":help\" lists the commands. Where standard input is "
         "no\n"
         "terminal, its lines are read without a prompt, and the exit status is 1 if one failed.\n"
         "What was typed is kept in $XDG_STATE_HOME/kxjs/history (~/.local/state).");
-    repl->callback([&command] { command = runRepl; });
+    repl->callback([=, &command] { command = [=] { return runRepl(*options); }; });
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ struct BatchOptions {
     std::string resultName = "RESULT";  ///< header of the column that is added
     char delimiter = ',';
     std::map<std::string, CellType> types;  ///< by header; the others follow from the cells
+    Limits limits;                          ///< the time limit is that of all records together
 };
 ExitStatus runBatch(BatchOptions const& options);
 
@@ -57,7 +58,10 @@ struct DocsOptions {
 };
 ExitStatus runDocs(DocsOptions const& options);
 
+struct ReplOptions {
+    Limits limits;  ///< of each formula
+};
 /// The prompt: formulas from a terminal, or from the lines of standard input.
-ExitStatus runRepl();
+ExitStatus runRepl(ReplOptions const& options);
 
 }  // namespace kx

@@ -5,6 +5,7 @@
 
 #include "cli/DisplayWidth.h"
 #include "cli/TypedPlace.h"
+#include "cli/Utf8.h"
 
 namespace kx {
 namespace {
@@ -46,11 +47,6 @@ FailedLine lineAt(std::u16string_view text, Span place, bool isTyped) {
     return line;
 }
 
-std::u16string decimal(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 }  // namespace
 
 std::optional<FailedLine> failedLine(std::u16string const& formula, FormulaRun const& run,
@@ -69,7 +65,7 @@ std::u16string failureReport(std::u16string const& formula, FormulaRun const& ru
                              KxJsFailure const* failure) {
     auto const line = failedLine(formula, run, failure);
     if (!line) return run.errorText;
-    return u"Error in line: " + decimal(line->number) +
+    return u"Error in line: " + utf16FromUtf8(std::to_string(line->number)) +
            (line->isTyped ? u"" : u" of the formula's JavaScript") + u"\n" + failure->message +
            u"\n" + line->text + u"\n" + line->marks + u"\n";
 }

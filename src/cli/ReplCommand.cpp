@@ -75,9 +75,9 @@ class History {
     std::u16string last_;
 };
 
-ExitStatus runAtTerminal() {
+ExitStatus runAtTerminal(Limits const& limits) {
     InterruptWatch interrupts;
-    ReplSession session(kPromptWidth);
+    ReplSession session(kPromptWidth, limits);
     interrupts.watch(session.parser());
     LineEditor editor(kPrompt, [&](std::u16string const& text) { return session.complete(text); });
     History history(editor);
@@ -94,8 +94,8 @@ ExitStatus runAtTerminal() {
     return EXIT_STATUS_OK;
 }
 
-ExitStatus runOnLines() {
-    ReplSession session(0);
+ExitStatus runOnLines(Limits const& limits) {
+    ReplSession session(0, limits);
     bool hasFailed = false;
     forEachFormula({}, [&](Formula const& line) {
         if (!session.hasEnded() && !runLine(session, line.text)) hasFailed = true;
@@ -105,9 +105,9 @@ ExitStatus runOnLines() {
 
 }  // namespace
 
-ExitStatus runRepl() {
+ExitStatus runRepl(ReplOptions const& options) {
     bool const isAtTerminal = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1;
-    return isAtTerminal ? runAtTerminal() : runOnLines();
+    return isAtTerminal ? runAtTerminal(options.limits) : runOnLines(options.limits);
 }
 
 }  // namespace kx

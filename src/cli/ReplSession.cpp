@@ -36,7 +36,9 @@ void printTime(std::chrono::steady_clock::duration time) {
 
 }  // namespace
 
-ReplSession::ReplSession(std::size_t promptWidth) : promptWidth_(promptWidth) {
+ReplSession::ReplSession(std::size_t promptWidth, Limits const& limits)
+    : promptWidth_(promptWidth) {
+    setLimits(parser_, limits);
     parser_.initialize();
 }
 

@@ -7,6 +7,7 @@
 
 #include "cli/Assignment.h"
 #include "cli/FormulaRun.h"
+#include "cli/LimitOption.h"
 #include "cli/LineEditor.h"
 #include "host/KxJsParser.h"
 
@@ -16,8 +17,8 @@ namespace kx {
 class ReplSession {
   public:
     /// `promptWidth` is the number of columns before a typed line when it is still on the screen
-    /// above its errors; 0 where it is not.
-    explicit ReplSession(std::size_t promptWidth);
+    /// above its errors; 0 where it is not. `limits` hold for every formula.
+    ReplSession(std::size_t promptWidth, Limits const& limits);
 
     /// Does what a line asks for: a formula, an assignment or a command. False when that failed;
     /// what is wrong was then reported.

@@ -62,8 +62,12 @@ struct ColumnEvaluation::Evaluation {
     std::optional<ColumnRun> run;
 
     std::size_t& next() const { return outcome.records; }
-    void fail(std::u16string error) const {
-        outcome.failures.push_back({outcome.records, std::move(error)});
+    void failAsNotANumber() const {
+        outcome.failures.push_back({outcome.records, u"Not A Number", u"Not A Number"});
+    }
+    void fail(std::u16string error, KxJsFailure const& failure) const {
+        outcome.failures.push_back({outcome.records, std::move(error), failure.message,
+                                    failure.line, failure.column, failure.endColumn});
     }
 };
 
@@ -246,7 +250,7 @@ void ColumnEvaluation::takeBlock(Evaluation& evaluation, std::size_t first, std:
     for (; evaluation.next() < last; ++evaluation.next()) {
         if (texts == nullptr) continue;
         if ((*texts)[evaluation.next()].find(u"NaN") == std::u16string::npos) continue;
-        evaluation.fail(u"Not A Number");
+        evaluation.failAsNotANumber();
     }
 }
 
@@ -274,8 +278,10 @@ bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
         if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
             (*numbers)[record] = std::numeric_limits<double>::quiet_NaN();
         }
-        evaluation.fail(host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR,
-                                              {script_->id(isolate), script_->prologueLength()}));
+        std::u16string error =
+            host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR,
+                                  {script_->id(isolate), script_->prologueLength()});
+        evaluation.fail(std::move(error), *host_._mLastFailure);
     } else {
         evaluation.hasSucceeded = true;
     }
@@ -289,7 +295,7 @@ void ColumnEvaluation::take(Evaluation& evaluation, v8::Local<v8::Value> complet
         std::u16string& text = (*texts)[record];
         text = textOfValue(evaluation.isolate, evaluation.context, completion);
         // Where the conversion has thrown, the failure is the record's.
-        if (text.find(u"NaN") != std::u16string::npos) evaluation.fail(u"Not A Number");
+        if (text.find(u"NaN") != std::u16string::npos) evaluation.failAsNotANumber();
     } else if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
         (*numbers)[record] = completion->NumberValue(evaluation.context)
                                  .FromMaybe(std::numeric_limits<double>::quiet_NaN());

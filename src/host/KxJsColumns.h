@@ -58,6 +58,14 @@ class KXJS_API KxJsColumns {
     struct Failure {
         std::size_t record;    ///< from 0
         std::u16string error;  ///< what execute() gives: lines are counted as there
+        /// The exception's text and the place in the formula as compile() got it, as KxJsFailure
+        /// tells them: from 1, all three 0 where no place is known.
+        /// @{
+        std::u16string message = {};
+        std::int32_t line = 0;
+        std::int32_t column = 0;
+        std::int32_t endColumn = 0;
+        /// @}
     };
 
     /// What came of an evaluation.

@@ -105,14 +105,45 @@ INSTANTIATE_TEST_SUITE_P(
              {"--js", "A=='x'?missing:A"},
              "A\na\nx\nb\n",
              "A,RESULT\na,a\nx,\nb,b\n",
-             "kxjs: line 3:\nError in line: 2\nReferenceError: missing is not defined\n"
+             "kxjs: line 3: ReferenceError: missing is not defined\n"
              "A=='x'?missing:A\n       ^\n",
+             1},
+        Case{"failures_in_the_formula_as_it_was_typed",
+             {"IIF(A<>1,MISSING,A)"},
+             "A\n1\n2\n",
+             "A,RESULT\n1,\n2,\n",
+             "kxjs: line 2: ReferenceError: MISSING is not defined\n"
+             "IIF(A<>1,MISSING,A)\n         ^\n"
+             "kxjs: line 3: ReferenceError: MISSING is not defined\n",
+             1},
+        Case{"failures_in_what_the_formula_became",
+             {"MOD(A,NOPE(1))"},
+             "A\n1\n",
+             "A,RESULT\n1,\n",
+             "kxjs: line 2: ReferenceError: NOPE is not defined\n"
+             "In the formula's JavaScript:\n ( A % NOPE(1 ) )\n ^\n",
+             1},
+        Case{"place_shown_when_it_changes",
+             {"--js", "A==1?ONE:\nTWO"},
+             "A\n1\n1\n2\n2\n1\n",
+             "A,RESULT\n1,\n1,\n2,\n2,\n1,\n",
+             "kxjs: line 2: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^\n"
+             "kxjs: line 3: ReferenceError: ONE is not defined\n"
+             "kxjs: line 4: ReferenceError: TWO is not defined\nTWO\n^\n"
+             "kxjs: line 5: ReferenceError: TWO is not defined\n"
+             "kxjs: line 6: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^\n",
+             1},
+        Case{"messages_of_several_lines",
+             {"--js", "throw 'a\\nb'"},
+             "A\n1\n",
+             "A,RESULT\n1,\n",
+             "kxjs: line 2: a b\nthrow 'a\\nb'\n^\n",
              1},
         Case{"not_a_number",
              {"A*2"},
              "A\nx\n",
              "A,RESULT\nx,NaN\n",
-             "kxjs: line 2:\nNot A Number\n",
+             "kxjs: line 2: Not A Number\n",
              1},
         Case{"lines_are_those_of_the_file",
              {"A*2"},
@@ -141,7 +172,7 @@ INSTANTIATE_TEST_SUITE_P(
              {"A+*1"},
              "A\n1\n",
              "",
-             "Error in line: 2\nSyntaxError: Unexpected token '*'\nA+*1\n  ^\n",
+             "Error in line: 1\nSyntaxError: Unexpected token '*'\nA+*1\n  ^\n",
              1},
         Case{"too_many_cells",
              {"A"},

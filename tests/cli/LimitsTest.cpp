@@ -12,42 +12,94 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(Limits, EndAFormulaThatRunsTooLong) {
-    Outcome const outcome = kxjs({"eval", "--js", "--timeout", "50", "for (;;);", "1 + 1"});
-    EXPECT_EQ(outcome.out, "2\n");
-    EXPECT_EQ(outcome.err,
-              "kxjs: formula 1:\n"
-              "The script was ended: it ran longer than its time limit of 50 ms\n");
+struct Case {
+    char const* name;
+    std::vector<std::string> arguments;
+    std::string input;
+    std::string out;
+    std::string err;
+};
+void PrintTo(Case const& row, std::ostream* out) { *out << row.name; }
+
+class LimitsEnd : public testing::TestWithParam<Case> {};
+
+TEST_P(LimitsEnd, whatGoesBeyondThem) {
+    Outcome const outcome = kxjs(GetParam().arguments, GetParam().input);
+    EXPECT_EQ(outcome.out, GetParam().out);
+    EXPECT_EQ(outcome.err, GetParam().err);
     EXPECT_EQ(outcome.status, 1);
 }
 
-TEST(Limits, EndAFormulaThatNeedsTooMuch) {
-    Outcome const outcome =
-        kxjs({"eval", "--js", "--memory=32", "for (var a = [];;) a.push([1])", "a = 0; 1 + 1"});
-    EXPECT_EQ(outcome.out, "2\n");
-    EXPECT_EQ(outcome.err,
-              "kxjs: formula 1:\n"
-              "The script was ended: it needed more than the memory limit of 32 MiB\n");
+INSTANTIATE_TEST_SUITE_P(
+    Limits, LimitsEnd,
+    testing::Values(
+        Case{"formula_that_runs_too_long",
+             {"eval", "--js", "--timeout", "50", "for (;;);", "1 + 1"},
+             "",
+             "2\n",
+             "kxjs: formula 1:\n"
+             "The script was ended: it ran longer than its time limit of 50 ms\n"},
+        Case{"formula_that_needs_too_much",
+             {"eval", "--js", "--memory=32", "for (var a = [];;) a.push([1])", "a = 0; 1 + 1"},
+             "",
+             "2\n",
+             "kxjs: formula 1:\n"
+             "The script was ended: it needed more than the memory limit of 32 MiB\n"},
+        Case{"extraction_that_never_ends",
+             {"extract", "--js", "--timeout", "200", "A; eval('made' + 'Up')", "B"},
+             "",
+             "A\nmadeUp\nB\n",
+             "kxjs: formula 1:\n"
+             "The script was ended: it ran longer than its time limit of 200 ms\n"},
+        Case{"extraction_that_needs_too_much",
+             {"extract", "--js", "--memory", "32", "A; for (var a = [];;) a.push([1])"},
+             "",
+             "A\n",
+             "The script was ended: it needed more than the memory limit of 32 MiB\n"},
+        Case{"batch_that_runs_too_long",
+             {"batch", "--js", "--timeout", "50", "if (A == 2) for (;;); A"},
+             "A\n1\n2\n3\n",
+             "A,RESULT\n",
+             "kxjs: line 3: The formula was ended: all records together took longer than the time "
+             "limit of 50 ms\n"},
+        Case{
+            "batch_that_needs_too_much",
+            {"batch", "--js", "--memory", "32", "if (A == 2) for (var a = [];;) a.push([1]); A"},
+            "A\n1\n2\n3\n",
+            "A,RESULT\n",
+            "kxjs: line 3: The script was ended: it needed more than the memory limit of 32 MiB\n"},
+        Case{"formulas_at_the_prompt_that_run_too_long",
+             {"repl", "--timeout", "50"},
+             "for (;;);\n1 + 1\n:reset\nfor (;;) ;\n",
+             "2\n",
+             "The script was ended: it ran longer than its time limit of 50 ms\n"
+             "The script was ended: it ran longer than its time limit of 50 ms\n"},
+        Case{"formula_at_the_prompt_that_needs_too_much",
+             {"repl", "--memory", "32"},
+             "for (var a = [];;) a.push([1])\n1 + 1\n",
+             "2\n",
+             "The script was ended: it needed more than the memory limit of 32 MiB\n"}),
+    [](auto const& info) { return std::string(info.param.name); });
+
+TEST(Limits, HoldForAllRecordsOfABatchTogether) {
+    // More than is read at a time, of which each part stays far below the limit.
+    std::string input = "A,B\n";
+    for (int i = 0; i < 100; ++i) input += "1," + std::string(100'000, 'x') + "\n";
+    Outcome const outcome = kxjs({"batch", "--js", "--timeout", "2000",
+                                  "var end = Date.now() + 40; while (Date.now() < end); A"},
+                                 input);
+    EXPECT_THAT(outcome.err, HasSubstr("all records together took longer than the time limit of "
+                                       "2000 ms\n"));
     EXPECT_EQ(outcome.status, 1);
 }
 
-TEST(Limits, EndAnExtractionThatNeverEnds) {
-    Outcome const outcome =
-        kxjs({"extract", "--js", "--timeout", "200", "A; eval('made' + 'Up')", "B"});
-    EXPECT_EQ(outcome.out, "A\nmadeUp\nB\n");
-    EXPECT_EQ(outcome.err,
-              "kxjs: formula 1:\n"
-              "The script was ended: it ran longer than its time limit of 200 ms\n");
-    EXPECT_EQ(outcome.status, 1);
-}
-
-TEST(Limits, EndAnExtractionThatNeedsTooMuch) {
-    Outcome const outcome =
-        kxjs({"extract", "--js", "--memory", "32", "A; for (var a = [];;) a.push([1])"});
-    EXPECT_EQ(outcome.out, "A\n");
-    EXPECT_EQ(outcome.err,
-              "The script was ended: it needed more than the memory limit of 32 MiB\n");
-    EXPECT_EQ(outcome.status, 1);
+TEST(Limits, AreCheckedBeforeThePromptBegins) {
+    for (char const* option : {"--timeout", "--memory"}) {
+        Outcome const outcome = kxjs({"repl", option, "0"}, "1 + 1\n");
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err, HasSubstr("expected a whole number of "));
+        EXPECT_EQ(outcome.status, 2);
+    }
 }
 
 TEST(Limits, LeaveAFormulaWithinThemAlone) {
@@ -55,7 +107,7 @@ TEST(Limits, LeaveAFormulaWithinThemAlone) {
 }
 
 TEST(Limits, AreInTheHelpOfTheCommandsThatHaveThem) {
-    for (char const* command : {"eval", "extract"}) {
+    for (char const* command : {"eval", "extract", "batch", "repl"}) {
         Outcome const outcome = kxjs({command, "--help"});
         EXPECT_THAT(outcome.out, HasSubstr("--timeout MS"));
         EXPECT_THAT(outcome.out, HasSubstr("--memory MIB"));
@@ -65,11 +117,11 @@ TEST(Limits, AreInTheHelpOfTheCommandsThatHaveThem) {
 class WrongLimit : public testing::TestWithParam<std::vector<std::string>> {};
 
 TEST_P(WrongLimit, EndsWithStatusTwo) {
-    for (char const* command : {"eval", "extract"}) {
+    for (char const* command : {"eval", "extract", "batch"}) {
         std::vector<std::string> arguments = GetParam();
         arguments.insert(arguments.begin(), command);
         arguments.insert(arguments.end(), {"--js", "A"});
-        Outcome const outcome = kxjs(arguments);
+        Outcome const outcome = kxjs(arguments, "A\n");
         EXPECT_EQ(outcome.out, "");
         EXPECT_THAT(outcome.err, HasSubstr("expected a whole number of "));
         EXPECT_EQ(outcome.status, 2);

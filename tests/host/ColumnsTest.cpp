@@ -113,6 +113,10 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(outcome.failures[i].record, records[i]);
         EXPECT_EQ(outcome.failures[i].error, alone.error);
+        EXPECT_EQ(outcome.failures[i].message, u"ReferenceError: missing is not defined");
+        EXPECT_EQ(outcome.failures[i].line, 3);
+        EXPECT_EQ(outcome.failures[i].column, 1);
+        EXPECT_EQ(outcome.failures[i].endColumn, 2);
         EXPECT_EQ(results[records[i]], u"");
     }
     EXPECT_EQ(results[1], u"fine");
@@ -124,6 +128,8 @@ TEST_F(Columns, keepAResultThatIsNotANumber) {
     columns.bind(u"NUMBER", numbers.data());
     auto const outcome = texts(u"NUMBER*2", 4);
     EXPECT_EQ(onlyFailure(outcome, 1), u"Not A Number");
+    EXPECT_EQ(outcome.failures.at(0).message, u"Not A Number");
+    EXPECT_EQ(outcome.failures.at(0).line, 0);
     EXPECT_EQ(results, (Texts{u"2", u"NaN", u"6", u"8"}));
 }
 
