@@ -1,2 +1,2 @@
 // dies: Fatal JavaScript invalid size error
-'aaaaaaaaaa'.repeat(1e7).replace(/a/g, '$&$&$&$&$&$&$&$&')
+'a'.repeat(2 ** 22).replace(/a/g, '$&'.repeat(40))

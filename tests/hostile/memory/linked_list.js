@@ -1,3 +1,3 @@
-// memory: 32 MiB
-// error: The script was ended: it needed more than the memory limit of 32 MiB
+// memory: 64 MiB
+// error: The script was ended: it needed more than the memory limit of 64 MiB
 { let l = null; for (;;) l = { l, v: [1] }; }

@@ -1,2 +1,2 @@
 // error: RangeError: Maximum call stack size exceeded
-{ let f = () => { try { null.x; } catch (e) { f(); } }; f(); }
+{ let f = (...a) => { try { null.x; } catch (e) { f(...a); } }; f(...new Array(1000)); }

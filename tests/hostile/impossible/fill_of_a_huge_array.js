@@ -1,2 +1,0 @@
-// dies: Fatal javascript OOM in invalid table size
-new Array(1e9).fill(0)
