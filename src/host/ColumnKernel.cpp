@@ -2,18 +2,16 @@
 
 #include <utility>
 
+#include "host/NumberText.h"
 #include "host/Text.h"
 
 namespace kx {
 
 namespace {
 
-std::u16string number(std::size_t value) {
-    std::string const digits = std::to_string(value);
-    return {digits.begin(), digits.end()};
+std::u16string argumentName(std::size_t position) {
+    return u"x" + decimalText(static_cast<std::int64_t>(position));
 }
-
-std::u16string argumentName(std::size_t position) { return u"x" + number(position); }
 
 /// How a record's value is read from the array `name`.
 std::u16string reading(Column const& column, std::u16string const& name) {

@@ -1,30 +1,21 @@
 #include "host/ErrorText.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
+#include "host/NumberText.h"
 #include "host/Text.h"
 
 namespace kx {
 
-namespace {
-
-std::u16string decimal(int number) {
-    std::array<char, 12> buffer;
-    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-    return {buffer.data(), end};
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::u16string composeErrorText(ScriptFailure const& failure) {
     auto const blanks = static_cast<std::size_t>(std::max(failure.startColumn, 0));
     auto const carets =
         static_cast<std::size_t>(std::max(failure.endColumn - failure.startColumn, 0));
-    return u"Error in line: " + decimal(failure.line) + u"\r\n" +  //
-           failure.exception + u"\r\n" +                           //
-           failure.sourceLine + u"\r\n" +                          //
+    return u"Error in line: " + decimalText(failure.line) + u"\r\n" +  //
+           failure.exception + u"\r\n" +                               //
+           failure.sourceLine + u"\r\n" +                              //
            std::u16string(blanks, u' ') + std::u16string(carets, u'^') + u"\r\n";
 }
 

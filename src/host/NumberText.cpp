@@ -140,4 +140,10 @@ std::u16string numberToText(double number) {
     return {units.data(), last};
 }
 
+std::u16string decimalText(std::int64_t number) {
+    std::array<char, 20> digits;
+    auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    return {digits.data(), end};
+}
+
 }  // namespace kx

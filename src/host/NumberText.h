@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace kx {
@@ -9,5 +10,8 @@ namespace kx {
 /// Made without the engine, because the engine allocates and caches a string object for every
 /// number on the way.
 std::u16string numberToText(double number);
+
+/// The decimal digits of a whole number.
+std::u16string decimalText(std::int64_t number);
 
 }  // namespace kx

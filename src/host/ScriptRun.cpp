@@ -2,19 +2,16 @@
 
 #include <new>
 
+#include "host/NumberText.h"
+
 namespace kx {
 
 namespace {
 
-std::u16string decimal(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
-std::u16string bytes(std::size_t count) {
-    constexpr std::size_t kMebibyte = std::size_t{1} << 20;
-    if (count % kMebibyte == 0) return decimal(count / kMebibyte) + u" MiB";
-    return decimal(count) + u" bytes";
+std::u16string bytes(std::int64_t count) {
+    constexpr std::int64_t kMebibyte = 1 << 20;
+    if (count % kMebibyte == 0) return decimalText(count / kMebibyte) + u" MiB";
+    return decimalText(count) + u" bytes";
 }
 
 }  // namespace
@@ -46,7 +43,7 @@ void ScriptRun::end() {
 
 std::u16string timeLimitText(std::chrono::milliseconds limit) {
     return u"The script was ended: it ran longer than its time limit of " +
-           decimal(static_cast<std::size_t>(limit.count())) + u" ms";
+           decimalText(limit.count()) + u" ms";
 }
 
 std::u16string endText(HostEngine& engine) {
@@ -55,7 +52,7 @@ std::u16string endText(HostEngine& engine) {
             return timeLimitText(engine.timeLimit());
         case EndReason::memoryLimit:
             return u"The script was ended: it needed more than the memory limit of " +
-                   bytes(engine.record().memory()->limit());
+                   bytes(static_cast<std::int64_t>(engine.record().memory()->limit()));
         case EndReason::terminated:
             return u"The script was ended: it was terminated";
         default:

@@ -98,7 +98,7 @@ std::vector<ColumnTable::Result> ColumnTable::atOnce(KxJsParser& host,
     KxJsColumns::Outcome const outcome = columns.evaluate(kRecords, texts.data());
     std::vector<Result> results(outcome.records);
     for (std::size_t i = 0; i < results.size(); ++i) results[i].text = texts[i];
-    for (auto const& [record, error] : outcome.failures) results.at(record).error = error;
+    for (auto const& failure : outcome.failures) results.at(failure.record).error = failure.error;
     return results;
 }
 
@@ -112,6 +112,6 @@ std::vector<ColumnTable::Result> ColumnTable::numbers(KxJsParser& host,
     KxJsColumns::Outcome const outcome = columns.evaluate(kRecords, numbers.data());
     std::vector<Result> results(outcome.records);
     for (std::size_t i = 0; i < results.size(); ++i) results[i].text = kx::numberToText(numbers[i]);
-    for (auto const& [record, error] : outcome.failures) results.at(record).error = error;
+    for (auto const& failure : outcome.failures) results.at(failure.record).error = failure.error;
     return results;
 }

@@ -125,4 +125,11 @@ TEST_F(NumberText, equalsTheEnginesForRandomBits) {
     for (long i = 0; i < count; ++i) expectEnginesText(std::bit_cast<double>(random()));
 }
 
+TEST(DecimalText, writesWholeNumbers) {
+    EXPECT_EQ(kx::decimalText(0), u"0");
+    EXPECT_EQ(kx::decimalText(-512), u"-512");
+    EXPECT_EQ(kx::decimalText(std::numeric_limits<std::int64_t>::max()), u"9223372036854775807");
+    EXPECT_EQ(kx::decimalText(std::numeric_limits<std::int64_t>::min()), u"-9223372036854775808");
+}
+
 }  // namespace
