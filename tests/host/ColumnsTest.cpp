@@ -116,7 +116,7 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
         EXPECT_EQ(outcome.failures[i].message, u"ReferenceError: missing is not defined");
         EXPECT_EQ(outcome.failures[i].line, 3);
         EXPECT_EQ(outcome.failures[i].column, 1);
-        EXPECT_EQ(outcome.failures[i].endColumn, 2);
+        EXPECT_EQ(outcome.failures[i].endColumn, 4);  // the call that led there
         EXPECT_EQ(results[records[i]], u"");
     }
     EXPECT_EQ(results[1], u"fine");
