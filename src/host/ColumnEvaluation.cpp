@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
+#include "host/ColumnGlobals.h"
 #include "host/ColumnNames.h"
 #include "host/CompiledScript.h"
 #include "host/ErrorText.h"
@@ -21,12 +23,35 @@ using Clock = std::chrono::steady_clock;
 /// Between two looks at the clock and two calls of whoever watches.
 constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
+/// A block of the kernel cannot be looked into, and its records may become more expensive.
+constexpr std::size_t kLargestBlock = std::size_t{1} << 14;
 
 constexpr std::u16string_view kElsewhere =
     u"The script host belongs to another thread or to another engine isolate";
 constexpr std::u16string_view kNotCompiled =
     u"No formula is compiled for these columns, or the script host was reset since";
 constexpr std::u16string_view kStopped = u"The evaluation was stopped";
+constexpr std::u16string_view kBusy = u"These columns are being evaluated";
+
+/// Sets a flag for the life of the object.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(Raised const&) = delete;
+    Raised& operator=(Raised const&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+/// Whether a key is also the name under which scripts read another one: binding the one changes
+/// what the other gives.
+bool areCarriersKeys(std::vector<std::u16string> const& keys) {
+    return std::any_of(keys.begin(), keys.end(), [&](std::u16string const& key) {
+        return std::find(keys.begin(), keys.end(), key + u"___" + key) != keys.end();
+    });
+}
 
 /// The value that the accessor's getter would give.
 v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& variable) {
@@ -88,7 +113,17 @@ void ColumnEvaluation::give(std::list<HostRemains> remains) noexcept {
     record_->release(std::move(remains));
 }
 
+void ColumnEvaluation::setProgress(KxJsColumns::Progress progress) {
+    refuseWhileEvaluating();
+    progress_ = std::move(progress);
+}
+
+void ColumnEvaluation::refuseWhileEvaluating() const {
+    if (isEvaluating_) throw std::logic_error("the columns are being evaluated");
+}
+
 void ColumnEvaluation::bind(std::u16string const& name, Column::Values values) {
+    refuseWhileEvaluating();
     auto const found = std::find_if(columns_.begin(), columns_.end(),
                                     [&](Column const& column) { return column.name == name; });
     if (found != columns_.end()) {
@@ -109,11 +144,11 @@ bool ColumnEvaluation::bindToHost(std::u16string& error) {
 }
 
 bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& error) {
-    forget();
-    if (!host_._mEngine->isUsable()) {
-        error = kElsewhere;
+    if (isEvaluating_ || !host_._mEngine->isUsable()) {
+        error = isEvaluating_ ? kBusy : kElsewhere;
         return false;
     }
+    forget();
     if (!bindToHost(error)) return false;
     std::int32_t const index = host_.parse(source, error);
     if (index == -1) return false;
@@ -127,13 +162,18 @@ bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& err
         if (source_.find(key) != std::u16string::npos) keys_.push_back(key);
     }
     expression_ = pureExpression(source_);
+    mayHaveEffects_ =
+        !expression_ || std::any_of(expression_->names.begin(), expression_->names.end(),
+                                    [](auto const& name) { return evaluatesTexts(name.text); });
     return true;
 }
 
 std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> context) const {
+    if (areCarriersKeys(keys_)) return std::nullopt;
     for (std::u16string const& key : keys_) {
         if (!isPlainGlobal(context, key)) return std::nullopt;
     }
+    bool callsBuiltIns = false;
     auto const& library = record_->libraryScript();
     int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
     ColumnBindings bindings;
@@ -146,16 +186,26 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
             bindings.columns.push_back(&*column);
         } else if (std::find(keys_.begin(), keys_.end(), name) != keys_.end()) {
             bindings.constants.push_back(name);
-        } else if (auto const meaning = meaningOf(context, name, libraryId);
-                   meaning == NameMeaning::unknown) {
-            return std::nullopt;
-        } else if (meaning == NameMeaning::evaluating) {
+        } else {
+            auto const meaning = meaningOf(context, name, libraryId);
+            if (meaning == NameMeaning::unknown) return std::nullopt;
+            callsBuiltIns = callsBuiltIns || meaning != NameMeaning::constant;
+            if (meaning != NameMeaning::evaluating) continue;
             // As a value it would show that something else stands for it.
             if (!isCalled) return std::nullopt;
             bindings.evaluating.push_back(name);
         }
     }
+    if (callsBuiltIns && !mayCallBuiltIns(context, libraryId)) return std::nullopt;
     return bindings;
+}
+
+bool ColumnEvaluation::mayCallBuiltIns(v8::Local<v8::Context> context, int libraryId) const {
+    std::uint64_t const now = host_._mEngine->scriptsRun();
+    if (untouchedAt_ == now) return true;
+    if (!areBuiltInsUntouched(context, libraryId)) return false;
+    untouchedAt_ = now;
+    return true;
 }
 
 void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
@@ -189,6 +239,10 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
         outcome.error = kElsewhere;
         return outcome;
     }
+    if (isEvaluating_) {
+        outcome.error = kBusy;
+        return outcome;
+    }
     if (script_ == nullptr || generation_ != engine.generation()) {
         outcome.error = kNotCompiled;
         return outcome;
@@ -198,6 +252,7 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
     v8::Local<v8::Context> const context = host_._mContext->get(isolate);
     v8::Context::Scope const entered(context);
     ScriptRun const run(engine);
+    Raised const evaluating(isEvaluating_);
     Evaluation evaluation{.count = count,
                           .results = results,
                           .isolate = isolate,
@@ -209,7 +264,7 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
         Clock::time_point const start = Clock::now();
         if (!runBlock(evaluation, std::min(count, outcome.records + size))) break;
         if (Clock::now() - start < kBlockTime)
-            size = std::min(size * 2, std::size_t{1} << 16);
+            size = std::min(size * 2, kLargestBlock);
         else
             size = std::max<std::size_t>(size / 2, 1);
         if (!progress_) continue;
@@ -225,10 +280,12 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
 
 bool ColumnEvaluation::runBlock(Evaluation& evaluation, std::size_t last) {
     std::size_t& next = evaluation.next();
+    Clock::time_point const deadline = Clock::now() + kBlockTime;
     while (next < last) {
         if (evaluation.road != Road::fast || next + 1 == evaluation.count) {
             if (!runOneByOne(evaluation)) return false;
             if (evaluation.road == Road::untried && evaluation.hasSucceeded) chooseRoad(evaluation);
+            if (Clock::now() >= deadline) return true;
             continue;
         }
         std::size_t const first = next;
@@ -256,6 +313,7 @@ void ColumnEvaluation::takeBlock(Evaluation& evaluation, std::size_t first, std:
 
 bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
     HostEngine& engine = *host_._mEngine;
+    if (mayHaveEffects_) engine.countScript();
     v8::Isolate* const isolate = evaluation.isolate;
     v8::HandleScope const handles(isolate);
     v8::TryCatch capture(isolate);

@@ -34,19 +34,21 @@ class ColumnEvaluation {
     void bind(std::u16string const& name, Column::Values values);
     bool compile(std::u16string const& source, std::u16string& error);
     KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results);
-    void setProgress(KxJsColumns::Progress progress) { progress_ = std::move(progress); }
+    void setProgress(KxJsColumns::Progress progress);
 
   private:
     enum class Road : std::uint8_t { untried, fast, slow };
 
     struct Evaluation;
 
+    void refuseWhileEvaluating() const;
     void forget();
     void give(std::list<HostRemains> remains) noexcept;
     bool bindToHost(std::u16string& error);
     /// The bindings of the formula's names at this moment; nothing where one is not harmless.
     std::optional<ColumnBindings> bindings(v8::Local<v8::Context> context) const;
     void chooseRoad(Evaluation& evaluation);
+    bool mayCallBuiltIns(v8::Local<v8::Context> context, int libraryId) const;
     bool runBlock(Evaluation& evaluation, std::size_t last);
     bool runOneByOne(Evaluation& evaluation);
     void take(Evaluation& evaluation, v8::Local<v8::Value> completion);
@@ -61,7 +63,11 @@ class ColumnEvaluation {
     std::uint64_t generation_ = 0;
     std::vector<std::u16string> keys_;          // that the script assigns
     std::optional<PureExpression> expression_;  // of source_
+    bool mayHaveEffects_ = false;
     std::unique_ptr<ColumnKernel> kernel_;
+    bool isEvaluating_ = false;
+    /// When scripts had run as often, the built-in functions were found untouched.
+    mutable std::optional<std::uint64_t> untouchedAt_;
     std::list<HostRemains> lastRemains_;  // the destructor's: has room already
 };
 

@@ -26,6 +26,8 @@ bool isIn(List const& list, std::u16string_view name) {
     return std::find(list.begin(), list.end(), name) != list.end();
 }
 
+}  // namespace
+
 v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_view name) {
     v8::Isolate* const isolate = context->GetIsolate();
     v8::TryCatch const ignored(isolate);
@@ -38,8 +40,7 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
     return value;
 }
 
-/// Whether `value` is a function of the script `scriptId` that was declared under `name`.
-bool isFunction(v8::Local<v8::Value> value, int scriptId, std::u16string_view name) {
+bool isFunctionOf(v8::Local<v8::Value> value, int scriptId, std::u16string_view name) {
     if (!value->IsFunction()) return false;
     auto const function = value.As<v8::Function>();
     if (function->ScriptId() != scriptId || !function->GetName()->IsString()) return false;
@@ -47,7 +48,7 @@ bool isFunction(v8::Local<v8::Value> value, int scriptId, std::u16string_view na
            name;
 }
 
-}  // namespace
+bool evaluatesTexts(std::u16string_view name) { return isIn(kEvaluating, name); }
 
 NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name, int libraryId) {
     constexpr int kEngine = v8::UnboundScript::kNoScriptId;
@@ -55,13 +56,13 @@ NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name
     v8::Local<v8::Value> const value = globalValue(context, name);
     if (name == u"Math") return value->IsObject() ? NameMeaning::engine : NameMeaning::unknown;
     if (isIn(kEngineFunctions, name)) {
-        return isFunction(value, kEngine, name) ? NameMeaning::engine : NameMeaning::unknown;
+        return isFunctionOf(value, kEngine, name) ? NameMeaning::engine : NameMeaning::unknown;
     }
-    if (name == kListing || !isFunction(value, libraryId, name)) return NameMeaning::unknown;
-    if (!isIn(kEvaluating, name)) return NameMeaning::catalogue;
+    if (name == kListing || !isFunctionOf(value, libraryId, name)) return NameMeaning::unknown;
+    if (!evaluatesTexts(name)) return NameMeaning::catalogue;
     // These two give what the engine's eval makes of their conditions.
-    return isFunction(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
-                                                                       : NameMeaning::unknown;
+    return isFunctionOf(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
+                                                                         : NameMeaning::unknown;
 }
 
 bool isPlainGlobal(v8::Local<v8::Context> context, std::u16string const& key) {

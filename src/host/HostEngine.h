@@ -62,6 +62,12 @@ class HostEngine {
     /// The entry for what a host leaves when it ends. Once.
     std::list<HostRemains> lastRemains() noexcept { return std::move(lastRemains_); }
 
+    /// Scripts that may have changed anything: counted where they are run.
+    /// @{
+    std::uint64_t scriptsRun() const { return scriptsRun_; }
+    void countScript() { ++scriptsRun_; }
+    /// @}
+
     /// Changes when the host gives something up: scripts compiled before have lost their carriers.
     std::uint64_t generation() const { return generation_; }
 
@@ -70,6 +76,7 @@ class HostEngine {
   private:
     std::shared_ptr<IsolateRecord> record_;
     std::uint64_t generation_ = 0;
+    std::uint64_t scriptsRun_ = 0;
     Carriers carriers_;
     std::list<HostRemains> lastRemains_ = std::list<HostRemains>(1);
     RunControl control_;

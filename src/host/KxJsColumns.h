@@ -75,9 +75,12 @@ class KXJS_API KxJsColumns {
         std::u16string error;           ///< why it was ended or not begun; else empty
     };
 
-    /// Called again and again during an evaluation, about every hundredth of a second or more
-    /// often, with the number of records that are done. Returning false ends the evaluation. It
-    /// may use the host; an exception goes to the caller of evaluate(), with the results so far.
+    /// Called again and again during an evaluation, with the number of records that are done:
+    /// about every hundredth of a second or more often, but not before a record has ended, and not
+    /// before some thousand have where they run inside the engine. Returning false ends the
+    /// evaluation. It may use the host but not these columns: while they are evaluated, bind() and
+    /// setProgress() throw std::logic_error, compile() and evaluate() give an error text. An
+    /// exception goes to the caller of evaluate(), with the results so far.
     using Progress = std::function<bool(std::size_t records)>;
 
     /// Columns over `host`, in whose context formulas run.

@@ -54,6 +54,7 @@ void KxJsParser::initialize() {
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
     kx::ScriptRun const run(*_mEngine);
+    _mEngine->countScript();
     kx::installLibrary(_mEngine->record(), context);
 }
 

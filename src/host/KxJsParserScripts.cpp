@@ -61,6 +61,7 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     // Not entered here: whatever needs it does so by itself.
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     kx::ScriptRun const run(*_mEngine);
+    _mEngine->countScript();
     v8::TryCatch capture(isolate);
     if (index >= _mVecOfCompiledScripts.size()) {
         throw std::out_of_range("invalid vector<T> subscript");

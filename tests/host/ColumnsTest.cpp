@@ -391,4 +391,90 @@ TEST_F(Columns, runPromiseJobsOfARecordBeforeTheNext) {
     EXPECT_EQ(results, (Texts{u"", u"1", u"12", u"123"}));
 }
 
+// Each would show where the formula is not run in its place.
+TEST_F(Columns, giveWhatOneByOneGivesWhereBuiltInsWereReplaced) {
+    struct Replacement {
+        char16_t const* script;
+        char16_t const* formula;
+    };
+    for (auto const& [script, formula] : {
+             Replacement{u"let eval=function(c){return !c};", u"IIF(A>1,'y','n')"},
+             Replacement{u"const parseInt=function(){return A};", u"parseInt(A)"},
+             Replacement{u"let Math={floor:function(){return A}};", u"Math.floor(A)"},
+             Replacement{u"EVEN=function(n){return A>2};", u"ODD(A)"},
+             Replacement{u"Object.defineProperty(globalThis,'EVAL_COUNT',{value:0,writable:true});"
+                         u"let ROUND=function(n){return ++EVAL_COUNT};",
+                         u"ROUND(A)"},
+         }) {
+        ScriptHost replaced;
+        replaced.run(script);
+        std::vector<double> const values = {0, 1, 2, 3, 4, 5};
+        KxJsColumns replacedColumns(replaced.host);
+        replacedColumns.bind(u"A", values.data());
+        std::u16string error;
+        ASSERT_TRUE(replacedColumns.compile(formula, error));
+        Texts inColumns(values.size());
+        replacedColumns.evaluate(values.size(), inColumns.data());
+
+        ScriptHost oneByOne;
+        oneByOne.run(script);
+        oneByOne.bind(u"A", 0.0);
+        std::int32_t const index = oneByOne.parse(formula);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            oneByOne.bind(u"A", values[i]);
+            EXPECT_EQ(inColumns[i], oneByOne.execute(index).result)
+                << testing::PrintToString(std::u16string(formula)) << " " << i;
+        }
+    }
+}
+
+TEST_F(Columns, giveWhatOneByOneGivesWhereAKeyIsACarriersName) {
+    std::vector<double> const values = {1, 2, 3, 4};
+    columns.bind(u"A", values.data());
+    columns.bind(u"A___A", values.data());
+    texts(u"A+A___A", values.size());
+    ScriptHost oneByOne;
+    oneByOne.bind(u"A", 1.0);
+    oneByOne.bind(u"A___A", 1.0);
+    std::int32_t const index = oneByOne.parse(u"A+A___A");
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        oneByOne.bind(u"A", values[i]);
+        oneByOne.bind(u"A___A", values[i]);
+        EXPECT_EQ(results[i], oneByOne.execute(index).result) << i;
+    }
+}
+
+TEST_F(Columns, refuseToBeChangedWhileTheyAreEvaluated) {
+    std::vector<double> const values(kMany, 2);
+    columns.bind(u"A", values.data());
+    std::size_t refusals = 0;
+    columns.setProgress([&](std::size_t) {
+        std::u16string error;
+        EXPECT_FALSE(columns.compile(u"A*3", error));
+        EXPECT_EQ(error, u"These columns are being evaluated");
+        EXPECT_THROW(columns.bind(u"B", values.data()), std::logic_error);
+        EXPECT_THROW(columns.setProgress({}), std::logic_error);
+        double result = 0;
+        EXPECT_EQ(columns.evaluate(1, &result).error, u"These columns are being evaluated");
+        ++refusals;
+        return true;
+    });
+    auto const outcome = texts(u"A+1", kMany);
+    EXPECT_EQ(outcome.records, kMany);
+    EXPECT_EQ(results.back(), u"3");
+    EXPECT_GT(refusals, 0U);
+    columns.setProgress({});
+    EXPECT_EQ(texts(u"A*3", 1).records, 1U);
+}
+
+TEST_F(Columns, keepTheirFormulaWhenAnotherThreadCompiles) {
+    double const value = 4;
+    columns.bind(u"A", &value);
+    texts(u"A+1", 1);
+    std::u16string error;
+    std::thread([&] { EXPECT_FALSE(columns.compile(u"A+2", error)); }).join();
+    EXPECT_EQ(columns.evaluate(1, results.data()).records, 1U);
+    EXPECT_EQ(results[0], u"5");
+}
+
 }  // namespace
