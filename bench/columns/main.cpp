@@ -4,12 +4,14 @@
 //
 //     kxbench_columns [ROUNDS]
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <random>
 #include <stdexcept>
+#include <vector>
 
 #include "Machine.h"
 #include "columns/ColumnPeer.h"
@@ -19,11 +21,11 @@ namespace {
 using namespace bench;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t kSizes[] = {1, 1000, 1000000};
+constexpr std::array<std::size_t, 3> kSizes = {1, 1000, 1000000};
 /// What one stretch handles at least, so that it is longer than the clock's step.
 constexpr std::size_t kLeastRecords = 20000;
 
-ColumnFormula const kFormulas[] = {
+std::vector<ColumnFormula> const kFormulas = {
     {"A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3", "A*1.2+B/3"},
     {"IIF(A>B,A,B)", "IIF(A>B,A,B)", "A>B ? A : B", "A>B and A or B"},
     {"LEFT(NAME,6)+'-'+LEN(NAME)", "LEFT(NAME,6)+'-'+LEN(NAME)", "", "NAME:sub(1,6)..'-'..#NAME",
@@ -37,7 +39,7 @@ struct Peer {
     ColumnWork (*make)(ColumnFormula const&, ColumnData&);
 };
 
-Peer const kPeers[] = {
+std::vector<Peer> const kPeers = {
     {"columns", columnsOfLibrary},
     {"one by one", oneByOneOfLibrary},
 #ifdef KXJS_HAS_MUPARSER
@@ -91,18 +93,18 @@ double median(std::vector<double> values) {
 
 void measure(ColumnFormula const& formula, std::size_t count, int rounds) {
     std::vector<ColumnWork> works;
-    std::vector<ColumnData> data(std::size(kPeers), dataOf(count));
-    for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+    std::vector<ColumnData> data(kPeers.size(), dataOf(count));
+    for (std::size_t i = 0; i < kPeers.size(); ++i) {
         works.push_back(kPeers[i].make(formula, data[i]));
         if (works[i]) works[i]();
     }
     std::vector<std::string> texts(count);
-    for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+    for (std::size_t i = 0; i < kPeers.size(); ++i) {
         if (works[i]) checkAgreement(formula, kPeers[i].name, data[i], data[0].numbers, texts);
     }
-    std::vector<std::vector<double>> times(std::size(kPeers));
+    std::vector<std::vector<double>> times(kPeers.size());
     for (int round = 0; round < rounds; ++round) {
-        for (std::size_t i = 0; i < std::size(kPeers); ++i) {
+        for (std::size_t i = 0; i < kPeers.size(); ++i) {
             if (works[i]) times[i].push_back(nanosecondsPerRecord(works[i], count));
         }
     }

@@ -148,7 +148,7 @@ class Node final : public Peer {
 
   private:
     static std::string request(std::string const& name, std::string const& members = {}) {
-        return "{\"do\":\"" + name + "\"" + members + "}";
+        return R"({"do":")" + name + "\"" + members + "}";
     }
 
     static std::string json(Variable const& variable) {
