@@ -123,8 +123,8 @@ std::vector<Operation> const kOperations{
     {"extractInTime", nothing,
      [](KxJsParser&) {
          Answer run;
-         run.result = joined(KxJsParser::_extractVariable(u"first + second; for (;;);", run.error,
-                                                          std::chrono::milliseconds(40)));
+         run.result = joined(
+             KxJsParser::_extractVariable(u"first + second", run.error, std::chrono::seconds(60)));
          return run;
      }},
     {"convert", nothing,
