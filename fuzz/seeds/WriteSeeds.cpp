@@ -1,0 +1,161 @@
+// write_seeds DIRECTORY: for each fuzz target, a directory of inputs to start from, made of the
+// catalogue's examples, the real formulas and the tests' scripts.
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "convert/RealFormulas.h"
+#include "library/Catalogues.h"
+#include "library/SplitExample.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The hostile scripts that the engine cannot survive are no seeds.
+constexpr std::string_view kImpossible = "impossible";
+constexpr std::uintmax_t kLongestScript = 2000;
+
+/// One byte a unit, as support/Units.h reads them; what has no byte becomes any from beyond ASCII.
+std::string bytesOf(std::u16string_view text) {
+    std::string bytes;
+    for (char16_t const unit : text) {
+        bytes += static_cast<char>(unit < 0x80 ? unit : 0x80U | (unit & 0xfU));
+    }
+    return bytes;
+}
+
+std::vector<std::string> formulas() {
+    std::vector<std::string> all;
+    for (std::u16string const& formula : readRealFormulas()) all.push_back(bytesOf(formula));
+    for (auto const& catalogue :
+         {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {
+        for (KxJsFunction const& function : catalogue) {
+            for (std::u16string const& text : function.getExamples()) {
+                if (auto const example = kx::test::splitExample(text))
+                    all.push_back(bytesOf(example->call));
+            }
+        }
+    }
+    return all;
+}
+
+std::vector<std::string> scripts() {
+    std::vector<std::string> all;
+    for (auto const& entry : fs::recursive_directory_iterator(KXJS_TEST_SCRIPTS)) {
+        fs::path const& path = entry.path();
+        if (path.extension() != ".js" || entry.file_size() > kLongestScript) continue;
+        if (path.parent_path().filename() == kImpossible) continue;
+        std::ifstream file(path, std::ios::binary);
+        all.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    }
+    return all;
+}
+
+class Seeds {
+  public:
+    Seeds(fs::path const& top, std::string const& target) : directory_(top / target) {
+        fs::create_directories(directory_);
+    }
+
+    /// An input of these parts, one behind the other.
+    void add(std::initializer_list<std::string_view> parts) {
+        std::ofstream file(directory_ / std::to_string(count_++), std::ios::binary);
+        for (std::string_view const part : parts)
+            file.write(part.data(), static_cast<std::streamsize>(part.size()));
+        if (!file.flush()) throw std::runtime_error("cannot write into " + directory_.string());
+    }
+
+  private:
+    fs::path directory_;
+    int count_ = 0;
+};
+
+void addVariables(Seeds& seeds) {
+    std::vector<std::string> const keys{
+        "A",           "price",    "a_b", "$",  "A B",       "1",        "a.b",
+        "ouraccessor", "let",      " ",   "if", "__proto__", "toString", "Object",
+        "\x83t\xe9",   "\x8e\x8f", "\n",  "'",  "*/",        "a\x1b"};
+    std::vector<std::string> const values{std::string(8, '\0'),
+                                          std::string("\x00\x00\x00\x00\x00\x00\xf8\x7f", 8),
+                                          std::string("\x9a\x99\x99\x99\x99\x99\xb9\x3f", 8),
+                                          "some text",
+                                          "NaN",
+                                          std::string(254, 'x') + "\x8e\x8f",
+                                          std::string(300, 'y'),
+                                          std::string("before\0after", 12)};
+    int choices = 0;
+    for (std::string const& key : keys) {
+        for (std::string const& value : values) {
+            std::string const head{static_cast<char>(choices++ % 0x80), '\0',
+                                   static_cast<char>(key.size())};
+            seeds.add({head, key, value});
+        }
+    }
+}
+
+void addTexts(Seeds& seeds) {
+    for (std::string_view const text :
+         {"a\nb\r\nc", "\r\r\n\n", "\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80", "\xed\xa0\x80",
+          "\xf4\x90\x80\x80", "\xc0\xaf", "\xe2\x82", "\xef\xbb\xbf name=1"}) {
+        seeds.add({"\x01", text});
+        seeds.add({"\xff", text});
+    }
+}
+
+void addFiles(Seeds& seeds) {
+    for (std::string_view const file :
+         {"NAME,PRICE\nbolt,1.5\nnut,2\n", "a;b\r\n\"x;y\";\"say \"\"no\"\"\"\r\n",
+          "a,b\r1,2\r\r3,", "\xef\xbb\xbf\ta\tb\n\"two\nlines\"\t3", "\"not closed\n", "a\"b,c\n",
+          "\"a\"b\n", "-12", "007", "1.5e-3", "true", "a\x1f,c\x1e\"d\"\x1f\x1f\x1e"}) {
+        for (int choice = 0; choice < 8; ++choice)
+            seeds.add({std::string{static_cast<char>(choice), '\x03', '\x10'}, file});
+    }
+}
+
+void writeAll(fs::path const& top) {
+    Seeds convert(top, "convert");
+    Seeds run(top, "run");
+    Seeds extract(top, "extract");
+    // Steps are described where they are read; a piece of a literal ends where the next letter
+    // would count as a hexadecimal digit.
+    std::string const bound = "vA=5\x1evS=some text\x1e";
+    std::string const convertAndRun = "c";
+    for (std::string const& formula : formulas()) {
+        convert.add({formula});
+        run.add({bound, convertAndRun, formula, "\x1ex0\x1er\x1e", convertAndRun, formula});
+        extract.add({std::string(1, '\0'), formula});
+    }
+    for (std::string const& script : scripts()) {
+        run.add({bound, "j", script, "\x1ex0\x1eh\x1ejthis\x1e"});
+        extract.add({"\x01", script});
+    }
+    Seeds variables(top, "variables");
+    addVariables(variables);
+    Seeds text(top, "text");
+    addTexts(text);
+    Seeds csv(top, "csv");
+    addFiles(csv);
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (argumentCount != 2) {
+        std::cerr << "usage: write_seeds DIRECTORY\n";
+        return 2;
+    }
+    try {
+        writeAll(arguments[1]);
+    } catch (std::exception const& error) {
+        std::cerr << "write_seeds: " << error.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
