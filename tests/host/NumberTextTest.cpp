@@ -118,10 +118,11 @@ TEST_F(NumberText, equalsTheEnginesForSubnormals) {
 }
 
 TEST_F(NumberText, equalsTheEnginesForRandomBits) {
-    // The default is sized for every test run; KXJS_NUMBERS asks for more.
+    // The default is sized for every test run; KXJS_NUMBERS asks for more, KXJS_SEED for others.
     char const* const asked = std::getenv("KXJS_NUMBERS");
     long const count = asked == nullptr ? 1'000'000 : std::strtol(asked, nullptr, 10);
-    std::mt19937_64 random(3);
+    char const* const seed = std::getenv("KXJS_SEED");
+    std::mt19937_64 random(seed == nullptr ? 3 : std::strtoul(seed, nullptr, 10));
     for (long i = 0; i < count; ++i) expectEnginesText(std::bit_cast<double>(random()));
 }
 

@@ -5,24 +5,16 @@
 //     growth hosts 10000       make, initialize, use and destroy a host
 //     growth threads 1000      the same on a thread of its own
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <thread>
 
+#include "Resident.h"
 #include "host/KxJsParser.h"
 
 namespace {
-
-long residentKilobytes() {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("VmRSS:")) return std::strtol(line.c_str() + 6, nullptr, 10);
-    }
-    return 0;
-}
 
 void use(KxJsParser& host, long round) {
     host.addSetVariable(KxJsVariable(u"A", static_cast<std::int32_t>(round)));

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string_view>
+
+/// Ends the process with status 1 and says what was wrong.
+[[noreturn]] void failSoak(std::string_view what, std::u16string_view detail);
+
+/// One step of the mixed load, on the calling thread: any operation of the library, its result
+/// checked. Returns the name of the kind of work.
+std::string_view doSomeWork(std::mt19937_64& random);
