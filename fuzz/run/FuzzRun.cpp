@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "convert/Converter.h"
 #include "host/KxJsParser.h"
@@ -31,6 +32,38 @@ constexpr std::size_t kMemoryLimit = std::size_t{32} << 20;
 constexpr std::size_t kMostSteps = 12;
 constexpr std::u16string_view kUntouched = u"untouched";
 
+/// The lines of a source, as JavaScript ends them.
+std::vector<std::u16string> linesOf(std::u16string const& source) {
+    std::vector<std::u16string> lines(1);
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        bool const isCrOfCrLf = source[i] == u'\r' && source.substr(i + 1, 1) == u"\n";
+        if (isCrOfCrLf) continue;
+        if (source[i] == u'\n' || source[i] == u'\r' || source[i] == u'\u2028' ||
+            source[i] == u'\u2029') {
+            lines.emplace_back();
+        } else {
+            lines.back() += source[i];
+        }
+    }
+    return lines;
+}
+
+/// A failure's place lies in the source, or is none.
+void checkPlace(KxJsFailure const& failure, std::u16string const& source) {
+    if (failure.line == 0) {
+        check(failure.column == 0 && failure.endColumn == 0, "no place is no place at all");
+        return;
+    }
+    std::vector<std::u16string> const lines = linesOf(source);
+    check(failure.line > 0 && static_cast<std::size_t>(failure.line) <= lines.size(),
+          "a failure's line");
+    std::u16string const& line = lines[static_cast<std::size_t>(failure.line - 1)];
+    check(failure.column > 0 && failure.endColumn >= failure.column, "a failure's columns");
+    check(static_cast<std::size_t>(failure.column) <= line.size() + 1, "a failure's column");
+    if (line.find(u'\0') == std::u16string::npos)
+        checkEqual(failure.sourceLine, line, "a failure's source line");
+}
+
 class FuzzedHost {
   public:
     FuzzedHost() {
@@ -44,11 +77,14 @@ class FuzzedHost {
         std::int32_t const index = host_.parse(source, error);
         if (index == -1) {
             check(error != kUntouched && !error.empty(), "a failed parse says why");
+            check(host_.lastFailure() != nullptr, "a failed parse has a failure");
+            checkPlace(*host_.lastFailure(), source);
             return;
         }
         check(index == count_, "indices are counted");
         check(error == kUntouched, "a parse leaves the error alone");
         ++count_;
+        sources_.push_back(source);
         execute(index);
     }
 
@@ -75,6 +111,7 @@ class FuzzedHost {
     void reset() {
         host_.reset();
         count_ = 0;
+        sources_.clear();
     }
 
     /// Whatever scripts have done to the context, what needs nothing of it works.
@@ -101,11 +138,14 @@ class FuzzedHost {
             check(saysNaN || result.empty(), "without NaN no such error");
         } else {
             checkEqual(result, u"", "a failed run has no result");
+            check(host_.lastFailure() != nullptr, "a failed run has a failure");
+            checkPlace(*host_.lastFailure(), sources_[static_cast<std::size_t>(index)]);
         }
     }
 
     KxJsParser host_;
     std::int32_t count_ = 0;
+    std::vector<std::u16string> sources_;
 };
 
 void step(std::array<std::unique_ptr<FuzzedHost>, 2>& hosts, std::size_t& current,

@@ -123,6 +123,7 @@ void writeAll(fs::path const& top) {
     Seeds convert(top, "convert");
     Seeds run(top, "run");
     Seeds extract(top, "extract");
+    Seeds columns(top, "columns");
     // Steps are described where they are read; a piece of a literal ends where the next letter
     // would count as a hexadecimal digit.
     std::string const bound = "vA=5\x1evS=some text\x1e";
@@ -131,10 +132,12 @@ void writeAll(fs::path const& top) {
         convert.add({formula});
         run.add({bound, convertAndRun, formula, "\x1ex0\x1er\x1e", convertAndRun, formula});
         extract.add({std::string(1, '\0'), formula});
+        columns.add({formula.substr(0, 1), std::string(1, '\0'), formula});
     }
     for (std::string const& script : scripts()) {
         run.add({bound, "j", script, "\x1ex0\x1eh\x1ejthis\x1e"});
         extract.add({"\x01", script});
+        columns.add({script.substr(0, 1), "\x01", script});
     }
     Seeds variables(top, "variables");
     addVariables(variables);

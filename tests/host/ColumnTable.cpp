@@ -68,8 +68,8 @@ std::vector<ColumnTable::Result> ColumnTable::oneByOne(KxJsParser& host,
     for (std::size_t record = 0; record < kRecords; ++record) {
         for (auto const& [name, column] : columns_) {
             std::visit(
-                [&](auto const& values) {
-                    host.addSetVariable({name, values[record]});
+                [&, &key = name](auto const& values) {
+                    host.addSetVariable({key, values[record]});
                 },
                 column);
         }
@@ -84,7 +84,8 @@ std::vector<ColumnTable::Result> ColumnTable::oneByOne(KxJsParser& host,
 
 void ColumnTable::bindAll(KxJsColumns& columns) const {
     for (auto const& [name, column] : columns_) {
-        std::visit([&](auto const& values) { columns.bind(name, values.data()); }, column);
+        std::visit([&, &key = name](auto const& values) { columns.bind(key, values.data()); },
+                   column);
     }
 }
 
