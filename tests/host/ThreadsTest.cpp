@@ -155,6 +155,10 @@ void runOnStackOf(std::size_t bytes, void* (*body)(void*)) {
 class SmallStack : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(SmallStack, endsRecursionWithAnErrorText) {
+#ifdef __SANITIZE_THREAD__
+    // Its own data of a thread lie on the thread's stack and leave the engine too little.
+    if (GetParam() < 1U << 20) GTEST_SKIP() << "no room beside the thread sanitizer";
+#endif
     runOnStackOf(GetParam(), [](void*) -> void* {
         ScriptHost host;
         EXPECT_NE(host.run(u"(function f() { return f() + 1; })()")
