@@ -32,18 +32,23 @@ void bindAll(KxJsParser& host) {
     host.addSetVariable(KxJsVariable(u"T", true));
 }
 
-std::unique_ptr<KxJsParser> newHost() {
-    auto host = std::make_unique<KxJsParser>();
-    host->setMemoryLimit(kMemoryLimit);
-    host->initialize();
-    bindAll(*host);
-    return host;
-}
+class Host {
+  public:
+    Host() {
+        host_.setMemoryLimit(kMemoryLimit);
+        host_.initialize();
+        bindAll(host_);
+    }
+    KxJsParser& get() { return host_; }
+
+  private:
+    KxJsParser host_;
+};
 
 /// The host that a thread keeps for ever.
 KxJsParser& keptHost() {
-    thread_local std::unique_ptr<KxJsParser> const host = newHost();
-    return *host;
+    thread_local Host host;
+    return host.get();
 }
 
 void check(KxJsParser& host, Case const& expected, std::u16string const& source) {
@@ -70,17 +75,20 @@ void useKeptHost() {
     bindAll(keptHost());
 }
 
-void useNewHost() { checkOneOfEach(*newHost()); }
+void useNewHost() {
+    Host host;
+    checkOneOfEach(host.get());
+}
 
 /// The host comes from a thread that has ended when it is destroyed.
 void useHostOfAnotherThread() {
-    std::unique_ptr<KxJsParser> host;
+    std::unique_ptr<Host> host;
     std::thread([&host] {
-        host = newHost();
-        checkOneOfEach(*host);
+        host = std::make_unique<Host>();
+        checkOneOfEach(host->get());
     }).join();
     std::u16string error;
-    expect(host->parse(u"1", error) == -1, "a foreign host parses", u"1");
+    expect(host->get().parse(u"1", error) == -1, "a foreign host parses", u"1");
 }
 
 void endRun(KxJsParser& host, std::u16string const& source, std::u16string_view reason) {
@@ -101,7 +109,8 @@ void exceedTime() {
 }
 
 void exceedMemory() {
-    endRun(*newHost(), u"(function(){for(var a=[];;)a.push([a.length])})()",
+    Host host;
+    endRun(host.get(), u"(function(){for(var a=[];;)a.push([a.length])})()",
            u"memory limit of 48 MiB");
 }
 
