@@ -57,7 +57,9 @@ struct Load {
                 std::lock_guard const lock(mutex);
                 for (auto const& [kind, count] : mine) counts[kind] += count;
             }
-            v8::Isolate::GetCurrent()->LowMemoryNotification();
+            // None where the round was too short for a host.
+            if (auto* const isolate = v8::Isolate::TryGetCurrent())
+                isolate->LowMemoryNotification();
             barrier.arrive_and_wait();  // measured from here
             barrier.arrive_and_wait();  // to here
         }
