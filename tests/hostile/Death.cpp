@@ -1,5 +1,6 @@
 #include <array>
 #include <csignal>
+#include <cstring>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -52,6 +53,7 @@ End endOf(HostileScript const& script) {
         return isCutOff ? End::asExpected : End::otherwise;
     }
     bool const isKnownDeath =
-        WIFSIGNALED(status) && words.find(script.lastWords) != std::string::npos;
+        WIFSIGNALED(status) && words.find(script.lastWords) != std::string::npos &&
+        (script.signal.empty() || script.signal == ::sigabbrev_np(WTERMSIG(status)));
     return isKnownDeath ? End::asExpected : End::otherwise;
 }

@@ -100,6 +100,8 @@ bool obey(HostileScript& script, std::string const& line) {
         script.spoilsItsHost = true;
     } else if (name == "// dies") {
         script.lastWords = value;
+    } else if (name == "// signal") {
+        script.signal = value;
     } else if (name == "// hangs") {
         script.hangsFor = std::chrono::milliseconds(std::stol(value));
     } else {

@@ -21,6 +21,7 @@
 ///     // error: RangeError      what the error text holds, and no result
 ///     // next: fresh            the script may spoil its host for the formulas after it
 ///     // dies: Fatal error      the engine's last words: it ends the process
+///     // signal: SEGV           the signal that ends the process, with or without last words
 ///     // hangs: 1000 ms         nothing ends it, for so long at least
 ///
 /// Texts know the escapes \n, \t, \\, \' and \uXXXX. The file's other lines, in UTF-8, follow what
@@ -36,10 +37,13 @@ struct HostileScript {
     std::optional<std::u16string> error;
     bool spoilsItsHost = false;
     std::string lastWords;
+    std::string signal;
     std::chrono::milliseconds hangsFor{0};
 
     /// Whether the engine makes it impossible to survive this script.
-    bool isHopeless() const { return !lastWords.empty() || hangsFor.count() > 0; }
+    bool isHopeless() const {
+        return !lastWords.empty() || !signal.empty() || hangsFor.count() > 0;
+    }
 };
 
 /// Throws std::runtime_error for a file that cannot be read and for lines that mean nothing.

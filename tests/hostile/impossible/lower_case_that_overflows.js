@@ -1,0 +1,2 @@
+// signal: SEGV
+'\u0130'.repeat(2 ** 28).toLowerCase().length
