@@ -17,6 +17,9 @@ constexpr std::size_t kLeastAllowance = 16 * kMebibyte;
 /// free the time before: the next one waits until this part of the limit has been added.
 constexpr std::size_t kPartBeforeNextLook = 8;
 
+/// Unused parts of pages that are not worth a collection: a heap at work always has some.
+constexpr std::size_t kScattered = 64 * kMebibyte;
+
 /// What the engine gets on top when it is about to give up: room to come to a point where the run
 /// can be ended.
 constexpr std::size_t kReprieve = 512 * kMebibyte;
@@ -69,12 +72,22 @@ void MemoryWatch::afterCollection(v8::Isolate* /*isolate*/, v8::GCType type,
     static_cast<MemoryWatch*>(self)->look(type);
 }
 
+bool MemoryWatch::isScattered() const {
+    v8::HeapStatistics statistics;
+    isolate_->GetHeapStatistics(&statistics);
+    std::size_t const unused = statistics.total_heap_size() - statistics.used_heap_size();
+    return unused > std::max({kScattered, allowance_ / 2, 2 * statistics.used_heap_size()});
+}
+
 void MemoryWatch::look(v8::GCType type) {
     std::size_t const inUse = bytesInUse();
     if (type == v8::kGCTypeMarkSweepCompact) {
         lookAbove_ = std::min(inUse, allowance_) + allowance_ / kPartBeforeNextLook;
         if (running_ != nullptr && inUse > allowance_) {
             running_->requestEnd(EndReason::memoryLimit);
+        } else if (running_ != nullptr && !isLookPending_ && isScattered()) {
+            isLookPending_ = true;
+            isolate_->RequestInterrupt(collectAndLook, this);
         }
     } else if (running_ != nullptr && !isLookPending_ && inUse > std::max(allowance_, lookAbove_)) {
         isLookPending_ = true;

@@ -56,6 +56,9 @@ class MemoryWatch {
     static std::size_t nearHardLimit(void* self, std::size_t current, std::size_t initial);
 
     std::size_t bytesInUse() const;
+    /// Whether little that is in use keeps many pages of the heap: ordinary collections leave it
+    /// where it is, and those that are asked for move it together.
+    bool isScattered() const;
     void look(v8::GCType type);
 
     v8::Isolate* isolate_;
