@@ -31,6 +31,7 @@ struct CsvReader::State {
     std::size_t line = 1;             // where the parser stands
     std::size_t recordLine = 1;       // where the record that it is in begins
     std::size_t recordCell = 0;       // and its first cell
+    std::size_t headerCells = 0;      // none yet: 0
     bool isAfterCr = false;
     bool isAtEnd = false;
     std::size_t bytesRead = 0;
@@ -49,11 +50,16 @@ struct CsvReader::State {
     }
 
     void endRecord(int terminator) {
+        // The second half of CR LF ends no line of its own.
+        bool const isLine = terminator != '\n' || !isAfterCr;
+        // In a single column, a blank line is how an empty cell is written.
+        bool const isBlank = block->_mEnds.size() == recordCell;
+        if (isBlank && isLine && headerCells == 1) block->_mEnds.push_back(block->_mBytes.size());
         std::size_t const cells = block->_mEnds.size() - recordCell;
         if (cells > 0) block->_mRecords.push_back({recordCell, cells, recordLine});
+        if (headerCells == 0) headerCells = cells;
         recordCell = block->_mEnds.size();
-        // The second half of CR LF ends no line of its own.
-        if (terminator != '\n' || !isAfterCr) ++line;
+        if (isLine) ++line;
         isAfterCr = terminator == '\r';
         recordLine = line;
     }

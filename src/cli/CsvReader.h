@@ -32,8 +32,9 @@ class CsvBlock {
 };
 
 /// Reads CSV in blocks, so that a file may be larger than memory. Cells may be quoted and then hold
-/// delimiters, doubled quotes and line breaks; lines end at LF, CR LF or CR; empty lines are
-/// skipped; blanks around a cell belong to it.
+/// delimiters, doubled quotes and line breaks; lines end at LF, CR LF or CR; blanks around a cell
+/// belong to it. A blank line is a record with an empty cell where the header has one cell, and is
+/// skipped where it has more, and before the header.
 class CsvReader {
   public:
     /// Reads the open file `descriptor`; `name` is its name in errors.
