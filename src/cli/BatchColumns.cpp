@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <utility>
 
 #include "cli/Errors.h"
 #include "cli/Utf8.h"
@@ -56,12 +57,13 @@ std::u16string nameOf(std::string const& header) {
     }
 }
 
-CellType typeOfCells(CsvBlock const& block, std::size_t index) {
+CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t headerCells) {
     bool hasNumbers = false;
     bool hasBooleans = false;
     for (std::size_t record = 0; record < block.size(); ++record) {
         std::string_view const cell = block.cell(record, index);
-        if (cell.empty()) continue;
+        // A record with too many cells fails, and its cells may stand in the wrong columns.
+        if (cell.empty() || block.cellCount(record) > headerCells) continue;
         if (numberInCell(CellType::GUESSED, cell)) {
             hasNumbers = true;
         } else if (booleanInCell(cell)) {
@@ -77,7 +79,8 @@ CellType typeOfCells(CsvBlock const& block, std::size_t index) {
 }  // namespace
 
 BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16string const& source,
-                           std::map<std::string, CellType> const& types) {
+                           std::map<std::string, CellType> const& types)
+    : _mHeaderCells(header.size()) {
     for (auto const& [name, type] : types) {
         if (std::find(header.begin(), header.end(), name) == header.end()) {
             throw UsageError("--type " + name + ": there is no such column");
@@ -105,7 +108,7 @@ BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16strin
 
 void BatchColumns::guessTypes(CsvBlock const& block) {
     for (Column& column : _mColumns) {
-        if (!column.isTypeKnown) column.type = typeOfCells(block, column.index);
+        if (!column.isTypeKnown) column.type = typeOfCells(block, column.index, _mHeaderCells);
     }
 }
 
@@ -129,6 +132,21 @@ bool BatchColumns::take(Column& column, std::string_view cell) {
     return value.has_value();
 }
 
+std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) {
+    if (block.cellCount(record) > _mHeaderCells) {
+        return std::to_string(block.cellCount(record)) + " cells, where the header has " +
+               std::to_string(_mHeaderCells);
+    }
+    auto const wrong = std::find_if(_mColumns.begin(), _mColumns.end(), [&](Column& column) {
+        return !take(column, block.cell(record, column.index));
+    });
+    if (wrong == _mColumns.end()) return {};
+    std::string_view const cell = block.cell(record, wrong->index);
+    return "column " + wrong->header + ": " +
+           (cell.empty() ? "an empty cell" : "\"" + std::string(cell) + "\"") + " is not " +
+           describe(wrong->type);
+}
+
 void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
     _mTaken.clear();
     _mRefused.clear();
@@ -143,17 +161,12 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
         }
     }
     for (std::size_t record = 0; record < block.size(); ++record) {
-        auto const wrong = std::find_if(_mColumns.begin(), _mColumns.end(), [&](Column& column) {
-            return !take(column, block.cell(record, column.index));
-        });
-        if (wrong == _mColumns.end()) {
+        std::string wrong = takeRecord(block, record);
+        if (wrong.empty()) {
             _mTaken.push_back(record);
-            continue;
+        } else {
+            _mRefused[record] = std::move(wrong);
         }
-        std::string_view const cell = block.cell(record, wrong->index);
-        _mRefused[record] = "column " + wrong->header + ": " +
-                            (cell.empty() ? "an empty cell" : "\"" + std::string(cell) + "\"") +
-                            " is not " + describe(wrong->type);
     }
     bind(columns);
 }

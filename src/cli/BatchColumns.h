@@ -30,8 +30,8 @@ class BatchColumns {
     /// Finds the types that were not given.
     void guessTypes(CsvBlock const& block);
 
-    /// Takes the values of the records from `block` that have all of them, and binds them. The
-    /// values are there until the next call.
+    /// Takes the values of the records from `block` that have all of them, and no more cells than
+    /// the header, and binds them. The values are there until the next call.
     void load(CsvBlock const& block, KxJsColumns& columns);
 
     /// The records that were taken, by their number in the block.
@@ -53,8 +53,11 @@ class BatchColumns {
     };
 
     bool take(Column& column, std::string_view cell);
+    /// What is wrong with the record; nothing where its values were taken.
+    std::string takeRecord(CsvBlock const& block, std::size_t record);
     void bind(KxJsColumns& columns) const;
 
+    std::size_t _mHeaderCells;
     std::vector<Column> _mColumns;
     std::vector<std::size_t> _mTaken;
     std::map<std::size_t, std::string> _mRefused;

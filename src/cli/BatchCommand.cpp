@@ -199,12 +199,8 @@ class Batch {
         std::string text;
         std::size_t next = 0;
         for (std::size_t record = 0; record < block.size(); ++record) {
-            if (block.cellCount(record) > _mHeader.size()) {
-                throw WorkError(_mInput.name() + ", " + place(block, record) + ": " +
-                                std::to_string(block.cellCount(record)) +
-                                " cells, where the header has " + std::to_string(_mHeader.size()));
-            }
-            for (std::size_t i = 0; i < _mHeader.size(); ++i) {
+            std::size_t const cells = std::max(block.cellCount(record), _mHeader.size());
+            for (std::size_t i = 0; i < cells; ++i) {
                 appendCell(text, block.cell(record, i), _mOptions.delimiter);
                 text += _mOptions.delimiter;
             }
