@@ -90,7 +90,7 @@ BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16strin
         std::u16string const name = nameOf(header[i]);
         if (!isName(name) || !isUsed(source, name)) continue;
         if (std::count(header.begin(), header.end(), header[i]) > 1) {
-            throw UsageError("two columns are called \"" + header[i] + "\"");
+            throw WorkError("two columns are called \"" + header[i] + "\"");
         }
         Column column{.index = i,
                       .header = header[i],

@@ -23,7 +23,7 @@ namespace kx {
 class BatchColumns {
   public:
     /// `types` are those that were asked for, by header. Throws UsageError for one without a
-    /// column, and for a header that the formula uses and that stands twice.
+    /// column, and WorkError for a header that the formula uses and that stands twice.
     BatchColumns(std::vector<std::string> const& header, std::u16string const& source,
                  std::map<std::string, CellType> const& types);
 

@@ -233,7 +233,7 @@ INSTANTIATE_TEST_SUITE_P(
              "A,A\n1,2\n",
              "",
              "kxjs: two columns are called \"A\"\n",
-             2},
+             1},
         Case{"type_of_no_column",
              {"A", "--type", "B=long"},
              "A\n1\n",
