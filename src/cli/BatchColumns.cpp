@@ -14,6 +14,7 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::size_t kSeenByFormulas = 255;
+constexpr std::size_t kShownOfCell = 40;
 
 /// Words that no variable can be called.
 constexpr std::array kReserved = {
@@ -55,6 +56,25 @@ std::u16string nameOf(std::string const& header) {
     } catch (InvalidUtf8 const&) {
         return {};
     }
+}
+
+/// Why `cell` has no value of `type`, in few enough words for a line.
+std::string refusal(std::string_view cell, CellType type) {
+    if (cell.empty()) return "an empty cell is not " + describe(type);
+    std::u16string text;
+    try {
+        text = utf16FromUtf8(cell);
+    } catch (InvalidUtf8 const& error) {
+        // Its bytes are not shown: a terminal could make nothing of them.
+        return "byte " + std::to_string(error.position()) + " of the cell is not UTF-8";
+    }
+    if (text.size() > kShownOfCell) {
+        // Not between the halves of a surrogate pair.
+        bool const isHalf = text[kShownOfCell - 1] >= 0xD800 && text[kShownOfCell - 1] <= 0xDBFF;
+        text.resize(isHalf ? kShownOfCell - 1 : kShownOfCell);
+        text += u'\u2026';
+    }
+    return "\"" + utf8FromUtf16(text) + "\" is not " + describe(type);
 }
 
 CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t headerCells) {
@@ -141,10 +161,8 @@ std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) 
         return !take(column, block.cell(record, column.index));
     });
     if (wrong == _mColumns.end()) return {};
-    std::string_view const cell = block.cell(record, wrong->index);
     return "column " + wrong->header + ": " +
-           (cell.empty() ? "an empty cell" : "\"" + std::string(cell) + "\"") + " is not " +
-           describe(wrong->type);
+           refusal(block.cell(record, wrong->index), wrong->type);
 }
 
 void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {

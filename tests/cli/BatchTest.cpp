@@ -23,10 +23,12 @@ struct Case {
     std::vector<std::string> arguments;
     std::string input;
     std::string out;
-    std::string err = "";
+    std::string err{};
     int status = 0;
 };
 void PrintTo(Case const& row, std::ostream* out) { *out << row.name; }
+
+std::string const kForty(40, 'x');
 
 class Batch : public testing::TestWithParam<Case> {};
 
@@ -187,7 +189,22 @@ INSTANTIATE_TEST_SUITE_P(
              {"A", "--type", "A=string"},
              "A\n\xFF\n",
              "A,RESULT\n\xFF,\n",
-             "kxjs: line 2: column A: \"\xFF\" is not a text of at most 255 characters\n",
+             "kxjs: line 2: column A: byte 1 of the cell is not UTF-8\n",
+             1},
+        Case{"no_utf8_among_numbers",
+             {"A", "--type", "A=double"},
+             "A\n1\xFF\n",
+             "A,RESULT\n1\xFF,\n",
+             "kxjs: line 2: column A: byte 2 of the cell is not UTF-8\n",
+             1},
+        Case{"long_cells_are_cut_in_messages",
+             {"B", "--type", "B=long"},
+             "A,B\n1," + kForty + "\n2," + kForty + "x\n3," + kForty.substr(1) + "😀x\n",
+             "A,B,RESULT\n1," + kForty + ",\n2," + kForty + "x,\n3," + kForty.substr(1) + "😀x,\n",
+             "kxjs: line 2: column B: \"" + kForty + "\" is not a whole number of 32 bits\n" +
+                 "kxjs: line 3: column B: \"" + kForty + "…\" is not a whole number of 32 bits\n" +
+                 "kxjs: line 4: column B: \"" + kForty.substr(1) +
+                 "…\" is not a whole number of 32 bits\n",
              1},
         Case{"formula_that_does_not_compile",
              {"A+*1"},
@@ -327,7 +344,8 @@ TEST_F(BatchFiles, LongTextsAreNotCutSilently) {
     Outcome const outcome = kxjs({"batch", "A.length", "-i", in});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.out, HasSubstr("x,255\n"));
-    EXPECT_THAT(outcome.err, HasSubstr("is not a text of at most 255 characters"));
+    EXPECT_EQ(outcome.err, "kxjs: line 3: column A: \"" + kForty +
+                               "…\" is not a text of at most 255 characters\n");
 }
 
 TEST_F(BatchFiles, ShowProgressOnATerminalOnly) {
