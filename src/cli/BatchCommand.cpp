@@ -57,11 +57,21 @@ class InputFile {
     std::string _mName;
 };
 
-/// Standard output, or a file that is replaced when everything is written.
+/// Whether `path` is another name of standard output, such as /dev/stdout. Where that leads to a
+/// file, the file must not be replaced: the shell, or what it started, goes on writing there.
+bool isStandardOutput(std::string const& path) {
+    struct stat named {};
+    struct stat standard {};
+    return ::stat(path.c_str(), &named) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
+           named.st_dev == standard.st_dev && named.st_ino == standard.st_ino;
+}
+
+/// Standard output, or a file that is replaced when everything is written. What is there and is no
+/// file, such as a pipe, is written into.
 class BatchOutput {
   public:
     explicit BatchOutput(std::string const& path) {
-        if (!path.empty()) _mFile.emplace(path);
+        if (!path.empty() && !isStandardOutput(path)) _mFile.emplace(path);
     }
     void write(std::string_view bytes) {
         if (_mFile) {

@@ -1,5 +1,6 @@
 // kxjs batch: CSV in and out, types, failing records.
 
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -7,6 +8,7 @@
 #include <iterator>
 #include <ostream>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -318,6 +320,36 @@ TEST_F(BatchFiles, StayWhereSomethingIsWrong) {
     EXPECT_THAT(missing.err, StartsWith("kxjs: cannot read " + in + "x: "));
     EXPECT_EQ(bytesOf(out), "old");
     EXPECT_EQ(std::distance(fs::directory_iterator(directory), fs::directory_iterator()), 2);
+}
+
+TEST_F(BatchFiles, AreWrittenIntoWhereTheyAreStandardOutput) {
+    write("out.csv", "old");
+    fs::create_hard_link(out, out + ".link");
+    Outcome const outcome = run({.arguments = {"batch", "A+1", "-o", "/dev/stdout"},
+                                 .input = "A\n1\n",
+                                 .environment = {},
+                                 .outputFile = out});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(bytesOf(out), "A,RESULT\n1,2\n");
+    EXPECT_TRUE(fs::equivalent(out, out + ".link"));
+    // A file without a name, too.
+    EXPECT_EQ(kxjs({"batch", "A+1", "-o", "/dev/stdout"}, "A\n1\n").out, "A,RESULT\n1,2\n");
+}
+
+TEST_F(BatchFiles, ThatArePipesAreWrittenInto) {
+    ASSERT_EQ(::mkfifo(out.c_str(), 0600), 0);
+    // A reader of one's own, so that neither side waits for the other.
+    int const pipe = ::open(out.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(pipe, 0);
+    EXPECT_EQ(kxjs({"batch", "A+1", "-o", out}, "A\n1\n").status, 0);
+    std::string bytes(100, '\0');
+    ssize_t const count = ::read(pipe, bytes.data(), bytes.size());
+    ::close(pipe);
+    ASSERT_GE(count, 0);
+    bytes.resize(static_cast<std::size_t>(count));
+    EXPECT_EQ(bytes, "A,RESULT\n1,2\n");
+    EXPECT_TRUE(fs::is_fifo(out));
 }
 
 TEST_F(BatchFiles, MayBeLargerThanABlock) {
