@@ -9,33 +9,35 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kDoubles[] = {0, -0.0, 1,  -1,      1.5,    -2.5, 0.1,     0.3, 1e-7,
-                               3, 2,    20, -0.0005, 10.526, 7.25, 123.456, kNaN};
-constexpr double kExtremes[] = {1e21, 1e10, 4294967296, 123456789, kInfinity, -kInfinity};
-constexpr std::int32_t kLongs[] = {0, 1, -1, 2, 3, 5, 10, 100, 77, 13, 31, 255, -40};
-constexpr std::int32_t kLongExtremes[] = {std::numeric_limits<std::int32_t>::max(),
-                                          std::numeric_limits<std::int32_t>::min()};
+constexpr auto kDoubles = std::to_array<double>(
+    {0, -0.0, 1, -1, 1.5, -2.5, 0.1, 0.3, 1e-7, 3, 2, 20, -0.0005, 10.526, 7.25, 123.456, kNaN});
+constexpr auto kExtremes =
+    std::to_array<double>({1e21, 1e10, 4294967296, 123456789, kInfinity, -kInfinity});
+constexpr auto kLongs =
+    std::to_array<std::int32_t>({0, 1, -1, 2, 3, 5, 10, 100, 77, 13, 31, 255, -40});
+constexpr auto kLongExtremes = std::to_array<std::int32_t>(
+    {std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()});
 constexpr std::array kTruths = {false, true};
-std::u16string const kTexts[] = {u"",
-                                 u"abc",
-                                 u"  some words, and more  ",
-                                 u"12",
-                                 u"1e3",
-                                 u"-7.5",
-                                 u"NaN",
-                                 u"BaNaNa",
-                                 u"true",
-                                 u"A>2",
-                                 u"B",
-                                 u"Gr\u00f6\u00dfe",
-                                 u"\u4e2d\u6587 text",
-                                 u"\xd83d",
-                                 std::u16string(u"cut\0off", 7),
-                                 std::u16string(300, u'x'),
-                                 std::u16string(254, u'y') + u"12345",
-                                 u"it's \"quoted\"",
-                                 u"throw",
-                                 u"1/"};
+auto const kTexts = std::to_array<std::u16string>({u"",
+                                                   u"abc",
+                                                   u"  some words, and more  ",
+                                                   u"12",
+                                                   u"1e3",
+                                                   u"-7.5",
+                                                   u"NaN",
+                                                   u"BaNaNa",
+                                                   u"true",
+                                                   u"A>2",
+                                                   u"B",
+                                                   u"Gr\u00f6\u00dfe",
+                                                   u"\u4e2d\u6587 text",
+                                                   u"\xd83d",
+                                                   std::u16string(u"cut\0off", 7),
+                                                   std::u16string(300, u'x'),
+                                                   std::u16string(254, u'y') + u"12345",
+                                                   u"it's \"quoted\"",
+                                                   u"throw",
+                                                   u"1/"});
 
 }  // namespace
 

@@ -92,7 +92,7 @@ std::vector<std::u16string> namesIn(std::u16string const& source) {
     static std::set<std::string> const kKnown = {"Math", "String", "Number", "function", "return",
                                                  "this", "var",    "if",     "else"};
     std::string const text = kx::test::toUtf8(source);
-    static std::regex const kName("[A-Za-z_]\\w*(?!\\w|\\s*\\()");
+    static std::regex const kName(R"([A-Za-z_]\w*(?!\w|\s*\())");
     std::vector<std::u16string> names;
     for (std::sregex_iterator i(text.begin(), text.end(), kName), end; i != end; ++i) {
         std::string const name = i->str();
@@ -121,7 +121,7 @@ TEST(ColumnsComparison, holdsForRealFormulas) {
 TEST(ColumnsComparison, holdsForTheExamplesOfTheCatalogues) {
     std::mt19937_64 random(21);
     Comparison comparison;
-    static std::regex const kArgument("'[^']*'|\\b[0-9]+(\\.[0-9]+)?\\b");
+    static std::regex const kArgument(R"('[^']*'|\b[0-9]+(\.[0-9]+)?\b)");
     for (auto const& catalogue :
          {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {
         for (KxJsFunction const& function : catalogue) {

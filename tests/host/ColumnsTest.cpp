@@ -193,7 +193,8 @@ TEST_F(Columns, areReadBlockByBlockWithoutNewCompilation) {
     columns.bind(u"PRICE", block.data());
     ASSERT_TRUE(columns.compile(u"PRICE+1", error));
     std::array<double, 100> numbers{};
-    for (double value = 1; value < 50; ++value) {
+    for (int number = 1; number < 50; ++number) {
+        double const value = number;
         std::vector<double> next(100, value);
         columns.bind(u"PRICE", next.data());
         columns.evaluate(100, numbers.data());

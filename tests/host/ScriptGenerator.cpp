@@ -1,16 +1,18 @@
 #include "ScriptGenerator.h"
 
+#include <array>
+
 namespace {
 
-char16_t const* const kOperands[] = {
+constexpr auto kOperands = std::to_array<char16_t const*>({
     u"A",    u"B",        u"C",       u"D",        u"NAME",          u"A",
     u"B",    u"NAME",     u"1",       u"0",        u"2.5",           u".5",
     u"1e3",  u"0x1F",     u"'text'",  u"\"\"",     u"'A>2'",         u"'B'",
     u"'12'", u"' x '",    u"true",    u"false",    u"null",          u"undefined",
     u"NaN",  u"Infinity", u"Math.PI", u"'it\\'s'", u"'\\u0041\\0b'", u"RATE",
-};
+});
 // Not every one of these is known to be harmless.
-char16_t const* const kOddOperands[] = {
+constexpr auto kOddOperands = std::to_array<char16_t const*>({
     u"this",
     u"missing",
     u"Math.random",
@@ -41,14 +43,14 @@ char16_t const* const kOddOperands[] = {
     u"A?.length",
     u"A/*,*/",
     u"1..toFixed(2)",
-};
-char16_t const* const kOperators[] = {
+});
+constexpr auto kOperators = std::to_array<char16_t const*>({
     u"+",  u"-",  u"*", u"/", u"%", u"<",  u">",  u"<=",  u">=", u"==",  u"!=",   u"===",  u"!==",
     u"&&", u"||", u"&", u"|", u"^", u"<<", u">>", u">>>", u",",  u" + ", u" ** ", u" ?? ", u"\n+",
-};
-char16_t const* const kPrefixes[] = {u"-", u"+", u"!", u"~", u"!!", u"- -"};
+});
+constexpr auto kPrefixes = std::to_array<char16_t const*>({u"-", u"+", u"!", u"~", u"!!", u"- -"});
 // Without those that count up to a number, or search for an empty text for ever.
-char16_t const* const kFunctions[] = {
+constexpr auto kFunctions = std::to_array<char16_t const*>({
     u"IIF",
     u"COND",
     u"MIN",
@@ -103,12 +105,19 @@ char16_t const* const kFunctions[] = {
     u"netto",
     u"A",
     u"Boolean",
-};
-char16_t const* const kSoup[] = {
-    u"(",  u")",  u")+(",    u"A",    u"B",     u"+", u",",  u"'",  u"\"", u";",    u"\n",
-    u"//", u"/*", u"*/",     u"<!--", u"-->",   u"=", u"==", u"?",  u":",  u".",    u"1",
-    u"{",  u"}",  u"return", u"var",  u"if(A)", u"/", u"`",  u"\\", u"in", u"NAME", u"'use strict'",
-    u" "};
+});
+constexpr auto kSoup = std::to_array<char16_t const*>({u"(",      u")",    u")+(",
+                                                       u"A",      u"B",    u"+",
+                                                       u",",      u"'",    u"\"",
+                                                       u";",      u"\n",   u"//",
+                                                       u"/*",     u"*/",   u"<!--",
+                                                       u"-->",    u"=",    u"==",
+                                                       u"?",      u":",    u".",
+                                                       u"1",      u"{",    u"}",
+                                                       u"return", u"var",  u"if(A)",
+                                                       u"/",      u"`",    u"\\",
+                                                       u"in",     u"NAME", u"'use strict'",
+                                                       u" "});
 
 }  // namespace
 
