@@ -23,11 +23,20 @@ std::string readAll(int descriptor) {
     return text;
 }
 
+/// Sanitizers handle the signals of a crash, and end the process with an exit status. It has to end
+/// as an application would that has no handlers.
+void letCrashesKill() {
+    for (int const signal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP}) {
+        std::signal(signal, SIG_DFL);
+    }
+}
+
 [[noreturn]] void runWritingInto(int descriptor, HostileScript const& script) {
     ::dup2(descriptor, STDOUT_FILENO);
     ::dup2(descriptor, STDERR_FILENO);
     rlimit const noCore{};
     ::setrlimit(RLIMIT_CORE, &noCore);
+    letCrashesKill();
     auto const milliseconds = static_cast<suseconds_t>(script.hangsFor.count());
     itimerval const alarm{{}, {milliseconds / 1000, milliseconds % 1000 * 1000}};
     ::setitimer(ITIMER_REAL, &alarm, nullptr);
