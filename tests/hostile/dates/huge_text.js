@@ -1,0 +1,2 @@
+// expect: Invalid Date
+String(new Date('('.repeat(2 ** 26)))

@@ -1,0 +1,2 @@
+// error: SyntaxError: Invalid regular expression
+new RegExp('('.repeat(2 ** 24))

@@ -1,0 +1,2 @@
+// error: TypeError: Cannot read properties of null
+null['x'.repeat(2 ** 24)]
