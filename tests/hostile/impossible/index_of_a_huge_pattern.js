@@ -1,0 +1,3 @@
+// hangs: 1000 ms
+// limit: 100 ms
+'x'.repeat(2 ** 22).indexOf('x'.repeat(2 ** 9) + 'y' + 'x'.repeat(2 ** 20))

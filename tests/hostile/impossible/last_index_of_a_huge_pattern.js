@@ -1,0 +1,3 @@
+// hangs: 1000 ms
+// limit: 100 ms
+'x'.repeat(2 ** 22).lastIndexOf('x'.repeat(2 ** 21) + 'y')
