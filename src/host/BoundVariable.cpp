@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "host/OwnHandles.h"
 #include "host/Text.h"
 
 namespace kx {
@@ -19,7 +20,8 @@ BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view a
 
 v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
     if (carrierName_.IsEmpty()) {
-        carrierName_.Reset(isolate, toEngineName(isolate, carrierNameFor(variable_.getKey())));
+        carrierName_ =
+            ownHandle(isolate, toEngineName(isolate, carrierNameFor(variable_.getKey())));
     }
     return carrierName_.Get(isolate);
 }
@@ -49,7 +51,7 @@ void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> re
         return;
     }
     if (lastText_.IsEmpty()) {
-        lastText_.Reset(isolate, toEngineString(isolate, variable_.seenText()));
+        lastText_ = ownHandle(isolate, toEngineString(isolate, variable_.seenText()));
     }
     result.Set(lastText_);
 }

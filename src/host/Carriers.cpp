@@ -4,6 +4,7 @@
 #include <new>
 
 #include "host/BoundVariable.h"
+#include "host/OwnHandles.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -28,7 +29,8 @@ v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context
     v8::Local<v8::Object> carrier;
     if (!shape->NewInstance(context).ToLocal(&carrier)) return {};
     forgetCollected();
-    carriers_.emplace_back(isolate, carrier).SetWeak();
+    carriers_.push_back(ownHandle(isolate, carrier));
+    carriers_.back().SetWeak();
     carrier->SetAlignedPointerInInternalField(kVariableField, &variable);
     return carrier;
 }

@@ -5,6 +5,7 @@
 
 #include <v8.h>
 
+#include "host/OwnHandles.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -16,7 +17,7 @@ class CompiledScript {
     /// `source` is the whole text, its first `prologueLength` code units not the caller's.
     CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source,
                    std::size_t prologueLength)
-        : handle_(isolate, script),
+        : handle_(ownHandle(isolate, script)),
           prologueLength_(prologueLength),
           mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 

@@ -23,6 +23,10 @@ std::size_t defaultMemoryLimit();
 /// Should a single built-in call fill the heap without such a point, the engine asks for more just
 /// before it gives up: it gets more, and the run ends.
 ///
+/// The engine says how much of its heap is in use, and the allocator how much array buffers take.
+/// What `Intl` objects have outside the heap nobody knows; each counts as much as the largest that
+/// are common take, so that a script that holds tens of thousands of them is ended, too.
+///
 /// What scripts keep in globals stays in use. A run therefore may always use a little more than
 /// was in use when it began.
 class MemoryWatch {
@@ -37,7 +41,7 @@ class MemoryWatch {
     MemoryWatch& operator=(MemoryWatch const&) = delete;
 
     std::size_t limit() const { return limit_; }
-    /// At most half the engine's own limit.
+    /// At most half the engine's own limit. What is in use already may stay in use.
     void setLimit(std::size_t bytes);
 
     /// The run to end when memory runs out; null where none is going on. Returns the one before.
@@ -55,7 +59,15 @@ class MemoryWatch {
     static void collectAndLook(v8::Isolate* isolate, void* self);
     static std::size_t nearHardLimit(void* self, std::size_t current, std::size_t initial);
 
+    /// What the engine and the allocator say, and the handles of the engine and the library.
+    struct Use {
+        std::size_t bytes;
+        std::size_t handles;
+    };
+
+    Use use() const;
     std::size_t bytesInUse() const;
+    bool isMoreInUse(std::size_t bytes) const;
     /// Whether little that is in use keeps many pages of the heap: ordinary collections leave it
     /// where it is, and those that are asked for move it together.
     bool isScattered() const;

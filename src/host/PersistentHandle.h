@@ -4,6 +4,7 @@
 
 #include <v8.h>
 
+#include "host/OwnHandles.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -13,7 +14,8 @@ namespace kx {
 template <class T>
 class PersistentHandle {
   public:
-    PersistentHandle(v8::Isolate* isolate, v8::Local<T> object) : handle_(isolate, object) {}
+    PersistentHandle(v8::Isolate* isolate, v8::Local<T> object)
+        : handle_(ownHandle(isolate, object)) {}
 
     /// Valid as long as the cell.
     v8::Local<T> get(v8::Isolate* isolate) const { return v8compat::localOf(isolate, handle_); }

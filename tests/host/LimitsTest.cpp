@@ -87,11 +87,48 @@ TEST_P(MemoryLimit, endsTheScriptAndNotTheNext) {
 
 INSTANTIATE_TEST_SUITE_P(
     scripts, MemoryLimit,
-    testing::Values(u"(() => { var a = []; while (true) a.push({ x: a.length }); })()",
-                    u"(() => { var a = []; while (true) a.push(new Array(10000).fill(1)); })()",
-                    u"(() => { var f = () => 0; while (true) f = f.bind(f); })()",
-                    u"(function f(a) { Promise.resolve([a]).then(f); f.all = [f.all, "
-                    u"new Array(1000)]; })(); 1"));
+    testing::Values(
+        u"(() => { var a = []; while (true) a.push({ x: a.length }); })()",
+        u"(() => { var a = []; while (true) a.push(new Array(10000).fill(1)); })()",
+        u"(() => { var f = () => 0; while (true) f = f.bind(f); })()",
+        u"(() => { var a = []; while (true) a.push(new Intl.Collator('de')); })()",
+        u"(() => { var a = []; while (true) a.push(new Intl.DateTimeFormat('de')); })()",
+        u"(function f(a) { Promise.resolve([a]).then(f); f.all = [f.all, "
+        u"new Array(1000)]; })(); 1"));
+
+TEST(MemoryLimits, letAScriptUseManyIntlObjectsOneAfterTheOther) {
+    ScriptHost host;
+    host.host.setMemoryLimit(64 * kMebibyte);
+    EXPECT_EQ(host.run(u"var l = 0; for (let i = 0; i < 2e4; i++)"
+                       u"  l += new Intl.NumberFormat('en').format(i % 10).length; l"),
+              (Outcome{u"20000", u""}));
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(MemoryLimits, doNotCountTheHandlesOfManyScriptsAndVariables) {
+    ScriptHost host;
+    host.host.setMemoryLimit(64 * kMebibyte);
+    for (int i = 0; i < 1000; ++i) {
+        std::u16string const key = u"V" + KxJsVariable(u"N", i).valueToString();
+        host.bind(key, u"text");
+        for (int j = 0; j < 4; ++j) ASSERT_NE(host.parse(key), -1);
+    }
+    EXPECT_EQ(host.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"),
+              (Outcome{u"done", u""}));
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(MemoryLimits, belowWhatIsInUseLeaveRoomForTheNextScript) {
+    ScriptHost host;
+    ScriptHost other;
+    ASSERT_EQ(host.run(u"kept = new Array(1e7).fill(1.5); 1"), (Outcome{u"1", u""}));
+    other.host.setMemoryLimit(16 * kMebibyte);
+    EXPECT_EQ(other.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"),
+              (Outcome{u"done", u""}));
+    EXPECT_NE(other.run(u"{ let a = []; for (;;) a.push([1]); }").error.find(u"limit of 16 MiB"),
+              std::u16string::npos);
+    other.host.setMemoryLimit(512 * kMebibyte);
+}
 
 /// Full collections while it lives.
 class FullCollections {
