@@ -1,7 +1,5 @@
 #include "cli/FormulaRun.h"
 
-#include <cstdint>
-
 #include "convert/Converter.h"
 
 namespace kx {
@@ -9,9 +7,9 @@ namespace kx {
 FormulaRun runFormula(KxJsParser& parser, std::u16string const& formula, bool isJavaScript) {
     FormulaRun run;
     run.javaScript = isJavaScript ? formula : Converter::_convert(formula.c_str());
-    std::int32_t const script = parser.parse(run.javaScript, run.errorText);
-    if (script >= 0) run.result = parser.execute(script, run.errorText);
-    run.hasFailed = script < 0 || !run.errorText.empty();
+    // Not kept: thousands of formulas may come, and none of them again.
+    run.result = parser.evaluate(run.javaScript, run.errorText);
+    run.hasFailed = !run.errorText.empty();
     return run;
 }
 

@@ -247,6 +247,10 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
         outcome.error = kNotCompiled;
         return outcome;
     }
+    if (engine.isRefused()) {
+        outcome.error = refusal(engine);
+        return outcome;
+    }
     v8::Isolate* const isolate = engine.isolate();
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = host_._mContext->get(isolate);
@@ -337,8 +341,7 @@ bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
             (*numbers)[record] = std::numeric_limits<double>::quiet_NaN();
         }
         std::u16string error =
-            host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR,
-                                  {script_->id(isolate), script_->prologueLength()});
+            host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR, script_->callerSource());
         evaluation.fail(std::move(error), *host_._mLastFailure);
     } else {
         evaluation.hasSucceeded = true;

@@ -5,6 +5,7 @@
 
 #include <v8.h>
 
+#include "host/Failure.h"
 #include "host/OwnHandles.h"
 #include "host/V8Compat.h"
 
@@ -18,7 +19,7 @@ class CompiledScript {
     CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source,
                    std::size_t prologueLength)
         : handle_(ownHandle(isolate, script)),
-          prologueLength_(prologueLength),
+          source_{script->GetUnboundScript()->GetId(), prologueLength},
           mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 
     /// The script for one run. The engine leaves a script that has declared names with let, const
@@ -31,10 +32,7 @@ class CompiledScript {
         return script->GetUnboundScript()->BindToCurrentContext();
     }
 
-    /// The number by which the engine tells scripts apart.
-    int id(v8::Isolate* isolate) const { return handle_.Get(isolate)->GetUnboundScript()->GetId(); }
-
-    std::size_t prologueLength() const { return prologueLength_; }
+    CallerSource const& callerSource() const { return source_; }
 
   private:
     // The prologue holds no word that the caller's source does not hold, too. Once through the
@@ -52,7 +50,7 @@ class CompiledScript {
     }
 
     v8::Global<v8::Script> handle_;
-    std::size_t prologueLength_;
+    CallerSource source_;
     bool mayDeclareNames_;
 };
 

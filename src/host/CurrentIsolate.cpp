@@ -33,6 +33,10 @@ class ThreadIsolate {
     ThreadIsolate& operator=(ThreadIsolate const&) = delete;
 
     ~ThreadIsolate() {
+        if (isForkedChild()) {
+            (void)handles_.release();
+            return;
+        }
         handles_.reset();
         // Hosts that are still alive hold the record too, and the isolate with it.
         if (record_->isCurrent()) record_->isolate()->Exit();
@@ -111,6 +115,7 @@ class ApplicationIsolates {
 }  // namespace
 
 std::shared_ptr<IsolateRecord> IsolateRecord::current() {
+    if (isForkedChild()) return std::make_shared<IsolateRecord>(nullptr);
     startEngine();  // before it runs, asking for the current isolate reads a stranger's memory
     v8::Isolate* const isolate = v8::Isolate::TryGetCurrent();
     bool const isThreadOwn = threadIsolate != nullptr && threadIsolate->holds(isolate);

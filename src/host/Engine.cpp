@@ -1,6 +1,8 @@
 #include "host/Engine.h"
 
+#include <atomic>
 #include <memory>
+#include <pthread.h>
 
 #include <libplatform/libplatform.h>
 #include <v8.h>
@@ -9,11 +11,15 @@
 
 namespace kx {
 
+std::atomic<bool> forkedChild = false;
+
 namespace {
 
 bool start() {
+    [[maybe_unused]] int const ignored = pthread_atfork(
+        nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
     if (v8compat::isEngineRunning()) return false;
-    // This library starts no thread, so neither does the engine.
+    // Its threads would be the only ones beside the watchdog's, which runs no script.
     v8::V8::SetFlagsFromString("--single-threaded");
     // Its memory is invisible to the limits, and formulas have no use for it.
     v8::V8::SetFlagsFromString("--no-expose-wasm");

@@ -32,13 +32,22 @@ class HostEngine {
     Carriers& carriers() { return carriers_; }
     IsolateRecord& record() const { return *record_; }
 
+    /// A run of the host was ended for the memory it needed.
+    void noteMemoryEnd() { wasEndedForMemory_ = true; }
+
+    /// Whether no script of the host may run, since it climbs on what it keeps: see MemoryWatch.
+    bool isRefused() const { return wasEndedForMemory_ && record_->memory()->isFull(); }
+
     RunControl& control() { return control_; }
 
-    std::chrono::milliseconds timeLimit() const { return timeLimit_; }
+    /// Of the run that is going on or was the last: the host's may have been changed since it
+    /// began.
+    std::chrono::milliseconds watchedLimit() const { return watchedLimit_; }
 
     void setTimeLimit(std::chrono::milliseconds limit) {
         // The clock counts nanoseconds: the longest limits would be beyond its range.
         constexpr std::chrono::hours kForEver{24 * 365 * 10};
+        if (isForkedChild()) return;
         limit = std::clamp<std::chrono::milliseconds>(limit, std::chrono::milliseconds::zero(),
                                                       kForEver);
         watchdog_ = limit.count() == 0 ? nullptr : Watchdog::acquire();
@@ -47,7 +56,9 @@ class HostEngine {
 
     /// Begins to watch the time of a run. Returns who watches; null without a time limit.
     std::shared_ptr<Watchdog> watchTime() {
-        if (watchdog_ != nullptr) watchdog_->watch(control_, Watchdog::Clock::now() + timeLimit_);
+        if (watchdog_ == nullptr) return nullptr;
+        watchedLimit_ = timeLimit_;
+        watchdog_->watch(control_, Watchdog::Clock::now() + timeLimit_);
         return watchdog_;
     }
 
@@ -80,7 +91,9 @@ class HostEngine {
     Carriers carriers_;
     std::list<HostRemains> lastRemains_ = std::list<HostRemains>(1);
     RunControl control_;
+    bool wasEndedForMemory_ = false;
     std::chrono::milliseconds timeLimit_{0};
+    std::chrono::milliseconds watchedLimit_{0};
     std::shared_ptr<Watchdog> watchdog_;  // while there is a time limit
 };
 

@@ -19,8 +19,9 @@ struct Graveyard {
 };
 
 Graveyard& graveyard() {
-    static auto* const instance = new Graveyard;  // never destroyed, nor its handles
-    return *instance;
+    static auto* const instance = new Graveyard;       // never destroyed, nor its handles
+    static auto* const inForkedChild = new Graveyard;  // the other's mutex may be locked for ever
+    return isForkedChild() ? *inForkedChild : *instance;
 }
 
 void bury(std::list<HostRemains>& dead) {
@@ -69,6 +70,11 @@ IsolateRecord::IsolateRecord()
 }
 
 IsolateRecord::~IsolateRecord() {
+    if (isForkedChild()) {
+        isolateIsGone();
+        (void)allocator_.release();  // whose buffers the engine has
+        return;
+    }
     if (allocator_ == nullptr) return;
     // The thread and every host are gone, so nobody can run a script in the isolate any more.
     v8::Isolate* const mine = isolate();
@@ -103,6 +109,11 @@ void IsolateRecord::setMemoryLimit(std::size_t bytes) {
 void IsolateRecord::release(std::list<HostRemains> remains) noexcept {
     if (isCurrent()) {
         freeRemains(isolate(), remains);
+        if (memory_ != nullptr) memory_->hasReleased();
+        return;
+    }
+    if (isForkedChild()) {  // where the mutex may be locked for ever
+        bury(remains);
         return;
     }
     std::lock_guard const lock(mutex_);
@@ -122,6 +133,7 @@ void IsolateRecord::freeParkedNow() {
         hasParked_.store(false, std::memory_order_relaxed);
     }
     freeRemains(isolate(), parked);
+    if (memory_ != nullptr) memory_->hasReleased();
 }
 
 void IsolateRecord::isolateIsGone() {

@@ -8,6 +8,7 @@
 #include <v8.h>
 
 #include "host/CountingAllocator.h"
+#include "host/Engine.h"
 #include "host/HostRemains.h"
 #include "host/MemoryWatch.h"
 #include "host/PersistentHandle.h"
@@ -26,7 +27,7 @@ namespace kx {
 class IsolateRecord {
   public:
     /// The record of the calling thread's current isolate. Starts the engine and makes an isolate
-    /// for the thread where there is none.
+    /// for the thread where there is none. In a forked child, one without an isolate.
     static std::shared_ptr<IsolateRecord> current();
 
     /// The application's isolate.
@@ -43,7 +44,7 @@ class IsolateRecord {
     /// Whether the calling thread may use the isolate: it is alive and the current one.
     bool isCurrent() const {
         v8::Isolate* const mine = isolate();
-        return mine != nullptr && mine == v8::Isolate::TryGetCurrent();
+        return mine != nullptr && mine == v8::Isolate::TryGetCurrent() && !isForkedChild();
     }
 
     /// Takes what a host gives up and frees it as soon as that is possible.

@@ -4,9 +4,10 @@
 #include <string>
 #include <vector>
 
-/// What went wrong in the last parse() or execute() of a host, in a form that an application can
-/// point at. It tells the same failure as the error text does, with places in the source as the
-/// caller wrote it: the lines that bound variables put in front of a script are taken off.
+/// What went wrong in the last parse(), execute() or initialize() of a host, in a form that an
+/// application can point at. It tells the same failure as the error text does, with places in the
+/// source as the caller wrote it: the lines that bound variables put in front of a script are taken
+/// off.
 ///
 ///     if (KxJsFailure const* failure = parser.lastFailure(); failure && failure->line > 0)
 ///         editor.underline(failure->line, failure->column, failure->endColumn);

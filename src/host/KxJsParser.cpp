@@ -2,7 +2,6 @@
 #include "host/KxJsParser.h"
 
 #include <list>
-#include <new>
 #include <utility>
 
 #include "host/HostEngine.h"
@@ -14,18 +13,12 @@
 
 KxJsParser::KxJsParser() : _mEngine(std::make_unique<kx::HostEngine>()) { createContext(); }
 
-KxJsParser::~KxJsParser() {
-    try {
-        clearVariables();
-        clearVecOfCompiledScripts();
-    } catch (std::bad_alloc const&) {
-        // Their globals go with the context; the rest of them goes here.
-        [[maybe_unused]] bool const isLeftToTheContext = true;
-    }
-    disposeGlobalContext();
-}
+// The variables' globals go with the context. Deleting them would run setters that a script has put
+// in their places.
+KxJsParser::~KxJsParser() { disposeGlobalContext(); }
 
 void KxJsParser::createContext() {
+    if (!_mEngine->isUsable()) return;
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
     v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate);
@@ -53,9 +46,13 @@ void KxJsParser::initialize() {
     v8::HandleScope const handles(isolate);
     v8::Local<v8::Context> const context = _mContext->get(isolate);
     v8::Context::Scope const entered(context);
+    _mLastFailure.reset();
     kx::ScriptRun const run(*_mEngine);
     _mEngine->countScript();
-    kx::installLibrary(_mEngine->record(), context);
+    v8::TryCatch capture(isolate);
+    if (kx::installLibrary(_mEngine->record(), context)) return;
+    std::u16string const ignored =
+        reportException(capture, KxJsFailure::Kind::RUN_ERROR, {v8::Message::kNoScriptIdInfo, 0});
 }
 
 void KxJsParser::reset() {

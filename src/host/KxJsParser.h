@@ -48,12 +48,16 @@ class PersistentHandle;
 ///     std::u16string result = parser.execute(script, error);  // "OK"
 ///     if (!error.empty()) show(error);
 ///
-/// Failures of a script are never thrown: they come back as text beside the result.
+/// Failures of a script are never thrown: they come back as text beside the result. Every call
+/// throws std::bad_alloc where the application's memory ends, and leaves the host as it was.
 ///
 /// Threads: a host belongs to the engine isolate that was current on the thread that made it; the
 /// library makes one for the thread where there is none. Use it from that thread only. parse()
 /// elsewhere returns -1, execute() an empty result with an error text. Destroying a host on
 /// another thread, or after its thread has ended, is safe.
+///
+/// Processes: the engine's memory does not follow a fork(). In the child, hosts can be destroyed,
+/// and the process can exit; nothing runs there, in new hosts neither.
 class KXJS_API KxJsParser {
   public:
     /// A host without variables, scripts and, until initialize(), built-in functions.
@@ -63,11 +67,14 @@ class KXJS_API KxJsParser {
     KxJsParser& operator=(KxJsParser const&) = delete;
 
     /// Installs the built-in functions into the context. Calling it again defines them again.
+    /// Where they cannot all be defined, there is a lastFailure(): the time limit or terminate()
+    /// has ended it, the thread's stack is nearly used up, or scripts have locked their names.
     void initialize();
 
-    /// Forgets all variables (their globals are deleted) and all compiled scripts, so that the
-    /// next parse() returns 0. The context with its built-in functions stays, and so does every
-    /// other global that scripts created.
+    /// Forgets all variables and all compiled scripts, so that the next parse() returns 0. The
+    /// variables' globals are deleted by a script, so they stay where the name of one of them is no
+    /// identifier, and on another thread. The context with its built-in functions stays, and so
+    /// does every other global that scripts created.
     void reset();
 
     /// Stores `variable` under its key, replacing an earlier value. A script sees the variables
@@ -89,11 +96,18 @@ class KXJS_API KxJsParser {
     /// Throws std::out_of_range for an index outside the store.
     std::u16string execute(std::int32_t index, std::u16string& error);
 
-    /// The failure of the last parse() or execute(), reset() included, with its place in the source
-    /// that the caller wrote; null when that succeeded. A result that contains "NaN" is no failure,
-    /// although it comes with an error text. The object is the host's and lives until the next
-    /// parse(), execute() or reset(). Use it on the host's thread only; calls that another thread
-    /// makes wrongly leave it alone.
+    /// Compiles `source`, runs it once and forgets it: for formulas that are not run again, of
+    /// which execute() would need more memory with each. Result and `error` as execute() gives
+    /// them, or parse() where it does not compile; the store of compiled scripts stays as it is.
+    ///
+    ///     std::u16string total = parser.evaluate(u"ROUND(1.25, 1)", error);  // "1.3"
+    std::u16string evaluate(std::u16string source, std::u16string& error);
+
+    /// The failure of the last initialize(), parse(), execute() or evaluate(), reset() included,
+    /// with its place in the source that the caller wrote; null when that succeeded. A result that
+    /// contains "NaN" is no failure, although it comes with an error text. The object is the host's
+    /// and lives until the next of these calls. Use it on the host's thread only; calls that
+    /// another thread makes wrongly leave it alone.
     ///
     ///     if (parser.parse(u"1 +\n* 2", error) == -1)
     ///         underline(parser.lastFailure()->line, parser.lastFailure()->column);  // 2, 1
@@ -102,14 +116,21 @@ class KXJS_API KxJsParser {
     /// Ends a script that runs longer than `limit`; 0, the default, is no limit. The script's
     /// result is then empty, its error text names the limit, and the host works on. Parsing, the
     /// text of the result and promise jobs count too. While any host has a time limit, one thread
-    /// of the library watches.
+    /// of the library watches, with all signals blocked. Throws std::system_error where that thread
+    /// cannot be started.
     void setTimeLimit(std::chrono::milliseconds limit);
 
     /// Ends a script that needs more than `bytes` of memory, array buffers included: a limit of the
     /// engine isolate, and so of all hosts of a thread. The default is a quarter of the machine's
     /// memory and at most 512 MiB; none in an isolate that the application has made. The limit is
-    /// looked at in garbage collections, so a script may go beyond it for a moment. At most 4 GiB;
-    /// with 0 hardly any script runs. Elsewhere than on the host's thread nothing happens.
+    /// looked at in garbage collections, so a script may go beyond it for a moment, and a single
+    /// built-in call far beyond it; what the engine needs for compiling is not counted, and an
+    /// `Intl` object counts as a large one. What scripts keep in globals stays in use, and later
+    /// scripts may use a little more than that. When nearly twice the limit (the limit and 32 MiB
+    /// at least) is kept, hosts of which a script was ended so run nothing, and say so, until a
+    /// host of the thread is destroyed or reset and memory comes back, or the limit is set again.
+    /// At most 4 GiB; with 0 hardly any script runs. Elsewhere than on the host's thread nothing
+    /// happens.
     void setMemoryLimit(std::size_t bytes);
 
     /// Ends the script that this host is running, with an error text that says so. Without one,
@@ -154,7 +175,8 @@ class KXJS_API KxJsParser {
     std::u16string addWrapper(std::u16string& source);
     void clearVariables();
     void clearVecOfCompiledScripts();
-    std::u16string run(std::size_t index, std::u16string& error);
+    std::u16string run(kx::CompiledScript const& script, std::u16string& error);
+    std::u16string runUnlessRefused(kx::CompiledScript const& script, std::u16string& error);
     std::u16string reportException(v8::TryCatch& capture, KxJsFailure::Kind kind,
                                    kx::CallerSource const& source);
     void noteFailure(KxJsFailure::Kind kind, std::u16string const& message);

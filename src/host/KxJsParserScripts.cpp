@@ -1,6 +1,7 @@
 // The store of compiled scripts: parsing into it, running from it.
 #include <optional>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "host/CompiledScript.h"
@@ -15,6 +16,8 @@
 namespace {
 
 constexpr std::int32_t kNotParsed = -1;
+constexpr std::u16string_view kElsewhere =
+    u"The script host belongs to another thread or to another engine isolate";
 
 }  // namespace
 
@@ -48,13 +51,39 @@ std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
 
 std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     if (!_mEngine->isUsable() || _mContext == nullptr) {
-        error = u"The script host belongs to another thread or to another engine isolate";
+        error = kElsewhere;
         return {};
     }
-    return run(static_cast<std::size_t>(index), error);  // a negative index becomes a huge one
+    auto const place = static_cast<std::size_t>(index);  // a negative one becomes huge
+    if (place >= _mVecOfCompiledScripts.size()) {
+        _mLastFailure.reset();
+        throw std::out_of_range("invalid vector<T> subscript");
+    }
+    return runUnlessRefused(*_mVecOfCompiledScripts[place], error);
 }
 
-std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
+std::u16string KxJsParser::evaluate(std::u16string source, std::u16string& error) {
+    if (!_mEngine->isUsable() || _mContext == nullptr) {
+        error = kElsewhere;
+        return {};
+    }
+    std::int32_t const index = parse(std::move(source), error);
+    if (index == kNotParsed) return {};
+    // Run from outside the store, and freed here: on the host's thread, with the isolate alive.
+    std::unique_ptr<kx::CompiledScript> const script = std::move(_mVecOfCompiledScripts.back());
+    _mVecOfCompiledScripts.pop_back();
+    return runUnlessRefused(*script, error);
+}
+
+std::u16string KxJsParser::runUnlessRefused(kx::CompiledScript const& script,
+                                            std::u16string& error) {
+    if (!_mEngine->isRefused()) return run(script, error);
+    error = kx::refusal(*_mEngine);
+    noteFailure(KxJsFailure::Kind::LIMIT, error);
+    return {};
+}
+
+std::u16string KxJsParser::run(kx::CompiledScript const& script, std::u16string& error) {
     _mLastFailure.reset();
     v8::Isolate* const isolate = _mEngine->isolate();
     v8::HandleScope const handles(isolate);
@@ -63,12 +92,10 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     kx::ScriptRun const run(*_mEngine);
     _mEngine->countScript();
     v8::TryCatch capture(isolate);
-    if (index >= _mVecOfCompiledScripts.size()) {
-        throw std::out_of_range("invalid vector<T> subscript");
-    }
+    // Before the run: what it calls in an isolate of the application may reset the host.
+    kx::CallerSource const source = script.callerSource();
     v8::Local<v8::Value> completion;
-    bool const hasCompleted =
-        _mVecOfCompiledScripts[index]->forRun(isolate, context)->Run(context).ToLocal(&completion);
+    bool const hasCompleted = script.forRun(isolate, context)->Run(context).ToLocal(&completion);
     if (hasCompleted || !capture.HasTerminated()) _mEngine->record().runPromiseJobs();
     // The conversion runs the value's own toString, so it can fail as the script itself can.
     bool const hasResult = hasCompleted && !capture.HasTerminated();
@@ -77,9 +104,7 @@ std::u16string KxJsParser::run(std::size_t index, std::u16string& error) {
     if (hasResult && !completion->IsString() && completion->IsObject())
         _mEngine->record().runPromiseJobs();
     if (capture.HasCaught()) {
-        kx::CompiledScript const& script = *_mVecOfCompiledScripts[index];
-        error = reportException(capture, KxJsFailure::Kind::RUN_ERROR,
-                                {script.id(isolate), script.prologueLength()});
+        error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
         result.clear();
     } else if (kx::contains(result, u'N') && result.find(u"NaN") != std::u16string::npos) {
         error = u"Not A Number";

@@ -65,7 +65,8 @@ void KxJsParser::clearVariables() {
     }
     std::u16string ignored;
     std::int32_t const index = parse(std::move(deletions), ignored);
-    if (index != -1) (void)execute(index, ignored);
+    // However full the memory is: this gives some back.
+    if (index != -1) (void)run(*_mVecOfCompiledScripts.back(), ignored);
 
     std::list<kx::HostRemains> remains(1);
     remains.front().variables = std::exchange(_mVariables, {});

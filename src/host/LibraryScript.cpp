@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <mutex>
-#include <stdexcept>
 #include <vector>
 
 #include "host/Text.h"
@@ -49,6 +48,7 @@ class CodeCache {
     std::unique_ptr<v8::ScriptCompiler::CachedData> data_;
 };
 
+/// Empty where a limit ends it, or the stack.
 v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
     using Compiler = v8::ScriptCompiler;
     std::unique_ptr<Compiler::CachedData> cached = CodeCache::instance().find();
@@ -56,9 +56,7 @@ v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
     // Owns the cached data. An engine that works with other settings rejects it, and compiles.
     Compiler::Source source(toEngineString(isolate, libraryText()), cached.release());
     v8::Local<v8::UnboundScript> script;
-    if (!Compiler::CompileUnboundScript(isolate, &source, how).ToLocal(&script)) {
-        throw std::logic_error("the built-in functions do not compile");
-    }
+    if (!Compiler::CompileUnboundScript(isolate, &source, how).ToLocal(&script)) return script;
     if (how == Compiler::kNoCompileOptions) CodeCache::instance().offer(script);
     return script;
 }
@@ -82,12 +80,12 @@ std::u16string const& libraryText() {
     return text;
 }
 
-void installLibrary(IsolateRecord& record, v8::Local<v8::Context> context) {
+bool installLibrary(IsolateRecord& record, v8::Local<v8::Context> context) {
     v8::Isolate* const isolate = record.isolate();
-    v8::TryCatch const discarded(isolate);
     auto& shared = record.libraryScript();
     if (shared == nullptr) shared = makePersistent(isolate, compile(isolate));
-    [[maybe_unused]] auto const result = shared->get(isolate)->BindToCurrentContext()->Run(context);
+    if (shared == nullptr) return false;
+    return !shared->get(isolate)->BindToCurrentContext()->Run(context).IsEmpty();
 }
 
 }  // namespace kx

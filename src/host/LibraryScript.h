@@ -19,9 +19,9 @@ std::u16string assembleLibrary(std::vector<KxJsFunction> const& math,
 /// The text of the built-in functions. Made once per process.
 std::u16string const& libraryText();
 
-/// Defines the built-in functions in the entered context. What the script itself throws is
-/// discarded: that takes a context whose globals scripts have locked.
-/// Throws std::logic_error when the text does not compile, which is a mistake in the catalogues.
-void installLibrary(IsolateRecord& record, v8::Local<v8::Context> context);
+/// Defines the built-in functions in the entered context. Returns false where not all of them are
+/// defined, with the exception for whoever catches: a limit has ended it, the stack is nearly used
+/// up, or scripts have locked the context's globals.
+bool installLibrary(IsolateRecord& record, v8::Local<v8::Context> context);
 
 }  // namespace kx

@@ -42,7 +42,11 @@ std::size_t defaultMemoryLimit() {
 }
 
 MemoryWatch::MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit)
-    : isolate_(isolate), allocator_(allocator), limit_(limit), allowance_(limit) {
+    : isolate_(isolate),
+      allocator_(allocator),
+      limit_(limit),
+      allowance_(limit),
+      ceiling_(limit + std::max(limit, 2 * kLeastAllowance)) {
     isolate_->AddGCEpilogueCallback(afterCollection, this);
     isolate_->AddNearHeapLimitCallback(nearHardLimit, this);
 }
@@ -58,17 +62,34 @@ void MemoryWatch::setLimit(std::size_t bytes) {
     limit_ = bytes;
     allowance_ = std::max(allowance_, bytes);
     lookAbove_ = 0;
+    isFull_ = false;
     if (allocator_ != nullptr) allocator_->setLimit(bytes);
+    std::size_t const room = std::max(bytes, 2 * kLeastAllowance);
+    ceiling_ = bytes + room;
     if (running_ != nullptr) return;
     allowance_ = bytes;
+    if (!isMoreInUse(bytes)) return;
     // Or the next run, which may need nothing, would be ended for what others have left.
-    if (isMoreInUse(bytes)) collect();
+    isolate_->LowMemoryNotification();
+    ceiling_ = std::max(bytes, bytesInUse()) + room;
+    allowance_ = std::max(bytes, bytesInUse() + slack());
 }
+
+std::size_t MemoryWatch::slack() const { return std::max(kLeastAllowance, limit_ / 8); }
 
 void MemoryWatch::collect() {
     // Full collections, more than one: what a finalizer lets go of is only found by the next.
     isolate_->LowMemoryNotification();
-    allowance_ = std::max(limit_, bytesInUse() + std::max(kLeastAllowance, limit_ / 8));
+    std::size_t const inUse = bytesInUse();
+    allowance_ = std::max(limit_, inUse + slack());
+    isFull_ = allowance_ > ceiling_;
+    mayHaveChanged_ = false;
+}
+
+bool MemoryWatch::isStillFull() {
+    // What the application itself keeps in its isolate may have gone without a word.
+    if (mayHaveChanged_ || allocator_ == nullptr) collect();
+    return isFull_;
 }
 
 MemoryWatch::Use MemoryWatch::use() const {

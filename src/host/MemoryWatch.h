@@ -27,8 +27,10 @@ std::size_t defaultMemoryLimit();
 /// What `Intl` objects have outside the heap nobody knows; each counts as much as the largest that
 /// are common take, so that a script that holds tens of thousands of them is ended, too.
 ///
-/// What scripts keep in globals stays in use. A run therefore may always use a little more than
-/// was in use when it began.
+/// What scripts keep in globals stays in use, so a run that was ended for it may leave the isolate
+/// full. The runs after it may use a little more than is in use then, since the harmless among them
+/// need little. A host whose script keeps something each time would climb on this: above the
+/// ceiling, hosts of which a run was ended here run nothing until something has been given back.
 class MemoryWatch {
   public:
     /// The engine's own limit, at which it ends the process: far above any that is watched.
@@ -49,6 +51,13 @@ class MemoryWatch {
 
     /// Gives memory back after a run that was ended for it.
     void collect();
+
+    /// Whether so much is kept that hosts of which a run was ended here must not run another. May
+    /// collect garbage.
+    bool isFull() { return isFull_ && isStillFull(); }
+
+    /// The application has let go of something that scripts may have kept alive.
+    void hasReleased() { mayHaveChanged_ = true; }
 
     /// Forgets the isolate, which is being disposed of.
     void isolateIsGone() { isolate_ = nullptr; }
@@ -72,12 +81,17 @@ class MemoryWatch {
     /// where it is, and those that are asked for move it together.
     bool isScattered() const;
     void look(v8::GCType type);
+    bool isStillFull();
+    std::size_t slack() const;
 
     v8::Isolate* isolate_;
     CountingAllocator* const allocator_;
     std::size_t limit_;
     std::size_t allowance_;      // of the run that is going on
+    std::size_t ceiling_;        // of what hosts that were ended here may keep
     std::size_t lookAbove_ = 0;  // what a young collection must leave to ask for a full one
+    bool isFull_ = false;
+    bool mayHaveChanged_ = false;  // since it was found to be full
     RunControl* running_ = nullptr;
     bool isLookPending_ = false;
 };

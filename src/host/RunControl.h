@@ -30,7 +30,8 @@ class RunControl {
     /// given stays, but every request is passed on.
     void requestEnd(EndReason reason);
 
-    /// The host's thread, during a run: the reason of a request that has been made.
+    /// The host's thread, from the begin of a run to the next: the reason of a request that has
+    /// been made.
     EndReason reason() const { return reason_.load(std::memory_order_acquire); }
 
   private:

@@ -14,6 +14,10 @@ std::u16string bytes(std::int64_t count) {
     return decimalText(count) + u" bytes";
 }
 
+std::u16string memoryLimit(HostEngine& engine) {
+    return bytes(static_cast<std::int64_t>(engine.record().memory()->limit()));
+}
+
 }  // namespace
 
 ScriptRun::ScriptRun(HostEngine& engine)
@@ -38,7 +42,14 @@ void ScriptRun::end() {
     if (reason == EndReason::none) return;
     engine_.record().dropPromiseJobs();
     engine_.isolate()->CancelTerminateExecution();
-    if (reason == EndReason::memoryLimit) engine_.record().memory()->collect();
+    if (reason != EndReason::memoryLimit) return;
+    engine_.noteMemoryEnd();
+    engine_.record().memory()->collect();
+}
+
+std::u16string refusal(HostEngine& engine) {
+    return u"The script was not run: its host's scripts keep more than the memory limit of " +
+           memoryLimit(engine);
 }
 
 std::u16string timeLimitText(std::chrono::milliseconds limit) {
@@ -49,10 +60,10 @@ std::u16string timeLimitText(std::chrono::milliseconds limit) {
 std::u16string endText(HostEngine& engine) {
     switch (engine.control().reason()) {
         case EndReason::timeLimit:
-            return timeLimitText(engine.timeLimit());
+            return timeLimitText(engine.watchedLimit());
         case EndReason::memoryLimit:
             return u"The script was ended: it needed more than the memory limit of " +
-                   bytes(static_cast<std::int64_t>(engine.record().memory()->limit()));
+                   memoryLimit(engine);
         case EndReason::terminated:
             return u"The script was ended: it was terminated";
         default:

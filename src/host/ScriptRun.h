@@ -28,6 +28,9 @@ class ScriptRun {
     std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched
 };
 
+/// The error text of a script that was not run: see HostEngine::isRefused().
+std::u16string refusal(HostEngine& engine);
+
 /// The error text of a script that ran longer than `limit`.
 std::u16string timeLimitText(std::chrono::milliseconds limit);
 

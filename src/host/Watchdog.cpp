@@ -1,6 +1,9 @@
 #include "host/Watchdog.h"
 
 #include <algorithm>
+#include <csignal>
+
+#include "host/Engine.h"
 
 namespace kx {
 
@@ -8,6 +11,23 @@ namespace {
 
 /// A run that goes on after it was asked to end has found something else to do.
 constexpr std::chrono::milliseconds kAskAgainAfter{20};
+
+/// Keeps the application's signals away from threads that are started meanwhile: it handles them in
+/// threads of its own choice.
+class SignalsBlocked {
+  public:
+    SignalsBlocked() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(SignalsBlocked const&) = delete;
+    SignalsBlocked& operator=(SignalsBlocked const&) = delete;
+
+  private:
+    sigset_t before_{};
+};
 
 }  // namespace
 
@@ -18,13 +38,19 @@ std::shared_ptr<Watchdog> Watchdog::acquire() {
     std::lock_guard const lock(mutex);
     std::shared_ptr<Watchdog> watchdog = current.lock();
     if (watchdog == nullptr) {
-        watchdog = std::make_shared<Watchdog>();
+        // A forked child has no thread that could be joined.
+        watchdog = std::shared_ptr<Watchdog>(new Watchdog, [](Watchdog* last) {
+            if (!isForkedChild()) delete last;
+        });
         current = watchdog;
     }
     return watchdog;
 }
 
-Watchdog::Watchdog() : thread_([this] { watchRuns(); }) {}
+Watchdog::Watchdog() {
+    SignalsBlocked const whileStarting;
+    thread_ = std::thread([this] { watchRuns(); });
+}
 
 Watchdog::~Watchdog() {
     {

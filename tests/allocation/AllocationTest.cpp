@@ -91,6 +91,19 @@ std::vector<Operation> const kOperations{
      [](KxJsParser& host) {
          return parseAndExecute(host, u"aTextVariableWithALongName.repeat(3) + NUMBER / 3");
      }},
+    {"evaluate", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         run.result =
+             host.evaluate(u"aTextVariableWithALongName.repeat(3) + NUMBER / 3", run.error);
+         return run;
+     }},
+    {"evaluateWhatFails", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         run.result = host.evaluate(u"NUMBER + missingNameThatIsLong", run.error);
+         return run;
+     }},
     {"syntaxError", bind, [](KxJsParser& host) { return parseAndExecute(host, u"NUMBER +* 2"); }},
     {"runTimeError", bind,
      [](KxJsParser& host) { return parseAndExecute(host, u"NUMBER + missingNameThatIsLong"); }},

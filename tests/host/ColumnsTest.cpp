@@ -334,6 +334,19 @@ TEST_F(Columns, endAtTheHostsTimeLimit) {
     EXPECT_EQ(texts(u"PRICE+1", kMany).error, u"");
 }
 
+TEST_F(Columns, tellTheTimeLimitUnderWhichTheyBegan) {
+    std::vector<double> prices(kMany, 1);
+    prices[2500] = 0;
+    columns.bind(u"PRICE", prices.data());
+    host.host.setTimeLimit(std::chrono::milliseconds(50));
+    columns.setProgress([&](std::size_t) {
+        host.host.setTimeLimit(std::chrono::milliseconds(0));
+        return true;
+    });
+    EXPECT_EQ(texts(u"while(PRICE==0);1", kMany).error,
+              u"The script was ended: it ran longer than its time limit of 50 ms");
+}
+
 TEST_F(Columns, endWhenTheHostIsTerminated) {
     std::vector<double> const prices(kMany, 1);
     columns.bind(u"PRICE", prices.data());

@@ -2,6 +2,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <v8.h>
+
 #include "ScriptHost.h"
 
 namespace {
@@ -200,6 +202,45 @@ TEST(Execution, keepsTheCallersTextConversionsSymmetric) {
     ScriptHost host;
     // Inside a run only: the conversions work in the current isolate, outside of any host.
     EXPECT_EQ(host.eval(u"'\\u00e9\\u4e2d\\ud83d\\ude00'"), u"\u00e9\u4e2d\U0001F600");
+}
+
+TEST(Evaluation, givesWhatParsingAndExecutingGive) {
+    ScriptHost host;
+    host.bind(u"A", 5);
+    for (char16_t const* const source : {u"A+1", u"'text'", u"0/0", u"throw new Error('no')",
+                                         u"1 +", u"NONE", u"", u"let a = A; a"}) {
+        ScriptHost other;
+        other.bind(u"A", 5);
+        std::u16string error;
+        std::u16string const result = host.host.evaluate(source, error);
+        EXPECT_EQ((ScriptHost::Run{result, error}), other.run(source));
+        EXPECT_EQ(host.host.lastFailure() == nullptr, other.host.lastFailure() == nullptr);
+    }
+}
+
+TEST(Evaluation, leavesTheStoreOfCompiledScriptsAsItIs) {
+    ScriptHost host;
+    EXPECT_EQ(host.parse(u"'first'"), 0);
+    std::u16string error;
+    EXPECT_EQ(host.host.evaluate(u"'between'", error), u"between");
+    EXPECT_EQ(host.host.evaluate(u"throw 1", error), u"");
+    EXPECT_EQ(host.parse(u"'second'"), 1);
+    EXPECT_EQ(host.execute(0).result, u"first");
+    EXPECT_EQ(host.execute(1).result, u"second");
+}
+
+TEST(Evaluation, keepsNoHandles) {
+    ScriptHost host;
+    auto const handles = [] {
+        v8::HeapStatistics statistics;
+        v8::Isolate::GetCurrent()->GetHeapStatistics(&statistics);
+        return statistics.used_global_handles_size();
+    };
+    std::u16string error;
+    EXPECT_EQ(host.host.evaluate(u"1", error), u"1");
+    std::size_t const before = handles();
+    for (int i = 0; i < 100; ++i) EXPECT_EQ(host.host.evaluate(u"2", error), u"2");
+    EXPECT_EQ(handles(), before);
 }
 
 }  // namespace

@@ -51,11 +51,22 @@ TEST(Lifecycle, definesTheBuiltInFunctionsAgain) {
     EXPECT_EQ(host.eval(u"kept"), u"5");
 }
 
+TEST(Lifecycle, endsWithoutRunningWhatScriptsHaveLeft) {
+    auto host = std::make_unique<ScriptHost>();
+    host->bind(u"A", 1);
+    EXPECT_EQ(host->eval(u"Object.defineProperty(globalThis, String.fromCharCode(65),"
+                         u" {set() { for (;;); }}); 1"),
+              u"1");
+    host.reset();
+}
+
 TEST(Lifecycle, survivesAContextWhoseGlobalsAreLocked) {
     ScriptHost host;
     EXPECT_EQ(host.eval(u"Object.defineProperty(this,'mine',{value:1}); Object.freeze(this); 1"),
               u"1");
     host.host.initialize();
+    ASSERT_NE(host.host.lastFailure(), nullptr);
+    EXPECT_EQ(host.host.lastFailure()->kind, KxJsFailure::Kind::RUN_ERROR);
     EXPECT_EQ(host.eval(u"LEN('abc')"), u"3");
     host.bind(u"A", 1);
     EXPECT_NE(host.run(u"A").error, u"");

@@ -1,8 +1,12 @@
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <thread>
+#include <unistd.h>
+#include <vector>
 
 #include <v8.h>
 
@@ -47,6 +51,25 @@ TEST(TimeLimits, areOffByDefaultAndCanBeTakenBack) {
     host.host.setTimeLimit(milliseconds(1));
     host.host.setTimeLimit(milliseconds(0));
     EXPECT_EQ(host.eval(u"var end = Date.now() + 30; while (Date.now() < end); 'done'"), u"done");
+}
+
+TEST(TimeLimits, keepTheApplicationsSignalsAwayFromTheirThread) {
+    sigset_t mine;
+    sigset_t before;
+    sigemptyset(&mine);
+    sigaddset(&mine, SIGUSR1);
+    ASSERT_EQ(pthread_sigmask(SIG_BLOCK, &mine, &before), 0);
+    ScriptHost host;
+    host.host.setTimeLimit(milliseconds(10000));
+    EXPECT_EQ(host.eval(u"1"), u"1");
+    // Would end the process if it were delivered to another thread than this one.
+    ASSERT_EQ(::kill(::getpid(), SIGUSR1), 0);
+    timespec const longest{5, 0};
+    EXPECT_EQ(sigtimedwait(&mine, nullptr, &longest), SIGUSR1);
+    ASSERT_EQ(pthread_sigmask(SIG_SETMASK, &before, nullptr), 0);
+    sigset_t after;
+    ASSERT_EQ(pthread_sigmask(SIG_SETMASK, nullptr, &after), 0);
+    EXPECT_FALSE(sigismember(&after, SIGUSR2));
 }
 
 TEST(TimeLimits, mayBeAsLongAsATimeCanBe) {
@@ -128,6 +151,48 @@ TEST(MemoryLimits, belowWhatIsInUseLeaveRoomForTheNextScript) {
     EXPECT_NE(other.run(u"{ let a = []; for (;;) a.push([1]); }").error.find(u"limit of 16 MiB"),
               std::u16string::npos);
     other.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
+    auto bad = std::make_unique<ScriptHost>();
+    ScriptHost good;
+    bad->host.setMemoryLimit(32 * kMebibyte);
+    std::u16string error;
+    for (int i = 0; i < 30; ++i) {
+        error = bad->run(
+                       u"kept = typeof kept === 'object' ? kept : [];"
+                       u"for (;;) kept.push([kept.length]);")
+                    .error;
+        EXPECT_NE(error, u"");
+    }
+    v8::HeapStatistics statistics;
+    v8::Isolate::GetCurrent()->GetHeapStatistics(&statistics);
+    EXPECT_LT(statistics.used_heap_size(), 100 * kMebibyte);
+    EXPECT_EQ(error,
+              u"The script was not run: its host's scripts keep more than the memory limit of "
+              u"32 MiB");
+    EXPECT_EQ(bad->host.lastFailure()->kind, KxJsFailure::Kind::LIMIT);
+    Outcome const harmless{u"done", u""};
+    EXPECT_EQ(good.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"), harmless);
+    bad->host.reset();  // leaves what scripts keep
+    EXPECT_EQ(bad->run(u"1+1").error, error);
+    // Its own end makes room; until then, others'.
+    good.run(u"{ let a = []; for (;;) a.push([1]); }");
+    EXPECT_EQ(good.run(u"1+1").error, error);
+    bad.reset();
+    EXPECT_EQ(good.run(u"1+1"), (Outcome{u"2", u""}));
+    good.host.setMemoryLimit(512 * kMebibyte);
+}
+
+TEST(MemoryLimits, thatAreRaisedLetScriptsRunThatWereRefused) {
+    ScriptHost host;
+    host.host.setMemoryLimit(32 * kMebibyte);
+    for (int i = 0; i < 30; ++i) {
+        host.run(u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([1]);");
+    }
+    EXPECT_EQ(host.run(u"kept = null; 1").result, u"");
+    host.host.setMemoryLimit(512 * kMebibyte);
+    EXPECT_EQ(host.run(u"kept = null; 1"), (Outcome{u"1", u""}));
 }
 
 /// Full collections while it lives.
@@ -215,15 +280,23 @@ TEST(Terminate, endsARunOrNoneButNeverAnotherWay) {
     std::int32_t const script = host.parse(u"for (var i = 0; i < 2000; ++i); 7");
     std::atomic<bool> isOver = false;
     std::thread other([&] {
-        while (!isOver) host.host.terminate();
+        while (!isOver) {
+            host.host.terminate();
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
+        }
     });
-    for (int i = 0; i < 2000; ++i) {
+    int ended = 0;
+    int completed = 0;
+    for (int i = 0; i < 100000 && (i < 2000 || ended == 0 || completed == 0); ++i) {
         Outcome const outcome = host.execute(script);
-        EXPECT_TRUE(outcome == (Outcome{u"7", u""}) || outcome == kTerminated)
-            << testing::PrintToString(outcome);
+        ended += outcome == kTerminated ? 1 : 0;
+        completed += outcome == (Outcome{u"7", u""}) ? 1 : 0;
+        ASSERT_EQ(ended + completed, i + 1) << testing::PrintToString(outcome);
     }
     isOver = true;
     other.join();
+    EXPECT_GT(ended, 0);
+    EXPECT_GT(completed, 0);
     EXPECT_EQ(host.run(u"1+1"), (Outcome{u"2", u""}));
 }
 

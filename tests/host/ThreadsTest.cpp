@@ -1,3 +1,4 @@
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -168,6 +169,45 @@ TEST_P(SmallStack, endsRecursionWithAnErrorText) {
         EXPECT_NE(host.run(u"/(a|b|ab|ba)*c/.test('('.repeat(9)); f = () => [1].map(f); f()").error,
                   u"");
         EXPECT_EQ(host.eval(u"ROUND(1.25, 1)"), u"1.3");
+        return nullptr;
+    });
+}
+
+/// Calls `body` with at most `left` bytes of the stack left.
+void callWithLittleStack(std::uintptr_t low, std::size_t left, void (*body)()) {
+    std::array<char volatile, 4096> frame;
+    frame[0] = 1;
+    if (reinterpret_cast<std::uintptr_t>(&frame[0]) - low > left) {
+        callWithLittleStack(low, left, body);
+        frame[1] = frame[0];  // not a tail call
+    } else {
+        body();
+    }
+}
+
+TEST(LittleStack, makesInitializeTellThatItCouldNot) {
+    runOnStackOf(4U << 20, [](void*) -> void* {
+        static std::unique_ptr<KxJsParser> host;
+        host = std::make_unique<KxJsParser>();
+        pthread_attr_t attributes;
+        void* low = nullptr;
+        std::size_t size = 0;
+        pthread_getattr_np(pthread_self(), &attributes);
+        pthread_attr_getstack(&attributes, &low, &size);
+        pthread_attr_destroy(&attributes);
+        callWithLittleStack(reinterpret_cast<std::uintptr_t>(low), 100U << 10,
+                            [] { EXPECT_NO_THROW(host->initialize()); });
+        if (host->lastFailure() == nullptr) {
+            ADD_FAILURE() << "it could";
+        } else {
+            // There is no stack for the exception's text either.
+            EXPECT_EQ(host->lastFailure()->kind, KxJsFailure::Kind::RUN_ERROR);
+        }
+        host->initialize();
+        EXPECT_EQ(host->lastFailure(), nullptr);
+        std::u16string error;
+        EXPECT_EQ(host->evaluate(u"LEN('abc')", error), u"3");
+        host.reset();
         return nullptr;
     });
 }
