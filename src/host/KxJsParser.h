@@ -125,12 +125,13 @@ class KXJS_API KxJsParser {
     /// memory and at most 512 MiB; none in an isolate that the application has made. The limit is
     /// looked at in garbage collections, so a script may go beyond it for a moment, and a single
     /// built-in call far beyond it; what the engine needs for compiling is not counted, and an
-    /// `Intl` object counts as a large one. What scripts keep in globals stays in use, and later
-    /// scripts may use a little more than that. When nearly twice the limit (the limit and 32 MiB
-    /// at least) is kept, hosts of which a script was ended so run nothing, and say so, until a
-    /// host of the thread is destroyed or reset and memory comes back, or the limit is set again.
-    /// At most 4 GiB; with 0 hardly any script runs. Elsewhere than on the host's thread nothing
-    /// happens.
+    /// `Intl` object counts as a large one. At most 4 GiB; with 0 hardly any script runs. Elsewhere
+    /// than on the host's thread nothing happens.
+    ///
+    /// What scripts keep in globals stays in use, and later scripts may use a little more than
+    /// that. When twice the limit (the limit and 128 MiB at least) is nearly reached so, hosts of
+    /// which a script was ended for its memory run nothing, and say so, until a host of the thread
+    /// is destroyed or reset and memory comes back, or the limit is set again.
     void setMemoryLimit(std::size_t bytes);
 
     /// Ends the script that this host is running, with an error text that says so. Without one,

@@ -15,6 +15,10 @@ constexpr std::size_t kLargestDefault = 512 * kMebibyte;
 /// What a run may use however full the globals are.
 constexpr std::size_t kLeastAllowance = 16 * kMebibyte;
 
+/// What a host that was ended may keep beyond the limit, at least: its next scripts may be
+/// harmless.
+constexpr std::size_t kLeastRoom = 8 * kLeastAllowance;
+
 /// A full collection takes long where much is in use, and most of what it cannot free it could not
 /// free the time before: the next one waits until this part of the limit has been added.
 constexpr std::size_t kPartBeforeNextLook = 8;
@@ -46,7 +50,7 @@ MemoryWatch::MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std
       allocator_(allocator),
       limit_(limit),
       allowance_(limit),
-      ceiling_(limit + std::max(limit, 2 * kLeastAllowance)) {
+      ceiling_(limit + std::max(limit, kLeastRoom)) {
     isolate_->AddGCEpilogueCallback(afterCollection, this);
     isolate_->AddNearHeapLimitCallback(nearHardLimit, this);
 }
@@ -64,7 +68,7 @@ void MemoryWatch::setLimit(std::size_t bytes) {
     lookAbove_ = 0;
     isFull_ = false;
     if (allocator_ != nullptr) allocator_->setLimit(bytes);
-    std::size_t const room = std::max(bytes, 2 * kLeastAllowance);
+    std::size_t const room = std::max(bytes, kLeastRoom);
     ceiling_ = bytes + room;
     if (running_ != nullptr) return;
     allowance_ = bytes;

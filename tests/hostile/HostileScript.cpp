@@ -94,6 +94,8 @@ bool obey(HostileScript& script, std::string const& line) {
         script.then = words(value);
     } else if (name == "// expect") {
         script.result = unescaped(value);
+    } else if (name == "// begins") {
+        script.beginOfResult = unescaped(value);
     } else if (name == "// error") {
         script.error = unescaped(value);
     } else if (name == "// next" && value == "fresh") {
@@ -127,5 +129,7 @@ HostileScript readHostileScript(std::filesystem::path const& path) {
         body += line + '\n';
     }
     script.source += decoded(body);
+    bool const isEndKnown = script.result || script.beginOfResult || script.error;
+    if (!isEndKnown && !script.isHopeless()) throw std::runtime_error("nothing is expected");
     return script;
 }

@@ -17,15 +17,17 @@
 ///     // convert                the source is a formula of the older language
 ///     // generate: 1000 '(\n'   puts the text so many times at the end of the source so far
 ///     // then: reset run        what else happens to the host before the next formula, in order
-///     // expect: OK             the exact result, and no error text
-///     // error: RangeError      what the error text holds, and no result
+///     // expect: OK             the exact result
+///     // begins: x,x,x          with what a long result begins
+///     // error: RangeError      what the error text holds; without it there must be none
 ///     // next: fresh            the script may spoil its host for the formulas after it
 ///     // dies: Fatal error      the engine's last words: it ends the process
 ///     // signal: SEGV           the signal that ends the process, with or without last words
 ///     // hangs: 1000 ms         nothing ends it, for so long at least
 ///
-/// Texts know the escapes \n, \t, \\, \' and \uXXXX. The file's other lines, in UTF-8, follow what
-/// was generated. Expectations are about the first run.
+/// One of the lines that say how it ends must be there. Texts know the escapes \n, \t, \\, \' and
+/// \uXXXX. The file's other lines, in UTF-8, follow what was generated. Expectations are about the
+/// first run.
 struct HostileScript {
     std::u16string source;
     std::chrono::milliseconds timeLimit{0};
@@ -34,6 +36,7 @@ struct HostileScript {
     bool isConverted = false;
     std::vector<std::string> then;
     std::optional<std::u16string> result;
+    std::optional<std::u16string> beginOfResult;
     std::optional<std::u16string> error;
     bool spoilsItsHost = false;
     std::string lastWords;

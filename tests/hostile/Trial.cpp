@@ -36,11 +36,10 @@ void print(std::string const& what, Answer const& answer) {
 }
 
 bool isAsExpected(HostileScript const& script, Answer const& answer) {
-    if (script.result) return answer.result == *script.result && answer.error.empty();
-    if (script.error) {
-        return answer.result.empty() && answer.error.find(*script.error) != std::u16string::npos;
-    }
-    return !answer.result.empty() || !answer.error.empty();
+    bool const isError = script.error ? answer.error.find(*script.error) != std::u16string::npos
+                                      : answer.error.empty();
+    if (script.beginOfResult) return answer.result.starts_with(*script.beginOfResult) && isError;
+    return answer.result == script.result.value_or(u"") && isError;
 }
 
 bool works(KxJsParser& host, std::string const& what) {

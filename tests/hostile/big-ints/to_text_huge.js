@@ -1,2 +1,3 @@
-// limit: 2000 ms
+// limit: 200 ms
+// error: time limit of 200 ms
 (2n ** 30000000n).toString().length

@@ -1,2 +1,3 @@
 // variable: A=5
+// expect: [object Object]
 String(A___A.constructor())

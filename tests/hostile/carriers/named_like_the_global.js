@@ -1,4 +1,5 @@
 // variable: A=5
 // variable: globalThis=1
 // next: fresh
+// expect: 1
 globalThis

@@ -1,2 +1,3 @@
 // variable: A=5
+// expect: {"ouraccessor":5}
 JSON.stringify({ ...A___A })

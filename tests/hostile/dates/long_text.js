@@ -1,1 +1,3 @@
+// expect: NaN
+// error: Not A Number
 new Date('1'.repeat(1e6)).getTime()

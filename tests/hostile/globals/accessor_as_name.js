@@ -1,2 +1,3 @@
 // next: fresh
+// expect: undefined
 var ouraccessor = 5; String(ouraccessor)

@@ -1,1 +1,2 @@
+// expect: undefined
 JSON.stringify(JSON.parse('{"__proto__":{"x":1}}').x)

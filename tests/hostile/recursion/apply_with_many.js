@@ -1,1 +1,2 @@
+// expect: 1
 Math.max.apply(null, new Array(1e6).fill(1))

@@ -1,1 +1,2 @@
+// expect: true
 typeof Atomics.waitAsync === 'function' ? String(Atomics.waitAsync(new Int32Array(new SharedArrayBuffer(4)), 0, 0, 1).async) : 'none'

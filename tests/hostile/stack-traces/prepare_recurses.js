@@ -1,2 +1,3 @@
 // next: fresh
+// begins: Error: again
 Error.prepareStackTrace = (e) => new Error('again').stack; new Error('x').stack

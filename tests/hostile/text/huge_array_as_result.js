@@ -1,1 +1,2 @@
+// begins: x,x,x,
 new Array(1e6).fill('x')

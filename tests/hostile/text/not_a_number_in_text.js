@@ -1,1 +1,3 @@
+// expect: xNaNx1
+// error: Not A Number
 'xNaNx' + 1
