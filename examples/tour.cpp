@@ -85,6 +85,6 @@ int main() {
                  "  scripts/run functions                         what formulas can call\n"
                  "  scripts/run functions SUBSTR                  one function in full\n"
                  "  scripts/run docs --pages DIR                  the same as HTML, for users\n"
-                 "  scripts/run --help                            everything else\n"
+                 "  scripts/run -- --help                         everything else\n"
                  "  README.md, examples/tour.cpp                  the same from C++\n";
 }

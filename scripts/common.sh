@@ -12,6 +12,19 @@ die() {
     exit "${2:-1}"
 }
 
+# usage: the comment at the head of the script that runs, which is its help.
+usage() { sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$0"; }
+
+# help_first ARGUMENT...: shows the help and ends, where the first argument asks for it. Before any
+# work, so that whoever looks something up waits for nothing.
+help_first() {
+    case "${1:-}" in
+        -h | --help) usage && exit 0 ;;
+    esac
+}
+
+refuse_argument() { die "unknown argument '$1' (scripts/$(basename "$0") --help)" 2; }
+
 can_be_root() { [[ $(id -u) == 0 ]] || command -v sudo >/dev/null; }
 
 as_root() { if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi; }
