@@ -19,7 +19,8 @@ bool start() {
     [[maybe_unused]] int const ignored = pthread_atfork(
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
     if (v8compat::isEngineRunning()) return false;
-    // Its threads would be the only ones beside the watchdog's, which runs no script.
+    // Nothing but the watchdog runs on a thread of the library's own, and that runs no script; so
+    // the engine needs no threads either.
     v8::V8::SetFlagsFromString("--single-threaded");
     // Its memory is invisible to the limits, and formulas have no use for it.
     v8::V8::SetFlagsFromString("--no-expose-wasm");

@@ -7,8 +7,6 @@
 
 namespace kx {
 
-namespace {}  // namespace
-
 std::u16string composeErrorText(ScriptFailure const& failure) {
     auto const blanks = static_cast<std::size_t>(std::max(failure.startColumn, 0));
     auto const carets =

@@ -8,8 +8,10 @@
 
 /// One built-in function: what formulas call, what the engine runs and what users read.
 ///
-/// A record is a plain value. The writing operations check their text and return false, leaving
-/// the record as it was, where the text would break what is generated from it:
+/// A record is a plain value. The writing operations check what is said beside each of them and
+/// return false, leaving the record as it was, where it does not hold. They are no parser: that no
+/// text holds the end of a comment, an asterisk and a slash, that names are identifiers and that
+/// the body is JavaScript is up to the caller, or the generated text does not compile:
 ///
 ///     KxJsFunction round;
 ///     round.setName(u"ROUND");
