@@ -17,7 +17,8 @@
 
 namespace kx {
 
-enum class BridgeResult : std::int32_t { done = 0, outOfMemory = 1 };
+/// What came of a call; `failed` stands for any failure but a lack of memory.
+enum class BridgeResult : std::int32_t { done = 0, outOfMemory = 1, failed = 2 };
 
 /// A text that goes into the library: any code units, zeros included.
 struct BridgeText {
@@ -90,7 +91,7 @@ struct Bridge {
 };
 
 /// Changes with every change of the table, so that files of different builds refuse each other.
-inline constexpr std::uint32_t bridgeVersion = 1;
+inline constexpr std::uint32_t bridgeVersion = 2;
 
 }  // namespace kx
 

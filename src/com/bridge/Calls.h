@@ -1,9 +1,12 @@
 #pragma once
 
-#include "com/Bridge.h"
+#include <vector>
 
-// The functions behind the table. The library throws where memory ends and nowhere else; every
-// function ends its exceptions and says so by its result.
+#include "com/Bridge.h"
+#include "library/KxJsFunction.h"
+
+// The functions behind the table. No exception of the library leaves them: a script that does not
+// exist is an error text, as for any other failed run; all others are the call's result.
 
 namespace kx::bridge {
 
@@ -36,6 +39,8 @@ KX_BRIDGE_CALL BridgeResult extractVariable(void const* stackLow, void const* st
 KX_BRIDGE_CALL BridgeResult documentationOnePage(bool standalone, bool withExample,
                                                  TextReceiver const& result);
 KX_BRIDGE_CALL BridgeResult documentationManyPages(TableReceiver const& pages);
+/// What catalogue() sends of `functions`: a row for each that is complete.
+BridgeResult sendRecords(std::vector<KxJsFunction> const& functions, TableReceiver const& records);
 KX_BRIDGE_CALL BridgeResult catalogue(BridgeCatalogue which, TableReceiver const& records);
 
 }  // namespace kx::bridge

@@ -67,19 +67,20 @@ std::vector<KxJsFunction> build(BridgeCatalogue which) {
 
 }  // namespace
 
+BridgeResult sendRecords(std::vector<KxJsFunction> const& functions, TableReceiver const& records) {
+    BridgeResult sent = beginTable(records, functions.size());
+    for (std::size_t i = 0; sent == BridgeResult::done && i < functions.size(); ++i) {
+        KxJsFunction const& function = functions[i];
+        if (!function.isComplete()) continue;
+        sent = sendRow(records, i,
+                       {function.getName().c_str(), function.getDescription().c_str(),
+                        function.getExamples().front().c_str()});
+    }
+    return sent;
+}
+
 KX_BRIDGE_CALL BridgeResult catalogue(BridgeCatalogue which, TableReceiver const& records) {
-    return guarded([&] {
-        auto const functions = build(which);
-        BridgeResult sent = beginTable(records, functions.size());
-        for (std::size_t i = 0; sent == BridgeResult::done && i < functions.size(); ++i) {
-            KxJsFunction const& function = functions[i];
-            if (!function.isComplete()) continue;
-            sent = sendRow(records, i,
-                           {function.getName().c_str(), function.getDescription().c_str(),
-                            function.getExamples().front().c_str()});
-        }
-        return sent;
-    });
+    return guarded([&] { return sendRecords(build(which), records); });
 }
 
 }  // namespace kx::bridge

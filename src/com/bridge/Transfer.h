@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "com/Bridge.h"
@@ -13,14 +15,19 @@ namespace kx {
 
 inline std::u16string stringOf(BridgeText const& text) { return {text.data, text.length}; }
 
-/// Runs `work`. The library throws where memory ends (std::bad_alloc, or std::length_error for a
-/// text beyond any memory) and nowhere else.
+/// Runs `work` and ends what it throws: where memory ends, that is std::bad_alloc, or
+/// std::length_error for a text beyond any memory. Anything else is a failure of its own kind, as
+/// std::logic_error from built-in functions that do not compile.
 template <class Work>
 BridgeResult guarded(Work const& work) noexcept {
     try {
         return work();
-    } catch (...) {
+    } catch (std::bad_alloc const&) {
         return BridgeResult::outOfMemory;
+    } catch (std::length_error const&) {
+        return BridgeResult::outOfMemory;
+    } catch (...) {
+        return BridgeResult::failed;
     }
 }
 

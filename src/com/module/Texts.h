@@ -42,13 +42,22 @@ class OutText {
 };
 
 inline HRESULT asHresult(BridgeResult result) {
-    return result == BridgeResult::done ? S_OK : E_OUTOFMEMORY;
+    switch (result) {
+        case BridgeResult::done:
+            return S_OK;
+        case BridgeResult::outOfMemory:
+            return E_OUTOFMEMORY;
+        case BridgeResult::failed:
+            break;
+    }
+    return E_FAIL;
 }
 
 /// Ends a call that has outgoing texts: hands all of them over, or none.
 template <class... Texts>
 HRESULT deliver(BridgeResult result, Texts&... texts) {
-    if (result != BridgeResult::done || !(texts.prepare() && ...)) return E_OUTOFMEMORY;
+    if (result != BridgeResult::done) return asHresult(result);
+    if (!(texts.prepare() && ...)) return E_OUTOFMEMORY;
     (texts.keep(), ...);
     return S_OK;
 }

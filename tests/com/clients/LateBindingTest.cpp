@@ -20,6 +20,19 @@ std::wstring textOf(VARIANT const& variant) {
                                  : L"(no text)";
 }
 
+/// The value of a variable and its type, as scripts see them.
+std::wstring valueOf(Dispatch const& parser, std::wstring const& name) {
+    Bstr const source(name + L"+' '+typeof " + name);
+    Variant error;
+    Variant index;
+    CHECK_EQUAL(S_OK, call(parser, L"parse", {argument(source), variableArgument(error)}, &index));
+    Variant value;
+    CHECK_EQUAL(S_OK,
+                call(parser, L"execute", {argument(index.lVal), variableArgument(error)}, &value));
+    CHECK_EQUAL(L"", textOf(error));
+    return textOf(value);
+}
+
 void namesGiveTheIdentifiers() {
     Dispatch const parser = createLateParser();
     std::vector<std::wstring> const names = {L"initialize",
@@ -83,9 +96,19 @@ void everyMethodCanBeCalled() {
     CHECK_EQUAL(VT_BOOL, result.vt);
     CHECK_EQUAL(VARIANT_FALSE, result.boolVal);
 
-    CHECK_EQUAL(S_OK, call(parser, L"addSetVariableString", {argument(name), argument(name)}));
+    Bstr const text(L"a text");
+    CHECK_EQUAL(S_OK, call(parser, L"addSetVariableString", {argument(name), argument(text)}));
+    CHECK_EQUAL(L"a text string", valueOf(parser, L"A"));
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableDouble", {argument(name), argument(1.5)}));
+    CHECK_EQUAL(L"1.5 number", valueOf(parser, L"A"));
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableBool", {argument(name), argument(true)}));
+    CHECK_EQUAL(L"true boolean", valueOf(parser, L"A"));
+    CHECK_EQUAL(S_OK, call(parser, L"addSetVariableBool", {argument(name), argument(false)}));
+    CHECK_EQUAL(L"false boolean", valueOf(parser, L"A"));
+    CHECK_EQUAL(S_OK, call(parser, L"addSetVariableLong", {argument(name), argument(-7L)}));
+    CHECK_EQUAL(L"-7 number", valueOf(parser, L"A"));
+    CHECK_EQUAL(S_OK, call(parser, L"variableExist", {argument(name)}, &result));
+    CHECK_EQUAL(VARIANT_TRUE, result.boolVal);
     CHECK_EQUAL(S_OK, call(parser, L"addSetVariableLong", {argument(name), argument(5L)}, &result));
     CHECK_EQUAL(VT_BOOL, result.vt);
     CHECK_EQUAL(VARIANT_TRUE, result.boolVal);
@@ -100,15 +123,17 @@ void everyMethodCanBeCalled() {
     CHECK_EQUAL(S_OK,
                 call(parser, L"parse", {argument(script.bstrVal), textReference(error)}, &result));
     CHECK_EQUAL(VT_I4, result.vt);
-    CHECK_EQUAL(0, result.lVal);
+    CHECK_EQUAL(5, result.lVal);  // behind the five scripts that read the values
     CHECK(error != nullptr);
     SysFreeString(error);
     error = nullptr;
-    CHECK_EQUAL(S_OK, call(parser, L"execute", {argument(0L), textReference(error)}, &result));
+    CHECK_EQUAL(S_OK, call(parser, L"execute", {argument(5L), textReference(error)}, &result));
     CHECK_EQUAL(L"OK", textOf(result));
     SysFreeString(error);
     VariantClear(&result);
     CHECK_EQUAL(S_OK, call(parser, L"reset", {}));
+    CHECK_EQUAL(S_OK, call(parser, L"variableExist", {argument(name)}, &result));
+    CHECK_EQUAL(VARIANT_FALSE, result.boolVal);
 }
 
 void documentsAndArraysComeBack() {
