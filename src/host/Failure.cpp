@@ -6,6 +6,7 @@
 
 #include "host/Text.h"
 #include "host/V8Compat.h"
+#include "library/WhiteSpace.h"
 
 namespace kx {
 
@@ -45,10 +46,11 @@ std::u16string_view lineOf(std::u16string_view text, int number) {
 
 bool isInName(char16_t unit) {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' || unit >= 0x80;
+           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' ||
+           (unit >= 0x80 && !isWhiteSpace(unit));
 }
 
-/// A call is known by its first column; the name that stands there is what is marked.
+/// What is known by its first column is marked to the end of the name that begins there.
 int endOfName(std::u16string_view line, int start) {
     auto at = static_cast<std::size_t>(start);
     while (at < line.size() && isInName(line[at])) ++at;
@@ -79,8 +81,14 @@ void placeMessage(v8::Isolate* isolate, v8::Local<v8::Context> context,
                   v8::Local<v8::Message> message, std::size_t prologueLength,
                   KxJsFailure& failure) {
     std::u16string const text = textOf(isolate, context, message);
-    place(text, message->GetLineNumber(context).FromMaybe(0), message->GetStartColumn(),
-          message->GetEndColumn(), linesBefore(text, prologueLength), failure);
+    int const line = message->GetLineNumber(context).FromMaybe(0);
+    int const start = message->GetStartColumn();
+    int end = message->GetEndColumn();
+    // Of what fails as it runs, the engine knows no more than where it begins.
+    if (failure.kind == KxJsFailure::Kind::RUN_ERROR && start >= 0 && end == start + 1) {
+        end = endOfName(lineOf(text, line), start);
+    }
+    place(text, line, start, end, linesBefore(text, prologueLength), failure);
 }
 
 }  // namespace

@@ -33,11 +33,12 @@ struct KxJsFailure {
     std::u16string message;  ///< the exception's text, as in the error text
 
     /// The place in the caller's source: lines and columns count from 1, columns in UTF-16 code
-    /// units, and `endColumn` is the first one behind the mistake, on the same line. For an
-    /// exception from elsewhere (a built-in function, another script, evaluated text) it is the
-    /// call in the source that led there, and `isInCall` says so. All three are 0 where no place is
-    /// known: for limits, and for an exception from elsewhere in an application's own isolate that
-    /// captures no stack traces.
+    /// units, and `endColumn` is the first one behind the mistake, on the same line; behind the
+    /// name or word that begins there, where no more is known than its beginning. For an exception
+    /// from elsewhere (a built-in function, another script, evaluated text) it is the call in the
+    /// source that led there, and `isInCall` says so. All three are 0 where no place is known: for
+    /// limits, and for an exception from elsewhere in an application's own isolate that captures no
+    /// stack traces.
     /// @{
     std::int32_t line = 0;
     std::int32_t column = 0;

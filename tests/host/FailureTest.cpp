@@ -52,30 +52,33 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"success", u"1 + 1", u"none"},  //
         Case{"not_a_number", u"0/0", u"none"},
         Case{"missing_name", u"1 + missing",
-             u"run 1:5-6\n1 + missing\nReferenceError: missing is not defined"},
+             u"run 1:5-12\n1 + missing\nReferenceError: missing is not defined"},
         Case{"syntax", u"1 + * 2", u"compile 1:5-6\n1 + * 2\nSyntaxError: Unexpected token '*'"},
         Case{"unfinished", u"1 +", u"compile 1:4-4\n1 +\nSyntaxError: Unexpected end of input"},
         Case{"wide", u"1 + abc def",
              u"compile 1:9-12\n1 + abc def\nSyntaxError: Unexpected identifier"},
         Case{"empty_line_before", u"\nnope",
-             u"run 2:1-2\nnope\nReferenceError: nope is not defined"},
+             u"run 2:1-5\nnope\nReferenceError: nope is not defined"},
         Case{"carriage_returns", u"1;\r\n2;\rnope",
-             u"run 3:1-2\nnope\nReferenceError: nope is not defined"},
+             u"run 3:1-5\nnope\nReferenceError: nope is not defined"},
         Case{"line_separator", u"1;\u2028nope",
-             u"run 2:1-2\nnope\nReferenceError: nope is not defined"},
+             u"run 2:1-5\nnope\nReferenceError: nope is not defined"},
         Case{"one_variable", u"A + nope",
-             u"run 1:5-6\nA + nope\nReferenceError: nope is not defined"},
+             u"run 1:5-9\nA + nope\nReferenceError: nope is not defined"},
         Case{"two_variables_second_line", u"A;\nB + nope",
-             u"run 2:5-6\nB + nope\nReferenceError: nope is not defined"},
+             u"run 2:5-9\nB + nope\nReferenceError: nope is not defined"},
         Case{"syntax_behind_variables", u"A + B +* 1",
              u"compile 1:8-9\nA + B +* 1\nSyntaxError: Unexpected token '*'"},
         Case{"beyond_ascii", u"'\u00e9\U0001F600' + nope",
-             u"run 1:9-10\n'\u00e9\U0001F600' + nope\nReferenceError: nope is not defined"},
+             u"run 1:9-13\n'\u00e9\U0001F600' + nope\nReferenceError: nope is not defined"},
         Case{"unfinished_text_of_two_lines", u"A;\n'unfinished",
              u"compile 2:1-12\n'unfinished\nSyntaxError: Invalid or unexpected token"},
         Case{"unfinished_template", u"`a\nb",
              u"compile 2:2-2\nb\nSyntaxError: Unexpected end of input"},
-        Case{"thrown_text", u"A; throw 'just text'", u"run 1:4-5\nA; throw 'just text'\njust text"},
+        Case{"name_before_a_blank_beyond_ascii", u"nope\u00A0+ 1",
+             u"run 1:1-5\nnope\u00A0+ 1\nReferenceError: nope is not defined"},
+        Case{"sign", u"A + (5)(1)", u"run 1:8-9\nA + (5)(1)\nTypeError: 5 is not a function"},
+        Case{"thrown_text", u"A; throw 'just text'", u"run 1:4-9\nA; throw 'just text'\njust text"},
         Case{"built_in_function", u"1 + ROUND()",
              u"run 1:5-10 in call\n1 + ROUND()\nReferenceError: ROUND missing argument"},
         Case{"built_in_function_behind_variables", u"A;\n B + ROUND()",
@@ -87,11 +90,11 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"other_script", u"A; outer(() => 1); outer(1)",
              u"run 1:20-25 in call\nA; outer(() => 1); outer(1)\nTypeError: f is not a function"},
         Case{"callback_from_other_script", u"A;\nouter(() => nope)",
-             u"run 2:13-14\nouter(() => nope)\nReferenceError: nope is not defined"},
+             u"run 2:13-17\nouter(() => nope)\nReferenceError: nope is not defined"},
         Case{"engine_function", u"A; 'x'.repeat(-1)",
-             u"run 1:8-9\nA; 'x'.repeat(-1)\nRangeError: Invalid count value"},
+             u"run 1:8-14\nA; 'x'.repeat(-1)\nRangeError: Invalid count value"},
         Case{"text_of_result", u"({toString() {\n return nope }})",
-             u"run 2:2-3\n return nope }})\nReferenceError: nope is not defined"}),
+             u"run 2:2-8\n return nope }})\nReferenceError: nope is not defined"}),
     [](auto const& info) { return std::string(info.param.name); });
 
 TEST(LastFailure, leavesTheErrorTextWithThePrologueInIt) {
@@ -111,7 +114,7 @@ TEST(LastFailure, usesThePrologueThatTheScriptWasParsedWith) {
     for (std::int32_t const script : {with, without}) {
         host.execute(script);
         EXPECT_EQ(describe(host.host.lastFailure()),
-                  u"run 1:5-6\nA + nope\nReferenceError: nope is not defined");
+                  u"run 1:5-9\nA + nope\nReferenceError: nope is not defined");
     }
 }
 
