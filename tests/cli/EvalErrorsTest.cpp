@@ -30,19 +30,19 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"not_converted", "1 + PRICE",
              "Error in line: 1\nReferenceError: PRICE is not defined\n"
              "1 + PRICE\n"
-             "    ^\n"},
+             "    ^^^^^\n"},
         Case{"behind_a_bound_variable", "A + PRICE",
              "Error in line: 1\nReferenceError: PRICE is not defined\n"
              "A + PRICE\n"
-             "    ^\n"},
+             "    ^^^^^\n"},
         Case{"behind_converted_operators", "A<>2 .AND. PRICE>1",
              "Error in line: 1\nReferenceError: PRICE is not defined\n"
              "A<>2 .AND. PRICE>1\n"
-             "           ^\n"},
+             "           ^^^^^\n"},
         Case{"inside_a_converted_function", "1+POWER(PRICE,2)",
              "Error in line: 1\nReferenceError: PRICE is not defined\n"
              "1+POWER(PRICE,2)\n"
-             "        ^\n"},
+             "        ^^^^^\n"},
         Case{"before_converted_operators", "1 + ) .AND. A<>2",
              "Error in line: 1\nSyntaxError: Unexpected token ')'\n"
              "1 + ) .AND. A<>2\n"
@@ -62,11 +62,11 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"later_line", "A +\n\tPRICE",
              "Error in line: 2\nReferenceError: PRICE is not defined\n"
              "\tPRICE\n"
-             "\t^\n"},
+             "\t^^^^^\n"},
         Case{"wide_characters", "'\u6F22e\u0301\U0001F600'+PRICE",
              "Error in line: 1\nReferenceError: PRICE is not defined\n"
              "'\u6F22e\u0301\U0001F600'+PRICE\n"
-             "        ^\n"},
+             "        ^^^^^\n"},
         Case{"unfinished_call", "1+POWER(A,2",
              "Error in line: 1\nSyntaxError: missing ) after argument list\n"
              "1+POWER(A,2\n"

@@ -89,14 +89,14 @@ class PromptTest(unittest.TestCase):
     def test_caret_below_the_typed_line(self):
         self.enter("A = 5", "A = 5 (long)")
         self.enter("A<>2 .AND. PRICE",
-                   "                 ^", "ReferenceError: PRICE is not defined")
+                   "                 ^^^^^", "ReferenceError: PRICE is not defined")
 
     def test_caret_below_an_assigned_formula(self):
-        self.enter("A = 1+PRICE", "            ^", "ReferenceError: PRICE is not defined")
+        self.enter("A = 1+PRICE", "            ^^^^^", "ReferenceError: PRICE is not defined")
 
     def test_caret_below_wide_characters(self):
         self.enter("'\u6f22e\u0301\U0001f600'+PRICE",
-                   "              ^", "ReferenceError: PRICE is not defined")
+                   "              ^^^^^", "ReferenceError: PRICE is not defined")
 
     def test_caret_of_a_line_that_is_wrapped(self):
         line = "'" + "x" * 80 + "'+PRICE"
@@ -185,7 +185,7 @@ class PromptTest(unittest.TestCase):
         self.expect_end("status 0")
 
     def test_quit_after_an_error(self):
-        self.enter("PRICE", "      ^", "ReferenceError: PRICE is not defined")
+        self.enter("PRICE", "      ^^^^^", "ReferenceError: PRICE is not defined")
         self.terminal.type(":quit")
         self.terminal.press("Enter")
         self.expect_end("status 0")
