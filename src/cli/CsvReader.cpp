@@ -36,13 +36,14 @@ struct CsvReader::State {
     bool isAtEnd = false;
     std::size_t bytesRead = 0;
     bool hasByteOrderMark = false;
-    std::string_view lineEnd;
-    char lastByte = '\0';
+    std::string_view lineEnd = "\n";
+    bool isAfterHeader = false;  // nothing was read since its end
 
     void addCell(std::string_view cell) {
         block->_mBytes += cell;
         block->_mEnds.push_back(block->_mBytes.size());
         isAfterCr = false;
+        isAfterHeader = false;
         for (std::size_t i = 0; i < cell.size(); ++i) {
             bool const isCrOfCrLf = cell[i] == '\r' && i + 1 < cell.size() && cell[i + 1] == '\n';
             if ((cell[i] == '\n' || cell[i] == '\r') && !isCrOfCrLf) ++line;
@@ -52,11 +53,13 @@ struct CsvReader::State {
     void endRecord(int terminator) {
         // The second half of CR LF ends no line of its own.
         bool const isLine = terminator != '\n' || !isAfterCr;
+        if (!isLine && isAfterHeader) lineEnd = "\r\n";
         // In a single column, a blank line is how an empty cell is written.
         bool const isBlank = block->_mEnds.size() == recordCell;
         if (isBlank && isLine && headerCells == 1) block->_mEnds.push_back(block->_mBytes.size());
         std::size_t const cells = block->_mEnds.size() - recordCell;
         if (cells > 0) block->_mRecords.push_back({recordCell, cells, recordLine});
+        isAfterHeader = headerCells == 0 && cells > 0;
         if (headerCells == 0) headerCells = cells;
         recordCell = block->_mEnds.size();
         if (isLine) ++line;
@@ -70,14 +73,6 @@ struct CsvReader::State {
             bytes.remove_prefix(kByteOrderMark.size());
         }
         return bytes;
-    }
-
-    void noteLineEnd(std::string_view bytes) {
-        if (!lineEnd.empty()) return;
-        std::size_t const at = bytes.find('\n');
-        if (at == std::string_view::npos) return;
-        char const before = at > 0 ? bytes[at - 1] : lastByte;
-        lineEnd = before == '\r' ? "\r\n" : "\n";
     }
 
     /// The cells of a record that has not ended yet go to the next block.
@@ -185,10 +180,8 @@ CsvBlock CsvReader::next(std::size_t bytes) {
             state.check(csv_fini(&state.parser, State::onCell, State::onEnd, &state) == 0);
             break;
         }
-        state.noteLineEnd(read);
         std::string_view const content = state.withoutMark(read);
         state.bytesRead += read.size();
-        state.lastByte = read.back();
         state.parse(content);
     }
     state.keepUnfinished();
@@ -197,8 +190,6 @@ CsvBlock CsvReader::next(std::size_t bytes) {
 
 std::size_t CsvReader::bytesRead() const { return _mState->bytesRead; }
 bool CsvReader::hasByteOrderMark() const { return _mState->hasByteOrderMark; }
-std::string_view CsvReader::lineEnd() const {
-    return _mState->lineEnd.empty() ? std::string_view("\n") : _mState->lineEnd;
-}
+std::string_view CsvReader::lineEnd() const { return _mState->lineEnd; }
 
 }  // namespace kx

@@ -53,7 +53,8 @@ class CsvReader {
 
     /// How many bytes were read.
     std::size_t bytesRead() const;
-    /// Whether the file begins with a byte order mark, and how its first line ends.
+    /// Whether the file begins with a byte order mark, and how its header ends: LF or CR LF. The
+    /// latter is known once next() was called.
     bool hasByteOrderMark() const;
     std::string_view lineEnd() const;
 
