@@ -1,35 +1,27 @@
 #include "cli/Assignment.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
 #include <string_view>
 
+#include "cli/NameLetter.h"
 #include "cli/Utf8.h"
 #include "cli/VariableOption.h"
 
 namespace kx {
 namespace {
 
-constexpr std::u16string_view kBlanks = u" \t";
-
 std::u16string_view trimmed(std::u16string_view text) {
-    std::size_t const start = text.find_first_not_of(kBlanks);
-    if (start == std::u16string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
-}
-
-bool isNameLetter(char16_t unit) {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || unit == u'_' ||
-           unit == u'$' || unit >= 0x80;
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 bool isName(std::u16string_view text) {
-    if (text.empty() || !isNameLetter(text.front())) return false;
-    for (char16_t const unit : text) {
-        if (!isNameLetter(unit) && (unit < u'0' || unit > u'9')) return false;
-    }
-    return true;
+    return !text.empty() && isNameStart(text.front()) &&
+           std::all_of(text.begin(), text.end(), isNamePart);
 }
 
 }  // namespace

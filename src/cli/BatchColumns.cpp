@@ -6,7 +6,10 @@
 #include <utility>
 
 #include "cli/Errors.h"
+#include "cli/MessageText.h"
+#include "cli/NameLetter.h"
 #include "cli/Utf8.h"
+#include "cli/ValueText.h"
 
 namespace kx {
 namespace {
@@ -14,7 +17,6 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::size_t kSeenByFormulas = 255;
-constexpr std::size_t kShownOfCell = 40;
 
 /// Words that no variable can be called.
 constexpr std::array kReserved = {
@@ -26,13 +28,8 @@ constexpr std::array kReserved = {
     u"throw"sv,    u"true"sv,     u"try"sv,     u"typeof"sv, u"var"sv,        u"void"sv,
     u"while"sv,    u"with"sv,     u"yield"sv};
 
-bool isNamePart(char16_t c) {
-    bool const isLetter = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c >= u'\u00C0';
-    return isLetter || (c >= u'0' && c <= u'9') || c == u'_' || c == u'$';
-}
-
 bool isName(std::u16string_view text) {
-    if (text.empty() || (text[0] >= u'0' && text[0] <= u'9')) return false;
+    if (text.empty() || !isNameStart(text.front())) return false;
     if (!std::all_of(text.begin(), text.end(), isNamePart)) return false;
     return std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
 }
@@ -68,13 +65,7 @@ std::string refusal(std::string_view cell, CellType type) {
         // Its bytes are not shown: a terminal could make nothing of them.
         return "byte " + std::to_string(error.position()) + " of the cell is not UTF-8";
     }
-    if (text.size() > kShownOfCell) {
-        // Not between the halves of a surrogate pair.
-        bool const isHalf = text[kShownOfCell - 1] >= 0xD800 && text[kShownOfCell - 1] <= 0xDBFF;
-        text.resize(isHalf ? kShownOfCell - 1 : kShownOfCell);
-        text += u'\u2026';
-    }
-    return "\"" + utf8FromUtf16(text) + "\" is not " + describe(type);
+    return "\"" + quotable(std::move(text)) + "\" is not " + describe(type);
 }
 
 CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t headerCells) {
@@ -86,7 +77,7 @@ CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t heade
         if (cell.empty() || block.cellCount(record) > headerCells) continue;
         if (numberInCell(CellType::GUESSED, cell)) {
             hasNumbers = true;
-        } else if (booleanInCell(cell)) {
+        } else if (booleanFrom(cell)) {
             hasBooleans = true;
         } else {
             return CellType::STRING;
@@ -103,14 +94,14 @@ BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16strin
     : _mHeaderCells(header.size()) {
     for (auto const& [name, type] : types) {
         if (std::find(header.begin(), header.end(), name) == header.end()) {
-            throw UsageError("--type " + name + ": there is no such column");
+            throw UsageError("--type " + quotable(name) + ": there is no such column");
         }
     }
     for (std::size_t i = 0; i < header.size(); ++i) {
         std::u16string const name = nameOf(header[i]);
         if (!isName(name) || !isUsed(source, name)) continue;
         if (std::count(header.begin(), header.end(), header[i]) > 1) {
-            throw WorkError("two columns are called \"" + header[i] + "\"");
+            throw WorkError("two columns are called \"" + quotable(header[i]) + "\"");
         }
         Column column{.index = i,
                       .header = header[i],
@@ -143,7 +134,7 @@ bool BatchColumns::take(Column& column, std::string_view cell) {
         return column.texts[position].size() <= kSeenByFormulas;
     }
     if (column.type == CellType::BOOLEAN) {
-        auto const value = booleanInCell(cell);
+        auto const value = booleanFrom(cell);
         column.booleans[position] = value.value_or(false);
         return value.has_value();
     }
@@ -161,7 +152,7 @@ std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) 
         return !take(column, block.cell(record, column.index));
     });
     if (wrong == _mColumns.end()) return {};
-    return "column " + wrong->header + ": " +
+    return "column " + quotable(wrong->header) + ": " +
            refusal(block.cell(record, wrong->index), wrong->type);
 }
 

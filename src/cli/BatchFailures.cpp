@@ -2,18 +2,11 @@
 
 #include <utility>
 
+#include "cli/MessageText.h"
 #include "cli/Output.h"
-#include "cli/Utf8.h"
 
 namespace kx {
 namespace {
-
-std::string inOneLine(std::u16string message) {
-    for (char16_t& unit : message) {
-        if (unit == u'\n' || unit == u'\r') unit = u' ';
-    }
-    return utf8FromUtf16(message);
-}
 
 bool isSamePlace(FailedLine const& one, FailedLine const& other) {
     return one.isTyped == other.isTyped && one.number == other.number && one.marks == other.marks;

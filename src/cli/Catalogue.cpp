@@ -34,10 +34,12 @@ constexpr std::size_t kMostNames = 5;
 
 }  // namespace
 
-std::vector<Catalogue> builtInCatalogues() {
-    return {{u"Mathematical functions", buildMathFunctions()},
-            {u"String functions", buildStringFunctions()},
-            {u"Miscellaneous functions", buildMiscFunctions()}};
+std::vector<Catalogue> const& builtInCatalogues() {
+    static std::vector<Catalogue> const catalogues = {
+        {u"Mathematical functions", buildMathFunctions()},
+        {u"String functions", buildStringFunctions()},
+        {u"Miscellaneous functions", buildMiscFunctions()}};
+    return catalogues;
 }
 
 std::u16string signatureOf(KxJsFunction const& function) {

@@ -13,8 +13,8 @@ struct Catalogue {
     std::vector<KxJsFunction> functions;
 };
 
-/// All built-in functions, in the order in which they are documented everywhere.
-std::vector<Catalogue> builtInCatalogues();
+/// All built-in functions, in the order in which they are documented everywhere. Made once.
+std::vector<Catalogue> const& builtInCatalogues();
 
 /// How a call is written: "NAME(first, second)".
 std::u16string signatureOf(KxJsFunction const& function);

@@ -1,24 +1,9 @@
 #include "cli/CellType.h"
 
-#include <charconv>
-#include <system_error>
+#include "cli/ValueText.h"
 
 namespace kx {
 namespace {
-
-// std::from_chars reads the same text to the same number under every locale.
-template <class Number>
-std::optional<double> numberFrom(std::string_view text) {
-    Number number{};
-    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    return static_cast<double>(number);
-}
-
-std::string_view withoutPlus(std::string_view text) {
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    return text;
-}
 
 /// Whether the text of `cell` says more than its number: item numbers, telephone numbers.
 bool saysMore(std::string_view cell) {
@@ -56,17 +41,9 @@ std::string describe(CellType type) {
 }
 
 std::optional<double> numberInCell(CellType type, std::string_view cell) {
-    // from_chars would also take the names of infinity and not-a-number, in any letter case.
-    if (cell.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
-    if (type == CellType::LONG) return numberFrom<std::int32_t>(withoutPlus(cell));
+    if (type == CellType::LONG) return wholeNumberFrom(cell);
     if (type == CellType::GUESSED && saysMore(cell)) return std::nullopt;
-    return numberFrom<double>(withoutPlus(cell));
-}
-
-std::optional<bool> booleanInCell(std::string_view cell) {
-    if (cell == "true") return true;
-    if (cell == "false") return false;
-    return std::nullopt;
+    return numberFrom(cell);
 }
 
 }  // namespace kx

@@ -17,9 +17,8 @@ std::optional<CellType> cellTypeNamed(std::string_view name);
 /// "a whole number of 32 bits", for messages.
 std::string describe(CellType type);
 
-/// The value of a cell in a column of that type; nothing where it has none. Whole numbers are
+/// The number in a cell of a column of that type; nothing where it has none. Whole numbers are
 /// given as doubles too: formulas know no difference.
 std::optional<double> numberInCell(CellType type, std::string_view cell);
-std::optional<bool> booleanInCell(std::string_view cell);
 
 }  // namespace kx

@@ -102,7 +102,7 @@ std::u16string upperCase(std::u16string text) {
 }  // namespace
 
 ExitStatus runFunctions(FunctionsOptions const& options) {
-    std::vector<Catalogue> const catalogues = builtInCatalogues();
+    std::vector<Catalogue> const& catalogues = builtInCatalogues();
     if (options.name.empty()) {
         printCatalogues(catalogues);
         flushOutput();

@@ -3,25 +3,18 @@
 #include <algorithm>
 #include <vector>
 
+#include "cli/NameLetter.h"
+
 namespace kx {
 namespace {
-
-bool isBlank(char16_t unit) {
-    return unit <= u' ' || unit == 0xA0 || unit == 0xFEFF || unit == 0x2028 || unit == 0x2029;
-}
-
-bool isInWord(char16_t unit) {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' || unit >= 0x80;
-}
 
 bool isQuote(char16_t unit) { return unit == u'\'' || unit == u'"'; }
 
 std::size_t tokenEnd(std::u16string_view text, std::size_t start) {
     std::size_t end = start + 1;
     if (isQuote(text[start])) return std::min(text.find(text[start], end), text.size() - 1) + 1;
-    if (!isInWord(text[start])) return end;
-    while (end < text.size() && isInWord(text[end]) && !isBlank(text[end])) ++end;
+    if (!isNamePart(text[start])) return end;
+    while (end < text.size() && isNamePart(text[end])) ++end;
     return end;
 }
 
@@ -79,7 +72,7 @@ std::optional<std::size_t> partnerOf(Tokens const& typed, Tokens const& converte
     }
     if (same == behind) return typed.count() - behind;
 
-    if (!isInWord(wanted.front()) && !isQuote(wanted.front())) return std::nullopt;
+    if (!isNamePart(wanted.front()) && !isQuote(wanted.front())) return std::nullopt;
     std::size_t before = 0;
     std::size_t inConverted = 0;
     for (std::size_t i = 0; i < converted.count(); ++i) {

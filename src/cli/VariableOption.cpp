@@ -1,44 +1,13 @@
 #include "cli/VariableOption.h"
 
-#include <charconv>
 #include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <string_view>
-#include <system_error>
 
 #include "cli/Errors.h"
 #include "cli/FormulaSource.h"
+#include "cli/ValueText.h"
 
 namespace kx {
 namespace {
-
-// std::from_chars reads the same text to the same number under every locale.
-template <class Number>
-std::optional<Number> numberFrom(std::string_view text) {
-    // from_chars knows no plus sign, and must not read "+-5" as -5.
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    Number number{};
-    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    return number;
-}
-
-std::optional<std::int32_t> longFrom(std::string_view text) {
-    return numberFrom<std::int32_t>(text);
-}
-
-std::optional<double> doubleFrom(std::string_view text) {
-    // from_chars would also take the names of infinity and not-a-number, in any letter case.
-    if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
-    return numberFrom<double>(text);
-}
-
-std::optional<bool> booleanFrom(std::string_view text) {
-    if (text == "true") return true;
-    if (text == "false") return false;
-    return std::nullopt;
-}
 
 [[noreturn]] void refuse(std::string const& assignment, std::string const& why) {
     throw UsageError("variable \"" + assignment + "\": " + why);
@@ -57,11 +26,11 @@ KxJsVariable parseVariable(VariableOption option, std::string const& assignment)
     bool const guess = option == VariableOption::GUESS;
 
     if (guess || option == VariableOption::LONG) {
-        if (auto const number = longFrom(value)) return {name, *number};
+        if (auto const number = wholeNumberFrom(value)) return {name, *number};
         if (!guess) refuse(assignment, "the value is not a whole number of 32 bits");
     }
     if (guess || option == VariableOption::DOUBLE) {
-        if (auto const number = doubleFrom(value)) return {name, *number};
+        if (auto const number = numberFrom(value)) return {name, *number};
         if (!guess)
             refuse(assignment, "the value is not a decimal number in the range of a double");
     }

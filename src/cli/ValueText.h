@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace kx {
+
+/// Values as users write them, in options and cells; nothing for any other text. Numbers are the
+/// same under every locale and may have a sign, a plus too; the names of infinity and not-a-number
+/// are none.
+/// @{
+std::optional<std::int32_t> wholeNumberFrom(std::string_view text);
+std::optional<double> numberFrom(std::string_view text);
+std::optional<bool> booleanFrom(std::string_view text);
+/// @}
+
+}  // namespace kx
