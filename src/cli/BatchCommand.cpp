@@ -15,6 +15,7 @@
 #include "cli/CsvReader.h"
 #include "cli/CsvText.h"
 #include "cli/FormulaSource.h"
+#include "cli/MessageText.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
 #include "cli/Utf8.h"
@@ -45,6 +46,15 @@ class InputFile {
     int descriptor() const { return _mDescriptor; }
     std::string const& name() const { return _mName; }
 
+    /// Whether what goes to standard output is appended to what is still to be read.
+    bool isStandardOutput() const {
+        struct stat status {};
+        struct stat standard {};
+        return ::fstat(_mDescriptor, &status) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
+               S_ISREG(status.st_mode) && status.st_dev == standard.st_dev &&
+               status.st_ino == standard.st_ino;
+    }
+
     /// 0 for anything but a file.
     std::size_t size() const {
         struct stat status {};
@@ -57,22 +67,14 @@ class InputFile {
     std::string _mName;
 };
 
-/// Whether `path` is another name of standard output, such as /dev/stdout. Where that leads to a
-/// file, the file must not be replaced: the shell, or what it started, goes on writing there.
-bool isStandardOutput(std::string const& path) {
-    struct stat named {};
-    struct stat standard {};
-    return ::stat(path.c_str(), &named) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
-           named.st_dev == standard.st_dev && named.st_ino == standard.st_ino;
-}
-
 /// Standard output, or a file that is replaced when everything is written. What is there and is no
 /// file, such as a pipe, is written into.
 class BatchOutput {
   public:
     explicit BatchOutput(std::string const& path) {
-        if (!path.empty() && !isStandardOutput(path)) _mFile.emplace(path);
+        if (!path.empty() && !kx::isStandardOutput(path)) _mFile.emplace(path);
     }
+    bool isStandardOutput() const { return !_mFile; }
     void write(std::string_view bytes) {
         if (_mFile) {
             _mFile->write(bytes);
@@ -107,10 +109,14 @@ class Batch {
     }
 
     ExitStatus run() {
+        if (_mOutput.isStandardOutput() && _mInput.isStandardOutput()) {
+            throw UsageError(_mInput.name() + ": the output would go into the file that is read");
+        }
         _mReader.readHeader(_mHeader);
         if (_mHeader.empty()) throw WorkError(_mInput.name() + ": there is no header");
         if (std::find(_mHeader.begin(), _mHeader.end(), _mOptions.resultName) != _mHeader.end()) {
-            throw UsageError("--as " + _mOptions.resultName + ": there is such a column already");
+            throw UsageError("--as " + quotable(_mOptions.resultName) +
+                             ": there is such a column already");
         }
         CsvBlock block = _mReader.next(kBlockBytes);
         BatchColumns columns(_mHeader, _mSource, _mOptions.types);

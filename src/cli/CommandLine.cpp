@@ -59,7 +59,7 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     addCommands(app, command);
     app.footer(
         "Input and output are UTF-8. Exit status: 0, 1 when a formula failed or an output could\n"
-        "not be written, 2 for wrong usage.");
+        "not be written, 2 for wrong usage. Where nobody reads the output, SIGPIPE ends it.");
     try {
         std::vector<std::string> reversed = guarded(arguments);
         std::reverse(reversed.begin(), reversed.end());  // as CLI11 wants them
@@ -70,16 +70,25 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     return command();
 }
 
+/// The end that a shell knows from other programs; returns where the signal is blocked.
+void endByPipeSignal() {
+    std::signal(SIGPIPE, SIG_DFL);
+    std::raise(SIGPIPE);
+}
+
 }  // namespace
 
 ExitStatus runCommandLine(std::vector<std::string> const& arguments) {
-    // A closed pipe is to be reported like a full disk, not to end the process without a word.
+    // At its default, the signal would end the process with unfinished files left behind.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         return parseAndRun(arguments);
     } catch (UsageError const& error) {
         reportError(error.what());
         return EXIT_STATUS_USAGE;
+    } catch (ReaderGone const&) {
+        endByPipeSignal();
+        return EXIT_STATUS_READER_GONE;
     } catch (std::bad_alloc const&) {
         reportError("out of memory");
     } catch (std::exception const& error) {

@@ -40,7 +40,7 @@ ExitStatus runDocs(DocsOptions const& options) {
     }
     bool const standalone = !options.fragment;
     std::u16string const document = KxJsParser::_getUserDocumentation(standalone, options.examples);
-    if (options.file.empty() || options.file == "-") {
+    if (options.file.empty() || options.file == "-" || isStandardOutput(options.file)) {
         print(document);
         flushOutput();
     } else {

@@ -2,7 +2,9 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 #include "cli/Errors.h"
 #include "cli/Utf8.h"
@@ -12,6 +14,7 @@ namespace {
 
 void throwOutputError() {
     int const code = errno;
+    if (code == EPIPE) throw ReaderGone();
     throw WorkError("cannot write to standard output: " + std::generic_category().message(code));
 }
 
@@ -30,6 +33,13 @@ void printLine(std::u16string_view text) {
 
 void flushOutput() {
     if (std::fflush(stdout) != 0) throwOutputError();
+}
+
+bool isStandardOutput(std::string const& path) {
+    struct stat named {};
+    struct stat standard {};
+    return ::stat(path.c_str(), &named) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
+           named.st_dev == standard.st_dev && named.st_ino == standard.st_ino;
 }
 
 void reportError(std::string_view message) {

@@ -1,5 +1,6 @@
 // kxjs batch: CSV in and out, types, failing records.
 
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -57,6 +58,15 @@ INSTANTIATE_TEST_SUITE_P(
              {"A+1"},
              "A,B\r\n1,x\r\n2,y\r\n",
              "A,B,RESULT\r\n1,x,2\r\n2,y,3\r\n"},
+        Case{"line_feed_in_the_header",
+             {"B+1"},
+             "\"A\nX\",B\r\n1,2\r\n",
+             "\"A\nX\",B,RESULT\r\n1,2,3\r\n"},
+        Case{"carriage_return_in_the_header",
+             {"B+1"},
+             "\"A\r\nX\",B\n1,2\n",
+             "\"A\r\nX\",B,RESULT\n1,2,3\n"},
+        Case{"carriage_return_behind_the_header_only", {"A+1"}, "A\r1\r\n", "A,RESULT\n1,2\n"},
         Case{"lone_carriage_returns", {"A+1"}, "A\r1\r2\r", "A,RESULT\n1,2\n2,3\n"},
         Case{"byte_order_mark",
              {"A+1"},
@@ -125,14 +135,14 @@ INSTANTIATE_TEST_SUITE_P(
              "A\na\nx\nb\n",
              "A,RESULT\na,a\nx,\nb,b\n",
              "kxjs: line 3: ReferenceError: missing is not defined\n"
-             "A=='x'?missing:A\n       ^\n",
+             "A=='x'?missing:A\n       ^^^^^^^\n",
              1},
         Case{"failures_in_the_formula_as_it_was_typed",
              {"IIF(A<>1,MISSING,A)"},
              "A\n1\n2\n",
              "A,RESULT\n1,\n2,\n",
              "kxjs: line 2: ReferenceError: MISSING is not defined\n"
-             "IIF(A<>1,MISSING,A)\n         ^\n"
+             "IIF(A<>1,MISSING,A)\n         ^^^^^^^\n"
              "kxjs: line 3: ReferenceError: MISSING is not defined\n",
              1},
         Case{"failures_in_what_the_formula_became",
@@ -146,17 +156,17 @@ INSTANTIATE_TEST_SUITE_P(
              {"--js", "A==1?ONE:\nTWO"},
              "A\n1\n1\n2\n2\n1\n",
              "A,RESULT\n1,\n1,\n2,\n2,\n1,\n",
-             "kxjs: line 2: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^\n"
+             "kxjs: line 2: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^^^\n"
              "kxjs: line 3: ReferenceError: ONE is not defined\n"
-             "kxjs: line 4: ReferenceError: TWO is not defined\nTWO\n^\n"
+             "kxjs: line 4: ReferenceError: TWO is not defined\nTWO\n^^^\n"
              "kxjs: line 5: ReferenceError: TWO is not defined\n"
-             "kxjs: line 6: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^\n",
+             "kxjs: line 6: ReferenceError: ONE is not defined\nA==1?ONE:\n     ^^^\n",
              1},
         Case{"messages_of_several_lines",
              {"--js", "throw 'a\\nb'"},
              "A\n1\n",
              "A,RESULT\n1,\n",
-             "kxjs: line 2: a b\nthrow 'a\\nb'\n^\n",
+             "kxjs: line 2: a b\nthrow 'a\\nb'\n^^^^^\n",
              1},
         Case{"not_a_number",
              {"A*2"},
@@ -247,6 +257,35 @@ INSTANTIATE_TEST_SUITE_P(
              "",
              "kxjs: standard input, line 1: a zero byte here or further on\n",
              1},
+        Case{"control_characters_in_a_cell",
+             {"A", "--type", "A=long"},
+             "A\n\"\x1B[2J\tx\ny\xC2\x9B\"\n",
+             "A,RESULT\n\"\x1B[2J\tx\ny\xC2\x9B\",\n",
+             "kxjs: line 2: column A: \"\\u001B[2J\\u0009x y\\u009B\" is not a whole number of 32 "
+             "bits\n",
+             1},
+        Case{"control_characters_in_an_exception",
+             {"--js", "throw A+'\\x1B[2J\\x7F'"},
+             "A\n1\n",
+             "A,RESULT\n1,\n",
+             "kxjs: line 2: 1\\u001B[2J\\u007F\nthrow A+'\\x1B[2J\\x7F'\n^^^^^\n",
+             1},
+        Case{"long_header",
+             {kForty + "yy"},
+             kForty + "yy,B\ntrue,1\n,2\n",
+             kForty + "yy,B,RESULT\ntrue,1,true\n,2,\n",
+             "kxjs: line 3: column " + kForty + "…: an empty cell is not \"true\" or \"false\"\n",
+             1},
+        Case{"long_header_twice",
+             {kForty + "yy"},
+             kForty + "yy," + kForty + "yy\n1,2\n",
+             "",
+             "kxjs: two columns are called \"" + kForty + "…\"\n",
+             1},
+        Case{"blanks_and_signs_beyond_ascii_are_no_letters",
+             {"--js", "A\u00A0+\u00A0B"},
+             "A,B,A\u00D7\n1,2,x\n",
+             "A,B,A\u00D7,RESULT\n1,2,x,3\n"},
         Case{"two_columns_of_a_name",
              {"A"},
              "A,A\n1,2\n",
@@ -335,6 +374,27 @@ TEST_F(BatchFiles, AreWrittenIntoWhereTheyAreStandardOutput) {
     EXPECT_TRUE(fs::equivalent(out, out + ".link"));
     // A file without a name, too.
     EXPECT_EQ(kxjs({"batch", "A+1", "-o", "/dev/stdout"}, "A\n1\n").out, "A,RESULT\n1,2\n");
+}
+
+TEST_F(BatchFiles, AreNotReadAndAppendedTo) {
+    write("in.csv", "A\n1\n");
+    for (std::vector<std::string> const& arguments :
+         {std::vector<std::string>{"batch", "A+1", "-i", in, "-o", in},
+          std::vector<std::string>{"batch", "A+1", "-i", in}}) {
+        Outcome const outcome =
+            run({.arguments = arguments, .input = {}, .environment = {}, .outputFile = in});
+        EXPECT_EQ(outcome.err,
+                  "kxjs: " + in + ": the output would go into the file that is read\n");
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(bytesOf(in), "A\n1\n");
+    }
+}
+
+TEST_F(BatchFiles, LeaveNothingWhereNobodyReadsTheOutput) {
+    write("in.csv", "A\n1\n");
+    Outcome const outcome = runWithClosedPipe({"batch", "A+1", "-i", in});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.status, 128 + SIGPIPE);
 }
 
 TEST_F(BatchFiles, ThatArePipesAreWrittenInto) {

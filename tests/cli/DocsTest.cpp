@@ -107,6 +107,20 @@ TEST_F(Docs, WritesToStandardOutputForADash) {
     EXPECT_EQ(kxjs({"docs", "-o", "-"}).out, kxjs({"docs"}).out);
 }
 
+TEST_F(Docs, WritesIntoTheFileThatIsStandardOutput) {
+    fs::path const file = path("page.html");
+    write(file, "old");
+    fs::create_hard_link(file, path("link.html"));
+    Outcome const outcome = run({.arguments = {"docs", "-o", "/dev/stdout"},
+                                 .input = {},
+                                 .environment = {},
+                                 .outputFile = file.string()});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(fs::equivalent(file, path("link.html")));
+    EXPECT_EQ(contentsOf(file), kxjs({"docs"}).out);
+}
+
 TEST_F(Docs, ReplacesAFileAndKeepsItsPermissions) {
     write(path("doc.html"), std::string(1000000, 'x'));
     ASSERT_EQ(::chmod(path("doc.html").c_str(), 0640), 0);
