@@ -177,6 +177,7 @@ void addConvert(CLI::App& app, Command& command) {
     convert->callback([=, &command] {
         command = [=] {
             options->formulas = unguarded(std::move(options->formulas));
+            requireInput(options->formulas);
             return runConvert(*options);
         };
     });

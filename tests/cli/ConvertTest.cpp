@@ -8,6 +8,7 @@
 
 namespace {
 
+using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(Convert, PrintsTheJavaScript) {
@@ -54,6 +55,13 @@ TEST(Convert, RefusesInvalidUtf8) {
     Outcome const outcome = kxjs({"convert"}, "A<>1\n\xC0\xAF\nB<>2\n");
     EXPECT_EQ(outcome.out, "A!=1\n");
     EXPECT_EQ(outcome.err, "kxjs: standard input, line 2: invalid UTF-8 at byte 1\n");
+    EXPECT_EQ(outcome.status, 2);
+}
+
+TEST(Convert, DoesNotWaitForATerminal) {
+    if (!hasTerminals()) GTEST_SKIP() << "no terminals here";
+    Outcome const outcome = runOnTerminal({"convert"}, 80);
+    EXPECT_THAT(outcome.err, HasSubstr("no formula given"));
     EXPECT_EQ(outcome.status, 2);
 }
 
