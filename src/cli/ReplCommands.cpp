@@ -2,9 +2,11 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "cli/Catalogue.h"
 #include "cli/Commands.h"
+#include "cli/NameLetter.h"
 #include "cli/Output.h"
 #include "cli/ReplSession.h"
 #include "cli/Utf8.h"
@@ -20,7 +22,7 @@ constexpr std::u16string_view kHelp =
     u":js [FORMULA]    show the JavaScript of formulas or no longer, or of one formula\n"
     u":quit            leave; Ctrl-D does too\n"
     u":reset           forget all variables\n"
-    u":time            show how long formulas take, or no longer\n"
+    u":time [FORMULA]  show how long formulas take or no longer, or how long one does\n"
     u":vars            the variables\n"
     u"\n"
     u"Tab completes names. Ctrl-C ends a formula that runs, and empties the line that is typed.";
@@ -28,11 +30,8 @@ constexpr std::u16string_view kHelp =
 constexpr std::array<std::u16string_view, 6> kCommands = {u":help",  u":js",   u":quit",
                                                           u":reset", u":time", u":vars"};
 
-bool isInName(char16_t unit) {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' || unit == u':' ||
-           unit >= 0x80;
-}
+/// Commands are words that begin with a colon.
+bool isInWord(char16_t unit) { return isNamePart(unit) || unit == u':'; }
 
 /// Whether `name` begins with `start`, in any case of ASCII letters.
 bool beginsWith(std::u16string_view name, std::u16string_view start) {
@@ -49,7 +48,8 @@ bool beginsWith(std::u16string_view name, std::u16string_view start) {
 bool ReplSession::runCommand(std::u16string const& name, std::u16string const& argument) {
     if (name == u"help") return help(argument);
     if (name == u"js") return showJavaScript(argument);
-    bool const isKnown = name == u"quit" || name == u"reset" || name == u"time" || name == u"vars";
+    if (name == u"time") return showTime(argument);
+    bool const isKnown = name == u"quit" || name == u"reset" || name == u"vars";
     if (!isKnown || !argument.empty()) {
         reportError(isKnown ? ":" + utf8FromUtf16(name) + " takes nothing behind it"
                             : "there is no command \":" + utf8FromUtf16(name) +
@@ -59,11 +59,6 @@ bool ReplSession::runCommand(std::u16string const& name, std::u16string const& a
     if (name == u"quit") hasEnded_ = true;
     if (name == u"reset") reset();
     if (name == u"vars") showVariables();
-    if (name == u"time") {
-        showsTime_ = !showsTime_;
-        printLine(showsTime_ ? u"The time of formulas is shown."
-                             : u"The time of formulas is no longer shown.");
-    }
     return true;
 }
 
@@ -86,6 +81,21 @@ bool ReplSession::showJavaScript(std::u16string const& formula) {
     return true;
 }
 
+bool ReplSession::showTime(std::u16string const& formula) {
+    if (!formula.empty()) {
+        struct Restored {
+            bool& value;
+            bool before;
+            ~Restored() { value = before; }
+        } const restored{showsTime_, std::exchange(showsTime_, true)};
+        return evaluateOrAssign(formula);
+    }
+    showsTime_ = !showsTime_;
+    printLine(showsTime_ ? u"The time of formulas is shown."
+                         : u"The time of formulas is no longer shown.");
+    return true;
+}
+
 void ReplSession::showVariables() const {
     for (auto const& [name, variable] : variables_) printLine(describeVariable(variable));
 }
@@ -97,7 +107,7 @@ void ReplSession::reset() {
 
 Completion ReplSession::complete(std::u16string const& beforeCursor) const {
     std::size_t start = beforeCursor.size();
-    while (start > 0 && isInName(beforeCursor[start - 1])) --start;
+    while (start > 0 && isInWord(beforeCursor[start - 1])) --start;
     std::u16string const word = beforeCursor.substr(start);
     Completion found;
     found.wordLength = word.size();

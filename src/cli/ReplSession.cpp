@@ -52,6 +52,10 @@ bool ReplSession::run(std::u16string const& line) {
         return runCommand(line.substr(start + 1, end - start - 1),
                           argument < last ? line.substr(argument, last - argument) : u"");
     }
+    return evaluateOrAssign(line);
+}
+
+bool ReplSession::evaluateOrAssign(std::u16string const& line) {
     if (auto const assignment = assignmentFrom(line)) return assign(*assignment, line);
     return evaluate(line);
 }

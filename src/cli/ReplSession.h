@@ -36,8 +36,10 @@ class ReplSession {
     bool runCommand(std::u16string const& name, std::u16string const& argument);
     bool help(std::u16string const& function);
     bool showJavaScript(std::u16string const& formula);
+    bool showTime(std::u16string const& formula);
     void showVariables() const;
     void reset();
+    bool evaluateOrAssign(std::u16string const& line);
     bool assign(Assignment const& assignment, std::u16string const& line);
     bool bind(KxJsVariable const& variable);
     bool evaluate(std::u16string const& formula);

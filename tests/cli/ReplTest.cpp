@@ -48,6 +48,9 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"converted_formula_value", "A = 1<>2\nA\n", "A = true (boolean)\ntrue\n", ""},
         Case{"name_beyond_ascii", "gr\u00f6\u00dfe = 3\ngr\u00f6\u00dfe*2\n",
              "gr\u00f6\u00dfe = 3 (long)\n6\n", ""},
+        Case{"blanks_beyond_ascii", "A\u00A0= \u20035\u3000\nA*2\n", "A = 5 (long)\n10\n", ""},
+        Case{"sign_beyond_ascii", "A\u00D7 = 5\n", "",
+             "Error in line: 1\nSyntaxError: Invalid or unexpected token\nA\u00D7 = 5\n ^\n"},
         Case{"comparison_is_a_formula", "A = 5\nA == 5\n", "A = 5 (long)\ntrue\n", ""},
         Case{"variables", "B = 2\nA = 'x'\n:vars\n:reset\n:vars\n",
              "B = 2 (long)\nA = 'x' (string)\nA = 'x' (string)\nB = 2 (long)\n", ""},
@@ -58,9 +61,9 @@ INSTANTIATE_TEST_SUITE_P(
              ""},
         Case{"quit", "1\n:quit\n2\n", "1\n", ""},
         Case{"failed_formula", "1\n1+PRICE\n2\n", "1\n2\n",
-             "Error in line: 1\nReferenceError: PRICE is not defined\n1+PRICE\n  ^\n"},
+             "Error in line: 1\nReferenceError: PRICE is not defined\n1+PRICE\n  ^^^^^\n"},
         Case{"failed_value", "A = 1+PRICE\nA\n", "",
-             "Error in line: 1\nReferenceError: PRICE is not defined\n1+PRICE\n  ^\n"
+             "Error in line: 1\nReferenceError: PRICE is not defined\n1+PRICE\n  ^^^^^\n"
              "Error in line: 1\nReferenceError: A is not defined\nA\n^\n"},
         Case{"value_that_is_no_number", "A = 0/0\n:vars\n", "", "Not A Number\n"},
         Case{"result_and_error", "0/0\n", "NaN\n", "Not A Number\n"},
@@ -96,6 +99,14 @@ TEST(Repl, ListsItsCommands) {
 TEST(Repl, ShowsTimes) {
     Outcome const outcome = kxjs({"repl"}, ":time\n1\n");
     EXPECT_THAT(outcome.out, testing::ContainsRegex("\n1\n\\([0-9]+\\.[0-9]{3} ms\\)\n"));
+}
+
+TEST(Repl, ShowsTheTimeOfOneFormula) {
+    Outcome const outcome = kxjs({"repl"}, ":time 1+1\n3\n:time A = 2*2\nA\n:time nope\n5\n");
+    EXPECT_THAT(outcome.out, testing::MatchesRegex("2\n\\([0-9.]+ ms\\)\n3\n"
+                                                   "\\([0-9.]+ ms\\)\nA = 4 \\(long\\)\n4\n"
+                                                   "\\([0-9.]+ ms\\)\n5\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("nope is not defined"));
 }
 
 TEST(Repl, ReportsAFullDisk) {
