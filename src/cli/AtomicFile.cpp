@@ -128,7 +128,7 @@ struct FileReplacement::State {
     std::optional<FileDescriptor> file;
 };
 
-FileReplacement::FileReplacement(fs::path const& path) : _mState(std::make_unique<State>()) {
+FileReplacement::FileReplacement(fs::path const& path) : state_(std::make_unique<State>()) {
     struct stat status {};
     bool const exists = ::stat(path.c_str(), &status) == 0;
     if (!exists && errno != ENOENT) kx::throwWriteError(path);
@@ -136,25 +136,25 @@ FileReplacement::FileReplacement(fs::path const& path) : _mState(std::make_uniqu
         throwWriteError(path, std::make_error_code(std::errc::is_a_directory));
     }
     if (exists && !S_ISREG(status.st_mode)) {
-        _mState->file.emplace(FileDescriptor::open(path));
+        state_->file.emplace(FileDescriptor::open(path));
         return;
     }
     // A link stays a link: the file that it names is the one to replace.
-    _mState->target = exists ? fs::canonical(path) : path;
-    _mState->staging.emplace(directoryOf(_mState->target), path);
-    _mState->file.emplace(FileDescriptor::create(_mState->staging->path() / "file", path));
-    if (exists) _mState->file->setPermissions(status.st_mode & 07777);
+    state_->target = exists ? fs::canonical(path) : path;
+    state_->staging.emplace(directoryOf(state_->target), path);
+    state_->file.emplace(FileDescriptor::create(state_->staging->path() / "file", path));
+    if (exists) state_->file->setPermissions(status.st_mode & 07777);
 }
 
 FileReplacement::~FileReplacement() = default;
 
-void FileReplacement::write(std::string_view bytes) { _mState->file->write(bytes); }
+void FileReplacement::write(std::string_view bytes) { state_->file->write(bytes); }
 
 void FileReplacement::commit() {
-    if (!_mState->staging) return _mState->file->close();
-    _mState->file->sync();
-    _mState->file->close();
-    moveInPlace(_mState->staging->path() / "file", _mState->target);
+    if (!state_->staging) return state_->file->close();
+    state_->file->sync();
+    state_->file->close();
+    moveInPlace(state_->staging->path() / "file", state_->target);
 }
 
 void replaceFile(fs::path const& path, std::string_view bytes) {

@@ -27,7 +27,7 @@ class FileReplacement {
 
   private:
     struct State;
-    std::unique_ptr<State> _mState;
+    std::unique_ptr<State> state_;
 };
 
 struct NamedFile {

@@ -91,7 +91,7 @@ CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t heade
 
 BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16string const& source,
                            std::map<std::string, CellType> const& types)
-    : _mHeaderCells(header.size()) {
+    : headerCells_(header.size()) {
     for (auto const& [name, type] : types) {
         if (std::find(header.begin(), header.end(), name) == header.end()) {
             throw UsageError("--type " + quotable(name) + ": there is no such column");
@@ -113,18 +113,18 @@ BatchColumns::BatchColumns(std::vector<std::string> const& header, std::u16strin
             column.type = given->second;
             column.isTypeKnown = true;
         }
-        _mColumns.push_back(std::move(column));
+        columns_.push_back(std::move(column));
     }
 }
 
 void BatchColumns::guessTypes(CsvBlock const& block) {
-    for (Column& column : _mColumns) {
-        if (!column.isTypeKnown) column.type = typeOfCells(block, column.index, _mHeaderCells);
+    for (Column& column : columns_) {
+        if (!column.isTypeKnown) column.type = typeOfCells(block, column.index, headerCells_);
     }
 }
 
 bool BatchColumns::take(Column& column, std::string_view cell) {
-    std::size_t const position = _mTaken.size();
+    std::size_t const position = taken_.size();
     if (column.type == CellType::STRING) {
         try {
             column.texts[position] = utf16FromUtf8(cell);
@@ -144,22 +144,22 @@ bool BatchColumns::take(Column& column, std::string_view cell) {
 }
 
 std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) {
-    if (block.cellCount(record) > _mHeaderCells) {
+    if (block.cellCount(record) > headerCells_) {
         return std::to_string(block.cellCount(record)) + " cells, where the header has " +
-               std::to_string(_mHeaderCells);
+               std::to_string(headerCells_);
     }
-    auto const wrong = std::find_if(_mColumns.begin(), _mColumns.end(), [&](Column& column) {
+    auto const wrong = std::find_if(columns_.begin(), columns_.end(), [&](Column& column) {
         return !take(column, block.cell(record, column.index));
     });
-    if (wrong == _mColumns.end()) return {};
+    if (wrong == columns_.end()) return {};
     return "column " + quotable(wrong->header) + ": " +
            refusal(block.cell(record, wrong->index), wrong->type);
 }
 
 void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
-    _mTaken.clear();
-    _mRefused.clear();
-    for (Column& column : _mColumns) {
+    taken_.clear();
+    refused_.clear();
+    for (Column& column : columns_) {
         if (column.type == CellType::STRING) {
             column.texts.resize(block.size());
         } else if (column.type == CellType::BOOLEAN) {
@@ -172,16 +172,16 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
     for (std::size_t record = 0; record < block.size(); ++record) {
         std::string wrong = takeRecord(block, record);
         if (wrong.empty()) {
-            _mTaken.push_back(record);
+            taken_.push_back(record);
         } else {
-            _mRefused[record] = std::move(wrong);
+            refused_[record] = std::move(wrong);
         }
     }
     bind(columns);
 }
 
 void BatchColumns::bind(KxJsColumns& columns) const {
-    for (Column const& column : _mColumns) {
+    for (Column const& column : columns_) {
         if (column.type == CellType::STRING) {
             columns.bind(column.name, column.texts.data());
         } else if (column.type == CellType::BOOLEAN) {

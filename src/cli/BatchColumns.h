@@ -35,9 +35,9 @@ class BatchColumns {
     void load(CsvBlock const& block, KxJsColumns& columns);
 
     /// The records that were taken, by their number in the block.
-    std::vector<std::size_t> const& taken() const { return _mTaken; }
+    std::vector<std::size_t> const& taken() const { return taken_; }
     /// The others, and what is wrong with each.
-    std::map<std::size_t, std::string> const& refused() const { return _mRefused; }
+    std::map<std::size_t, std::string> const& refused() const { return refused_; }
 
   private:
     struct Column {
@@ -57,10 +57,10 @@ class BatchColumns {
     std::string takeRecord(CsvBlock const& block, std::size_t record);
     void bind(KxJsColumns& columns) const;
 
-    std::size_t _mHeaderCells;
-    std::vector<Column> _mColumns;
-    std::vector<std::size_t> _mTaken;
-    std::map<std::size_t, std::string> _mRefused;
+    std::size_t headerCells_;
+    std::vector<Column> columns_;
+    std::vector<std::size_t> taken_;
+    std::map<std::size_t, std::string> refused_;
 };
 
 }  // namespace kx

@@ -32,25 +32,25 @@ constexpr std::size_t kBlockBytes = std::size_t{4} << 20;
 class InputFile {
   public:
     explicit InputFile(std::string const& path)
-        : _mDescriptor(path.empty() ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
-          _mName(path.empty() ? "standard input" : path) {
-        if (_mDescriptor >= 0) return;
+        : descriptor_(path.empty() ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
+          name_(path.empty() ? "standard input" : path) {
+        if (descriptor_ >= 0) return;
         throw WorkError("cannot read " + path + ": " + std::generic_category().message(errno));
     }
     InputFile(InputFile const&) = delete;
     InputFile& operator=(InputFile const&) = delete;
     ~InputFile() {
-        if (_mDescriptor != STDIN_FILENO) ::close(_mDescriptor);
+        if (descriptor_ != STDIN_FILENO) ::close(descriptor_);
     }
 
-    int descriptor() const { return _mDescriptor; }
-    std::string const& name() const { return _mName; }
+    int descriptor() const { return descriptor_; }
+    std::string const& name() const { return name_; }
 
     /// Whether what goes to standard output is appended to what is still to be read.
     bool isStandardOutput() const {
         struct stat status {};
         struct stat standard {};
-        return ::fstat(_mDescriptor, &status) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
+        return ::fstat(descriptor_, &status) == 0 && ::fstat(STDOUT_FILENO, &standard) == 0 &&
                S_ISREG(status.st_mode) && status.st_dev == standard.st_dev &&
                status.st_ino == standard.st_ino;
     }
@@ -58,13 +58,13 @@ class InputFile {
     /// 0 for anything but a file.
     std::size_t size() const {
         struct stat status {};
-        bool const isFile = ::fstat(_mDescriptor, &status) == 0 && S_ISREG(status.st_mode);
+        bool const isFile = ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
         return isFile ? static_cast<std::size_t>(status.st_size) : 0;
     }
 
   private:
-    int _mDescriptor;
-    std::string _mName;
+    int descriptor_;
+    std::string name_;
 };
 
 /// Standard output, or a file that is replaced when everything is written. What is there and is no
@@ -72,119 +72,119 @@ class InputFile {
 class BatchOutput {
   public:
     explicit BatchOutput(std::string const& path) {
-        if (!path.empty() && !kx::isStandardOutput(path)) _mFile.emplace(path);
+        if (!path.empty() && !kx::isStandardOutput(path)) file_.emplace(path);
     }
-    bool isStandardOutput() const { return !_mFile; }
+    bool isStandardOutput() const { return !file_; }
     void write(std::string_view bytes) {
-        if (_mFile) {
-            _mFile->write(bytes);
+        if (file_) {
+            file_->write(bytes);
         } else {
             printBytes(bytes);
             flushOutput();
         }
     }
     void commit() {
-        if (_mFile) _mFile->commit();
+        if (file_) file_->commit();
     }
 
   private:
-    std::optional<FileReplacement> _mFile;
+    std::optional<FileReplacement> file_;
 };
 
 /// One run of the command.
 class Batch {
   public:
     explicit Batch(BatchOptions const& options)
-        : _mOptions(options),
-          _mInput(options.input),
-          _mReader(_mInput.descriptor(), _mInput.name(), options.delimiter),
-          _mOutput(options.output),
-          _mProgress(_mInput.size()),
-          _mTimeLimit(timeLimitOf(options.limits)),
-          _mFormula(decodeArgument(options.formula, "formula")),
-          _mSource(options.javaScript ? _mFormula : Converter::_convert(_mFormula.c_str())),
-          _mFailures(_mFormula, _mSource) {
-        setLimits(_mHost, options.limits);
-        _mHost.initialize();
+        : options_(options),
+          input_(options.input),
+          reader_(input_.descriptor(), input_.name(), options.delimiter),
+          output_(options.output),
+          progress_(input_.size()),
+          timeLimit_(timeLimitOf(options.limits)),
+          formula_(decodeArgument(options.formula, "formula")),
+          source_(options.javaScript ? formula_ : Converter::_convert(formula_.c_str())),
+          failures_(formula_, source_) {
+        setLimits(host_, options.limits);
+        host_.initialize();
     }
 
     ExitStatus run() {
-        if (_mOutput.isStandardOutput() && _mInput.isStandardOutput()) {
-            throw UsageError(_mInput.name() + ": the output would go into the file that is read");
+        if (output_.isStandardOutput() && input_.isStandardOutput()) {
+            throw UsageError(input_.name() + ": the output would go into the file that is read");
         }
-        _mReader.readHeader(_mHeader);
-        if (_mHeader.empty()) throw WorkError(_mInput.name() + ": there is no header");
-        if (std::find(_mHeader.begin(), _mHeader.end(), _mOptions.resultName) != _mHeader.end()) {
-            throw UsageError("--as " + quotable(_mOptions.resultName) +
+        reader_.readHeader(header_);
+        if (header_.empty()) throw WorkError(input_.name() + ": there is no header");
+        if (std::find(header_.begin(), header_.end(), options_.resultName) != header_.end()) {
+            throw UsageError("--as " + quotable(options_.resultName) +
                              ": there is such a column already");
         }
-        CsvBlock block = _mReader.next(kBlockBytes);
-        BatchColumns columns(_mHeader, _mSource, _mOptions.types);
+        CsvBlock block = reader_.next(kBlockBytes);
+        BatchColumns columns(header_, source_, options_.types);
         columns.guessTypes(block);
-        KxJsColumns evaluation(_mHost);
+        KxJsColumns evaluation(host_);
         evaluation.setProgress([this](std::size_t records) {
-            _mProgress.show(_mRecords + records, _mReader.bytesRead());
+            progress_.show(records_ + records, reader_.bytesRead());
             return true;
         });
         columns.load(block, evaluation);
         std::u16string error;
-        if (!evaluation.compile(_mSource, error)) {
+        if (!evaluation.compile(source_, error)) {
             FormulaRun run;
-            run.javaScript = _mSource;
+            run.javaScript = source_;
             run.errorText = error;
-            reportScriptError(failureReport(_mFormula, run, _mHost.lastFailure()));
+            reportScriptError(failureReport(formula_, run, host_.lastFailure()));
             return EXIT_STATUS_FAILED;
         }
         writeHeader();
         while (!block.empty()) {
             evaluate(block, columns, evaluation);
-            block = _mReader.next(kBlockBytes);
+            block = reader_.next(kBlockBytes);
             if (!block.empty()) columns.load(block, evaluation);
         }
-        _mOutput.commit();
-        return _mHasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+        output_.commit();
+        return hasFailed_ ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
     }
 
   private:
     void writeHeader() {
-        std::string line = _mReader.hasByteOrderMark() ? "\xEF\xBB\xBF" : "";
-        for (std::string const& name : _mHeader) {
-            appendCell(line, name, _mOptions.delimiter);
-            line += _mOptions.delimiter;
+        std::string line = reader_.hasByteOrderMark() ? "\xEF\xBB\xBF" : "";
+        for (std::string const& name : header_) {
+            appendCell(line, name, options_.delimiter);
+            line += options_.delimiter;
         }
-        appendCell(line, _mOptions.resultName, _mOptions.delimiter);
-        line += _mReader.lineEnd();
-        _mOutput.write(line);
+        appendCell(line, options_.resultName, options_.delimiter);
+        line += reader_.lineEnd();
+        output_.write(line);
     }
 
     void evaluate(CsvBlock const& block, BatchColumns const& columns, KxJsColumns& evaluation) {
         std::vector<std::size_t> const& taken = columns.taken();
-        _mResults.resize(taken.size());
+        results_.resize(taken.size());
         auto const start = std::chrono::steady_clock::now();
-        if (hasTimeLimit()) _mHost.setTimeLimit(restOfTime());
-        KxJsColumns::Outcome const outcome = evaluation.evaluate(taken.size(), _mResults.data());
-        _mTimeUsed += std::chrono::steady_clock::now() - start;
+        if (hasTimeLimit()) host_.setTimeLimit(restOfTime());
+        KxJsColumns::Outcome const outcome = evaluation.evaluate(taken.size(), results_.data());
+        timeUsed_ += std::chrono::steady_clock::now() - start;
         if (!outcome.error.empty()) {
             throw WorkError(place(block, taken[outcome.records]) + ": " + endOf(outcome));
         }
         report(block, columns, outcome);
         write(block, taken);
-        _mRecords += block.size();
-        _mProgress.show(_mRecords, _mReader.bytesRead());
+        records_ += block.size();
+        progress_.show(records_, reader_.bytesRead());
     }
 
-    bool hasTimeLimit() const { return _mTimeLimit.count() > 0; }
+    bool hasTimeLimit() const { return timeLimit_.count() > 0; }
 
     /// The host's limit holds for one block; the user's, for all of them. Never 0, which is none.
     std::chrono::milliseconds restOfTime() const {
-        auto const rest = std::chrono::ceil<std::chrono::milliseconds>(_mTimeLimit - _mTimeUsed);
+        auto const rest = std::chrono::ceil<std::chrono::milliseconds>(timeLimit_ - timeUsed_);
         return std::max(rest, std::chrono::milliseconds(1));
     }
 
     std::string endOf(KxJsColumns::Outcome const& outcome) const {
-        if (!hasTimeLimit() || _mTimeUsed < _mTimeLimit) return utf8FromUtf16(outcome.error);
+        if (!hasTimeLimit() || timeUsed_ < timeLimit_) return utf8FromUtf16(outcome.error);
         return "The formula was ended: all records together took longer than the time limit of " +
-               std::to_string(_mTimeLimit.count()) + " ms";
+               std::to_string(timeLimit_.count()) + " ms";
     }
 
     /// Failures in the order of the lines.
@@ -197,12 +197,12 @@ class Batch {
             }
         };
         if (outcome.failures.empty() && refused == columns.refused().end()) return;
-        _mHasFailed = true;
-        _mProgress.clear();
+        hasFailed_ = true;
+        progress_.clear();
         for (KxJsColumns::Failure const& failure : outcome.failures) {
             std::size_t const record = columns.taken()[failure.record];
             reportRefused(record);
-            _mFailures.report(place(block, record), failure);
+            failures_.report(place(block, record), failure);
         }
         reportRefused(block.size());
     }
@@ -215,34 +215,34 @@ class Batch {
         std::string text;
         std::size_t next = 0;
         for (std::size_t record = 0; record < block.size(); ++record) {
-            std::size_t const cells = std::max(block.cellCount(record), _mHeader.size());
+            std::size_t const cells = std::max(block.cellCount(record), header_.size());
             for (std::size_t i = 0; i < cells; ++i) {
-                appendCell(text, block.cell(record, i), _mOptions.delimiter);
-                text += _mOptions.delimiter;
+                appendCell(text, block.cell(record, i), options_.delimiter);
+                text += options_.delimiter;
             }
             if (next < taken.size() && taken[next] == record) {
-                appendCell(text, utf8FromUtf16(_mResults[next++]), _mOptions.delimiter);
+                appendCell(text, utf8FromUtf16(results_[next++]), options_.delimiter);
             }
-            text += _mReader.lineEnd();
+            text += reader_.lineEnd();
         }
-        _mOutput.write(text);
+        output_.write(text);
     }
 
-    BatchOptions const& _mOptions;
-    InputFile _mInput;
-    CsvReader _mReader;
-    BatchOutput _mOutput;
-    ProgressLine _mProgress;
-    KxJsParser _mHost;
-    std::chrono::milliseconds _mTimeLimit;
-    std::chrono::steady_clock::duration _mTimeUsed{};
-    std::u16string _mFormula;
-    std::u16string _mSource;
-    BatchFailures _mFailures;
-    std::vector<std::string> _mHeader;
-    std::vector<std::u16string> _mResults;
-    std::size_t _mRecords = 0;
-    bool _mHasFailed = false;
+    BatchOptions const& options_;
+    InputFile input_;
+    CsvReader reader_;
+    BatchOutput output_;
+    ProgressLine progress_;
+    KxJsParser host_;
+    std::chrono::milliseconds timeLimit_;
+    std::chrono::steady_clock::duration timeUsed_{};
+    std::u16string formula_;
+    std::u16string source_;
+    BatchFailures failures_;
+    std::vector<std::string> header_;
+    std::vector<std::u16string> results_;
+    std::size_t records_ = 0;
+    bool hasFailed_ = false;
 };
 
 }  // namespace

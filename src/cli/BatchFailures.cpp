@@ -15,8 +15,8 @@ bool isSamePlace(FailedLine const& one, FailedLine const& other) {
 }  // namespace
 
 BatchFailures::BatchFailures(std::u16string formula, std::u16string javaScript)
-    : _mFormula(std::move(formula)) {
-    _mRun.javaScript = std::move(javaScript);
+    : formula_(std::move(formula)) {
+    run_.javaScript = std::move(javaScript);
 }
 
 void BatchFailures::report(std::string const& place, KxJsColumns::Failure const& failure) {
@@ -25,11 +25,11 @@ void BatchFailures::report(std::string const& place, KxJsColumns::Failure const&
     position.line = failure.line;
     position.column = failure.column;
     position.endColumn = failure.endColumn;
-    auto line = failedLine(_mFormula, _mRun, &position);
-    if (!line || isSamePlace(*line, _mShown)) return;
-    _mShown = std::move(*line);
-    reportScriptError((_mShown.isTyped ? u"" : u"In the formula's JavaScript:\n") + _mShown.text +
-                      u"\n" + _mShown.marks);
+    auto line = failedLine(formula_, run_, &position);
+    if (!line || isSamePlace(*line, shown_)) return;
+    shown_ = std::move(*line);
+    reportScriptError((shown_.isTyped ? u"" : u"In the formula's JavaScript:\n") + shown_.text +
+                      u"\n" + shown_.marks);
 }
 
 }  // namespace kx

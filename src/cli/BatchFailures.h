@@ -18,9 +18,9 @@ class BatchFailures {
     void report(std::string const& place, KxJsColumns::Failure const& failure);
 
   private:
-    std::u16string _mFormula;
-    FormulaRun _mRun;
-    FailedLine _mShown;
+    std::u16string formula_;
+    FormulaRun run_;
+    FailedLine shown_;
 };
 
 }  // namespace kx

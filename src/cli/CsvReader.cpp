@@ -40,8 +40,8 @@ struct CsvReader::State {
     bool isAfterHeader = false;  // nothing was read since its end
 
     void addCell(std::string_view cell) {
-        block->_mBytes += cell;
-        block->_mEnds.push_back(block->_mBytes.size());
+        block->bytes_ += cell;
+        block->ends_.push_back(block->bytes_.size());
         isAfterCr = false;
         isAfterHeader = false;
         for (std::size_t i = 0; i < cell.size(); ++i) {
@@ -55,13 +55,13 @@ struct CsvReader::State {
         bool const isLine = terminator != '\n' || !isAfterCr;
         if (!isLine && isAfterHeader) lineEnd = "\r\n";
         // In a single column, a blank line is how an empty cell is written.
-        bool const isBlank = block->_mEnds.size() == recordCell;
-        if (isBlank && isLine && headerCells == 1) block->_mEnds.push_back(block->_mBytes.size());
-        std::size_t const cells = block->_mEnds.size() - recordCell;
-        if (cells > 0) block->_mRecords.push_back({recordCell, cells, recordLine});
+        bool const isBlank = block->ends_.size() == recordCell;
+        if (isBlank && isLine && headerCells == 1) block->ends_.push_back(block->bytes_.size());
+        std::size_t const cells = block->ends_.size() - recordCell;
+        if (cells > 0) block->records_.push_back({recordCell, cells, recordLine});
         isAfterHeader = headerCells == 0 && cells > 0;
         if (headerCells == 0) headerCells = cells;
-        recordCell = block->_mEnds.size();
+        recordCell = block->ends_.size();
         if (isLine) ++line;
         isAfterCr = terminator == '\r';
         recordLine = line;
@@ -77,13 +77,13 @@ struct CsvReader::State {
 
     /// The cells of a record that has not ended yet go to the next block.
     void keepUnfinished() {
-        std::size_t const begin = recordCell == 0 ? 0 : block->_mEnds[recordCell - 1];
-        for (std::size_t i = recordCell; i < block->_mEnds.size(); ++i) {
-            unfinished._mEnds.push_back(block->_mEnds[i] - begin);
+        std::size_t const begin = recordCell == 0 ? 0 : block->ends_[recordCell - 1];
+        for (std::size_t i = recordCell; i < block->ends_.size(); ++i) {
+            unfinished.ends_.push_back(block->ends_[i] - begin);
         }
-        unfinished._mBytes = block->_mBytes.substr(begin);
-        block->_mBytes.resize(begin);
-        block->_mEnds.resize(recordCell);
+        unfinished.bytes_ = block->bytes_.substr(begin);
+        block->bytes_.resize(begin);
+        block->ends_.resize(recordCell);
     }
 
     [[noreturn]] void refuse(std::string const& what) const {
@@ -128,18 +128,18 @@ struct CsvReader::State {
 };
 
 std::string_view CsvBlock::cell(std::size_t record, std::size_t index) const {
-    Record const& of = _mRecords[record];
+    Record const& of = records_[record];
     if (index >= of.cells) return {};
     std::size_t const position = of.firstCell + index;
-    std::size_t const start = position == 0 ? 0 : _mEnds[position - 1];
-    return std::string_view(_mBytes).substr(start, _mEnds[position] - start);
+    std::size_t const start = position == 0 ? 0 : ends_[position - 1];
+    return std::string_view(bytes_).substr(start, ends_[position] - start);
 }
 
 CsvReader::CsvReader(int descriptor, std::string name, char delimiter)
-    : _mState(std::make_unique<State>()) {
-    _mState->descriptor = descriptor;
-    _mState->name = std::move(name);
-    csv_parser* const parser = &_mState->parser;
+    : state_(std::make_unique<State>()) {
+    state_->descriptor = descriptor;
+    state_->name = std::move(name);
+    csv_parser* const parser = &state_->parser;
     // Every line end is reported, so that lines can be counted.
     if (csv_init(parser, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL) != 0) {
         throw std::bad_alloc();
@@ -148,7 +148,7 @@ CsvReader::CsvReader(int descriptor, std::string name, char delimiter)
     csv_set_space_func(parser, isNoBlank);
 }
 
-CsvReader::~CsvReader() { csv_free(&_mState->parser); }
+CsvReader::~CsvReader() { csv_free(&state_->parser); }
 
 void CsvReader::readHeader(std::vector<std::string>& cells) {
     CsvBlock block = next(1);
@@ -156,17 +156,17 @@ void CsvReader::readHeader(std::vector<std::string>& cells) {
     if (block.empty()) return;
     for (std::size_t i = 0; i < block.cellCount(0); ++i) cells.emplace_back(block.cell(0, i));
     // The rest waits for next(), in front of what is unfinished.
-    block._mRecords.erase(block._mRecords.begin());
-    CsvBlock rest = std::exchange(_mState->unfinished, {});
-    std::size_t const size = block._mBytes.size();
-    block._mBytes += rest._mBytes;
-    for (std::size_t const end : rest._mEnds) block._mEnds.push_back(size + end);
-    _mState->unfinished = std::move(block);
-    _mState->firstUnfinished = _mState->unfinished._mEnds.size() - rest._mEnds.size();
+    block.records_.erase(block.records_.begin());
+    CsvBlock rest = std::exchange(state_->unfinished, {});
+    std::size_t const size = block.bytes_.size();
+    block.bytes_ += rest.bytes_;
+    for (std::size_t const end : rest.ends_) block.ends_.push_back(size + end);
+    state_->unfinished = std::move(block);
+    state_->firstUnfinished = state_->unfinished.ends_.size() - rest.ends_.size();
 }
 
 CsvBlock CsvReader::next(std::size_t bytes) {
-    State& state = *_mState;
+    State& state = *state_;
     CsvBlock block = std::exchange(state.unfinished, {});
     state.block = &block;
     state.recordCell = std::exchange(state.firstUnfinished, 0);
@@ -188,8 +188,8 @@ CsvBlock CsvReader::next(std::size_t bytes) {
     return block;
 }
 
-std::size_t CsvReader::bytesRead() const { return _mState->bytesRead; }
-bool CsvReader::hasByteOrderMark() const { return _mState->hasByteOrderMark; }
-std::string_view CsvReader::lineEnd() const { return _mState->lineEnd; }
+std::size_t CsvReader::bytesRead() const { return state_->bytesRead; }
+bool CsvReader::hasByteOrderMark() const { return state_->hasByteOrderMark; }
+std::string_view CsvReader::lineEnd() const { return state_->lineEnd; }
 
 }  // namespace kx

@@ -11,11 +11,11 @@ namespace kx {
 /// Records of a CSV file that were read together. Their cells lie in one buffer.
 class CsvBlock {
   public:
-    std::size_t size() const { return _mRecords.size(); }
-    bool empty() const { return _mRecords.empty(); }
-    std::size_t cellCount(std::size_t record) const { return _mRecords[record].cells; }
+    std::size_t size() const { return records_.size(); }
+    bool empty() const { return records_.empty(); }
+    std::size_t cellCount(std::size_t record) const { return records_[record].cells; }
     /// The line on which the record begins, from 1.
-    std::size_t line(std::size_t record) const { return _mRecords[record].line; }
+    std::size_t line(std::size_t record) const { return records_[record].line; }
     /// A cell as UTF-8, without its quotes; empty where the record has fewer.
     std::string_view cell(std::size_t record, std::size_t index) const;
 
@@ -26,9 +26,9 @@ class CsvBlock {
         std::size_t cells;
         std::size_t line;
     };
-    std::string _mBytes;
-    std::vector<std::size_t> _mEnds;  ///< of the cells, in the buffer
-    std::vector<Record> _mRecords;
+    std::string bytes_;
+    std::vector<std::size_t> ends_;  ///< of the cells, in the buffer
+    std::vector<Record> records_;
 };
 
 /// Reads CSV in blocks, so that a file may be larger than memory. Cells may be quoted and then hold
@@ -60,7 +60,7 @@ class CsvReader {
 
   private:
     struct State;
-    std::unique_ptr<State> _mState;
+    std::unique_ptr<State> state_;
 };
 
 }  // namespace kx

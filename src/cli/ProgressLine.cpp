@@ -29,38 +29,38 @@ std::string bar(double share) {
 }  // namespace
 
 ProgressLine::ProgressLine(std::size_t total)
-    : _mIsTerminal(::isatty(STDERR_FILENO) == 1), _mTotal(total) {}
+    : isTerminal_(::isatty(STDERR_FILENO) == 1), total_(total) {}
 
 ProgressLine::~ProgressLine() { clear(); }
 
 void ProgressLine::show(std::size_t records, std::size_t bytes) {
-    if (!_mIsTerminal) return;
+    if (!isTerminal_) return;
     Clock::time_point const now = Clock::now();
-    if (now < _mNext) return;
-    _mNext = now + kBetween;
-    double const seconds = std::chrono::duration<double>(now - _mStart).count();
+    if (now < next_) return;
+    next_ = now + kBetween;
+    double const seconds = std::chrono::duration<double>(now - start_).count();
     std::string line = "\r";
-    if (_mTotal > 0) {
-        line += bar(std::min(1.0, static_cast<double>(bytes) / static_cast<double>(_mTotal)));
+    if (total_ > 0) {
+        line += bar(std::min(1.0, static_cast<double>(bytes) / static_cast<double>(total_)));
     }
     line += formatted("%zu records", records);
     if (seconds > 0) line += formatted(", %.0f/s", static_cast<double>(records) / seconds);
-    if (_mTotal > 0 && bytes > 0) {
-        double const rest = bytes >= _mTotal ? 0 : static_cast<double>(_mTotal - bytes);
+    if (total_ > 0 && bytes > 0) {
+        double const rest = bytes >= total_ ? 0 : static_cast<double>(total_ - bytes);
         auto const left = std::lround(seconds * rest / static_cast<double>(bytes));
         line += formatted(", %ld:%02ld left", left / 60, left % 60);
     }
     line += "\x1b[K";
     static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
     static_cast<void>(std::fflush(stderr));
-    _mIsShown = true;
+    isShown_ = true;
 }
 
 void ProgressLine::clear() {
-    if (!_mIsShown) return;
+    if (!isShown_) return;
     static_cast<void>(std::fputs("\r\x1b[K", stderr));
     static_cast<void>(std::fflush(stderr));
-    _mIsShown = false;
+    isShown_ = false;
 }
 
 }  // namespace kx

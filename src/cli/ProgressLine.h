@@ -22,11 +22,11 @@ class ProgressLine {
   private:
     using Clock = std::chrono::steady_clock;
 
-    bool _mIsTerminal;
-    bool _mIsShown = false;
-    std::size_t _mTotal;
-    Clock::time_point _mStart = Clock::now();
-    Clock::time_point _mNext = _mStart;
+    bool isTerminal_;
+    bool isShown_ = false;
+    std::size_t total_;
+    Clock::time_point start_ = Clock::now();
+    Clock::time_point next_ = start_;
 };
 
 }  // namespace kx
