@@ -16,8 +16,7 @@ namespace kx {
 inline std::u16string stringOf(BridgeText const& text) { return {text.data, text.length}; }
 
 /// Runs `work` and ends what it throws: where memory ends, that is std::bad_alloc, or
-/// std::length_error for a text beyond any memory. Anything else is a failure of its own kind, as
-/// std::logic_error from built-in functions that do not compile.
+/// std::length_error for a text beyond any memory. Anything else is a failure of its own kind.
 template <class Work>
 BridgeResult guarded(Work const& work) noexcept {
     try {
