@@ -75,7 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::u16string const source = data[1] % 2 == 0 ? Converter::_convert(text.c_str()) : text;
     std::mt19937_64 random(data[0]);
     ColumnTable table(random);
-    for (char16_t const* const name : {u"A", u"B", u"S"})
+    // Some are called like members.
+    for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"})
         table.add(name, ColumnTable::Range::small);
 
     Results const expected = oneByOne(table, source);

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
+#include "host/NameUnits.h"
 #include "host/Text.h"
 #include "host/V8Compat.h"
-#include "library/WhiteSpace.h"
 
 namespace kx {
 
@@ -44,16 +44,10 @@ std::u16string_view lineOf(std::u16string_view text, int number) {
     return text.substr(start, text.find_first_of(kLineEnds, start) - start);
 }
 
-bool isInName(char16_t unit) {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') ||
-           (unit >= u'0' && unit <= u'9') || unit == u'_' || unit == u'$' ||
-           (unit >= 0x80 && !isWhiteSpace(unit));
-}
-
 /// What is known by its first column is marked to the end of the name that begins there.
 int endOfName(std::u16string_view line, int start) {
     auto at = static_cast<std::size_t>(start);
-    while (at < line.size() && isInName(line[at])) ++at;
+    while (at < line.size() && mayBeNamePart(line[at])) ++at;
     return std::max(static_cast<int>(at), start + 1);
 }
 

@@ -8,6 +8,8 @@
 #include <array>
 #include <utility>
 
+#include "host/NameUnits.h"
+
 namespace kx {
 
 namespace {
@@ -37,14 +39,6 @@ constexpr std::u16string_view kOperators = u"+-*%<>!&|^~?:,";
 
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-bool isNameStart(char16_t c) {
-    bool const isLatin = c >= u'\u00C0' && c <= u'\u024F' && c != u'\u00D7' && c != u'\u00F7';
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_' || c == u'$' ||
-           isLatin;
-}
-
-bool isNamePart(char16_t c) { return isNameStart(c) || isDigit(c); }
-
 bool isHexadecimal(char16_t c) {
     return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }
@@ -55,7 +49,7 @@ class Scan {
 
     std::optional<PureExpression> run() {
         while (true) {
-            while (kBlanks.find(at()) != kNone && !isAtEnd()) ++position_;
+            takeBlanks();
             if (isAtEnd()) break;
             if (at() == u';') {
                 if (source_.find_first_not_of(kBlanks, position_ + 1) != kNone) return {};
@@ -74,19 +68,20 @@ class Scan {
         return position_ + ahead < source_.size() ? source_[position_ + ahead] : u'\0';
     }
 
+    void takeBlanks() {
+        while (!isAtEnd() && kBlanks.find(at()) != kNone) ++position_;
+    }
+
     bool takeToken() {
         char16_t const c = at();
-        if (isNameStart(c)) return takeName();
+        if (isLatinNameStart(c)) return takeName();
         if (isDigit(c) || (c == u'.' && isDigit(at(1)))) return takeNumber();
         switch (c) {
             case u'\'':
             case u'"':
                 return takeText();
             case u'.':
-                ++position_;
-                isMember_ = true;
-                endsOperand_ = false;
-                return true;
+                return takeMember();
             case u'(':
                 ++depth_;
                 ++position_;
@@ -107,14 +102,23 @@ class Scan {
         }
     }
 
-    bool takeName() {
+    std::u16string_view takeWord() {
         std::size_t const start = position_;
-        while (isNamePart(at())) ++position_;
-        std::u16string_view const name = source_.substr(start, position_ - start);
+        while (isLatinNamePart(at())) ++position_;
         endsOperand_ = true;
-        if (std::exchange(isMember_, false)) {
-            return std::find(kMembers.begin(), kMembers.end(), name) != kMembers.end();
-        }
+        return source_.substr(start, position_ - start);
+    }
+
+    /// A point and a name with nothing but blanks between: behind "..." and "?.(" stand names that
+    /// the scope resolves.
+    bool takeMember() {
+        ++position_;
+        takeBlanks();
+        return std::find(kMembers.begin(), kMembers.end(), takeWord()) != kMembers.end();
+    }
+
+    bool takeName() {
+        std::u16string_view const name = takeWord();
         bool const isCalled = charAfterBlanks() == u'(';
         auto const known =
             std::find_if(names_.begin(), names_.end(),
@@ -133,7 +137,10 @@ class Scan {
     }
 
     bool takeNumber() {
+        if (endsOperand_) return false;  // "A.5" is no formula
         char16_t const second = at(1);
+        // Octal, where a point begins a member: in "017.E+/'/" what follows is no division.
+        if (at() == u'0' && isDigit(second)) return false;
         if (at() == u'0' && (second == u'x' || second == u'X')) {
             position_ += 2;
             while (isHexadecimal(at())) ++position_;
@@ -143,11 +150,12 @@ class Scan {
             while (isDigit(at())) ++position_;
             if (at() == u'e' || at() == u'E') {
                 position_ += at(1) == u'+' || at(1) == u'-' ? 2 : 1;
+                if (!isDigit(at())) return false;
                 while (isDigit(at())) ++position_;
             }
         }
         endsOperand_ = true;
-        return !isNamePart(at());  // 1n is no number
+        return !isLatinNamePart(at());  // 1n is no number
     }
 
     bool takeText() {
@@ -192,7 +200,6 @@ class Scan {
     std::u16string_view source_;
     std::size_t position_ = 0;
     int depth_ = 0;
-    bool isMember_ = false;     // the next name stands behind a point
     bool endsOperand_ = false;  // the token before can end an operand
     std::vector<PureExpression::Name> names_;
 };

@@ -155,7 +155,7 @@ TEST(ColumnsComparison, holdsForGeneratedFormulas) {
     for (int i = 0; i < 6000; ++i) {
         std::u16string const source = generator.next();
         ColumnTable table(random);
-        for (char16_t const* name : {u"A", u"B", u"C", u"D", u"NAME"}) {
+        for (char16_t const* name : {u"A", u"B", u"C", u"D", u"NAME", u"E", u"left", u"length"}) {
             table.add(name, ColumnTable::Range::full);
         }
         comparison.compare(table, source);
@@ -163,6 +163,28 @@ TEST(ColumnsComparison, holdsForGeneratedFormulas) {
     }
     EXPECT_GT(comparison.failing(), 1000U);
     EXPECT_GT(comparison.compared() - comparison.failing(), 10000U);
+}
+
+// Columns take the place of what the engine and the built-in functions have under their names, so
+// each formula has hosts of its own.
+TEST(ColumnsComparison, holdsForColumnsThatAreCalledLikeGlobals) {
+    std::mt19937_64 random(23);
+    ScriptGenerator generator(random);
+    for (char16_t const* name :
+         {u"Math",     u"undefined",  u"NaN",      u"IIF",       u"COND",
+          u"MAX",      u"eval",       u"Number",   u"String",    u"arguments",
+          u"toString", u"globalThis", u"RATE",     u"async",     u"await",
+          u"let",      u"of",         u"Infinity", u"__proto__", u"constructor"}) {
+        for (int i = 0; i < 25; ++i) {
+            Comparison comparison;
+            ColumnTable table(random);
+            for (char16_t const* other : {u"A", u"B", u"E", name}) {
+                table.add(other, ColumnTable::Range::small);
+            }
+            comparison.compare(table, generator.next() + u"+" + name);
+            comparison.compare(table, std::u16string(name) + u"+Math.abs?.(E)*IIF(A,B,E)");
+        }
+    }
 }
 
 }  // namespace

@@ -57,6 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"unfinished", u"1 +", u"compile 1:4-4\n1 +\nSyntaxError: Unexpected end of input"},
         Case{"wide", u"1 + abc def",
              u"compile 1:9-12\n1 + abc def\nSyntaxError: Unexpected identifier"},
+        Case{"blank_behind_a_functions_name", u"IIF\u00A0('missing')",
+             u"run 1:1-4 in call\nIIF\u00A0('missing')\nReferenceError: missing is not defined"},
         Case{"empty_line_before", u"\nnope",
              u"run 2:1-5\nnope\nReferenceError: nope is not defined"},
         Case{"carriage_returns", u"1;\r\n2;\rnope",

@@ -9,6 +9,7 @@ constexpr auto kOperands = std::to_array<char16_t const*>({
     u"B",    u"NAME",     u"1",       u"0",        u"2.5",           u".5",
     u"1e3",  u"0x1F",     u"'text'",  u"\"\"",     u"'A>2'",         u"'B'",
     u"'12'", u"' x '",    u"true",    u"false",    u"null",          u"undefined",
+    u"E",    u"left",     u"length",  u"Math.E",   u"A?.length",     u"A\n.length",
     u"NaN",  u"Infinity", u"Math.PI", u"'it\\'s'", u"'\\u0041\\0b'", u"RATE",
 });
 // Not every one of these is known to be harmless.
@@ -43,6 +44,12 @@ constexpr auto kOddOperands = std::to_array<char16_t const*>({
     u"A?.length",
     u"A/*,*/",
     u"1..toFixed(2)",
+    u"1..E",
+    u"Math.abs?.(E)",
+    u"Math.max(...left)",
+    u"Math?.[E]",
+    u"017.E",
+    u"Math./**/E",
 });
 constexpr auto kOperators = std::to_array<char16_t const*>({
     u"+",  u"-",  u"*", u"/", u"%", u"<",  u">",  u"<=",  u">=", u"==",  u"!=",   u"===",  u"!==",
@@ -91,6 +98,9 @@ constexpr auto kFunctions = std::to_array<char16_t const*>({
     u"Math.max",
     u"Math.floor",
     u"Math.sqrt",
+    u"Math.abs?.",
+    u"''.concat",
+    u"NAME.left",
     u"Number",
     u"String",
     u"isNaN",
@@ -125,6 +135,7 @@ std::u16string ScriptGenerator::call(int depth) {
     std::u16string text = pick(kFunctions) + u"(";
     for (std::uint64_t count = random_() % 4, i = 0; i < count; ++i) {
         if (i > 0) text += u",";
+        if (random_() % 16 == 0) text += u"...";
         text += expression(depth - 1);
     }
     return text + u")";

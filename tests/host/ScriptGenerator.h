@@ -4,8 +4,9 @@
 #include <random>
 #include <string>
 
-/// Makes JavaScript formulas over the variables A, B, C, D and NAME: expressions, statements, and
-/// damaged ones. The same seed makes the same formulas on every machine.
+/// Makes JavaScript formulas over the variables A, B, C, D and NAME, and E, left and length, which
+/// are called like members: expressions, statements, and damaged ones. The same seed makes the same
+/// formulas on every machine.
 class ScriptGenerator {
   public:
     explicit ScriptGenerator(std::mt19937_64& random) : random_(random) {}
