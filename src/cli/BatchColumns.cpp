@@ -10,13 +10,12 @@
 #include "cli/NameLetter.h"
 #include "cli/Utf8.h"
 #include "cli/ValueText.h"
+#include "host/KxJsVariable.h"
 
 namespace kx {
 namespace {
 
 using namespace std::string_view_literals;
-
-constexpr std::size_t kSeenByFormulas = 255;
 
 /// Words that no variable can be called.
 constexpr std::array kReserved = {
@@ -131,7 +130,7 @@ bool BatchColumns::take(Column& column, std::string_view cell) {
         } catch (InvalidUtf8 const&) {
             return false;
         }
-        return column.texts[position].size() <= kSeenByFormulas;
+        return column.texts[position].size() <= KxJsVariable::kMaxTextLength;
     }
     if (column.type == CellType::BOOLEAN) {
         auto const value = booleanFrom(cell);

@@ -3,15 +3,12 @@
 #include <cstring>
 
 #include "host/OwnHandles.h"
+#include "host/SeenText.h"
 #include "host/Text.h"
 
 namespace kx {
 
-namespace {
-
 std::u16string carrierNameFor(std::u16string const& key) { return key + u"___" + key; }
-
-}  // namespace
 
 BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName)
     : variable_(variable),
@@ -43,15 +40,15 @@ void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result
 }
 
 void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
-    std::u16string_view const units = variable_.firstUnits();
+    std::u16string_view const units = firstUnits(variable_._mStrValue);
     if (!areLastUnits(units)) {
         lastUnits_ = units;
         lastText_.Reset();
-        result.Set(toEngineString(isolate, variable_.seenText()));
+        result.Set(toEngineString(isolate, seenText(units)));
         return;
     }
     if (lastText_.IsEmpty()) {
-        lastText_ = ownHandle(isolate, toEngineString(isolate, variable_.seenText()));
+        lastText_ = ownHandle(isolate, toEngineString(isolate, seenText(units)));
     }
     result.Set(lastText_);
 }

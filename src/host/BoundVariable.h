@@ -9,6 +9,9 @@
 
 namespace kx {
 
+/// The global name under which scripts find the carriers of the variable `key`.
+std::u16string carrierNameFor(std::u16string const& key);
+
 /// What scripts read of one variable: its value at the moment of reading.
 ///
 /// Most texts stay the same from run to run, so the engine's string for a text is kept once the
@@ -20,8 +23,7 @@ class BoundVariable {
     BoundVariable(BoundVariable const&) = delete;
     BoundVariable& operator=(BoundVariable const&) = delete;
 
-    /// The global name of the variable's carriers: the key, "___", the key. Empty where it is
-    /// longer than the engine allows.
+    /// carrierNameFor() the variable's key. Empty where it is longer than the engine allows.
     v8::Local<v8::String> carrierName(v8::Isolate* isolate);
 
     /// The line in front of a script that reads the variable through its carrier.

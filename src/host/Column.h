@@ -4,18 +4,12 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "host/KxJsVariable.h"
 
 namespace kx {
-
-/// What scripts see of a text: as much as KxJsVariable::valueToString() gives.
-inline std::u16string_view seenByScripts(std::u16string_view text) {
-    constexpr std::size_t kMaxTextLength = 255;
-    text = text.substr(0, kMaxTextLength);
-    return text.substr(0, text.find(u'\0'));
-}
 
 /// A named column in the application's memory.
 struct Column {

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <string_view>
 #include <utility>
+
+#include "host/SeenText.h"
 
 namespace {
 
@@ -110,15 +111,10 @@ void KxJsVariable::setValue(bool value) {
     _mType = TYPE_OF_VAR_BOOLEAN;
 }
 
-std::u16string_view KxJsVariable::seenText() const {
-    std::u16string_view const units = firstUnits();
-    return units.substr(0, units.find(u'\0'));
-}
-
 std::u16string KxJsVariable::valueToString() const {
     switch (_mType) {
         case TYPE_OF_VAR_STRING:
-            return std::u16string(seenText());
+            return std::u16string(kx::seenText(_mStrValue));
         case TYPE_OF_VAR_LONG:
             return formatNumber<kMaxTextLength>(_mLongValue);
         case TYPE_OF_VAR_DOUBLE:

@@ -25,6 +25,9 @@ class BoundVariable;
 /// Errors: std::bad_alloc only. Threads: a plain value; one thread at a time.
 class KXJS_API KxJsVariable {
   public:
+    /// As much of a text, in UTF-16 code units, as scripts and valueToString() show.
+    static constexpr std::size_t kMaxTextLength = 255;
+
     /// Which of its values a variable currently has.
     enum TypeOfVar : std::int32_t {
         TYPE_OF_VAR_UNDEFINED = 0,  ///< none was stored yet
@@ -79,9 +82,9 @@ class KXJS_API KxJsVariable {
     void setValue(bool value);
     /// @}
 
-    /// The current value as text of at most 255 code units: a text is cut there and at its first
-    /// zero, a double has exactly six decimals whatever the locale (and is the empty text where
-    /// 255 do not suffice), a variable without a type is "true".
+    /// The current value as text of at most kMaxTextLength code units: a text is cut there and at
+    /// its first zero, a double has exactly six decimals whatever the locale (and is the empty text
+    /// where so many do not suffice), a variable without a type is "true".
     std::u16string valueToString() const;
 
   private:
@@ -89,17 +92,6 @@ class KXJS_API KxJsVariable {
     friend class kx::BoundVariable;
 
     void init();
-    /// Of a text, the part that scripts may see, and what they see of it.
-    /// @{
-    std::u16string_view firstUnits() const {
-        return std::u16string_view(_mStrValue).substr(0, kMaxTextLength);
-    }
-    std::u16string_view seenText() const;
-    /// @}
-
-    /// Room for the text of a value; scripts see no more of a text variable than this.
-    static constexpr std::size_t kMaxTextLength = 255;
-
     std::u16string _mKey;
     std::int32_t _mLongValue = 0;
     double _mDoubleValue = 0.0;
