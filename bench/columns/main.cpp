@@ -2,15 +2,20 @@
 // and other engines' ways, in nanoseconds a record. Before anything is timed, all must have given
 // the same results.
 //
-//     kxbench_columns [ROUNDS]
+//     kxbench_columns [ROUNDS]      a whole number from 1; 11 without
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <stdexcept>
+#include <string>
+#include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "Machine.h"
@@ -116,11 +121,28 @@ void measure(ColumnFormula const& formula, std::size_t count, int rounds) {
     std::fflush(stdout);
 }
 
+/// Nothing where what was asked for is no number of rounds.
+std::optional<int> roundsFrom(int count, char** arguments) {
+    if (count < 2) return 11;
+    std::string_view const text = arguments[1];
+    int rounds = 0;
+    auto const end = std::from_chars(text.data(), text.data() + text.size(), rounds);
+    bool const isNumber = end.ec == std::errc() && end.ptr == text.data() + text.size();
+    if (count > 2 || !isNumber || rounds < 1) return std::nullopt;
+    return rounds;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
     try {
-        int const rounds = count > 1 ? std::stoi(arguments[1]) : 11;
+        auto const asked = roundsFrom(count, arguments);
+        if (!asked) {
+            std::cerr << "kxbench_columns: the one argument is the number of rounds, from 1"
+                      << std::endl;
+            return 2;
+        }
+        int const rounds = *asked;
         std::cout << bench::describeMachine() << "rounds:   " << rounds
                   << "; medians, nanoseconds a record\n\n| formula | records |";
         for (Peer const& peer : kPeers) std::cout << " " << peer.name << " |";
