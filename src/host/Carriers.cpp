@@ -35,6 +35,13 @@ v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context
     return carrier;
 }
 
+bool Carriers::isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& variable) {
+    if (!value->IsObject() || value->IsProxy()) return false;
+    auto const object = value.As<v8::Object>();
+    return object->InternalFieldCount() == 1 &&
+           v8compat::alignedPointerOrNull(object, kVariableField) == &variable;
+}
+
 void Carriers::cutAll(v8::Isolate* isolate) {
     v8::HandleScope const handles(isolate);
     for (v8::Global<v8::Object> const& carrier : carriers_) {

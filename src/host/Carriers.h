@@ -34,6 +34,9 @@ class Carriers {
     v8::Local<v8::Object> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
                                v8::Local<v8::ObjectTemplate> shape, BoundVariable& variable);
 
+    /// Whether `value` is a carrier of `variable`, of whichever parse.
+    static bool isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& variable);
+
     /// Cuts every carrier from its variable. The isolate must be the current one.
     void cutAll(v8::Isolate* isolate);
 

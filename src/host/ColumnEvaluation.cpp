@@ -1,12 +1,15 @@
 #include "host/ColumnEvaluation.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
 #include <utility>
 
+#include "host/BoundVariable.h"
 #include "host/ColumnGlobals.h"
+#include "host/ColumnKeys.h"
 #include "host/ColumnNames.h"
 #include "host/CompiledScript.h"
 #include "host/ErrorText.h"
@@ -25,6 +28,9 @@ constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
 /// A block of the kernel cannot be looked into, and its records may become more expensive.
 constexpr std::size_t kLargestBlock = std::size_t{1} << 14;
+/// Choosing a road takes as long as so many records one by one.
+constexpr std::size_t kChoice = 64;
+constexpr std::size_t kLongestPause = kChoice << 6;
 
 constexpr std::u16string_view kElsewhere =
     u"The script host belongs to another thread or to another engine isolate";
@@ -45,14 +51,6 @@ class Raised {
     bool& flag_;
 };
 
-/// Whether a key is also the name under which scripts read another one: binding the one changes
-/// what the other gives.
-bool areCarriersKeys(std::vector<std::u16string> const& keys) {
-    return std::any_of(keys.begin(), keys.end(), [&](std::u16string const& key) {
-        return std::find(keys.begin(), keys.end(), key + u"___" + key) != keys.end();
-    });
-}
-
 /// The value that the accessor's getter would give.
 v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& variable) {
     switch (variable.getType()) {
@@ -66,6 +64,21 @@ v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& varia
             return v8::Boolean::New(isolate, variable.getBooleanValue());
     }
 }
+
+/// Failures' texts: an evaluation's records fail for few reasons, mostly.
+class RecentTexts {
+  public:
+    KxJsColumns::SharedText shared(std::u16string text) {
+        auto const known = std::find(texts_.begin(), texts_.end(), std::u16string_view(text));
+        if (known != texts_.end()) return *known;
+        next_ = (next_ + 1) % texts_.size();
+        return texts_[next_] = KxJsColumns::SharedText(std::move(text));
+    }
+
+  private:
+    std::array<KxJsColumns::SharedText, 16> texts_;
+    std::size_t next_ = 0;
+};
 
 /// For one script and a kernel.
 std::list<HostRemains> roomForRemains() {
@@ -83,16 +96,46 @@ struct ColumnEvaluation::Evaluation {
     v8::Local<v8::Context> context;
     KxJsColumns::Outcome& outcome;
     Road road = Road::untried;
-    bool hasSucceeded = false;
+    bool hasSucceeded = false;  // a record since the road was left
+    std::size_t fastFrom = 0;   // the record with which the fast road was taken
+    std::size_t pause = 0;      // how many records the road is not chosen for
+    std::size_t slowUntil = 0;
+    RecentTexts texts = {};
+    KxJsColumns::SharedText notANumber = {};
+    std::optional<v8::HandleScope> runHandles;
     std::optional<ColumnRun> run;
 
     std::size_t& next() const { return outcome.records; }
-    void failAsNotANumber() const {
-        outcome.failures.push_back({outcome.records, u"Not A Number", u"Not A Number"});
+    void failAsNotANumber() {
+        if (notANumber.empty()) notANumber = KxJsColumns::SharedText(u"Not A Number");
+        outcome.failures.push_back({outcome.records, notANumber, notANumber});
     }
-    void fail(std::u16string error, KxJsFailure const& failure) const {
-        outcome.failures.push_back({outcome.records, std::move(error), failure.message,
-                                    failure.line, failure.column, failure.endColumn});
+    void fail(std::u16string error, KxJsFailure const& failure) {
+        outcome.failures.push_back({outcome.records, texts.shared(std::move(error)),
+                                    texts.shared(failure.message), failure.line, failure.column,
+                                    failure.endColumn});
+    }
+
+    /// Where the meaning of a name may have changed.
+    void leaveRoad() {
+        road = Road::untried;
+        hasSucceeded = false;
+    }
+
+    /// Where values may have changed, too.
+    void dropRun() {
+        leaveRoad();
+        run.reset();
+        runHandles.reset();
+    }
+
+    /// The same where that may happen often. Stretches too short to pay for a choice make the next
+    /// one wait, each time longer.
+    void leaveRoadForAWhile() {
+        leaveRoad();
+        bool const wasWorthIt = next() - fastFrom >= kChoice;
+        pause = wasWorthIt ? 0 : std::clamp(pause * 2, kChoice, kLongestPause);
+        slowUntil = next() + pause;
     }
 };
 
@@ -150,29 +193,28 @@ bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& err
     }
     forget();
     if (!bindToHost(error)) return false;
-    std::int32_t const index = host_.parse(source, error);
-    if (index == -1) return false;
+    if (host_.parse(source, error) == -1) return false;
     // The host's store is the application's; this script goes with the columns.
-    script_ = std::move(host_._mVecOfCompiledScripts.back());
+    std::unique_ptr<CompiledScript> script = std::move(host_._mVecOfCompiledScripts.back());
     host_._mVecOfCompiledScripts.pop_back();
-    generation_ = host_._mEngine->generation();
     source_ = source;
     keys_.clear();
     for (auto const& [key, variable] : host_._mVariables) {
         if (source_.find(key) != std::u16string::npos) keys_.push_back(key);
     }
+    inFrontAt_.reset();
     expression_ = pureExpression(source_);
     mayHaveEffects_ =
         !expression_ || std::any_of(expression_->names.begin(), expression_->names.end(),
                                     [](auto const& name) { return evaluatesTexts(name.text); });
+    generation_ = host_._mEngine->generation();
+    script_ = std::move(script);  // from here on there is a formula: nothing fails any more
     return true;
 }
 
 std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> context) const {
-    if (areCarriersKeys(keys_)) return std::nullopt;
-    for (std::u16string const& key : keys_) {
-        if (!isPlainGlobal(context, key)) return std::nullopt;
-    }
+    v8::HandleScope const handles(context->GetIsolate());
+    if (!areKeysAsBound(context)) return std::nullopt;
     bool callsBuiltIns = false;
     auto const& library = record_->libraryScript();
     int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
@@ -200,6 +242,20 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
     return bindings;
 }
 
+bool ColumnEvaluation::areKeysAsBound(v8::Local<v8::Context> context) const {
+    if (areCarriersKeys(keys_)) return false;
+    for (std::u16string const& key : keys_) {
+        BoundVariable const& bound =
+            host_._mEngine->carriers().bound(host_._mVariables.at(key), KxJsParser::_mAccessorName);
+        if (!isBoundAsMade(context, key, bound, KxJsParser::_mAccessorName)) return false;
+    }
+    std::uint64_t const now = host_._mEngine->scriptsRun();
+    if (inFrontAt_ == now) return true;
+    if (!areCarriersInFront(context, keys_)) return false;
+    inFrontAt_ = now;
+    return true;
+}
+
 bool ColumnEvaluation::mayCallBuiltIns(v8::Local<v8::Context> context, int libraryId) const {
     std::uint64_t const now = host_._mEngine->scriptsRun();
     if (untouchedAt_ == now) return true;
@@ -215,9 +271,19 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
     if (evaluation.count > v8::TypedArray::kMaxLength) return;
     auto const names = bindings(evaluation.context);
     if (!names) return;
-    if (kernel_ == nullptr || !kernel_->fits(*names, evaluation.results)) {
+    evaluation.fastFrom = evaluation.next();
+    bool const fits = kernel_ != nullptr && kernel_->fits(*names, evaluation.results);
+    if (fits && evaluation.run) {
+        evaluation.road = Road::fast;
+        return;
+    }
+    evaluation.dropRun();
+    evaluation.road = Road::slow;
+    evaluation.runHandles.emplace(evaluation.isolate);
+    if (!fits) {
         std::list<HostRemains> remains(1);
         if (kernel_ != nullptr) kernel_->release(remains.front());
+        kernel_.reset();
         record_->release(std::move(remains));
         kernel_ = ColumnKernel::make(evaluation.isolate, evaluation.context, expression_->text,
                                      *names, evaluation.results);
@@ -256,12 +322,14 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
     v8::Local<v8::Context> const context = host_._mContext->get(isolate);
     v8::Context::Scope const entered(context);
     ScriptRun const run(engine);
+    engine.countChange();  // for columns in whose progress these are evaluated
     Raised const evaluating(isEvaluating_);
     Evaluation evaluation{.count = count,
                           .results = results,
                           .isolate = isolate,
                           .context = context,
                           .outcome = outcome,
+                          .runHandles = std::nullopt,
                           .run = std::nullopt};
     std::size_t size = kFirstBlock;
     while (outcome.records < count) {
@@ -272,12 +340,16 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
         else
             size = std::max<std::size_t>(size / 2, 1);
         if (!progress_) continue;
-        if (!progress_(outcome.records)) {
+        std::uint64_t const before = engine.changes();
+        bool const goesOn = progress_(outcome.records);
+        if (outcome.records == count) break;
+        if (!goesOn) {
             outcome.error = kStopped;
         } else if (generation_ != engine.generation()) {
             outcome.error = kNotCompiled;
         }
         if (!outcome.error.empty()) break;
+        if (engine.changes() != before) evaluation.dropRun();
     }
     return outcome;
 }
@@ -288,7 +360,10 @@ bool ColumnEvaluation::runBlock(Evaluation& evaluation, std::size_t last) {
     while (next < last) {
         if (evaluation.road != Road::fast || next + 1 == evaluation.count) {
             if (!runOneByOne(evaluation)) return false;
-            if (evaluation.road == Road::untried && evaluation.hasSucceeded) chooseRoad(evaluation);
+            if (evaluation.road == Road::untried && evaluation.hasSucceeded &&
+                next >= evaluation.slowUntil) {
+                chooseRoad(evaluation);
+            }
             if (Clock::now() >= deadline) return true;
             continue;
         }
@@ -300,7 +375,10 @@ bool ColumnEvaluation::runBlock(Evaluation& evaluation, std::size_t last) {
             return false;
         }
         takeBlock(evaluation, first, stop);
-        if (how == ColumnRun::Stop::failed && !runOneByOne(evaluation)) return false;
+        if (how != ColumnRun::Stop::failed) continue;
+        if (!runOneByOne(evaluation)) return false;
+        // A text that it has evaluated may have done anything.
+        if (mayHaveEffects_) evaluation.leaveRoadForAWhile();
     }
     return true;
 }

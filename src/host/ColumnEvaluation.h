@@ -47,6 +47,7 @@ class ColumnEvaluation {
     bool bindToHost(std::u16string& error);
     /// The bindings of the formula's names at this moment; nothing where one is not harmless.
     std::optional<ColumnBindings> bindings(v8::Local<v8::Context> context) const;
+    bool areKeysAsBound(v8::Local<v8::Context> context) const;
     void chooseRoad(Evaluation& evaluation);
     bool mayCallBuiltIns(v8::Local<v8::Context> context, int libraryId) const;
     bool runBlock(Evaluation& evaluation, std::size_t last);
@@ -66,8 +67,12 @@ class ColumnEvaluation {
     bool mayHaveEffects_ = false;
     std::unique_ptr<ColumnKernel> kernel_;
     bool isEvaluating_ = false;
-    /// When scripts had run as often, the built-in functions were found untouched.
+    /// When scripts had run as often, nothing stood in front of the carriers of keys_, and the
+    /// built-in functions were found untouched.
+    /// @{
+    mutable std::optional<std::uint64_t> inFrontAt_;
     mutable std::optional<std::uint64_t> untouchedAt_;
+    /// @}
     std::list<HostRemains> lastRemains_;  // the destructor's: has room already
 };
 

@@ -33,7 +33,7 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::Value> value;
     if (!context->Global()
-             ->GetRealNamedProperty(context, toEngineString(isolate, name))
+             ->GetRealNamedProperty(context, toEngineName(isolate, name))
              .ToLocal(&value)) {
         return v8::Undefined(isolate);
     }
@@ -63,18 +63,6 @@ NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name
     // These two give what the engine's eval makes of their conditions.
     return isFunctionOf(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
                                                                          : NameMeaning::unknown;
-}
-
-bool isPlainGlobal(v8::Local<v8::Context> context, std::u16string const& key) {
-    v8::Isolate* const isolate = context->GetIsolate();
-    v8::TryCatch const ignored(isolate);
-    v8::Local<v8::Object> const global = context->Global();
-    v8::Local<v8::String> const name = toEngineString(isolate, key);
-    if (name.IsEmpty()) return false;
-    return global->HasRealNamedProperty(context, name).FromMaybe(false) &&
-           !global->HasRealNamedCallbackProperty(context, name).FromMaybe(true) &&
-           global->GetRealNamedPropertyAttributes(context, name).FromMaybe(v8::ReadOnly) ==
-               v8::None;
 }
 
 }  // namespace kx

@@ -31,8 +31,4 @@ bool evaluatesTexts(std::u16string_view name);
 /// the script that defines the built-in functions: what scripts have put in their place is unknown.
 NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name, int libraryId);
 
-/// Whether assigning to `key` and reading it back does what it does for a variable that nobody
-/// touched: the global object has it as a plain property.
-bool isPlainGlobal(v8::Local<v8::Context> context, std::u16string const& key);
-
 }  // namespace kx

@@ -79,6 +79,12 @@ class HostEngine {
     void countScript() { ++scriptsRun_; }
     /// @}
 
+    /// What may change the results of a formula: scripts, and whatever else is counted here.
+    /// @{
+    std::uint64_t changes() const { return scriptsRun_ + otherChanges_; }
+    void countChange() { ++otherChanges_; }
+    /// @}
+
     /// Changes when the host gives something up: scripts compiled before have lost their carriers.
     std::uint64_t generation() const { return generation_; }
 
@@ -88,6 +94,7 @@ class HostEngine {
     std::shared_ptr<IsolateRecord> record_;
     std::uint64_t generation_ = 0;
     std::uint64_t scriptsRun_ = 0;
+    std::uint64_t otherChanges_ = 0;
     Carriers carriers_;
     std::list<HostRemains> lastRemains_ = std::list<HostRemains>(1);
     RunControl control_;

@@ -4,6 +4,16 @@
 
 #include "host/ColumnEvaluation.h"
 
+KxJsColumns::SharedText::SharedText(std::u16string text) {
+    text.shrink_to_fit();  // there may be millions
+    _mText = std::make_shared<std::u16string const>(std::move(text));
+}
+
+std::u16string const& KxJsColumns::SharedText::str() const {
+    static std::u16string const kEmpty;
+    return _mText == nullptr ? kEmpty : *_mText;
+}
+
 KxJsColumns::KxJsColumns(KxJsParser& host)
     : _mEvaluation(std::make_unique<kx::ColumnEvaluation>(host)) {}
 KxJsColumns::~KxJsColumns() = default;

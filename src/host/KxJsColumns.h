@@ -49,19 +49,49 @@ class ColumnEvaluation;
 /// them. What bind() was given has to stay as it is during evaluate() only.
 ///
 /// Limits: those of the host hold for each evaluate() as a whole: its time limit, its memory limit,
-/// and KxJsParser::terminate().
+/// and KxJsParser::terminate(). The memory limit is about what scripts take: results and failures
+/// are the application's. A failure takes 56 bytes, and for a moment up to twice that while the
+/// list grows; a text that is none of the last 16 different ones takes its own memory, in all some
+/// 500 bytes a failure where each is about something else. So evaluate long tables in blocks:
+/// bind() the next one, and evaluate() again.
+///
+/// Errors: std::bad_alloc, beside the error texts. After compile() has thrown, compile again: the
+/// earlier formula may be gone. Where evaluate() throws, results
+/// hold nothing of use, formula and columns are as before, and the host has the columns' values of
+/// some record.
 ///
 /// Threads: as the host's. The host has to live as long.
 class KXJS_API KxJsColumns {
   public:
+    /// A text that does not change: a std::u16string of which copies share the memory. Equal texts
+    /// of an evaluation mostly do.
+    class KXJS_API SharedText {
+      public:
+        SharedText() = default;
+        explicit SharedText(std::u16string text);
+
+        std::u16string const& str() const;
+        operator std::u16string const&() const { return str(); }
+        bool empty() const { return str().empty(); }
+        friend bool operator==(SharedText const& one, std::u16string_view other) {
+            return one.str() == other;
+        }
+        friend bool operator==(SharedText const& one, SharedText const& other) {
+            return one.str() == other.str();
+        }
+
+      private:
+        std::shared_ptr<std::u16string const> _mText;
+    };
+
     /// A record that failed. For texts also one whose result contains "NaN", which it keeps.
     struct Failure {
-        std::size_t record;    ///< from 0
-        std::u16string error;  ///< what execute() gives: lines are counted as there
+        std::size_t record;  ///< from 0
+        SharedText error;    ///< what execute() gives: lines are counted as there
         /// The exception's text and the place in the formula as compile() got it, as KxJsFailure
         /// tells them: from 1, all three 0 where no place is known.
         /// @{
-        std::u16string message = {};
+        SharedText message = {};
         std::int32_t line = 0;
         std::int32_t column = 0;
         std::int32_t endColumn = 0;
@@ -78,9 +108,16 @@ class KXJS_API KxJsColumns {
     /// Called again and again during an evaluation, with the number of records that are done:
     /// about every hundredth of a second or more often, but not before a record has ended, and not
     /// before some thousand have where they run inside the engine. Returning false ends the
-    /// evaluation. It may use the host but not these columns: while they are evaluated, bind() and
-    /// setProgress() throw std::logic_error, compile() and evaluate() give an error text. An
-    /// exception goes to the caller of evaluate(), with the results so far.
+    /// evaluation, and means nothing after the last record.
+    ///
+    /// It may use the host: variables that it sets and scripts that it runs are seen from the
+    /// record `records` on, the first one that is not done. How many are done when it is called
+    /// depends on the machine. The columns' variables have the values of some record that is done.
+    /// After KxJsParser::reset() the evaluation is ended.
+    ///
+    /// It may not use these columns: while they are evaluated, bind() and setProgress() throw
+    /// std::logic_error, compile() and evaluate() give an error text. An exception goes to the
+    /// caller of evaluate(); results are there for the records of the last call.
     using Progress = std::function<bool(std::size_t records)>;
 
     /// Columns over `host`, in whose context formulas run.
@@ -101,8 +138,9 @@ class KXJS_API KxJsColumns {
 
     /// Compiles `source`, JavaScript as KxJsParser::parse() takes it, in place of an earlier one.
     /// Binds the columns to the host, with values of their types. False where that fails: `error`
-    /// says why, and is left alone otherwise. After KxJsParser::reset() a formula has to be
-    /// compiled again.
+    /// says why, and is left alone otherwise. The earlier formula is gone then, except
+    /// where it is being evaluated, or the thread is not the host's. After KxJsParser::reset() a
+    /// formula has to be compiled again.
     bool compile(std::u16string const& source, std::u16string& error);
 
     /// Evaluates the formula for the records 0 to `count`-1. The type of `results`, which has room

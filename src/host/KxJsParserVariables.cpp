@@ -13,6 +13,7 @@ constexpr std::u16string_view kBlanks = u" \t\n\v\f\r";
 }  // namespace
 
 bool KxJsParser::addSetVariable(KxJsVariable const& variable) {
+    _mEngine->countChange();
     // A key that is bound has been found good before.
     if (auto const bound = _mVariables.find(variable._mKey); bound != _mVariables.end()) {
         bound->second = variable;

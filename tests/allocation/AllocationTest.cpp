@@ -13,6 +13,7 @@
 
 #include "FailingNew.h"
 #include "convert/Converter.h"
+#include "host/KxJsColumns.h"
 #include "host/KxJsParser.h"
 #include "host/KxJsVariable.h"
 #include "library/Catalogues.h"
@@ -67,6 +68,19 @@ Text joined(std::vector<KxJsFunction> const& catalogue) {
         all += function.toJavaScript() + function.toHtmlFragment(true) + function.toHtmlPage();
     }
     return all;
+}
+
+/// The results of `formula` over a column, and the messages of the records that fail.
+std::vector<Text> evaluated(KxJsParser& host, Text const& formula, Text& error) {
+    std::vector<Text> const values(20, u"name" + kLong);
+    KxJsColumns columns(host);
+    columns.bind(u"aColumnWithALongName", values.data());
+    std::vector<Text> results(values.size());
+    if (!columns.compile(formula, error)) return {};
+    auto const outcome = columns.evaluate(results.size(), results.data());
+    error = outcome.error;
+    for (auto const& failure : outcome.failures) results.push_back(failure.message);
+    return results;
 }
 
 void nothing(KxJsParser& /*host*/) {}
@@ -125,6 +139,20 @@ std::vector<Operation> const kOperations{
          host.setTimeLimit(std::chrono::milliseconds(10));
          host.setMemoryLimit(std::size_t{512} << 20);
          return parseAndExecute(host, u"for (;;);");
+     }},
+    {"columns", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         run.result =
+             joined(evaluated(host, u"aColumnWithALongName+IIF(NUMBER>2,'a','b')", run.error));
+         return run;
+     }},
+    {"failingColumns", bind,
+     [](KxJsParser& host) {
+         Answer run;
+         run.result = joined(
+             evaluated(host, u"IIF(aColumnWithALongName,1,2)+missingNameThatIsLong", run.error));
+         return run;
      }},
     {"extract", nothing,
      [](KxJsParser&) {
@@ -259,6 +287,41 @@ TEST(DestructionOnAnotherThread, doesNotFail) {
         KxJsParser next;
         EXPECT_EQ(parseAndExecute(next, u"1+1"), (Answer{u"2", u""}));
     }
+}
+
+/// The same columns go on, whatever they were doing when memory was out.
+TEST(Columns, mayFailAndEvaluateAgain) {
+    std::vector<double> const numbers(20, 2);
+    std::vector<double> results(numbers.size());
+    std::vector<Text> texts(numbers.size());
+    std::size_t which = 1;
+    for (bool hasFailed = true; hasFailed && !HasFailure(); ++which) {
+        KxJsParser host;
+        host.initialize();
+        KxJsColumns columns(host);
+        columns.bind(u"aColumnWithALongName", numbers.data());
+        Text error;
+        ASSERT_TRUE(columns.compile(u"aColumnWithALongName*2", error));
+        columns.evaluate(results.size(), results.data());
+        try {
+            FailingNew const failing(which);
+            // Another type of results wants another loop.
+            columns.evaluate(texts.size(), texts.data());
+            columns.compile(u"aColumnWithALongName*3+1", error);
+            hasFailed = FailingNew::hasFailed();
+        } catch (std::bad_alloc const&) {
+            hasFailed = true;
+        }
+        if (columns.evaluate(results.size(), results.data()).error.empty()) {
+            EXPECT_TRUE(results[5] == 4 || results[5] == 7) << which;
+        }
+        columns.evaluate(texts.size(), texts.data());
+        EXPECT_TRUE(columns.compile(u"aColumnWithALongName*4", error)) << which;
+        EXPECT_EQ(columns.evaluate(texts.size(), texts.data()).error, u"") << which;
+        EXPECT_EQ(texts[5], u"8") << which;
+        EXPECT_EQ(host.parse(u"1", error), 0) << which;  // no script of theirs is in the store
+    }
+    EXPECT_GT(which, 20U);
 }
 
 /// What a failed assignment leaves is what was there.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <chrono>
@@ -33,6 +34,57 @@ class Columns : public testing::Test {
         if (outcome.failures.size() != 1) return u"not one failure";
         if (outcome.failures[0].record != record) return u"another record";
         return outcome.failures[0].error;
+    }
+
+    /// Compiles `formula` over a column `name` of the numbers 1 to 5, runs `script`, evaluates, and
+    /// compares with what the same gives one by one.
+    static void compareWithOneByOne(std::u16string const& name, std::u16string const& formula,
+                                    std::u16string const& script) {
+        SCOPED_TRACE(testing::PrintToString(formula + u" / " + script));
+        std::vector<double> const values = {1, 2, 3, 4, 5};
+        ScriptHost other;
+        KxJsColumns numbers(other.host);
+        numbers.bind(name, values.data());
+        std::u16string error;
+        ASSERT_TRUE(numbers.compile(formula, error));
+        if (!script.empty()) other.run(script);
+        Texts inColumns(values.size());
+        auto const outcome = numbers.evaluate(values.size(), inColumns.data());
+        Texts errors(values.size());
+        for (auto const& failure : outcome.failures) errors[failure.record] = failure.error;
+
+        ScriptHost oneByOne;
+        oneByOne.bind(name, 0.0);
+        std::int32_t const index = oneByOne.parse(formula);
+        if (!script.empty()) oneByOne.run(script);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            oneByOne.bind(name, values[i]);
+            EXPECT_EQ((ScriptHost::Run{inColumns[i], errors[i]}), oneByOne.execute(index)) << i;
+        }
+    }
+
+    /// Evaluates `formula`, which gives 1 where K and all of column A are 1, and has `change` done
+    /// at the first call of whoever watches: every later record must be `then`.
+    template <class Change>
+    void changeInProgress(std::u16string const& formula, std::u16string const& then,
+                          Change const& change) {
+        std::vector<double> const values(kMany, 1);
+        host.bind(u"K", 1.0);
+        columns.bind(u"A", values.data());
+        std::size_t changedAt = 0;
+        columns.setProgress([&](std::size_t records) {
+            if (changedAt == 0) {
+                changedAt = records;
+                change();
+            }
+            return true;
+        });
+        EXPECT_EQ(texts(formula, kMany).records, kMany);
+        ASSERT_GT(changedAt, 0U);
+        ASSERT_LT(changedAt, kMany - 1);
+        Texts expected(changedAt, u"1");
+        expected.resize(kMany, then);
+        EXPECT_TRUE(results == expected) << "from " << changedAt;
     }
 
     ScriptHost host;
@@ -456,6 +508,142 @@ TEST_F(Columns, giveWhatOneByOneGivesWhereAKeyIsACarriersName) {
         oneByOne.bind(u"A___A", values[i]);
         EXPECT_EQ(results[i], oneByOne.execute(index).result) << i;
     }
+}
+
+// Behind a point stands a member, but not behind each.
+TEST_F(Columns, giveWhatOneByOneGivesWhereTheyAreCalledLikeMembers) {
+    for (char16_t const* formula :
+         {u"Math.max(...String(E))", u"Math.max(...E)", u"Math.abs?.(E)", u"Math.abs?. (E)",
+          u"Math.E*E", u"Math\n.E*E", u"1..E+E", u"''.concat(...E+'')", u"Math?.[E]",
+          u"Math.abs?.(-E)", u"017.E+/'/+E+/'/", u"E>2?.5:E", u"Math.max(E,E?.length)"}) {
+        compareWithOneByOne(u"E", formula, u"");
+    }
+    compareWithOneByOne(u"left", u"'abcdef'.left(left)+''.concat(...left+'x')", u"");
+    compareWithOneByOne(u"length", u"'abc'.length+length+Math.abs?.(length)", u"");
+    compareWithOneByOne(u"undefined", u"undefined+1", u"");
+    compareWithOneByOne(u"arguments", u"arguments+1", u"");
+    compareWithOneByOne(u"NaN", u"NaN+1", u"");
+    compareWithOneByOne(u"IIF", u"IIF+1", u"");
+    compareWithOneByOne(u"Math", u"Math+1", u"");
+}
+
+TEST_F(Columns, giveWhatOneByOneGivesWhereCarriersWereReplaced) {
+    for (char16_t const* script :
+         {u"A___A={ouraccessor:42}",
+          u"let A___A={ouraccessor:42}",
+          u"A___A={get ouraccessor(){return 43}}",
+          u"A___A=globalThis",
+          u"A___A=new Proxy(A___A,{get(){return 44}})",
+          u"A___A=new A___A.constructor()",
+          u"A___A=Object.create(A___A)",
+          u"A___A=[A___A]",
+          u"A___A=5",
+          u"delete A___A",
+          u"Object.defineProperty(A___A,'ouraccessor',{value:45})",
+          u"Object.defineProperty(A___A,'ouraccessor',{get(){return 46}})",
+          u"delete A___A.ouraccessor;A___A.ouraccessor=47",
+          u"Object.setPrototypeOf(A___A,{ouraccessor:48})",
+          u"A___A.ouraccessor=49",
+          u"Object.defineProperty(globalThis,'A___A',{get(){return {ouraccessor:50}}})",
+          u"Object.freeze(A___A)",
+          u"Object.freeze(globalThis)",
+          u"let A=51",
+          u"const A=52"}) {
+        compareWithOneByOne(u"A", u"A*2", script);
+    }
+}
+
+TEST_F(Columns, giveWhatOneByOneGivesWhereTwoCarriersWereExchanged) {
+    std::vector<double> const first = {1, 2, 3, 4, 5};
+    std::vector<double> const second = {10, 20, 30, 40, 50};
+    columns.bind(u"A", first.data());
+    columns.bind(u"B", second.data());
+    texts(u"A-B", 5);
+    host.run(u"var c=A___A;A___A=B___B;B___B=c");
+    columns.evaluate(5, results.data());
+    EXPECT_EQ(results, (Texts{u"9", u"18", u"27", u"36", u"45"}));
+}
+
+TEST_F(Columns, giveWhatOneByOneGivesWhereACarriersNameWasDeclaredBefore) {
+    host.run(u"let A___A={ouraccessor:42}");
+    std::vector<double> const values = {1, 2, 3, 4, 5};
+    columns.bind(u"A", values.data());
+    texts(u"A*2", 5);
+    EXPECT_EQ(results, Texts(5, u"84"));
+}
+
+TEST_F(Columns, seeAVariableThatIsSetInProgressFromTheNextRecordOn) {
+    changeInProgress(u"A*K", u"2", [&] { host.bind(u"K", 2.0); });
+    changeInProgress(u"var a=A;a*K", u"2", [&] { host.bind(u"K", 2.0); });
+    changeInProgress(u"A+(K===1?'':K)", u"1text",
+                     [&] { host.bind(u"K", std::u16string(u"text")); });
+}
+
+TEST_F(Columns, seeWhatAScriptInProgressHasDoneFromTheNextRecordOn) {
+    changeInProgress(u"IIF(A>0,A,0)", u"7", [&] { host.run(u"IIF=function(){return 7}"); });
+    changeInProgress(u"A+0", u"42", [&] { host.run(u"A___A={ouraccessor:42}"); });
+}
+
+TEST_F(Columns, seeWhatOtherColumnsInProgressHaveDone) {
+    changeInProgress(u"IIF(A>0,A*K,0)", u"5", [&] {
+        KxJsColumns others(host.host);
+        std::u16string error;
+        ASSERT_TRUE(others.compile(u"IIF=function(){return 5}", error));
+        std::u16string result;
+        others.evaluate(1, &result);
+    });
+}
+
+TEST_F(Columns, seeWhatTheTextsOfEarlierRecordsHaveDone) {
+    std::vector<std::u16string> sources(kMany);
+    sources[100] = u"IIF=function(c){return c?8:9}";
+    sources[3000] = u"A___A={ouraccessor:-1}";
+    std::vector<double> const numbers(kMany, 1);
+    std::u16string const formula = u"IIF(SOURCE==''?A>0:SOURCE,1,2)";
+    columns.bind(u"SOURCE", sources.data());
+    columns.bind(u"A", numbers.data());
+    texts(formula, kMany);
+    Texts expected(kMany, u"8");
+    std::fill_n(expected.begin(), 101, u"1");
+    EXPECT_TRUE(results == expected);
+    texts(u"SOURCE==''?IIF(A>0,1,2):COND(SOURCE,'done')", kMany);
+    Texts then(kMany, u"8");
+    then[100] = then[3000] = u"done";
+    std::fill(then.begin() + 3001, then.end(), u"9");
+    EXPECT_TRUE(results == then);
+}
+
+TEST_F(Columns, shareTheTextsOfFailures) {
+    std::vector<std::u16string> sources(kMany, u"missing");
+    sources[1000] = u"other";
+    columns.bind(u"SOURCE", sources.data());
+    auto const failures = texts(u"IIF(SOURCE,1,2)", kMany).failures;
+    ASSERT_EQ(failures.size(), kMany);
+    EXPECT_EQ(failures[1000].message, u"ReferenceError: other is not defined");
+    for (std::size_t const i : {std::size_t{0}, kMany - 1}) {
+        EXPECT_EQ(failures[i].message, u"ReferenceError: missing is not defined");
+        EXPECT_EQ(&failures[i].message.str(), &failures[1].message.str());
+        EXPECT_EQ(&failures[i].error.str(), &failures[1].error.str());
+    }
+    auto const notNumbers = texts(u"Number(SOURCE)", kMany).failures;
+    EXPECT_EQ(&notNumbers[1].error.str(), &notNumbers.back().message.str());
+}
+
+TEST_F(Columns, areDoneWhenNobodyGoesOnAfterTheLastRecord) {
+    std::vector<double> const prices(kMany, 1);
+    columns.bind(u"PRICE", prices.data());
+    columns.setProgress([](std::size_t records) { return records < kMany; });
+    auto outcome = texts(u"PRICE*2", kMany);
+    EXPECT_EQ(outcome.records, kMany);
+    EXPECT_EQ(outcome.error, u"");
+    columns.setProgress([this](std::size_t records) {
+        if (records == kMany) host.host.reset();
+        return true;
+    });
+    outcome = texts(u"PRICE*3", kMany);
+    EXPECT_EQ(outcome.records, kMany);
+    EXPECT_EQ(outcome.error, u"");
+    EXPECT_EQ(results.back(), u"3");
 }
 
 TEST_F(Columns, refuseToBeChangedWhileTheyAreEvaluated) {
