@@ -33,7 +33,7 @@ class Columns : public testing::Test {
     static std::u16string onlyFailure(KxJsColumns::Outcome const& outcome, std::size_t record) {
         if (outcome.failures.size() != 1) return u"not one failure";
         if (outcome.failures[0].record != record) return u"another record";
-        return outcome.failures[0].error;
+        return outcome.failures[0].error.str();
     }
 
     /// Compiles `formula` over a column `name` of the numbers 1 to 5, runs `script`, evaluates, and
