@@ -56,11 +56,13 @@ bool isFickle(ColumnTable const& table, std::u16string const& source, Results co
     return false;
 }
 
-/// Limits hold for a run one by one and for an evaluation as a whole.
+/// Limits hold for a run one by one and for an evaluation as a whole, and where the stack ends
+/// depends on what is on it before the script.
 bool isLimited(Results const& results) {
     return results.size() != ColumnTable::kRecords ||
            std::any_of(results.begin(), results.end(), [](auto const& result) {
-               return result.error.starts_with(u"The script was ended");
+               return result.error.starts_with(u"The script was ") ||
+                      result.error.find(u"Maximum call stack size") != std::u16string::npos;
            });
 }
 

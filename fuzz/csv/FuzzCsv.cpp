@@ -11,6 +11,7 @@
 #include "cli/CsvReader.h"
 #include "cli/CsvText.h"
 #include "cli/Errors.h"
+#include "cli/ValueText.h"
 #include "csv/PlainCsv.h"
 #include "support/Check.h"
 #include "support/Pieces.h"
@@ -106,7 +107,7 @@ void checkWriting(std::string_view bytes, Choices const& choices) {
 }
 
 void checkNumbers(std::string_view cell) {
-    static_cast<void>(kx::booleanInCell(cell));
+    static_cast<void>(kx::booleanFrom(cell));
     for (kx::CellType const type :
          {kx::CellType::LONG, kx::CellType::DOUBLE, kx::CellType::GUESSED}) {
         auto const number = kx::numberInCell(type, cell);

@@ -11,8 +11,12 @@ class Scanner {
     PlainFile read() {
         if (bytes_.starts_with("\xEF\xBB\xBF")) bytes_.remove_prefix(3);
         while (!isAtEnd() && file_.isCsv) {
-            if (skipLineEnd()) continue;  // an empty line is no record
-            readRecord();
+            PlainRecord const blank{{""}, line_};
+            if (!skipLineEnd()) {
+                readRecord();
+            } else if (hasOneColumn()) {
+                file_.records.push_back(blank);  // how an empty cell is written there
+            }
         }
         return file_;
     }
@@ -21,6 +25,10 @@ class Scanner {
     bool isAtEnd() const { return at_ == bytes_.size(); }
     char next() const { return bytes_[at_]; }
     bool isAtLineEnd() const { return next() == '\n' || next() == '\r'; }
+
+    bool hasOneColumn() const {
+        return !file_.records.empty() && file_.records.front().cells.size() == 1;
+    }
 
     /// CR LF is one line end.
     bool skipLineEnd() {

@@ -32,7 +32,7 @@ class HostEngine {
     Carriers& carriers() { return carriers_; }
     IsolateRecord& record() const { return *record_; }
 
-    /// A run of the host was ended for the memory it needed.
+    /// A run of the host was ended for the memory it needed, or has left too much in use.
     void noteMemoryEnd() { wasEndedForMemory_ = true; }
 
     /// Whether no script of the host may run, since it climbs on what it keeps: see MemoryWatch.

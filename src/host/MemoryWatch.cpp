@@ -84,10 +84,21 @@ std::size_t MemoryWatch::slack() const { return std::max(kLeastAllowance, limit_
 void MemoryWatch::collect() {
     // Full collections, more than one: what a finalizer lets go of is only found by the next.
     isolate_->LowMemoryNotification();
-    std::size_t const inUse = bytesInUse();
-    allowance_ = std::max(limit_, inUse + slack());
+    raiseAllowance();
+}
+
+void MemoryWatch::raiseAllowance() {
+    allowance_ = std::max(limit_, bytesInUse() + slack());
     isFull_ = allowance_ > ceiling_;
     mayHaveChanged_ = false;
+}
+
+bool MemoryWatch::endRunThatCollected() {
+    if (!isMoreInUse(allowance_)) return false;
+    isolate_->LowMemoryNotification();
+    if (!isMoreInUse(allowance_)) return false;
+    raiseAllowance();
+    return true;
 }
 
 bool MemoryWatch::isStillFull() {
@@ -130,6 +141,7 @@ bool MemoryWatch::isScattered() const {
 }
 
 void MemoryWatch::look(v8::GCType type) {
+    hasCollected_ = true;
     if (type == v8::kGCTypeMarkSweepCompact) {
         std::size_t const inUse = bytesInUse();
         lookAbove_ = std::min(inUse, allowance_) + allowance_ / kPartBeforeNextLook;

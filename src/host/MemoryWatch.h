@@ -27,10 +27,11 @@ std::size_t defaultMemoryLimit();
 /// What `Intl` objects have outside the heap nobody knows; each counts as much as the largest that
 /// are common take, so that a script that holds tens of thousands of them is ended, too.
 ///
-/// What scripts keep in globals stays in use, so a run that was ended for it may leave the isolate
-/// full. The runs after it may use a little more than is in use then, since the harmless among them
-/// need little. A host whose script keeps something each time would climb on this: above the
-/// ceiling, hosts of which a run was ended here run nothing until something has been given back.
+/// What scripts keep in globals stays in use, so a run that was ended for it, or has come to its
+/// end unseen, may leave the isolate full. The runs after it may use a little more than is in use
+/// then, since the harmless among them need little. A host whose script keeps something each time
+/// would climb on this: above the ceiling, hosts of which a run was ended here run nothing until
+/// something has been given back.
 class MemoryWatch {
   public:
     /// The engine's own limit, at which it ends the process: far above any that is watched.
@@ -51,6 +52,10 @@ class MemoryWatch {
 
     /// Gives memory back after a run that was ended for it.
     void collect();
+
+    /// A run has come to its end. Returns whether it leaves more in use than runs may use; the next
+    /// ones, which may be others', then get a little more.
+    bool endRun() { return std::exchange(hasCollected_, false) && endRunThatCollected(); }
 
     /// Whether so much is kept that hosts of which a run was ended here must not run another. May
     /// collect garbage.
@@ -82,6 +87,8 @@ class MemoryWatch {
     bool isScattered() const;
     void look(v8::GCType type);
     bool isStillFull();
+    bool endRunThatCollected();
+    void raiseAllowance();
     std::size_t slack() const;
 
     v8::Isolate* isolate_;
@@ -90,6 +97,7 @@ class MemoryWatch {
     std::size_t allowance_;      // of the run that is going on
     std::size_t ceiling_;        // of what hosts that were ended here may keep
     std::size_t lookAbove_ = 0;  // what a young collection must leave to ask for a full one
+    bool hasCollected_ = false;  // during the run
     bool isFull_ = false;
     bool mayHaveChanged_ = false;  // since it was found to be full
     RunControl* running_ = nullptr;

@@ -39,12 +39,18 @@ ScriptRun::~ScriptRun() {
 void ScriptRun::end() {
     engine_.record().watchMemory(outer_);
     EndReason const reason = engine_.control().end();
-    if (reason == EndReason::none) return;
-    engine_.record().dropPromiseJobs();
-    engine_.isolate()->CancelTerminateExecution();
-    if (reason != EndReason::memoryLimit) return;
-    engine_.noteMemoryEnd();
-    engine_.record().memory()->collect();
+    if (reason != EndReason::none) {
+        engine_.record().dropPromiseJobs();
+        engine_.isolate()->CancelTerminateExecution();
+    }
+    MemoryWatch* const memory = engine_.record().memory();
+    if (memory == nullptr || outer_ != nullptr) return;
+    if (reason == EndReason::memoryLimit) {
+        engine_.noteMemoryEnd();
+        memory->collect();
+    } else if (memory->endRun()) {
+        engine_.noteMemoryEnd();
+    }
 }
 
 std::u16string refusal(HostEngine& engine) {
