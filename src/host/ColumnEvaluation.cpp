@@ -347,6 +347,9 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
             outcome.error = kStopped;
         } else if (generation_ != engine.generation()) {
             outcome.error = kNotCompiled;
+        } else if (engine.control().reason() != EndReason::none) {
+            // Asked for during the callback, where a script that it ran has met the request.
+            outcome.error = endText(engine);
         }
         if (!outcome.error.empty()) break;
         if (engine.changes() != before) evaluation.dropRun();

@@ -47,6 +47,9 @@ class IsolateRecord {
         return mine != nullptr && mine == v8::Isolate::TryGetCurrent() && !isForkedChild();
     }
 
+    /// Whether the library has made the isolate.
+    bool isOwn() const { return allocator_ != nullptr; }
+
     /// Takes what a host gives up and frees it as soon as that is possible.
     void release(std::list<HostRemains> remains) noexcept;
 

@@ -28,6 +28,11 @@ void KxJsParser::createContext() {
     _mGlobalTemplate = kx::makePersistent(isolate, shape);
     v8::Local<v8::Context> const context = v8::Context::New(isolate, nullptr, shape);
     if (!context.IsEmpty()) kx::Carriers::leaveGlobalEmpty(context);
+    // An application that has started the engine has it switched on.
+    if (!context.IsEmpty() && _mEngine->record().isOwn()) {
+        v8::Local<v8::String> const name = kx::toEngineString(isolate, u"WebAssembly");
+        [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
+    }
     _mContext = kx::makePersistent(isolate, context);
 }
 

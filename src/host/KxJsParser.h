@@ -131,7 +131,8 @@ class KXJS_API KxJsParser {
     /// What scripts keep in globals stays in use, and later scripts may use a little more than
     /// that. When twice the limit (the limit and 128 MiB at least) is nearly reached so, hosts of
     /// which a script was ended for its memory run nothing, and say so, until a host of the thread
-    /// is destroyed or reset and memory comes back, or the limit is set again.
+    /// is destroyed or reset and memory comes back, or another limit is set. A limit that is set
+    /// while a script of the thread runs holds from the next one on.
     void setMemoryLimit(std::size_t bytes);
 
     /// Ends the script that this host is running, with an error text that says so. Without one,

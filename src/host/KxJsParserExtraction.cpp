@@ -44,6 +44,10 @@ std::vector<std::u16string> KxJsParser::extractNames(KxJsParser& host, std::u16s
                                                      kx::SearchTime const& time,
                                                      std::u16string& limitText) {
     std::vector<std::u16string> names;
+    if (!host._mEngine->isUsable()) {
+        error = u"The script host belongs to another thread or to another engine isolate";
+        return names;
+    }
     // The catch clause turns the engine's message about a missing name into the script's result.
     std::u16string const wrapped = u"try{" + source + u";}catch(e){e.message;};";
     host.initialize();

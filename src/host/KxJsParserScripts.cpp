@@ -129,7 +129,11 @@ std::u16string KxJsParser::reportException(v8::TryCatch& capture, KxJsFailure::K
     if (failure->hasPlace) {
         kx::locateFailure(isolate, context, capture.Message(), source, *_mLastFailure);
     }
-    return kx::errorTextOf(*failure);
+    std::u16string text = kx::errorTextOf(*failure);
+    // What the exception's own toString has left to do would run with the next script, whose ever.
+    v8::TryCatch const ended(isolate);
+    _mEngine->record().runPromiseJobs();
+    return text;
 }
 
 void KxJsParser::noteFailure(KxJsFailure::Kind kind, std::u16string const& message) {

@@ -66,8 +66,8 @@ void KxJsParser::clearVariables() {
     }
     std::u16string ignored;
     std::int32_t const index = parse(std::move(deletions), ignored);
-    // However full the memory is: this gives some back.
-    if (index != -1) (void)run(*_mVecOfCompiledScripts.back(), ignored);
+    // Setters that scripts have left would climb where scripts must not.
+    if (index != -1 && !_mEngine->isRefused()) (void)run(*_mVecOfCompiledScripts.back(), ignored);
 
     std::list<kx::HostRemains> remains(1);
     remains.front().variables = std::exchange(_mVariables, {});

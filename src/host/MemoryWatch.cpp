@@ -63,14 +63,22 @@ MemoryWatch::~MemoryWatch() {
 
 void MemoryWatch::setLimit(std::size_t bytes) {
     bytes = std::min(bytes, kHardLimit / 2);
+    // Several hosts of a thread may set the same: what they climb on is not to be forgotten.
+    if (bytes == limit_) return;
     limit_ = bytes;
+    applyLimit();
+}
+
+void MemoryWatch::applyLimit() {
+    std::size_t const bytes = limit_;
     allowance_ = std::max(allowance_, bytes);
     lookAbove_ = 0;
     isFull_ = false;
     if (allocator_ != nullptr) allocator_->setLimit(bytes);
     std::size_t const room = std::max(bytes, kLeastRoom);
     ceiling_ = bytes + room;
-    if (running_ != nullptr) return;
+    isLimitNew_ = running_ != nullptr;
+    if (isLimitNew_) return;  // the run goes on with what it was allowed
     allowance_ = bytes;
     if (!isMoreInUse(bytes)) return;
     // Or the next run, which may need nothing, would be ended for what others have left.
@@ -94,6 +102,7 @@ void MemoryWatch::raiseAllowance() {
 }
 
 bool MemoryWatch::endRunThatCollected() {
+    if (isLimitNew_) applyLimit();
     if (!isMoreInUse(allowance_)) return false;
     isolate_->LowMemoryNotification();
     if (!isMoreInUse(allowance_)) return false;

@@ -55,7 +55,10 @@ class MemoryWatch {
 
     /// A run has come to its end. Returns whether it leaves more in use than runs may use; the next
     /// ones, which may be others', then get a little more.
-    bool endRun() { return std::exchange(hasCollected_, false) && endRunThatCollected(); }
+    bool endRun() {
+        bool const isToLook = std::exchange(hasCollected_, false) || isLimitNew_;
+        return isToLook && endRunThatCollected();
+    }
 
     /// Whether so much is kept that hosts of which a run was ended here must not run another. May
     /// collect garbage.
@@ -88,6 +91,7 @@ class MemoryWatch {
     void look(v8::GCType type);
     bool isStillFull();
     bool endRunThatCollected();
+    void applyLimit();
     void raiseAllowance();
     std::size_t slack() const;
 
@@ -98,6 +102,7 @@ class MemoryWatch {
     std::size_t ceiling_;        // of what hosts that were ended here may keep
     std::size_t lookAbove_ = 0;  // what a young collection must leave to ask for a full one
     bool hasCollected_ = false;  // during the run
+    bool isLimitNew_ = false;    // set during the run, and not in force yet
     bool isFull_ = false;
     bool mayHaveChanged_ = false;  // since it was found to be full
     RunControl* running_ = nullptr;

@@ -386,6 +386,18 @@ TEST_F(Columns, endAtTheHostsTimeLimit) {
     EXPECT_EQ(texts(u"PRICE+1", kMany).error, u"");
 }
 
+TEST_F(Columns, endWhereTheirEndIsAskedForDuringAScriptOfTheCallback) {
+    std::vector<double> const prices(kMany, 1);
+    columns.bind(u"PRICE", prices.data());
+    columns.setProgress([&](std::size_t) {
+        host.host.terminate();
+        std::u16string error;
+        (void)host.host.evaluate(u"1", error);
+        return true;
+    });
+    EXPECT_EQ(texts(u"PRICE+1", kMany).error, u"The script was ended: it was terminated");
+}
+
 TEST_F(Columns, tellTheTimeLimitUnderWhichTheyBegan) {
     std::vector<double> prices(kMany, 1);
     prices[2500] = 0;

@@ -117,6 +117,8 @@ TEST(Embedded, makesAnIsolateForAThreadThatHasNone) {
         EXPECT_EQ(v8::Isolate::TryGetCurrent(), nullptr);
         ScriptHost host;
         EXPECT_EQ(host.eval(u"LEN('abc')"), u"3");
+        // Its memory is beyond the limits, and the application has not switched it off.
+        EXPECT_EQ(host.eval(u"typeof WebAssembly"), u"undefined");
     }).join();
 }
 

@@ -166,6 +166,18 @@ TEST(MemoryLimits, doNotEndAScriptForWhatOneBeforeItHasLeft) {
     other.host.setMemoryLimit(512 * kMebibyte);
 }
 
+TEST(MemoryLimits, doNotForgetWhoClimbsWhenTheSameIsSetAgain) {
+    ScriptHost bad;
+    std::u16string error;
+    for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
+        bad.host.setMemoryLimit(32 * kMebibyte);
+        error =
+            bad.run(u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([1]);").error;
+    }
+    EXPECT_NE(error.find(u"was not run"), std::u16string::npos);
+    bad.host.setMemoryLimit(512 * kMebibyte);
+}
+
 TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
     auto bad = std::make_unique<ScriptHost>();
     ScriptHost good;

@@ -42,15 +42,16 @@ bool isHarmless(KxJsParser& host) {
     return isRefused;
 }
 
-int useInChild(std::unique_ptr<KxJsParser> parents, KxJsColumns& columns) {
-    bool isGood = isHarmless(*parents);
-    parents.reset();
+int useInChild(KxJsParser& parents, std::unique_ptr<KxJsParser> other, KxJsColumns& columns) {
+    double result = 1;
+    bool isGood = columns.evaluate(1, &result).records == 0;
+    isGood = isHarmless(parents) && isGood;
+    other.reset();
     auto const mine = makeHost();
     isGood = isHarmless(*mine) && isGood;
-    double result = 1;
-    isGood = columns.evaluate(1, &result).records == 0 && isGood;
     std::u16string error;
     isGood = KxJsParser::_extractVariable(u"Q", error, std::chrono::seconds(1)).empty() && isGood;
+    isGood = !error.empty() && isGood;
     return isGood ? 0 : 1;
 }
 
@@ -58,7 +59,8 @@ int useInChild(std::unique_ptr<KxJsParser> parents, KxJsColumns& columns) {
 
 int main(int argumentCount, char** arguments) {
     static KxJsParser staticHost;
-    std::unique_ptr<KxJsParser> host = makeHost();
+    std::unique_ptr<KxJsParser> const host = makeHost();
+    std::unique_ptr<KxJsParser> other = makeHost();
     if (run(*host, u"A+1") != u"6" || run(staticHost, u"1+1") != u"2") return 1;
     KxJsColumns columns(*host);
     double const value = 1;
@@ -68,7 +70,7 @@ int main(int argumentCount, char** arguments) {
 
     pid_t const child = ::fork();
     if (child == 0) {
-        int const status = useInChild(std::move(host), columns);
+        int const status = useInChild(*host, std::move(other), columns);
         if (argumentCount > 1 && std::strcmp(arguments[1], "exit") == 0) std::exit(status);
         return status;
     }

@@ -1,0 +1,3 @@
+// limit: 100 ms
+// error: x
+throw { toString() { Promise.resolve().then(() => { for (;;); }); return 'x'; } }
