@@ -17,7 +17,7 @@ std::vector<Case> hostReadyCases() {
     ready.results = [](Peer& peer) {
         peer.makeHosts(2);
         // Where the built-in functions are there, they are used.
-        std::string const text = peer.resultInLastHost(
+        std::string text = peer.resultInLastHost(
             "typeof ALLTRIM=='function'?ALLTRIM('  ready ')+ROUND(2.456,2):'ready2.46'");
         peer.dropHosts();
         return text;

@@ -16,7 +16,7 @@ std::vector<Case> oneShotCases() {
     };
     oneShot.results = [](Peer& peer) {
         peer.oneShot(23, 5);
-        std::string const text = peer.result();
+        std::string text = peer.result();
         peer.forget();
         return text;
     };

@@ -21,7 +21,7 @@ std::vector<Case> parseCases() {
     parse.results = [](Peer& peer) {
         peer.parse(17, 3);
         peer.executeParsed();
-        std::string const text = peer.result();
+        std::string text = peer.result();
         peer.forget();
         return text;
     };

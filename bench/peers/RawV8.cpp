@@ -189,8 +189,9 @@ class RawV8 final : public Peer {
             std::string const& key = formula_.variables[i].name;
             auto const carrier = shape_.Get(isolate_)->NewInstance(context).ToLocalChecked();
             carrier->SetInternalField(0, v8::External::New(isolate_, &values_[i]));
-            auto const name = engineText(isolate_, widen(key + "___" + key));
-            context->Global()->Set(context, name, carrier).Check();
+            std::string name = key;
+            name.append("___").append(key);
+            context->Global()->Set(context, engineText(isolate_, widen(name)), carrier).Check();
         }
     }
 

@@ -7,6 +7,7 @@
 #include <libplatform/libplatform.h>
 #include <v8.h>
 
+#include "host/InterruptibleBuiltins.h"
 #include "host/V8Compat.h"
 
 namespace kx {
@@ -18,6 +19,7 @@ namespace {
 bool start() {
     [[maybe_unused]] int const ignored = pthread_atfork(
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
+    registerInterruptibleBuiltins();
     if (v8compat::isEngineRunning()) return false;
     // Nothing but the watchdog runs on a thread of the library's own, and that runs no script; so
     // the engine needs no threads either.

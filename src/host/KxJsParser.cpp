@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/HostEngine.h"
+#include "host/InterruptibleBuiltins.h"
 #include "host/LibraryScript.h"
 #include "host/PersistentHandle.h"
 #include "host/ScriptRun.h"
@@ -26,7 +27,8 @@ void KxJsParser::createContext() {
     kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
                                       kx::Carriers::accessorGetter);
     _mGlobalTemplate = kx::makePersistent(isolate, shape);
-    v8::Local<v8::Context> const context = v8::Context::New(isolate, nullptr, shape);
+    v8::Local<v8::Context> const context =
+        v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
     if (!context.IsEmpty()) kx::Carriers::leaveGlobalEmpty(context);
     // An application that has started the engine has it switched on.
     if (!context.IsEmpty() && _mEngine->record().isOwn()) {

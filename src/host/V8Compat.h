@@ -39,6 +39,15 @@ v8::Local<T> localOf([[maybe_unused]] v8::Isolate* isolate, v8::Global<T> const&
 #endif
 }
 
+/// What `object` inherits from directly, or null. Runs no script where `object` is no proxy.
+inline v8::Local<v8::Value> prototypeOf(v8::Local<v8::Object> object) {
+#if V8_MAJOR_VERSION >= 13
+    return object->GetPrototypeV2();
+#else
+    return object->GetPrototype();
+#endif
+}
+
 /// Copies the code units of `text` to `target`, which has room for text->Length() of them.
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);
 

@@ -1,0 +1,191 @@
+// Puts these functions in the place of the engine's, with the same names, lengths and attributes.
+// Frames of this script are on no stack trace, and its functions' texts are those of native ones.
+// The short way costs a call.
+
+// From here on a call takes long enough for somebody to wait for its end. What the engine does with
+// fewer elements or characters is over within a second or two.
+const manyElements = 2 ** 24;
+const manyNewElements = 2 ** 20;
+const manyComparisons = 2 ** 17;
+const manyCharacters = 2 ** 23;
+const longestText = 2 ** 29 - 24;
+
+const isObject = (value) =>
+    typeof value === 'object' ? value !== null : typeof value === 'function';
+
+let longFunctions;
+const long = () => (longFunctions ??= makeLongFunctions());
+
+const isLong = (object) => lengthOf(object) > manyElements;
+
+({
+    concat: arrays.concat, copyWithin: arrays.copyWithin, every: arrays.every, fill: arrays.fill,
+    filter: arrays.filter, flat: arrays.flat, flatMap: arrays.flatMap, forEach: arrays.forEach,
+    includes: arrays.includes, indexOf: arrays.indexOf, lastIndexOf: arrays.lastIndexOf,
+    map: arrays.map, reduce: arrays.reduce, reduceRight: arrays.reduceRight,
+    reverse: arrays.reverse, shift: arrays.shift, slice: arrays.slice, some: arrays.some,
+    sort: arrays.sort, splice: arrays.splice, unshift: arrays.unshift,
+} = {
+    concat(item) {
+        let isSimple = !isLong(this) || isArray(this);
+        for (let i = 0; isSimple && i < arguments.length; i++) {
+            isSimple = !isLong(arguments[i]) || isArray(arguments[i]);
+        }
+        return apply(isSimple ? concat : long().concat, this, arguments);
+    },
+    copyWithin(target, start) {
+        return apply(isLong(this) ? long().copyWithin : copyWithin, this, arguments);
+    },
+    every(callback) {
+        return apply(isLong(this) ? long().every : every, this, arguments);
+    },
+    fill(value) {
+        return apply(lengthOf(this) > manyNewElements ? long().fill : fill, this, arguments);
+    },
+    filter(callback) {
+        return apply(isLong(this) ? long().filter : filter, this, arguments);
+    },
+    flat() {
+        return apply(isLong(this) ? long().flat : flat, this, arguments);
+    },
+    flatMap(callback) {
+        return apply(isLong(this) ? long().flatMap : flatMap, this, arguments);
+    },
+    forEach(callback) {
+        return apply(isLong(this) ? long().forEach : forEach, this, arguments);
+    },
+    includes(element) {
+        return apply(isLong(this) ? long().includes : includes, this, arguments);
+    },
+    indexOf(element) {
+        return apply(isLong(this) ? long().indexOf : indexOf, this, arguments);
+    },
+    lastIndexOf(element) {
+        return apply(isLong(this) ? long().lastIndexOf : lastIndexOf, this, arguments);
+    },
+    map(callback) {
+        return apply(isLong(this) ? long().map : map, this, arguments);
+    },
+    reduce(callback) {
+        return apply(isLong(this) ? long().reduce : reduce, this, arguments);
+    },
+    reduceRight(callback) {
+        return apply(isLong(this) ? long().reduceRight : reduceRight, this, arguments);
+    },
+    reverse() {
+        return apply(isLong(this) ? long().reverse : reverse, this, arguments);
+    },
+    shift() {
+        return apply(isLong(this) ? long().shift : shift, this, arguments);
+    },
+    slice(start, end) {
+        return apply(isLong(this) ? long().slice : slice, this, arguments);
+    },
+    some(callback) {
+        return apply(isLong(this) ? long().some : some, this, arguments);
+    },
+    sort(comparator) {
+        const length = lengthOf(this);
+        if (length > manyElements) return apply(long().sort, this, arguments);
+        if (length > manyComparisons && comparator === undefined) {
+            return apply(sort, this, [long().compareTexts]);
+        }
+        return apply(sort, this, arguments);
+    },
+    splice(start, count) {
+        return apply(isLong(this) ? long().splice : splice, this, arguments);
+    },
+    unshift(item) {
+        return apply(isLong(this) ? long().unshift : unshift, this, arguments);
+    },
+});
+
+({ from: Array.from } = {
+    from(items) {
+        const isLongCopy = isLong(items) && (arguments.length < 2 || arguments[1] === undefined);
+        return apply(isLongCopy ? long().from : from, this, arguments);
+    },
+});
+
+({ raw: String.raw } = {
+    raw(template) {
+        const strings = template === undefined || template === null ? template : template.raw;
+        if (strings === undefined || strings === null) {
+            return apply(raw, undefined, [{ raw: strings }]);
+        }
+        return long().raw(strings, arguments);
+    },
+});
+
+({ join: typedArrayPrototype.join } = {
+    join(separator) {
+        return apply(isLong(this) && isView(this) ? long().join : joinNumbers, this, arguments);
+    },
+});
+
+// How long the text of a value is, or Infinity where only a script knows.
+const lengthOfText = (value) => {
+    if (typeof value === 'string') return value.length;
+    if (!isObject(value) && typeof value !== 'bigint') return 0;
+    let text;
+    try {
+        text = apply(valueOf, value, []);
+    } catch {
+        return Infinity;
+    }
+    return value.toString === toString && value[toPrimitive] === undefined ? text.length : Infinity;
+};
+
+// Whether the engine's table of the pieces of all replacements may overflow, or take long to fill.
+const replacesMuch = (text, replacement) => {
+    const length = lengthOfText(text);
+    if (length > manyCharacters) return true;
+    if (typeof replacement !== 'string') {
+        return isObject(replacement) && typeof replacement !== 'function';
+    }
+    return length * replacement.length > manyCharacters &&
+           length * long().countDollars(replacement) > manyCharacters;
+};
+
+const mayOverflow = (text) => lengthOfText(text) * 3 > longestText;
+
+({
+    match: texts.match, replace: texts.replace, replaceAll: texts.replaceAll, split: texts.split,
+    toLocaleLowerCase: texts.toLocaleLowerCase, toLocaleUpperCase: texts.toLocaleUpperCase,
+    toLowerCase: texts.toLowerCase, toUpperCase: texts.toUpperCase,
+} = {
+    match(expression) {
+        if (lengthOfText(this) > manyCharacters) return long().longMatch(this, expression);
+        return apply(match, this, arguments);
+    },
+    replace(search, replacement) {
+        if (replacesMuch(this, replacement)) return long().longReplace(this, search, replacement);
+        return apply(replace, this, arguments);
+    },
+    replaceAll(search, replacement) {
+        if (replacesMuch(this, replacement)) {
+            return long().longReplaceAll(this, search, replacement);
+        }
+        return apply(replaceAll, this, arguments);
+    },
+    split(separator, limit) {
+        if (lengthOfText(this) > manyCharacters) return long().longSplit(this, separator, limit);
+        return apply(split, this, arguments);
+    },
+    toLocaleLowerCase() {
+        if (mayOverflow(this)) return long().convertCase(`${this}`, toLocaleLowerCase, arguments);
+        return apply(toLocaleLowerCase, this, arguments);
+    },
+    toLocaleUpperCase() {
+        if (mayOverflow(this)) return long().convertCase(`${this}`, toLocaleUpperCase, arguments);
+        return apply(toLocaleUpperCase, this, arguments);
+    },
+    toLowerCase() {
+        if (mayOverflow(this)) return long().convertCase(`${this}`, toLowerCase, []);
+        return apply(toLowerCase, this, arguments);
+    },
+    toUpperCase() {
+        if (mayOverflow(this)) return long().convertCase(`${this}`, toUpperCase, []);
+        return apply(toUpperCase, this, arguments);
+    },
+});

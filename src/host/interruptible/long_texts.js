@@ -1,0 +1,328 @@
+// The functions of texts, for texts so long that the engine's tables of what was found would not
+// end soon, or overflow.
+
+// What `replacement` stands for, where `match` is one of a regular expression's or of a text's.
+const substitute = (replacement, text, found, position, captures, groups) => {
+    let result = '';
+    let done = 0;
+    for (;;) {
+        const dollar = apply(indexOfText, replacement, ['$', done]);
+        if (dollar < 0 || dollar + 1 >= replacement.length) break;
+        result += apply(sliceText, replacement, [done, dollar]);
+        const sign = replacement[dollar + 1];
+        let used = 2;
+        let part = '$' + sign;
+        if (sign === '$') {
+            part = '$';
+        } else if (sign === '&') {
+            part = found;
+        } else if (sign === '`') {
+            part = apply(sliceText, text, [0, position]);
+        } else if (sign === "'") {
+            part = apply(sliceText, text, [min(position + found.length, text.length)]);
+        } else if (sign >= '0' && sign <= '9') {
+            let index = +sign;
+            const next = dollar + 2 < replacement.length ? replacement[dollar + 2] : '';
+            if (next >= '0' && next <= '9' && index * 10 + +next <= captures.length) {
+                const both = index * 10 + +next;
+                if (both > 0) {
+                    index = both;
+                    used = 3;
+                }
+            }
+            if (index > 0 && index <= captures.length) {
+                part = captures[index - 1] ?? '';
+            } else {
+                used = 2;
+            }
+        } else if (sign === '<' && groups !== undefined) {
+            const close = apply(indexOfText, replacement, ['>', dollar + 2]);
+            if (close >= 0) {
+                const value = groups[apply(sliceText, replacement, [dollar + 2, close])];
+                part = value === undefined ? '' : `${value}`;
+                used = close + 1 - dollar;
+            }
+        }
+        result += part;
+        done = dollar + used;
+    }
+    return result + apply(sliceText, replacement, [done]);
+};
+
+const execute = (expression, text) => {
+    const method = expression.exec;
+    if (typeof method !== 'function') return apply(exec, expression, [text]);
+    const result = apply(method, expression, [text]);
+    if (result !== null && !isObject(result)) {
+        throw new TypeErrorOf(
+            'RegExp exec method returned something other than an Object or null');
+    }
+    return result;
+};
+
+// Where a global expression goes on after it has found nothing but a place.
+const advance = (expression, text, isUnicode) => {
+    const index = toLength(expression.lastIndex);
+    expression.lastIndex = index + (isUnicode ? widthAt(text, index) : 1);
+};
+
+// How many code units the character at `index` has.
+const widthAt = (text, index) => {
+    if (index + 1 >= text.length) return 1;
+    return apply(codePointAt, text, [index]) > 0xffff ? 2 : 1;
+};
+
+const matchAllOf = (expression, text) => {
+    if (!expression.global) return execute(expression, text);
+    const isUnicode = !!expression.unicode;
+    expression.lastIndex = 0;
+    const found = [];
+    let count = 0;
+    for (;;) {
+        const result = execute(expression, text);
+        if (result === null) return count === 0 ? null : found;
+        const all = `${result[0]}`;
+        create(found, count++, all);
+        if (all === '') advance(expression, text, isUnicode);
+    }
+};
+
+const replaceMatches = (expression, text, given) => {
+    const isFunction = typeof given === 'function';
+    const replacement = isFunction ? given : `${given}`;
+    const isGlobal = !!expression.global;
+    let isUnicode = false;
+    if (isGlobal) {
+        isUnicode = !!expression.unicode;
+        expression.lastIndex = 0;
+    }
+    const results = list();
+    let count = 0;
+    for (;;) {
+        const result = execute(expression, text);
+        if (result === null) break;
+        results[count++] = result;
+        if (!isGlobal) break;
+        if (`${result[0]}` === '') advance(expression, text, isUnicode);
+    }
+    let accumulated = '';
+    let next = 0;
+    for (let i = 0; i < count; i++) {
+        const result = results[i];
+        const captureCount = max(toLength(result.length) - 1, 0);
+        const found = `${result[0]}`;
+        const position = max(min(toInteger(result.index), text.length), 0);
+        const captures = list();
+        for (let n = 1; n <= captureCount; n++) {
+            const capture = result[n];
+            captures[n - 1] = capture === undefined ? undefined : `${capture}`;
+        }
+        const groups = result.groups;
+        let part;
+        if (isFunction) {
+            const given = list();
+            given[0] = found;
+            for (let n = 0; n < captureCount; n++) given[n + 1] = captures[n];
+            given[captureCount + 1] = position;
+            given[captureCount + 2] = text;
+            if (groups !== undefined) given[captureCount + 3] = groups;
+            part = `${apply(replacement, undefined, given)}`;
+        } else {
+            const named = groups === undefined ? undefined : ObjectOf(groups);
+            part = substitute(replacement, text, found, position, captures, named);
+        }
+        if (position >= next) {
+            accumulated += apply(sliceText, text, [next, position]) + part;
+            next = position + found.length;
+        }
+    }
+    return next >= text.length ? accumulated : accumulated + apply(sliceText, text, [next]);
+};
+
+const replaceTexts = (text, search, given) => {
+    const isFunction = typeof given === 'function';
+    const replacement = isFunction ? given : `${given}`;
+    const step = max(search.length, 1);
+    let result = '';
+    let next = 0;
+    let position = apply(indexOfText, text, [search, 0]);
+    while (position >= 0) {
+        const part = isFunction ? `${replacement(search, position, text)}`
+                                : substitute(replacement, text, search, position, [], undefined);
+        result += apply(sliceText, text, [next, position]) + part;
+        next = position + search.length;
+        position = position + step > text.length
+                       ? -1
+                       : apply(indexOfText, text, [search, position + step]);
+    }
+    return next >= text.length ? result : result + apply(sliceText, text, [next]);
+};
+
+const replaceFirst = (text, search, given) => {
+    const isFunction = typeof given === 'function';
+    const replacement = isFunction ? given : `${given}`;
+    const position = apply(indexOfText, text, [search, 0]);
+    if (position < 0) return text;
+    const part = isFunction ? `${replacement(search, position, text)}`
+                            : substitute(replacement, text, search, position, [], undefined);
+    return apply(sliceText, text, [0, position]) + part +
+           apply(sliceText, text, [position + search.length]);
+};
+
+const splitByExpression = (expression, text, limit) => {
+    let constructor = expression.constructor;
+    if (constructor === undefined) {
+        constructor = RegExpOf;
+    } else if (!isObject(constructor)) {
+        throw new TypeErrorOf('The .constructor property is not an object');
+    } else {
+        constructor = constructor[species] ?? RegExpOf;
+    }
+    const flags = `${expression.flags}`;
+    const isUnicode = apply(indexOfText, flags, ['u', 0]) >= 0;
+    const isSticky = apply(indexOfText, flags, ['y', 0]) >= 0;
+    const splitter = new constructor(expression, isSticky ? flags : flags + 'y');
+    const found = [];
+    let count = 0;
+    const most = limit === undefined ? 2 ** 32 - 1 : +limit >>> 0;
+    if (most === 0) return found;
+    if (text === '') {
+        if (execute(splitter, text) === null) create(found, 0, text);
+        return found;
+    }
+    let begin = 0;
+    let at = 0;
+    while (at < text.length) {
+        splitter.lastIndex = at;
+        const result = execute(splitter, text);
+        const end = result === null ? begin : min(toLength(splitter.lastIndex), text.length);
+        if (end === begin) {
+            at += isUnicode ? widthAt(text, at) : 1;
+            continue;
+        }
+        create(found, count++, apply(sliceText, text, [begin, at]));
+        if (count === most) return found;
+        begin = end;
+        const captureCount = max(toLength(result.length) - 1, 0);
+        for (let n = 1; n <= captureCount; n++) {
+            create(found, count++, result[n]);
+            if (count === most) return found;
+        }
+        at = begin;
+    }
+    create(found, count, apply(sliceText, text, [begin]));
+    return found;
+};
+
+const splitByText = (text, separator, limit) => {
+    const most = limit === undefined ? 2 ** 32 - 1 : +limit >>> 0;
+    const between = `${separator}`;
+    const found = [];
+    if (most === 0) return found;
+    let count = 0;
+    if (between === '') {
+        for (; count < text.length && count < most; count++) create(found, count, text[count]);
+        return found;
+    }
+    let begin = 0;
+    for (;;) {
+        const end = apply(indexOfText, text, [between, begin]);
+        create(found, count++, apply(sliceText, text, end < 0 ? [begin] : [begin, end]));
+        if (end < 0 || count === most) return found;
+        begin = end + between.length;
+    }
+};
+
+// Converts the case of a text whose result may be longer than a text can be, which the engine does
+// not expect. A piece at a time shows how long it gets.
+const convertCase = (text, native, locales) => {
+    const piece = 2 ** 20;
+    let length = 0;
+    for (let begin = 0; begin < text.length;) {
+        let end = min(begin + piece, text.length);
+        const last = apply(charCodeAt, text, [end - 1]);
+        if (last >= 0xd800 && last <= 0xdbff && end < text.length) end++;
+        length += apply(native, apply(sliceText, text, [begin, end]), locales).length;
+        begin = end;
+    }
+    if (length > longestText) throw new RangeErrorOf('Invalid string length');
+    return apply(native, text, locales);
+};
+
+// How much a replacement makes of one match, at least.
+const countDollars = (text) => {
+    let count = 1;
+    let at = apply(indexOfText, text, ['$', 0]);
+    for (; at >= 0; at = apply(indexOfText, text, ['$', at + 1])) count++;
+    return count;
+};
+
+// The object's method for `symbol`, or undefined. The engine's own function says what is wrong with
+// one that cannot be called.
+const methodOf = (object, symbol, native) => {
+    if (object === undefined || object === null) return undefined;
+    const method = object[symbol] ?? undefined;
+    if (method !== undefined && typeof method !== 'function') {
+        apply(native, '', [{ [symbol]: method }]);
+    }
+    return method;
+};
+
+const isExpression = (value) => {
+    if (!isObject(value)) return false;
+    const claimed = value[matchSymbol];
+    if (claimed !== undefined) return !!claimed;
+    try {
+        return apply(globalFlag, value, []) !== undefined;
+    } catch {
+        return false;
+    }
+};
+
+const longMatch = (text, expression) => {
+    const method = methodOf(expression, matchSymbol, match);
+    if (method === matchByExpression && isObject(expression)) {
+        return matchAllOf(expression, `${text}`);
+    }
+    if (method !== undefined) return apply(method, expression, [text]);
+    const subject = `${text}`;
+    const made = new RegExpOf(expression === undefined ? undefined : `${expression}`);
+    return made[matchSymbol](subject);
+};
+
+const replaceByMethod = (text, search, replacement, replaceText) => {
+    const method = methodOf(search, replaceSymbol, replace);
+    if (method === replaceByExpression && isObject(search)) {
+        return replaceMatches(search, `${text}`, replacement);
+    }
+    if (method !== undefined) return apply(method, search, [text, replacement]);
+    return replaceText(`${text}`, `${search}`, replacement);
+};
+
+const longReplace = (text, search, replacement) =>
+    replaceByMethod(text, search, replacement, replaceFirst);
+
+const longReplaceAll = (text, search, replacement) => {
+    if (isExpression(search)) {
+        const { flags } = search;
+        if (flags === undefined || flags === null) return apply(replaceAll, flags, []);
+        if (apply(indexOfText, `${flags}`, ['g', 0]) < 0) {
+            return apply(replaceAll, '', [new RegExpOf('')]);
+        }
+    }
+    return replaceByMethod(text, search, replacement, replaceTexts);
+};
+
+const longSplit = (text, separator, limit) => {
+    if (separator === undefined || separator === null) {
+        return apply(split, text, [separator, limit]);
+    }
+    const method = methodOf(separator, splitSymbol, split);
+    if (method === splitByExpressionOfEngine && isObject(separator)) {
+        return splitByExpression(separator, `${text}`, limit);
+    }
+    if (method !== undefined) return apply(method, separator, [text, limit]);
+    return splitByText(`${text}`, separator, limit);
+};
+
+const longTexts = { convertCase, countDollars, longMatch, longReplace, longReplaceAll, longSplit };

@@ -1,0 +1,31 @@
+// All of the engine's that is used later. It is taken here, while the context is new, because a
+// script may replace it.
+
+const { apply } = Reflect;
+const { defineProperty, setPrototypeOf } = Object;
+const { max, min, trunc } = Math;
+const { isArray, from } = Array;
+const { iterator, match: matchSymbol, replace: replaceSymbol, species, split: splitSymbol,
+        isConcatSpreadable, toPrimitive } = Symbol;
+const ArrayOfScript = Array;
+const ProxyOfScript = Proxy;
+const ObjectOf = Object;
+const RangeErrorOf = RangeError;
+const TypeErrorOf = TypeError;
+const largestLength = Number.MAX_SAFE_INTEGER;
+const arrays = Array.prototype;
+const texts = String.prototype;
+const { concat, copyWithin, every, fill, filter, flat, flatMap, forEach, includes, indexOf,
+        lastIndexOf, map, reduce, reduceRight, reverse, shift, slice, some, sort, splice,
+        unshift } = arrays;
+const { charCodeAt, codePointAt, indexOf: indexOfText, match, replace, replaceAll,
+        slice: sliceText, split, toLocaleLowerCase, toLocaleUpperCase, toLowerCase, toString,
+        toUpperCase, valueOf } = texts;
+const { exec, [matchSymbol]: matchByExpression, [replaceSymbol]: replaceByExpression,
+        [splitSymbol]: splitByExpressionOfEngine } = RegExp.prototype;
+const RegExpOf = RegExp;
+const { raw } = String;
+const typedArrayPrototype = Uint8Array.prototype.__proto__;
+const { join: joinNumbers } = typedArrayPrototype;
+const { isView } = ArrayBuffer;
+const { get: globalFlag } = Object.getOwnPropertyDescriptor(RegExp.prototype, 'global');

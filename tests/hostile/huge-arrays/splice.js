@@ -1,0 +1,3 @@
+// limit: 100 ms
+// error: The script was ended: it ran longer than its time limit of 100 ms
+Array.prototype.splice.call({ length: 2 ** 53 - 1 }, 0, 1)

@@ -1,2 +1,0 @@
-// dies: Fatal javascript OOM in invalid array length
-'x'.repeat(2 ** 27).match(/x/g).length

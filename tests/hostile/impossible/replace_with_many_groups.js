@@ -1,2 +1,0 @@
-// dies: Fatal JavaScript invalid size error
-'a'.repeat(2 ** 22).replace(/a/g, '$&'.repeat(40))
