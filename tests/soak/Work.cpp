@@ -60,6 +60,9 @@ void check(KxJsParser& host, Case const& expected, std::u16string const& source)
     expect(result == expected.result, "result", source + u" gave " + result + u"; " + error);
     bool const isError = expected.error.empty() ? error.empty() : error.starts_with(expected.error);
     expect(isError, "error", source + u" gave " + error);
+    std::u16string errorOnce;
+    expect(host.evaluate(source, errorOnce) == result && errorOnce == error, "once",
+           source + u" gave " + errorOnce);
 }
 
 void checkOneOfEach(KxJsParser& host) {
@@ -103,6 +106,7 @@ void endRun(KxJsParser& host, std::u16string const& source, std::u16string_view 
 void exceedTime() {
     keptHost().setTimeLimit(10ms);
     endRun(keptHost(), u"for(;;);", u"time limit of 10 ms");
+    endRun(keptHost(), u"new Array(1e9).fill(0)", u"time limit of 10 ms");
     keptHost().setTimeLimit(0ms);
     keptHost().reset();
     bindAll(keptHost());
@@ -135,6 +139,20 @@ void terminateFromElsewhere() {
     expect(host.execute(host.parse(u"A*2", error), error) == u"10", "after terminate", error);
     host.reset();
     bindAll(host);
+}
+
+/// What a script puts in the place of its globals is left behind when its host goes.
+void poisonGlobals() {
+    Host host;
+    std::u16string error;
+    host.get().evaluate(
+        u"Object.defineProperty(globalThis,'A',{get(){return "
+        u"7},set(v){seen=v},configurable:false});"
+        u"Array.prototype.fill=String.prototype.split=null",
+        error);
+    expect(error.empty(), "poisoning", error);
+    host.get().reset();
+    bindAll(host.get());
 }
 
 void extract() {
@@ -185,7 +203,8 @@ constexpr auto kKinds = std::to_array<Kind>({
     {"terminate", terminateFromElsewhere, 5},
     {"extraction", extract, 8},
     {"documentation", document, 2},
-    {"columns", evaluateColumns, 8},
+    {"columns", evaluateColumns, 6},
+    {"poisoned globals", poisonGlobals, 2},
 });
 constexpr unsigned int kWeights = 100;
 
