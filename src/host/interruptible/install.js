@@ -3,11 +3,13 @@
 // The short way costs a call.
 
 // From here on a call takes long enough for somebody to wait for its end. What the engine does with
-// fewer elements or characters is over within a second or two.
-const manyElements = 2 ** 24;
+// fewer elements or characters is over within some seconds, and much faster than step by step.
+const manyElements = 2 ** 25;
+const manyMoves = 2 ** 24;
 const manyNewElements = 2 ** 20;
 const manyComparisons = 2 ** 17;
-const manyCharacters = 2 ** 23;
+const manyPieces = 2 ** 25;
+const manyReplacements = 2 ** 24;
 const longestText = 2 ** 29 - 24;
 
 const isObject = (value) =>
@@ -34,7 +36,7 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(isSimple ? concat : long().concat, this, arguments);
     },
     copyWithin(target, start) {
-        return apply(isLong(this) ? long().copyWithin : copyWithin, this, arguments);
+        return apply(lengthOf(this) > manyMoves ? long().copyWithin : copyWithin, this, arguments);
     },
     every(callback) {
         return apply(isLong(this) ? long().every : every, this, arguments);
@@ -73,10 +75,10 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(isLong(this) ? long().reduceRight : reduceRight, this, arguments);
     },
     reverse() {
-        return apply(isLong(this) ? long().reverse : reverse, this, arguments);
+        return apply(lengthOf(this) > manyMoves ? long().reverse : reverse, this, arguments);
     },
     shift() {
-        return apply(isLong(this) ? long().shift : shift, this, arguments);
+        return apply(lengthOf(this) > manyMoves ? long().shift : shift, this, arguments);
     },
     slice(start, end) {
         return apply(isLong(this) ? long().slice : slice, this, arguments);
@@ -93,10 +95,10 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(sort, this, arguments);
     },
     splice(start, count) {
-        return apply(isLong(this) ? long().splice : splice, this, arguments);
+        return apply(lengthOf(this) > manyMoves ? long().splice : splice, this, arguments);
     },
     unshift(item) {
-        return apply(isLong(this) ? long().unshift : unshift, this, arguments);
+        return apply(lengthOf(this) > manyMoves ? long().unshift : unshift, this, arguments);
     },
 });
 
@@ -139,12 +141,12 @@ const lengthOfText = (value) => {
 // Whether the engine's table of the pieces of all replacements may overflow, or take long to fill.
 const replacesMuch = (text, replacement) => {
     const length = lengthOfText(text);
-    if (length > manyCharacters) return true;
+    if (length > manyReplacements) return true;
     if (typeof replacement !== 'string') {
         return isObject(replacement) && typeof replacement !== 'function';
     }
-    return length * replacement.length > manyCharacters &&
-           length * long().countDollars(replacement) > manyCharacters;
+    return length * replacement.length > manyReplacements &&
+           length * long().countDollars(replacement) > manyReplacements;
 };
 
 const mayOverflow = (text) => lengthOfText(text) * 3 > longestText;
@@ -155,7 +157,7 @@ const mayOverflow = (text) => lengthOfText(text) * 3 > longestText;
     toLowerCase: texts.toLowerCase, toUpperCase: texts.toUpperCase,
 } = {
     match(expression) {
-        if (lengthOfText(this) > manyCharacters) return long().longMatch(this, expression);
+        if (lengthOfText(this) > manyPieces) return long().longMatch(this, expression);
         return apply(match, this, arguments);
     },
     replace(search, replacement) {
@@ -169,7 +171,7 @@ const mayOverflow = (text) => lengthOfText(text) * 3 > longestText;
         return apply(replaceAll, this, arguments);
     },
     split(separator, limit) {
-        if (lengthOfText(this) > manyCharacters) return long().longSplit(this, separator, limit);
+        if (lengthOfText(this) > manyPieces) return long().longSplit(this, separator, limit);
         return apply(split, this, arguments);
     },
     toLocaleLowerCase() {

@@ -1,3 +1,3 @@
 // memory: 64 MiB
 // error: The script was ended: it needed more than the memory limit of 64 MiB
-{ let u = new Uint8Array(2 ** 25); u[Symbol.isConcatSpreadable] = true; [].concat(u); }
+{ let u = new Uint8Array(2 ** 26); u[Symbol.isConcatSpreadable] = true; [].concat(u); }

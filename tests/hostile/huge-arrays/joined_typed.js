@@ -1,3 +1,3 @@
 // memory: 64 MiB
 // error: The script was ended: it needed more than the memory limit of 64 MiB
-new Uint8Array(2 ** 25).join('')
+new Uint8Array(2 ** 26).join('')

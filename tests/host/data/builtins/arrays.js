@@ -180,7 +180,7 @@ var most = Number.MAX_SAFE_INTEGER;
 // More elements than the engine's own functions are left to.
 var sparse = function () {
     var made = [];
-    made[2 ** 24 + 3] = 'last';
+    made[2 ** 25 + 3] = 'last';
     made[7] = 'seventh';
     made[1] = 'x';
     return made;

@@ -126,10 +126,12 @@ lines.push('aXbX'.repeat(500).replace(/X/g, dollars).length);
 lines.push('aXbX'.repeat(500).replaceAll('X', dollars).length);
 
 // More characters than the engine's own functions are left to.
-var long = 'ab,---------'.repeat(720000);
-lines.push(long.split(',').length, long.split(',', 3), long.match(/b/g).length, long.match(/b/).index);
+var long = 'ab----------'.repeat(1400000);
 lines.push(long.replace('b', 'X').slice(0, 9), long.replace(/b/g, '[$&]').slice(-15));
 lines.push(long.replaceAll('b', 'XY').length);
+var longer = 'x'.repeat(2 ** 25) + ',ab,b';
+lines.push(longer.split(',').slice(1), longer.split(/,/).slice(1), longer.split(',', 1).length);
+lines.push(longer.match(/b/g), longer.match(/b/).index);
 
 var raws = [
     undefined, null, {}, { raw: null }, { raw: 'text' }, { raw: ['a', 'b', 'c'] }, { raw: { length: 2, 0: 'p' } },
