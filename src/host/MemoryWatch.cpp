@@ -154,17 +154,21 @@ void MemoryWatch::look(v8::GCType type) {
     if (type == v8::kGCTypeMarkSweepCompact) {
         std::size_t const inUse = bytesInUse();
         lookAbove_ = std::min(inUse, allowance_) + allowance_ / kPartBeforeNextLook;
-        if (running_ != nullptr && inUse > allowance_) {
+        if (running_ == nullptr) return;
+        if (isLooking_ && inUse > allowance_) {
             running_->requestEnd(EndReason::memoryLimit);
-        } else if (running_ != nullptr && !isLookPending_ && isScattered()) {
-            isLookPending_ = true;
-            isolate_->RequestInterrupt(collectAndLook, this);
+        } else if (inUse > allowance_ || isScattered()) {
+            askForALook();
         }
-    } else if (running_ != nullptr && !isLookPending_ &&
-               isMoreInUse(std::max(allowance_, lookAbove_))) {
-        isLookPending_ = true;
-        isolate_->RequestInterrupt(collectAndLook, this);
+    } else if (running_ != nullptr && isMoreInUse(std::max(allowance_, lookAbove_))) {
+        askForALook();
     }
+}
+
+void MemoryWatch::askForALook() {
+    if (isLookPending_) return;
+    isLookPending_ = true;
+    isolate_->RequestInterrupt(collectAndLook, this);
 }
 
 void MemoryWatch::collectAndLook(v8::Isolate* isolate, void* self) {
@@ -172,8 +176,10 @@ void MemoryWatch::collectAndLook(v8::Isolate* isolate, void* self) {
     if (watch->running_ != nullptr) {
         // A full collection, at whose end look() decides. The level goes back at once: it is not
         // the machine that is short of memory.
+        watch->isLooking_ = true;
         isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kCritical);
         isolate->MemoryPressureNotification(v8::MemoryPressureLevel::kNone);
+        watch->isLooking_ = false;
     }
     // Not before: the young part of this very collection must not ask again. The engine serves
     // requests until there are none, and would never come back to the script to end it.

@@ -16,10 +16,11 @@ std::size_t defaultMemoryLimit();
 /// Ends the run that fills an isolate's memory, long before the engine would end the process.
 ///
 /// The engine's own limit is a hard one: it aborts. This one is soft: the memory in use is looked
-/// at after every garbage collection. A young collection leaves old garbage uncounted, so finding
-/// too much there only asks for a full one, at the next point where the script can be interrupted;
-/// too much after a full one ends the run. After a full one that did not, the next is asked for
-/// only when much has been added, so that a run near its limit does not collect all the time.
+/// at after every garbage collection. A young collection leaves old garbage uncounted, and one that
+/// the engine does in steps what became garbage after its first; so finding too much there only
+/// asks for a full one at once, at the next point where the script can be interrupted; too much
+/// after that ends the run. After one that did not, the next is asked for only when much has been
+/// added, so that a run near its limit does not collect all the time.
 /// Should a single built-in call fill the heap without such a point, the engine asks for more just
 /// before it gives up: it gets more, and the run ends.
 ///
@@ -89,6 +90,7 @@ class MemoryWatch {
     /// where it is, and those that are asked for move it together.
     bool isScattered() const;
     void look(v8::GCType type);
+    void askForALook();
     bool isStillFull();
     bool endRunThatCollected();
     void applyLimit();
@@ -107,6 +109,7 @@ class MemoryWatch {
     bool mayHaveChanged_ = false;  // since it was found to be full
     RunControl* running_ = nullptr;
     bool isLookPending_ = false;
+    bool isLooking_ = false;  // at what a collection that was asked for leaves
 };
 
 }  // namespace kx

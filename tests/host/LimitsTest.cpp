@@ -166,6 +166,18 @@ TEST(MemoryLimits, doNotEndAScriptForWhatOneBeforeItHasLeft) {
     other.host.setMemoryLimit(512 * kMebibyte);
 }
 
+TEST(MemoryLimits, doNotEndAScriptForTheGarbageOfOtherHosts) {
+    ScriptHost host;
+    host.host.setMemoryLimit(32 * kMebibyte);
+    for (int i = 0; i < 2000; ++i) {
+        ScriptHost().run(u"kept = new Array(1000).join('x')");
+        ASSERT_EQ(host.run(u"for (let i = 0; i < 30000; i++) new Array(10); 'done'"),
+                  (Outcome{u"done", u""}))
+            << i;
+    }
+    host.host.setMemoryLimit(512 * kMebibyte);
+}
+
 TEST(MemoryLimits, doNotForgetWhoClimbsWhenTheSameIsSetAgain) {
     ScriptHost bad;
     std::u16string error;
