@@ -27,8 +27,9 @@ void KxJsParser::createContext() {
     kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
                                       kx::Carriers::accessorGetter);
     _mGlobalTemplate = kx::makePersistent(isolate, shape);
-    v8::Local<v8::Context> const context =
-        v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
+    v8::Local<v8::Context> context = v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
+    // Where no script can run now: the stack is nearly used up, or the application is ending one.
+    if (context.IsEmpty()) context = v8::Context::New(isolate, nullptr, shape);
     if (!context.IsEmpty()) kx::Carriers::leaveGlobalEmpty(context);
     // An application that has started the engine has it switched on.
     if (!context.IsEmpty() && _mEngine->record().isOwn()) {

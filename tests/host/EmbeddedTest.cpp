@@ -66,6 +66,18 @@ TEST(Embedded, placesAFailureOfABuiltInFunctionAsTheApplicationsIsolateNotesCall
     EXPECT_EQ(host.host.lastFailure()->column, 5);
 }
 
+TEST(Embedded, makesAHostWhileTheApplicationEndsAScript) {
+    ApplicationIsolate const application;
+    application.get()->TerminateExecution();
+    KxJsParser host;
+    application.get()->CancelTerminateExecution();
+    host.initialize();
+    std::u16string error;
+    EXPECT_EQ(host.evaluate(u"LEN('abc')", error), u"3");
+    EXPECT_EQ(error, u"");
+    host.reset();
+}
+
 TEST(Embedded, outlivesTheApplicationsIsolate) {
     auto application = std::make_unique<ApplicationIsolate>();
     auto host = std::make_unique<ScriptHost>();

@@ -158,8 +158,8 @@ TEST(MemoryLimits, doNotEndAScriptForWhatOneBeforeItHasLeft) {
     ScriptHost other;
     host.host.setMemoryLimit(32 * kMebibyte);
     // Ends by itself before the limit is looked at again.
-    Outcome const outcome = host.run(
-        u"for (let i = 0; i < 1e6; i++) new Array(10); kept = new Array(1e7); 1");
+    Outcome const outcome =
+        host.run(u"for (let i = 0; i < 1e6; i++) new Array(10); kept = new Array(1e7); 1");
     ASSERT_EQ(outcome, (Outcome{u"1", u""}));
     EXPECT_EQ(other.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"),
               (Outcome{u"done", u""}));

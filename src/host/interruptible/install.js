@@ -18,7 +18,18 @@ const isObject = (value) =>
 let longFunctions;
 const long = () => (longFunctions ??= makeLongFunctions());
 
-const isLong = (object) => lengthOf(object) > manyElements;
+const claimedLength = (value) => lengthOf(value, lengthOfNumbers);
+
+const isLong = (value) => claimedLength(value) > manyElements;
+
+// Whether the engine adds it to others at once: what is no array but has a length may be endless when
+// it is read.
+const isSimpleToAdd = (value) => {
+    if (!isObject(value)) return true;
+    const length = claimedLength(value);
+    if (!isArrayObject(value)) return length < 0;
+    return length <= manyElements || getPrototypeOf(value) === arrays;
+};
 
 ({
     concat: arrays.concat, copyWithin: arrays.copyWithin, every: arrays.every, fill: arrays.fill,
@@ -29,20 +40,20 @@ const isLong = (object) => lengthOf(object) > manyElements;
     sort: arrays.sort, splice: arrays.splice, unshift: arrays.unshift,
 } = {
     concat(item) {
-        let isSimple = !isLong(this) || isArray(this);
+        let isSimple = isSimpleToAdd(this);
         for (let i = 0; isSimple && i < arguments.length; i++) {
-            isSimple = !isLong(arguments[i]) || isArray(arguments[i]);
+            isSimple = isSimpleToAdd(arguments[i]);
         }
         return apply(isSimple ? concat : long().concat, this, arguments);
     },
     copyWithin(target, start) {
-        return apply(lengthOf(this) > manyMoves ? long().copyWithin : copyWithin, this, arguments);
+        return apply(claimedLength(this) > manyMoves ? long().copyWithin : copyWithin, this, arguments);
     },
     every(callback) {
         return apply(isLong(this) ? long().every : every, this, arguments);
     },
     fill(value) {
-        return apply(lengthOf(this) > manyNewElements ? long().fill : fill, this, arguments);
+        return apply(claimedLength(this) > manyNewElements ? long().fill : fill, this, arguments);
     },
     filter(callback) {
         return apply(isLong(this) ? long().filter : filter, this, arguments);
@@ -75,10 +86,10 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(isLong(this) ? long().reduceRight : reduceRight, this, arguments);
     },
     reverse() {
-        return apply(lengthOf(this) > manyMoves ? long().reverse : reverse, this, arguments);
+        return apply(claimedLength(this) > manyMoves ? long().reverse : reverse, this, arguments);
     },
     shift() {
-        return apply(lengthOf(this) > manyMoves ? long().shift : shift, this, arguments);
+        return apply(claimedLength(this) > manyMoves ? long().shift : shift, this, arguments);
     },
     slice(start, end) {
         return apply(isLong(this) ? long().slice : slice, this, arguments);
@@ -87,7 +98,7 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(isLong(this) ? long().some : some, this, arguments);
     },
     sort(comparator) {
-        const length = lengthOf(this);
+        const length = claimedLength(this);
         if (length > manyElements) return apply(long().sort, this, arguments);
         if (length > manyComparisons && comparator === undefined) {
             return apply(sort, this, [long().compareTexts]);
@@ -95,37 +106,47 @@ const isLong = (object) => lengthOf(object) > manyElements;
         return apply(sort, this, arguments);
     },
     splice(start, count) {
-        return apply(lengthOf(this) > manyMoves ? long().splice : splice, this, arguments);
+        return apply(claimedLength(this) > manyMoves ? long().splice : splice, this, arguments);
     },
     unshift(item) {
-        return apply(lengthOf(this) > manyMoves ? long().unshift : unshift, this, arguments);
+        return apply(claimedLength(this) > manyMoves ? long().unshift : unshift, this, arguments);
     },
 });
 
 ({ from: Array.from } = {
     from(items) {
-        const isLongCopy = isLong(items) && (arguments.length < 2 || arguments[1] === undefined);
-        return apply(isLongCopy ? long().from : from, this, arguments);
+        // With a function it looks, and of arrays it knows the length.
+        if (!isObject(items) || (arguments.length > 1 && arguments[1] !== undefined)) {
+            return apply(from, this, arguments);
+        }
+        const isKnown = isArrayObject(items) || isTypedArray(items);
+        const length = claimedLength(items);
+        const mayBeLong = length > manyElements || (!isKnown && length >= 0);
+        return apply(mayBeLong ? long().from : from, this, arguments);
     },
 });
 
 ({ raw: String.raw } = {
     raw(template) {
-        const strings = template === undefined || template === null ? template : template.raw;
-        if (strings === undefined || strings === null) {
-            return apply(raw, undefined, [{ raw: strings }]);
-        }
-        return long().raw(strings, arguments);
+        if (template === undefined || template === null) return apply(raw, this, arguments);
+        const strings = ObjectOf(template).raw;
+        if (claimedLength(strings) > manyPieces) return long().raw(strings, arguments);
+        const given = setPrototypeOf([], null);
+        given[0] = { __proto__: null, raw: strings };
+        for (let i = 1; i < arguments.length; i++) given[i] = arguments[i];
+        return apply(raw, this, given);
     },
 });
 
 ({ join: typedArrayPrototype.join } = {
     join(separator) {
-        return apply(isLong(this) && isView(this) ? long().join : joinNumbers, this, arguments);
+        const isLongArray = isTypedArray(this) && numbersIn(this) > manyElements;
+        return apply(isLongArray ? long().join : joinNumbers, this, arguments);
     },
 });
 
-// How long the text of a value is, or Infinity where only a script knows.
+// How long the text of a value is, or Infinity where only a script knows. A getter in the place of
+// a text object's toString runs once more for this.
 const lengthOfText = (value) => {
     if (typeof value === 'string') return value.length;
     if (!isObject(value) && typeof value !== 'bigint') return 0;
@@ -140,6 +161,7 @@ const lengthOfText = (value) => {
 
 // Whether the engine's table of the pieces of all replacements may overflow, or take long to fill.
 const replacesMuch = (text, replacement) => {
+    if (text === undefined || text === null) return false;
     const length = lengthOfText(text);
     if (length > manyReplacements) return true;
     if (typeof replacement !== 'string') {

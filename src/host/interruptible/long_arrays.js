@@ -282,7 +282,9 @@ const longArrays = {
                 const wanted = item[isConcatSpreadable];
                 isSpread = wanted === undefined ? isArray(item) : !!wanted;
             }
-            const length = isSpread ? toLength(item.length) : 1;
+            let length = isSpread ? toLength(item.length) : 1;
+            // So does the engine.
+            if (length > 2 ** 32 - 1 && !isArrayObject(item)) length = 0;
             if (to + length > largestLength) throw new TypeErrorOf('Invalid array length');
             if (!isSpread) {
                 create(result, to++, item);
@@ -381,7 +383,7 @@ const longArrays = {
 
     // Of typed arrays, whose elements are numbers.
     join(separator) {
-        const length = lengthOf(this);
+        const length = numbersIn(this);
         const between = separator === undefined ? ',' : `${separator}`;
         let text = '';
         for (let k = 0; k < length; k++) {

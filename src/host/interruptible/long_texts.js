@@ -118,6 +118,9 @@ const replaceMatches = (expression, text, given) => {
             captures[n - 1] = capture === undefined ? undefined : `${capture}`;
         }
         const groups = result.groups;
+        if (groups === null && !isFunction) {
+            throw new TypeErrorOf('Cannot convert undefined or null to object');
+        }
         let part;
         if (isFunction) {
             const given = list();
@@ -235,7 +238,9 @@ const splitByText = (text, separator, limit) => {
 
 // Converts the case of a text whose result may be longer than a text can be, which the engine does
 // not expect. A piece at a time shows how long it gets.
-const convertCase = (text, native, locales) => {
+const convertCase = (text, native, given) => {
+    if (text.length * 3 <= longestText) return apply(native, text, given);
+    const locales = given.length === 0 ? [] : [getCanonicalLocales(given[0])];
     const piece = 2 ** 20;
     let length = 0;
     for (let begin = 0; begin < text.length;) {
@@ -271,12 +276,7 @@ const methodOf = (object, symbol, native) => {
 const isExpression = (value) => {
     if (!isObject(value)) return false;
     const claimed = value[matchSymbol];
-    if (claimed !== undefined) return !!claimed;
-    try {
-        return apply(globalFlag, value, []) !== undefined;
-    } catch {
-        return false;
-    }
+    return claimed === undefined ? isRegExp(value) : !!claimed;
 };
 
 const longMatch = (text, expression) => {
@@ -286,8 +286,7 @@ const longMatch = (text, expression) => {
     }
     if (method !== undefined) return apply(method, expression, [text]);
     const subject = `${text}`;
-    const made = new RegExpOf(expression === undefined ? undefined : `${expression}`);
-    return made[matchSymbol](subject);
+    return apply(match, subject, [expression === undefined ? undefined : `${expression}`]);
 };
 
 const replaceByMethod = (text, search, replacement, replaceText) => {
@@ -314,9 +313,7 @@ const longReplaceAll = (text, search, replacement) => {
 };
 
 const longSplit = (text, separator, limit) => {
-    if (separator === undefined || separator === null) {
-        return apply(split, text, [separator, limit]);
-    }
+    if (separator === undefined) return apply(split, text, [separator, limit]);
     const method = methodOf(separator, splitSymbol, split);
     if (method === splitByExpressionOfEngine && isObject(separator)) {
         return splitByExpression(separator, `${text}`, limit);

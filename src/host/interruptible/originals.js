@@ -2,13 +2,12 @@
 // script may replace it.
 
 const { apply } = Reflect;
-const { defineProperty, setPrototypeOf } = Object;
+const { defineProperty, getOwnPropertyDescriptor, getPrototypeOf, setPrototypeOf } = Object;
 const { max, min, trunc } = Math;
 const { isArray, from } = Array;
 const { iterator, match: matchSymbol, replace: replaceSymbol, species, split: splitSymbol,
         isConcatSpreadable, toPrimitive } = Symbol;
 const ArrayOfScript = Array;
-const ProxyOfScript = Proxy;
 const ObjectOf = Object;
 const RangeErrorOf = RangeError;
 const TypeErrorOf = TypeError;
@@ -27,5 +26,6 @@ const RegExpOf = RegExp;
 const { raw } = String;
 const typedArrayPrototype = Uint8Array.prototype.__proto__;
 const { join: joinNumbers } = typedArrayPrototype;
-const { isView } = ArrayBuffer;
-const { get: globalFlag } = Object.getOwnPropertyDescriptor(RegExp.prototype, 'global');
+const { get: lengthOfNumbers } = getOwnPropertyDescriptor(typedArrayPrototype, 'length');
+const numbersIn = (array) => apply(lengthOfNumbers, array, []);
+const { getCanonicalLocales } = Intl;

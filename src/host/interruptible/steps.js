@@ -23,18 +23,6 @@ const create = (object, key, value) =>
 // An array of the library's own, which runs no setters that a script has put on prototypes.
 const list = () => setPrototypeOf([], null);
 
-// A proxy can be constructed where its target can, and does not look at it.
-const alwaysConstructs = { __proto__: null, construct: () => alwaysConstructs };
-const isConstructor = (value) => {
-    if (typeof value !== 'function') return false;
-    try {
-        new (new ProxyOfScript(value, alwaysConstructs))();
-        return true;
-    } catch {
-        return false;
-    }
-};
-
 const speciesCreate = (original, length) => {
     let constructor;
     if (isArray(original)) {

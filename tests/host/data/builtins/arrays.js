@@ -247,4 +247,39 @@ for (var maker in makers) {
     note('map of ' + typeof value, function () { return Array.prototype.map.call(value, text); });
     note('fill of ' + typeof value, function () { return Array.prototype.fill.call(value, 1); });
 });
+
+var revoked = Proxy.revocable([], {});
+revoked.revoke();
+note('concat of a revoked proxy', function () { return [].concat(watched([1]), revoked.proxy); });
+note('concat to a revoked proxy', function () { return Array.prototype.concat.call(revoked.proxy, 1); });
+note('map of a revoked proxy', function () { return Array.prototype.map.call(revoked.proxy, text); });
+[2 ** 32 - 1, 2 ** 32, 2 ** 33].forEach(function (length) {
+    note('concat of a claim ' + length, function () {
+        var claim = { [Symbol.isConcatSpreadable]: length > 2 ** 32 - 1, 0: 'a', length: length };
+        return [].concat(claim, [7]).length;
+    });
+});
+note('concat of functions', function () { return [].concat(text, 5, 'x', null, undefined, { a: 1 }).length; });
+note('map of numbers', function () {
+    return Array.prototype.map.call(new Uint8Array([1, 2]), function (value) { return value * 2; });
+});
+note('join of a data view', function () {
+    var view = new DataView(new ArrayBuffer(1));
+    view.length = 3;
+    return Uint8Array.prototype.join.call(view);
+});
+note('map of a number', function () {
+    Number.prototype.length = 2;
+    Number.prototype[0] = 'zero';
+    try {
+        return Array.prototype.map.call(5, text);
+    } finally {
+        delete Number.prototype.length;
+        delete Number.prototype[0];
+    }
+});
+[new Set([1, 2]), new Map([[1, 2]]), 'text', new String('abc'), new Uint8Array(2), function (a, b) {}].forEach(
+    function (source) {
+        note('from ' + Object.prototype.toString.call(source), function () { return Array.from(source); });
+    });
 lines.join('\n');

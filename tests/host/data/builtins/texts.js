@@ -154,4 +154,45 @@ note('raw of a template', function () { return String.raw`a${1}\n${2}`; });
     note('join of endless', function () { return Numbers.prototype.join.call({ length: 2 ** 40 }); });
 });
 lines.push(new Uint8Array(2 ** 24 + 1).join('').length);
+
+['replace', 'replaceAll'].forEach(function (method) {
+    [undefined, null].forEach(function (value) {
+        [{}, [], 'x', text].forEach(function (replacement) {
+            note(method + ' of ' + value + ' by ' + typeof replacement,
+                 function () { return String.prototype[method].call(value, 'u', replacement); });
+        });
+    });
+});
+note('groups that are null', function () {
+    var found = { 0: 'X', index: 1, length: 1, groups: null };
+    var own = Object.assign(/X/, { exec: function () { return found; } });
+    return 'aXb'.replace(own, { toString: function () { return '<$<a>>'; } });
+});
+note('locales are read once', function () {
+    var reads = 0;
+    var locale = { toString: function () { reads++; return 'tr'; } };
+    return String.prototype.toLocaleUpperCase.call(subject('i'), [locale]) + reads;
+});
+note('raw of a number', function () {
+    Object.defineProperty(Object.prototype, 'raw', {
+        get: function () { 'use strict'; return [typeof this, 'q']; },
+        configurable: true,
+    });
+    try {
+        return String.raw(5, 1);
+    } finally {
+        delete Object.prototype.raw;
+    }
+});
+note('split by null', function () { return 'anullb'.split(null); });
+note('split of an object by null', function () { return String.prototype.split.call(subject('anullb'), null); });
+note('match without its method', function () {
+    var method = RegExp.prototype[Symbol.match];
+    RegExp.prototype[Symbol.match] = 5;
+    try {
+        return String.prototype.match.call(subject('abc'), 'b');
+    } finally {
+        RegExp.prototype[Symbol.match] = method;
+    }
+});
 lines.join('\n');
