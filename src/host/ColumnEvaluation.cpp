@@ -32,8 +32,6 @@ constexpr std::size_t kLargestBlock = std::size_t{1} << 14;
 constexpr std::size_t kChoice = 64;
 constexpr std::size_t kLongestPause = kChoice << 6;
 
-constexpr std::u16string_view kElsewhere =
-    u"The script host belongs to another thread or to another engine isolate";
 constexpr std::u16string_view kNotCompiled =
     u"No formula is compiled for these columns, or the script host was reset since";
 constexpr std::u16string_view kStopped = u"The evaluation was stopped";

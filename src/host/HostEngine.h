@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include <v8.h>
@@ -15,6 +16,10 @@
 #include "host/Watchdog.h"
 
 namespace kx {
+
+/// The error text of calls for a host that is not usable where they are made.
+inline constexpr std::u16string_view kElsewhere =
+    u"The script host belongs to another thread or to another engine isolate";
 
 /// A host's connection to the engine: the isolate it was made in, and its carriers.
 class HostEngine {

@@ -4,8 +4,7 @@
 
 namespace kx {
 
-/// Has to be called once, after the engine's start and before a context is made with
-/// interruptibleBuiltins().
+/// Has to be called once, before a context is made with interruptibleBuiltins().
 void registerInterruptibleBuiltins();
 
 /// For contexts in which a call to a built-in function ends with the run that makes it. The

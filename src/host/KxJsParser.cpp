@@ -30,9 +30,10 @@ void KxJsParser::createContext() {
     v8::Local<v8::Context> context = v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
     // Where no script can run now: the stack is nearly used up, or the application is ending one.
     if (context.IsEmpty()) context = v8::Context::New(isolate, nullptr, shape);
-    if (!context.IsEmpty()) kx::Carriers::leaveGlobalEmpty(context);
+    if (context.IsEmpty()) return;
+    kx::Carriers::leaveGlobalEmpty(context);
     // An application that has started the engine has it switched on.
-    if (!context.IsEmpty() && _mEngine->record().isOwn()) {
+    if (_mEngine->record().isOwn()) {
         v8::Local<v8::String> const name = kx::toEngineString(isolate, u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
     }

@@ -45,7 +45,7 @@ std::vector<std::u16string> KxJsParser::extractNames(KxJsParser& host, std::u16s
                                                      std::u16string& limitText) {
     std::vector<std::u16string> names;
     if (!host._mEngine->isUsable()) {
-        error = u"The script host belongs to another thread or to another engine isolate";
+        error = kx::kElsewhere;
         return names;
     }
     // The catch clause turns the engine's message about a missing name into the script's result.

@@ -16,8 +16,6 @@
 namespace {
 
 constexpr std::int32_t kNotParsed = -1;
-constexpr std::u16string_view kElsewhere =
-    u"The script host belongs to another thread or to another engine isolate";
 
 }  // namespace
 
@@ -51,7 +49,7 @@ std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
 
 std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
     if (!_mEngine->isUsable() || _mContext == nullptr) {
-        error = kElsewhere;
+        error = kx::kElsewhere;
         return {};
     }
     auto const place = static_cast<std::size_t>(index);  // a negative one becomes huge
@@ -64,7 +62,7 @@ std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
 
 std::u16string KxJsParser::evaluate(std::u16string source, std::u16string& error) {
     if (!_mEngine->isUsable() || _mContext == nullptr) {
-        error = kElsewhere;
+        error = kx::kElsewhere;
         return {};
     }
     std::int32_t const index = parse(std::move(source), error);

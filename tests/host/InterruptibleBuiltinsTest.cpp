@@ -1,10 +1,7 @@
 // Scripts see no difference between the engine's built-in functions and those that a limit can end.
 // Each file in data/builtins describes what it sees, in a context of the engine's and in a host's.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -17,9 +14,7 @@
 namespace {
 
 std::string read(std::string const& name) {
-    std::ifstream file(std::string(KXJS_TEST_DATA) + "/builtins/" + name);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
+    return kx::test::readBytes(std::string(KXJS_TEST_DATA) + "/builtins/" + name);
 }
 
 std::vector<std::string> linesOf(std::u16string_view text) {

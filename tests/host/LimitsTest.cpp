@@ -144,7 +144,7 @@ TEST(MemoryLimits, doNotCountTheHandlesOfManyScriptsAndVariables) {
 TEST(MemoryLimits, belowWhatIsInUseLeaveRoomForTheNextScript) {
     ScriptHost host;
     ScriptHost other;
-    ASSERT_EQ(host.run(u"kept = new Array(1e7); 1"), (Outcome{u"1", u""}));
+    ASSERT_EQ(host.run(u"kept = new Array(1e7).fill(1.5); 1"), (Outcome{u"1", u""}));
     other.host.setMemoryLimit(16 * kMebibyte);
     EXPECT_EQ(other.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"),
               (Outcome{u"done", u""}));

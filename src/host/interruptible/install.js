@@ -21,6 +21,7 @@ const long = () => (longFunctions ??= makeLongFunctions());
 const claimedLength = (value) => lengthOf(value, lengthOfNumbers);
 
 const isLong = (value) => claimedLength(value) > manyElements;
+const isLongToMove = (value) => claimedLength(value) > manyMoves;
 
 // Whether the engine adds it to others at once: what is no array but has a length may be endless when
 // it is read.
@@ -47,7 +48,7 @@ const isSimpleToAdd = (value) => {
         return apply(isSimple ? concat : long().concat, this, arguments);
     },
     copyWithin(target, start) {
-        return apply(claimedLength(this) > manyMoves ? long().copyWithin : copyWithin, this, arguments);
+        return apply(isLongToMove(this) ? long().copyWithin : copyWithin, this, arguments);
     },
     every(callback) {
         return apply(isLong(this) ? long().every : every, this, arguments);
@@ -86,10 +87,10 @@ const isSimpleToAdd = (value) => {
         return apply(isLong(this) ? long().reduceRight : reduceRight, this, arguments);
     },
     reverse() {
-        return apply(claimedLength(this) > manyMoves ? long().reverse : reverse, this, arguments);
+        return apply(isLongToMove(this) ? long().reverse : reverse, this, arguments);
     },
     shift() {
-        return apply(claimedLength(this) > manyMoves ? long().shift : shift, this, arguments);
+        return apply(isLongToMove(this) ? long().shift : shift, this, arguments);
     },
     slice(start, end) {
         return apply(isLong(this) ? long().slice : slice, this, arguments);
@@ -106,10 +107,10 @@ const isSimpleToAdd = (value) => {
         return apply(sort, this, arguments);
     },
     splice(start, count) {
-        return apply(claimedLength(this) > manyMoves ? long().splice : splice, this, arguments);
+        return apply(isLongToMove(this) ? long().splice : splice, this, arguments);
     },
     unshift(item) {
-        return apply(claimedLength(this) > manyMoves ? long().unshift : unshift, this, arguments);
+        return apply(isLongToMove(this) ? long().unshift : unshift, this, arguments);
     },
 });
 
@@ -131,10 +132,8 @@ const isSimpleToAdd = (value) => {
         if (template === undefined || template === null) return apply(raw, this, arguments);
         const strings = ObjectOf(template).raw;
         if (claimedLength(strings) > manyPieces) return long().raw(strings, arguments);
-        const given = setPrototypeOf([], null);
-        given[0] = { __proto__: null, raw: strings };
-        for (let i = 1; i < arguments.length; i++) given[i] = arguments[i];
-        return apply(raw, this, given);
+        arguments[0] = { __proto__: null, raw: strings };
+        return apply(raw, this, arguments);
     },
 });
 

@@ -154,11 +154,7 @@ const longArrays = {
             to += count - 1;
         }
         for (; count > 0; count--, source += step, to += step) {
-            if (source in object) {
-                object[to] = object[source];
-            } else {
-                delete object[to];
-            }
+            move(object, source, to);
         }
         return object;
     },
@@ -195,13 +191,7 @@ const longArrays = {
             return undefined;
         }
         const first = object[0];
-        for (let k = 1; k < length; k++) {
-            if (k in object) {
-                object[k - 1] = object[k];
-            } else {
-                delete object[k - 1];
-            }
-        }
+        for (let k = 1; k < length; k++) move(object, k, k - 1);
         delete object[length - 1];
         object.length = length - 1;
         return first;
@@ -213,13 +203,7 @@ const longArrays = {
         const count = items.length;
         if (count > 0) {
             if (length + count > largestLength) throw new TypeErrorOf('Invalid array length');
-            for (let k = length - 1; k >= 0; k--) {
-                if (k in object) {
-                    object[k + count] = object[k];
-                } else {
-                    delete object[k + count];
-                }
-            }
+            for (let k = length - 1; k >= 0; k--) move(object, k, k + count);
             for (let j = 0; j < count; j++) object[j] = items[j];
         }
         object.length = length + count;
@@ -240,18 +224,15 @@ const longArrays = {
             if (start + k in object) create(result, k, object[start + k]);
         }
         result.length = removed;
-        const move = (source, to) => {
-            if (source in object) {
-                object[to] = object[source];
-            } else {
-                delete object[to];
-            }
-        };
         if (added < removed) {
-            for (let k = start; k < length - removed; k++) move(k + removed, k + added);
+            for (let k = start; k < length - removed; k++) {
+                move(object, k + removed, k + added);
+            }
             for (let k = length; k > length - removed + added; k--) delete object[k - 1];
         } else if (added > removed) {
-            for (let k = length - removed; k > start; k--) move(k + removed - 1, k + added - 1);
+            for (let k = length - removed; k > start; k--) {
+                move(object, k + removed - 1, k + added - 1);
+            }
         }
         for (let j = 0; j < added; j++) object[start + j] = given[j + 2];
         object.length = length - removed + added;
@@ -305,19 +286,7 @@ const longArrays = {
         const length = toLength(object.length);
         const levels = depth === undefined ? 1 : toInteger(depth);
         const result = speciesCreate(object, 0);
-        let to = 0;
-        const flatten = (source, end, level) => {
-            for (let k = 0; k < end; k++) {
-                if (!(k in source)) continue;
-                const value = source[k];
-                if (level > 0 && isArray(value)) {
-                    flatten(value, toLength(value.length), level - 1);
-                } else {
-                    create(result, to++, value);
-                }
-            }
-        };
-        flatten(object, length, levels);
+        appendFlattened(result, 0, object, length, levels);
         return result;
     },
 
@@ -330,22 +299,17 @@ const longArrays = {
         for (let k = 0; k < length; k++) {
             if (!(k in object)) continue;
             const value = apply(callback, receiver, [object[k], k, object]);
-            if (!isArray(value)) {
+            if (isArray(value)) {
+                to = appendFlattened(result, to, value, toLength(value.length), 0);
+            } else {
                 create(result, to++, value);
-                continue;
-            }
-            const end = toLength(value.length);
-            for (let j = 0; j < end; j++) {
-                if (j in value) create(result, to++, value[j]);
             }
         }
         return result;
     },
 
     sort(comparator) {
-        if (comparator !== undefined && typeof comparator !== 'function') {
-            apply(sort, [], [comparator]);
-        }
+        if (comparator !== undefined) demandCallback(comparator, sort);
         const object = ObjectOf(this);
         const length = toLength(object.length);
         const values = list();

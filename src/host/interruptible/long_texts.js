@@ -21,19 +21,13 @@ const substitute = (replacement, text, found, position, captures, groups) => {
         } else if (sign === "'") {
             part = apply(sliceText, text, [min(position + found.length, text.length)]);
         } else if (sign >= '0' && sign <= '9') {
-            let index = +sign;
             const next = dollar + 2 < replacement.length ? replacement[dollar + 2] : '';
-            if (next >= '0' && next <= '9' && index * 10 + +next <= captures.length) {
-                const both = index * 10 + +next;
-                if (both > 0) {
-                    index = both;
-                    used = 3;
-                }
-            }
+            const both = next >= '0' && next <= '9' ? +sign * 10 + +next : 0;
+            const hasTwoDigits = both > 0 && both <= captures.length;
+            const index = hasTwoDigits ? both : +sign;
             if (index > 0 && index <= captures.length) {
                 part = captures[index - 1] ?? '';
-            } else {
-                used = 2;
+                used = hasTwoDigits ? 3 : 2;
             }
         } else if (sign === '<' && groups !== undefined) {
             const close = apply(indexOfText, replacement, ['>', dollar + 2]);
@@ -48,6 +42,17 @@ const substitute = (replacement, text, found, position, captures, groups) => {
     }
     return result + apply(sliceText, replacement, [done]);
 };
+
+const asReplacement = (given) => (typeof given === 'function' ? given : `${given}`);
+
+// What replaces `search`, which is a text and was found at `position`.
+const replacementOf = (replacement, text, search, position) =>
+    typeof replacement === 'function'
+        ? `${replacement(search, position, text)}`
+        : substitute(replacement, text, search, position, [], undefined);
+
+// As many pieces as `limit` allows.
+const mostPieces = (limit) => (limit === undefined ? 2 ** 32 - 1 : +limit >>> 0);
 
 const execute = (expression, text) => {
     const method = expression.exec;
@@ -88,8 +93,8 @@ const matchAllOf = (expression, text) => {
 };
 
 const replaceMatches = (expression, text, given) => {
-    const isFunction = typeof given === 'function';
-    const replacement = isFunction ? given : `${given}`;
+    const replacement = asReplacement(given);
+    const isFunction = typeof replacement === 'function';
     const isGlobal = !!expression.global;
     let isUnicode = false;
     if (isGlobal) {
@@ -118,9 +123,6 @@ const replaceMatches = (expression, text, given) => {
             captures[n - 1] = capture === undefined ? undefined : `${capture}`;
         }
         const groups = result.groups;
-        if (groups === null && !isFunction) {
-            throw new TypeErrorOf('Cannot convert undefined or null to object');
-        }
         let part;
         if (isFunction) {
             const given = list();
@@ -131,6 +133,9 @@ const replaceMatches = (expression, text, given) => {
             if (groups !== undefined) given[captureCount + 3] = groups;
             part = `${apply(replacement, undefined, given)}`;
         } else {
+            if (groups === null) {
+                throw new TypeErrorOf('Cannot convert undefined or null to object');
+            }
             const named = groups === undefined ? undefined : ObjectOf(groups);
             part = substitute(replacement, text, found, position, captures, named);
         }
@@ -143,15 +148,13 @@ const replaceMatches = (expression, text, given) => {
 };
 
 const replaceTexts = (text, search, given) => {
-    const isFunction = typeof given === 'function';
-    const replacement = isFunction ? given : `${given}`;
+    const replacement = asReplacement(given);
     const step = max(search.length, 1);
     let result = '';
     let next = 0;
     let position = apply(indexOfText, text, [search, 0]);
     while (position >= 0) {
-        const part = isFunction ? `${replacement(search, position, text)}`
-                                : substitute(replacement, text, search, position, [], undefined);
+        const part = replacementOf(replacement, text, search, position);
         result += apply(sliceText, text, [next, position]) + part;
         next = position + search.length;
         position = position + step > text.length
@@ -162,12 +165,10 @@ const replaceTexts = (text, search, given) => {
 };
 
 const replaceFirst = (text, search, given) => {
-    const isFunction = typeof given === 'function';
-    const replacement = isFunction ? given : `${given}`;
+    const replacement = asReplacement(given);
     const position = apply(indexOfText, text, [search, 0]);
     if (position < 0) return text;
-    const part = isFunction ? `${replacement(search, position, text)}`
-                            : substitute(replacement, text, search, position, [], undefined);
+    const part = replacementOf(replacement, text, search, position);
     return apply(sliceText, text, [0, position]) + part +
            apply(sliceText, text, [position + search.length]);
 };
@@ -187,7 +188,7 @@ const splitByExpression = (expression, text, limit) => {
     const splitter = new constructor(expression, isSticky ? flags : flags + 'y');
     const found = [];
     let count = 0;
-    const most = limit === undefined ? 2 ** 32 - 1 : +limit >>> 0;
+    const most = mostPieces(limit);
     if (most === 0) return found;
     if (text === '') {
         if (execute(splitter, text) === null) create(found, 0, text);
@@ -218,7 +219,7 @@ const splitByExpression = (expression, text, limit) => {
 };
 
 const splitByText = (text, separator, limit) => {
-    const most = limit === undefined ? 2 ** 32 - 1 : +limit >>> 0;
+    const most = mostPieces(limit);
     const between = `${separator}`;
     const found = [];
     if (most === 0) return found;

@@ -20,6 +20,30 @@ const create = (object, key, value) =>
         __proto__: null, value, writable: true, enumerable: true, configurable: true,
     });
 
+// What is at `from`, or its absence, to `to`.
+const move = (object, from, to) => {
+    if (from in object) {
+        object[to] = object[from];
+    } else {
+        delete object[to];
+    }
+};
+
+// Adds the elements of `source`, and those of arrays in it, to `target` from `to` on. Returns where it
+// ends.
+const appendFlattened = (target, to, source, length, levels) => {
+    for (let k = 0; k < length; k++) {
+        if (!(k in source)) continue;
+        const value = source[k];
+        if (levels > 0 && isArray(value)) {
+            to = appendFlattened(target, to, value, toLength(value.length), levels - 1);
+        } else {
+            create(target, to++, value);
+        }
+    }
+    return to;
+};
+
 // An array of the library's own, which runs no setters that a script has put on prototypes.
 const list = () => setPrototypeOf([], null);
 
