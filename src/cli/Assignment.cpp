@@ -6,22 +6,23 @@
 #include <cstddef>
 #include <string_view>
 
-#include "cli/NameLetter.h"
 #include "cli/Utf8.h"
 #include "cli/VariableOption.h"
+#include "text/NameUnits.h"
+#include "text/WhiteSpace.h"
 
 namespace kx {
 namespace {
 
 std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isWhiteSpace(text.back())) text.remove_suffix(1);
     return text;
 }
 
 bool isName(std::u16string_view text) {
-    return !text.empty() && isNameStart(text.front()) &&
-           std::all_of(text.begin(), text.end(), isNamePart);
+    return !text.empty() && mayBeNameStart(text.front()) &&
+           std::all_of(text.begin(), text.end(), mayBeNamePart);
 }
 
 }  // namespace

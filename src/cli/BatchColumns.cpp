@@ -7,10 +7,10 @@
 
 #include "cli/Errors.h"
 #include "cli/MessageText.h"
-#include "cli/NameLetter.h"
 #include "cli/Utf8.h"
 #include "cli/ValueText.h"
 #include "host/KxJsVariable.h"
+#include "text/NameUnits.h"
 
 namespace kx {
 namespace {
@@ -28,8 +28,8 @@ constexpr std::array kReserved = {
     u"while"sv,    u"with"sv,     u"yield"sv};
 
 bool isName(std::u16string_view text) {
-    if (text.empty() || !isNameStart(text.front())) return false;
-    if (!std::all_of(text.begin(), text.end(), isNamePart)) return false;
+    if (text.empty() || !mayBeNameStart(text.front())) return false;
+    if (!std::all_of(text.begin(), text.end(), mayBeNamePart)) return false;
     return std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
 }
 
@@ -38,8 +38,8 @@ bool isUsed(std::u16string_view source, std::u16string_view name) {
     for (std::size_t at = source.find(name); at != std::u16string_view::npos;
          at = source.find(name, at + 1)) {
         std::size_t const end = at + name.size();
-        if (at > 0 && isNamePart(source[at - 1])) continue;
-        if (end < source.size() && isNamePart(source[end])) continue;
+        if (at > 0 && mayBeNamePart(source[at - 1])) continue;
+        if (end < source.size() && mayBeNamePart(source[end])) continue;
         std::size_t const next = source.find_first_not_of(u" \t\r\n", end);
         if (next == std::u16string_view::npos || source[next] != u'(') return true;
     }

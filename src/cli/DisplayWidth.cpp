@@ -4,15 +4,14 @@
 #include <clocale>
 #include <cwchar>
 
+#include "text/Surrogates.h"
+
 namespace kx {
 namespace {
 
 /// The width of the character at `at`, which is moved behind it.
 std::size_t widthAt(std::u16string_view text, std::size_t& at) {
-    char32_t character = text[at++];
-    if ((character & 0xFC00) == 0xD800 && at < text.size() && (text[at] & 0xFC00) == 0xDC00) {
-        character = 0x10000 + ((character - 0xD800) << 10) + (text[at++] - 0xDC00u);
-    }
+    char32_t const character = nextCharacter(text, at);
     useUtf8();
     return static_cast<std::size_t>(std::max(::wcwidth(static_cast<wchar_t>(character)), 0));
 }

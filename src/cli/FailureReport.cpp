@@ -6,22 +6,17 @@
 #include "cli/DisplayWidth.h"
 #include "cli/TypedPlace.h"
 #include "cli/Utf8.h"
+#include "text/LineEnd.h"
 
 namespace kx {
 namespace {
 
-constexpr std::u16string_view kLineEnds = u"\n\r\u2028\u2029";
-
-std::size_t afterLineEnd(std::u16string_view text, std::size_t end) {
-    return end + (text.substr(end).starts_with(u"\r\n") ? 2 : 1);
-}
-
 std::size_t lineStart(std::u16string_view text, std::int32_t number) {
     std::size_t start = 0;
     for (std::int32_t line = 1; line < number; ++line) {
-        std::size_t const end = text.find_first_of(kLineEnds, start);
-        if (end == std::u16string_view::npos) break;
-        start = afterLineEnd(text, end);
+        std::size_t const next = nextLine(text, start);
+        if (next == std::u16string_view::npos) break;
+        start = next;
     }
     return start;
 }
@@ -30,13 +25,11 @@ FailedLine lineAt(std::u16string_view text, Span place, bool isTyped) {
     FailedLine line;
     line.isTyped = isTyped;
     std::size_t start = 0;
-    std::size_t end = text.find_first_of(kLineEnds);
-    while (end != std::u16string_view::npos && afterLineEnd(text, end) <= place.start) {
-        start = afterLineEnd(text, end);
-        end = text.find_first_of(kLineEnds, start);
+    for (std::size_t next = nextLine(text, 0); next <= place.start; next = nextLine(text, next)) {
+        start = next;
         ++line.number;
     }
-    line.text = text.substr(start, end - start);
+    line.text = text.substr(start, text.find_first_of(kLineEnds, start) - start);
     std::u16string_view const shown = line.text;
     std::size_t const from = std::min(place.start - start, shown.size());
     std::size_t const to = std::clamp(place.end - start, from, shown.size());

@@ -13,6 +13,7 @@
 #include "cli/Output.h"
 #include "cli/Terminal.h"
 #include "cli/Utf8.h"
+#include "text/Surrogates.h"
 
 namespace kx {
 namespace {
@@ -22,26 +23,14 @@ constexpr int kRememberedLines = 1000;
 // libedit's wide characters are code points.
 std::u16string utf16FromWide(std::wstring_view text) {
     std::u16string result;
-    for (wchar_t const wide : text) {
-        auto const character = static_cast<char32_t>(wide);
-        if (character < 0x10000) {
-            result += static_cast<char16_t>(character);
-        } else {
-            result += static_cast<char16_t>(0xD7C0 + (character >> 10));
-            result += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
-        }
-    }
+    for (wchar_t const wide : text) appendCharacter(result, static_cast<char32_t>(wide));
     return result;
 }
 
 std::wstring wideFromUtf16(std::u16string_view text) {
     std::wstring result;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        char32_t character = text[at];
-        if ((character & 0xFC00) == 0xD800 && at + 1 < text.size()) {
-            character = 0x10000 + ((character - 0xD800) << 10) + (text[++at] - 0xDC00u);
-        }
-        result += static_cast<wchar_t>(character);
+    for (std::size_t at = 0; at < text.size();) {
+        result += static_cast<wchar_t>(nextCharacter(text, at));
     }
     return result;
 }

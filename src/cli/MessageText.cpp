@@ -5,15 +5,13 @@
 #include <utility>
 
 #include "cli/Utf8.h"
+#include "text/LineEnd.h"
+#include "text/Surrogates.h"
 
 namespace kx {
 namespace {
 
 constexpr std::size_t kShown = 40;
-
-bool isLineBreak(char16_t unit) {
-    return unit == u'\n' || unit == u'\r' || unit == 0x2028 || unit == 0x2029;
-}
 
 bool isControl(char16_t unit) { return unit < 0x20 || (unit >= 0x7F && unit <= 0x9F); }
 
@@ -23,7 +21,7 @@ std::string inOneLine(std::u16string const& text) {
     constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
     std::u16string line;
     for (char16_t const unit : text) {
-        if (isLineBreak(unit)) {
+        if (isLineEnd(unit)) {
             line += u' ';
         } else if (isControl(unit)) {
             line += u"\\u00";
@@ -39,7 +37,7 @@ std::string inOneLine(std::u16string const& text) {
 std::string quotable(std::u16string text) {
     if (text.size() > kShown) {
         // Not between the halves of a surrogate pair.
-        bool const isHalf = text[kShown - 1] >= 0xD800 && text[kShown - 1] <= 0xDBFF;
+        bool const isHalf = isHighSurrogate(text[kShown - 1]);
         text.resize(isHalf ? kShown - 1 : kShown);
         text += u'\u2026';
     }

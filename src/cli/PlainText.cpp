@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "text/Surrogates.h"
+
 namespace kx {
 namespace {
 
@@ -57,11 +59,8 @@ void append(std::u16string& text, char32_t character) {
         constexpr std::u16string_view kHexDigits = u"0123456789ABCDEF";
         text += u"\\x";
         text += {kHexDigits[character >> 4], kHexDigits[character & 0xF]};
-    } else if (character < 0x10000) {
-        text += static_cast<char16_t>(character);
     } else {
-        text += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-        text += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+        appendCharacter(text, character);
     }
 }
 

@@ -6,11 +6,11 @@
 
 #include "cli/Catalogue.h"
 #include "cli/Commands.h"
-#include "cli/NameLetter.h"
 #include "cli/Output.h"
 #include "cli/ReplSession.h"
 #include "cli/Utf8.h"
 #include "convert/Converter.h"
+#include "text/NameUnits.h"
 
 namespace kx {
 namespace {
@@ -31,7 +31,7 @@ constexpr std::array<std::u16string_view, 6> kCommands = {u":help",  u":js",   u
                                                           u":reset", u":time", u":vars"};
 
 /// Commands are words that begin with a colon.
-bool isInWord(char16_t unit) { return isNamePart(unit) || unit == u':'; }
+bool isInWord(char16_t unit) { return mayBeNamePart(unit) || unit == u':'; }
 
 /// Whether `name` begins with `start`, in any case of ASCII letters.
 bool beginsWith(std::u16string_view name, std::u16string_view start) {

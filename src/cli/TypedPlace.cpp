@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "cli/NameLetter.h"
+#include "text/NameUnits.h"
+#include "text/WhiteSpace.h"
 
 namespace kx {
 namespace {
@@ -13,8 +14,8 @@ bool isQuote(char16_t unit) { return unit == u'\'' || unit == u'"'; }
 std::size_t tokenEnd(std::u16string_view text, std::size_t start) {
     std::size_t end = start + 1;
     if (isQuote(text[start])) return std::min(text.find(text[start], end), text.size() - 1) + 1;
-    if (!isNamePart(text[start])) return end;
-    while (end < text.size() && isNamePart(text[end])) ++end;
+    if (!mayBeNamePart(text[start])) return end;
+    while (end < text.size() && mayBeNamePart(text[end])) ++end;
     return end;
 }
 
@@ -23,7 +24,7 @@ class Tokens {
   public:
     explicit Tokens(std::u16string_view text) : text_(text) {
         for (std::size_t at = 0; at < text.size();) {
-            if (isBlank(text[at])) {
+            if (isWhiteSpace(text[at])) {
                 ++at;
                 continue;
             }
@@ -72,7 +73,7 @@ std::optional<std::size_t> partnerOf(Tokens const& typed, Tokens const& converte
     }
     if (same == behind) return typed.count() - behind;
 
-    if (!isNamePart(wanted.front()) && !isQuote(wanted.front())) return std::nullopt;
+    if (!mayBeNamePart(wanted.front()) && !isQuote(wanted.front())) return std::nullopt;
     std::size_t before = 0;
     std::size_t inConverted = 0;
     for (std::size_t i = 0; i < converted.count(); ++i) {

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "text/Surrogates.h"
+
 namespace kx {
 namespace {
 
@@ -27,23 +29,11 @@ constexpr std::array<Form, 8> kForms = {{
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
 Form const* formOf(unsigned char lead) {
     for (Form const& form : kForms) {
         if (lead >= form.firstLead && lead <= form.lastLead) return &form;
     }
     return nullptr;
-}
-
-void appendUtf16(std::u16string& text, char32_t character) {
-    if (character < 0x10000) {
-        text += static_cast<char16_t>(character);
-        return;
-    }
-    text += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-    text += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
 }
 
 void appendUtf8(std::string& bytes, char32_t character) {
@@ -90,7 +80,7 @@ std::u16string utf16FromUtf8(std::string_view bytes) {
             if (next < first || next > last) throw InvalidUtf8(at + 1);
             character = (character << 6) | (next & 0x3F);
         }
-        appendUtf16(text, character);
+        appendCharacter(text, character);
         at += form->length;
     }
     return text;
@@ -99,16 +89,10 @@ std::u16string utf16FromUtf8(std::string_view bytes) {
 std::string utf8FromUtf16(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        char16_t const unit = text[at];
-        char32_t character = unit;
-        if (isHighSurrogate(unit) && at + 1 < text.size() && isLowSurrogate(text[at + 1])) {
-            character = 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (text[at + 1] - 0xDC00u);
-            ++at;
-        } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
-            character = kReplacement;
-        }
-        appendUtf8(bytes, character);
+    for (std::size_t at = 0; at < text.size();) {
+        char32_t const character = nextCharacter(text, at);
+        bool const isHalf = character >= 0xD800 && character <= 0xDFFF;
+        appendUtf8(bytes, isHalf ? kReplacement : character);
     }
     return bytes;
 }

@@ -12,7 +12,7 @@
 #include "convert/NameLetter.h"
 #include "convert/RuleMask.h"
 #include "convert/Symbol.h"
-#include "library/WhiteSpace.h"
+#include "text/WhiteSpace.h"
 
 namespace kx {
 

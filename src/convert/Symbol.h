@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "library/WhiteSpace.h"
+#include "text/WhiteSpace.h"
 
 /// The alphabet that patterns are matched over.
 ///

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "library/WhiteSpace.h"
+#include "text/WhiteSpace.h"
 
 namespace kx {
 

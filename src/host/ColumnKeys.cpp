@@ -5,8 +5,8 @@
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
 #include "host/ColumnNames.h"
-#include "host/NameUnits.h"
 #include "host/Text.h"
+#include "text/NameUnits.h"
 
 namespace kx {
 

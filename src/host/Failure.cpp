@@ -4,9 +4,10 @@
 #include <string_view>
 #include <utility>
 
-#include "host/NameUnits.h"
 #include "host/Text.h"
 #include "host/V8Compat.h"
+#include "text/LineEnd.h"
+#include "text/NameUnits.h"
 
 namespace kx {
 
@@ -18,15 +19,6 @@ std::u16string wholeText(v8::Isolate* isolate, v8::Local<v8::String> text) {
     std::u16string result(static_cast<std::size_t>(text->Length()), u'\0');
     v8compat::writeCodeUnits(isolate, text, result.data());
     return result;
-}
-
-constexpr std::u16string_view kLineEnds = u"\n\r\u2028\u2029";
-
-/// Where the line after the one that begins at `start` begins; npos where it is the last.
-std::size_t nextLine(std::u16string_view text, std::size_t start) {
-    std::size_t const end = text.find_first_of(kLineEnds, start);
-    if (end == std::u16string_view::npos) return end;
-    return text.substr(end).starts_with(u"\r\n") ? end + 2 : end + 1;
 }
 
 int linesBefore(std::u16string_view text, std::size_t position) {

@@ -8,7 +8,7 @@
 #include <array>
 #include <utility>
 
-#include "host/NameUnits.h"
+#include "text/NameUnits.h"
 
 namespace kx {
 

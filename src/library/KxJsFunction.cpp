@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "library/WhiteSpace.h"
+#include "text/WhiteSpace.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "library/KxJsFunction.h"
-#include "library/WhiteSpace.h"
+#include "text/WhiteSpace.h"
 
 namespace {
 
