@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "columns/KxJsColumns.h"
 #include "convert/Converter.h"
-#include "host/KxJsColumns.h"
 #include "host/KxJsParser.h"
 
 namespace {

@@ -7,11 +7,11 @@
 #include <unistd.h>
 #include <vector>
 
-#include "cli/CellType.h"
-#include "cli/CsvReader.h"
-#include "cli/CsvText.h"
-#include "cli/Errors.h"
-#include "cli/ValueText.h"
+#include "cli/batch/CellType.h"
+#include "cli/batch/CsvReader.h"
+#include "cli/batch/CsvText.h"
+#include "cli/formula/ValueText.h"
+#include "cli/io/Errors.h"
 #include "csv/PlainCsv.h"
 #include "support/Check.h"
 #include "support/Pieces.h"

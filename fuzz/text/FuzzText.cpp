@@ -8,8 +8,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "cli/LineReader.h"
-#include "cli/Utf8.h"
+#include "cli/io/LineReader.h"
+#include "cli/io/Utf8.h"
 #include "support/Check.h"
 #include "support/Pieces.h"
 #include "support/Units.h"

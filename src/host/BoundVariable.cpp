@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include "host/OwnHandles.h"
+#include "engine/OwnHandles.h"
+#include "engine/Text.h"
 #include "host/SeenText.h"
-#include "host/Text.h"
 
 namespace kx {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <new>
 
+#include "engine/OwnHandles.h"
+#include "engine/V8Compat.h"
 #include "host/BoundVariable.h"
-#include "host/OwnHandles.h"
-#include "host/V8Compat.h"
 
 namespace kx {
 

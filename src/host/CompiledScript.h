@@ -5,9 +5,9 @@
 
 #include <v8.h>
 
+#include "engine/OwnHandles.h"
+#include "engine/V8Compat.h"
 #include "host/Failure.h"
-#include "host/OwnHandles.h"
-#include "host/V8Compat.h"
 
 namespace kx {
 

@@ -7,11 +7,11 @@
 
 #include <v8.h>
 
-#include "host/CountingAllocator.h"
-#include "host/Engine.h"
+#include "engine/CountingAllocator.h"
+#include "engine/Engine.h"
+#include "engine/MemoryWatch.h"
+#include "engine/PersistentHandle.h"
 #include "host/HostRemains.h"
-#include "host/MemoryWatch.h"
-#include "host/PersistentHandle.h"
 
 namespace kx {
 

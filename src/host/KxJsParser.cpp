@@ -4,13 +4,13 @@
 #include <list>
 #include <utility>
 
+#include "engine/InterruptibleBuiltins.h"
+#include "engine/PersistentHandle.h"
+#include "engine/Text.h"
+#include "engine/V8Compat.h"
 #include "host/HostEngine.h"
-#include "host/InterruptibleBuiltins.h"
 #include "host/LibraryScript.h"
-#include "host/PersistentHandle.h"
 #include "host/ScriptRun.h"
-#include "host/Text.h"
-#include "host/V8Compat.h"
 
 KxJsParser::KxJsParser() : _mEngine(std::make_unique<kx::HostEngine>()) { createContext(); }
 

@@ -4,14 +4,14 @@
 #include <string_view>
 #include <utility>
 
+#include "engine/PersistentHandle.h"
+#include "engine/Text.h"
 #include "host/CompiledScript.h"
 #include "host/ErrorText.h"
 #include "host/Failure.h"
 #include "host/HostEngine.h"
 #include "host/KxJsParser.h"
-#include "host/PersistentHandle.h"
 #include "host/ScriptRun.h"
-#include "host/Text.h"
 
 namespace {
 

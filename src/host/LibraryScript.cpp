@@ -4,7 +4,7 @@
 #include <mutex>
 #include <vector>
 
-#include "host/Text.h"
+#include "engine/Text.h"
 #include "library/Catalogues.h"
 #include "library/Prelude.h"
 

@@ -2,9 +2,9 @@
 #include <string>
 
 #include "ScriptHost.h"
+#include "engine/Text.h"
+#include "engine/V8Compat.h"
 #include "host/Carriers.h"
-#include "host/Text.h"
-#include "host/V8Compat.h"
 
 namespace {
 
