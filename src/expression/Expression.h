@@ -71,13 +71,13 @@ struct Place {
 struct Node {
     NodeKind kind = NodeKind::null;
     Operation operation = Operation::none;
-    bool isParenthesized = false;   // its place is the one without the parentheses
-    std::uint16_t height = 1;       // of the tree below it, itself included
-    std::uint32_t childCount = 0;   // in a call the callee is one
-    std::uint32_t firstChild = 0;   // in the expression's list of children
-    std::uint32_t textStart = 0;    // in the expression's list of texts
+    bool isParenthesized = false;  // its place is the one without the parentheses
+    std::uint16_t height = 1;      // of the tree below it, itself included
+    std::uint32_t childCount = 0;  // in a call the callee is one
+    std::uint32_t firstChild = 0;  // in the expression's list of children
+    std::uint32_t textStart = 0;   // in the expression's list of texts
     std::uint32_t textLength = 0;
-    Place place;
+    Place place = {};
     double number = 0;
 };
 

@@ -167,8 +167,8 @@ class Parser {
             case Role::open:
                 return takeCall();
             case Role::openIndex:
-                return wait({Waiting::index, NodeKind::index, Operation::none, Binding::none,
-                             start_, 0});
+                return wait(
+                    {Waiting::index, NodeKind::index, Operation::none, Binding::none, start_, 0});
             case Role::close:
             case Role::closeIndex:
                 return takeClosing(sign->role);
@@ -199,8 +199,8 @@ class Parser {
             return refuse(Reason::syntaxError);
         }
         if (!reduceWhile(sign.binding, !isPower)) return false;
-        return wait({Waiting::operation, NodeKind::binary, sign.operation, sign.binding, start_,
-                     0});
+        return wait(
+            {Waiting::operation, NodeKind::binary, sign.operation, sign.binding, start_, 0});
     }
 
     /// Whether an assignment or an arrow function may begin with the last value.
@@ -210,11 +210,11 @@ class Parser {
 
     bool takeAssignment(Operation operation) {
         NodeKind const target = lastNode().kind;
-        bool const isTarget = target == NodeKind::name || target == NodeKind::member ||
-                              target == NodeKind::index;
+        bool const isTarget =
+            target == NodeKind::name || target == NodeKind::member || target == NodeKind::index;
         if (!isTarget || !mayAssign()) return refuse(Reason::syntaxError);
-        return wait({Waiting::operation, NodeKind::assignment, operation, Binding::assignment,
-                     start_, 0});
+        return wait(
+            {Waiting::operation, NodeKind::assignment, operation, Binding::assignment, start_, 0});
     }
 
     bool takeArrow() {
@@ -222,8 +222,8 @@ class Parser {
         if (lastNode().kind != NodeKind::name || lastNode().isParenthesized) {
             return refuse(Reason::function);
         }
-        return wait({Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment,
-                     start_, 0});
+        return wait(
+            {Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment, start_, 0});
     }
 
     bool takeColon() {
@@ -257,8 +257,12 @@ class Parser {
 
     bool takeCall() {
         auto const callee = static_cast<std::uint32_t>(values_.size() - 1);
-        Pending const call{Waiting::call,        NodeKind::call, Operation::none, Binding::none,
-                           values_.back().place.start, callee};
+        Pending const call{Waiting::call,
+                           NodeKind::call,
+                           Operation::none,
+                           Binding::none,
+                           values_.back().place.start,
+                           callee};
         if (!wait(call) || !scanner_.skipBlanks()) return false;
         if (scanner_.at() != u')') return true;
         expectsOperand_ = false;

@@ -39,8 +39,9 @@ constexpr auto kFirstPunctuators = [] {
 
 bool Scanner::refuse(Refusal::Reason reason, std::size_t start) {
     std::size_t const end = std::min(std::max(position_, start + 1), source_.size());
-    refusal_ = Refusal{reason, {static_cast<std::uint32_t>(std::min(start, end)),
-                                static_cast<std::uint32_t>(end)}};
+    refusal_ = Refusal{
+        reason,
+        {static_cast<std::uint32_t>(std::min(start, end)), static_cast<std::uint32_t>(end)}};
     return false;
 }
 

@@ -5,27 +5,29 @@
 #include <random>
 #include <string>
 
-#include "../host/ScriptHost.h"
 #include "Dump.h"
 #include "expression/Parser.h"
+#include "host/ScriptHost.h"
 
 namespace {
 
 using namespace std::string_view_literals;
 
 constexpr std::array kOperands = {
-    u"A"sv,     u"B"sv,     u"C"sv,     u"1"sv,     u".5"sv,   u"2."sv,    u"0x1f"sv, u"1e2"sv,
-    u"'x'"sv,   u"\"1\""sv, u"true"sv,  u"null"sv,  u"F"sv,    u"A.length"sv, u"(A)"sv,
-    u"(A,B)"sv, u"F(A)"sv,  u"F(1,B)"sv, u"(A+1)"sv, u"-1"sv,  u"!A"sv,    u"\u00B5"sv, u"'\\u0041'"sv,
-    u"C.D"sv,   u"C[0]"sv,
+    u"A"sv,      u"B"sv,         u"C"sv,     u"1"sv,      u".5"sv,    u"2."sv, u"0x1f"sv,
+    u"1e2"sv,    u"'x'"sv,       u"\"1\""sv, u"true"sv,   u"null"sv,  u"F"sv,  u"A.length"sv,
+    u"(A)"sv,    u"(A,B)"sv,     u"F(A)"sv,  u"F(1,B)"sv, u"(A+1)"sv, u"-1"sv, u"!A"sv,
+    u"\u00B5"sv, u"'\\u0041'"sv, u"C.D"sv,   u"C[0]"sv,
 };
 constexpr std::array kBetween = {
-    u"+"sv,  u"-"sv,  u"*"sv,   u"/"sv,  u"%"sv,  u"**"sv, u"<"sv,   u">"sv,  u"<="sv, u">="sv,
-    u"=="sv, u"!="sv, u"==="sv, u"!=="sv, u"&&"sv, u"||"sv, u"\?\?"sv, u"&"sv, u"|"sv, u"^"sv,
-    u"<<"sv, u">>"sv, u">>>"sv, u","sv,  u"?"sv,  u":"sv,  u"?A:"sv, u"=>"sv, u"="sv,  u"+="sv,
-    u" "sv,  u"\n"sv, u"."sv,   u"("sv,  u")"sv,  u"["sv,  u"]"sv,   u";"sv,  u"//"sv, u"/**/"sv,
-    u"++"sv, u"--"sv, u"!"sv,   u"?."sv, u"`"sv,  u"in"sv, u" typeof "sv, u"\\"sv, u"<!--"sv,
-    u"\u2028"sv, u"/*\n*/"sv, u"..."sv, u"let "sv, u"async "sv, u"of "sv,
+    u"+"sv,      u"-"sv,      u"*"sv,    u"/"sv,     u"%"sv,        u"**"sv,   u"<"sv,
+    u">"sv,      u"<="sv,     u">="sv,   u"=="sv,    u"!="sv,       u"==="sv,  u"!=="sv,
+    u"&&"sv,     u"||"sv,     u"\?\?"sv, u"&"sv,     u"|"sv,        u"^"sv,    u"<<"sv,
+    u">>"sv,     u">>>"sv,    u","sv,    u"?"sv,     u":"sv,        u"?A:"sv,  u"=>"sv,
+    u"="sv,      u"+="sv,     u" "sv,    u"\n"sv,    u"."sv,        u"("sv,    u")"sv,
+    u"["sv,      u"]"sv,      u";"sv,    u"//"sv,    u"/**/"sv,     u"++"sv,   u"--"sv,
+    u"!"sv,      u"?."sv,     u"`"sv,    u" in "sv,  u" typeof "sv, u"\\"sv,   u"<!--"sv,
+    u"\u2028"sv, u"/*\n*/"sv, u"..."sv,  u" let "sv, u" async "sv,  u" of "sv,
 };
 
 template <class List>

@@ -9,9 +9,9 @@ using kx::Node;
 using kx::NodeKind;
 
 constexpr std::array<std::u16string_view, 32> kSigns = {
-    u"",  u"+", u"-", u"!", u"~",  u"typeof", u"void", u"+",   u"-",   u"*",  u"/",
-    u"%", u"**", u"<<", u">>", u">>>", u"&",  u"|",    u"^",   u"<",   u">",  u"<=",
-    u">=", u"==", u"!=", u"===", u"!==", u"&&", u"||",   u"\?\?", u",",
+    u"",   u"+",  u"-",  u"!",   u"~",   u"typeof", u"void", u"+",    u"-", u"*", u"/",
+    u"%",  u"**", u"<<", u">>",  u">>>", u"&",      u"|",    u"^",    u"<", u">", u"<=",
+    u">=", u"==", u"!=", u"===", u"!==", u"&&",     u"||",   u"\?\?", u",",
 };
 
 std::u16string signOf(Node const& node) {
