@@ -38,8 +38,8 @@ bool switchOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const value = toNumber(arguments[0]);
     if (!value) return false;
     double const place = *value + 1;
-    bool const isThere = place >= 0 && place < static_cast<double>(arguments.size()) &&
-                         place == std::trunc(place);
+    bool const isThere =
+        place >= 0 && place < static_cast<double>(arguments.size()) && place == std::trunc(place);
     result = isThere ? arguments[static_cast<std::size_t>(place)] : Value{};
     return true;
 }

@@ -49,8 +49,7 @@ bool findOccurrence(std::u16string_view text, std::u16string_view part, Value co
         bool const isSearched =
             isFromEnd
                 ? lastIndexOf(text, part, workspace.arena, place)
-                : indexOf(text, part,
-                          std::min(static_cast<std::size_t>(place + 1), text.size()),
+                : indexOf(text, part, std::min(static_cast<std::size_t>(place + 1), text.size()),
                           workspace.arena, place);
         if (!isSearched) return false;
         if (place == -1 || found == sought) return give(place, result);
@@ -149,8 +148,7 @@ bool concat(Arguments arguments, Workspace& workspace, Value& result) {
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() &&
-           substr(arguments[0].text, Value::of(0.0), arguments[1], result);
+    return arguments[0].isText() && substr(arguments[0].text, Value::of(0.0), arguments[1], result);
 }
 
 bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {

@@ -35,8 +35,7 @@ bool truncate(std::span<Value const> arguments, Workspace& workspace, Value& res
 bool val(std::span<Value const> arguments, Workspace& workspace, Value& result);
 
 /// STR and STRZ: the number cut to so many decimals, filled up at the left.
-bool fillUp(std::span<Value const> arguments, char16_t filler, Workspace& workspace,
-            Value& result);
+bool fillUp(std::span<Value const> arguments, char16_t filler, Workspace& workspace, Value& result);
 /// The first unit of the argument's text, as a text; empty where there is none.
 bool firstUnit(Value const& value, Workspace& workspace, std::u16string_view& unit);
 /// Its code, or -1.

@@ -95,8 +95,7 @@ std::int32_t toInt32(double number) {
     if (!std::isfinite(number)) return 0;
     if (std::abs(number) < kRange / 2) return static_cast<std::int32_t>(number);
     double const rest = std::fmod(std::trunc(number), kRange);
-    return static_cast<std::int32_t>(
-        static_cast<std::uint32_t>(rest < 0 ? rest + kRange : rest));
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(rest < 0 ? rest + kRange : rest));
 }
 
 std::optional<std::u16string_view> toText(Value const& value, TextArena& arena) {

@@ -7,7 +7,7 @@ bool Evaluator::run(Program const& program, std::span<Value const> variables, Va
     workspace_.arena.clear();
     workspace_.match = {};
     if (!execute(program, variables)) return false;
-    result = values_[0];
+    result = values_[1];
     return true;
 }
 
@@ -41,7 +41,7 @@ bool Evaluator::computeUnary(Operation operation, Value& value) {
 
 bool Evaluator::execute(Program const& program, std::span<Value const> variables) {
     using Step = Program::Step;
-    Value* top = values_.data() - 1;
+    Value* top = values_.data();
     Program::Instruction const* const first = program.instructions_.data();
     Program::Instruction const* const end = first + program.instructions_.size();
     for (Program::Instruction const* at = first; at != end;) {

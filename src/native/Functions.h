@@ -12,8 +12,14 @@ namespace kx {
 /// The last regular expression that has matched. The functions' regular expressions leave traces
 /// that scripts can read (RegExp.lastMatch), so whoever runs scripts later has to leave them, too.
 struct Match {
-    enum class Pattern : std::uint8_t { none, leadingBlanks, trailingBlanks, blanksAround, unit,
-                                        number };
+    enum class Pattern : std::uint8_t {
+        none,
+        leadingBlanks,
+        trailingBlanks,
+        blanksAround,
+        unit,
+        number
+    };
 
     Pattern pattern = Pattern::none;
     std::u16string_view subject = {};

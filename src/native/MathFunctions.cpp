@@ -38,8 +38,8 @@ double signOf(double number) {
 
 template <bool kIsMax>
 bool extreme(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    double found = kIsMax ? -std::numeric_limits<double>::infinity()
-                          : std::numeric_limits<double>::infinity();
+    double found =
+        kIsMax ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
     for (Value const& argument : arguments) {
         auto const number = toNumber(argument);
         if (!number) return false;
@@ -71,10 +71,14 @@ constexpr std::array kConstants = {
 };
 
 constexpr std::array kFunctions = {
-    Function{u"abs", ofNumber<absolute>, 1}, Function{u"ceil", ofNumber<ceilOf>, 1},
-    Function{u"floor", ofNumber<floorOf>, 1}, Function{u"max", extreme<true>, Function::kAny},
-    Function{u"min", extreme<false>, Function::kAny}, Function{u"round", ofNumber<roundOf>, 1},
-    Function{u"sign", ofNumber<signOf>, 1}, Function{u"sqrt", ofNumber<rootOf>, 1},
+    Function{u"abs", ofNumber<absolute>, 1},
+    Function{u"ceil", ofNumber<ceilOf>, 1},
+    Function{u"floor", ofNumber<floorOf>, 1},
+    Function{u"max", extreme<true>, Function::kAny},
+    Function{u"min", extreme<false>, Function::kAny},
+    Function{u"round", ofNumber<roundOf>, 1},
+    Function{u"sign", ofNumber<signOf>, 1},
+    Function{u"sqrt", ofNumber<rootOf>, 1},
     Function{u"trunc", ofNumber<truncOf>, 1},
 };
 

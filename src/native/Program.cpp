@@ -174,7 +174,6 @@ class ProgramMaker {
             // What nobody asks for is evaluated all the same.
             if (count == function->parameters) {
                 emit(Step::drop, 0);
-                leadHere(program_->instructions_.size() - 1);
                 --values_;
             } else {
                 ++count;

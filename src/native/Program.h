@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -85,7 +87,7 @@ class Evaluator {
     bool execute(Program const& program, std::span<Value const> variables);
     static bool computeUnary(Operation operation, Value& value);
 
-    std::array<Value, kMostValues> values_;
+    std::array<Value, kMostValues + 1> values_;  // from the second on
     Workspace workspace_;
 };
 

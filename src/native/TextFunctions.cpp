@@ -131,8 +131,7 @@ bool charCodeAt(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!place) return false;
     bool const isInside = *place >= 0 && *place < sizeOf(receiver(arguments));
     if (!isInside) return give(std::numeric_limits<double>::quiet_NaN(), result);
-    return give(static_cast<double>(receiver(arguments)[static_cast<std::size_t>(*place)]),
-                result);
+    return give(static_cast<double>(receiver(arguments)[static_cast<std::size_t>(*place)]), result);
 }
 
 bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -140,7 +139,7 @@ bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const start = toWholeNumber(arguments[1]);
     auto const end = arguments[2].isUndefined() ? sizeOf(text) : toWholeNumber(arguments[2]);
     if (!start || !end) return false;
-    auto const [first, last] = std::minmax(clamped(*start, text), clamped(*end, text));
+    auto const [first, last] = std::minmax({clamped(*start, text), clamped(*end, text)});
     return give(text.substr(first, last - first), result);
 }
 
@@ -186,8 +185,7 @@ bool startsWith(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool endsWith(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
-    return part && arguments[2].isUndefined() &&
-           give(receiver(arguments).ends_with(*part), result);
+    return part && arguments[2].isUndefined() && give(receiver(arguments).ends_with(*part), result);
 }
 
 template <bool kIsUpper>
