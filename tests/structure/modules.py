@@ -3,7 +3,8 @@
     modules.py SOURCE-DIRECTORY
 
 The table's last column is read so: `name` is a module, `module/File.h` a header, "public headers" are
-those that cmake/KxInstall.cmake installs, V8 are the engine's. A module may use itself.
+those that cmake/KxInstall.cmake installs, V8 are the engine's. A module may use itself. A file
+directly in src may include public headers only.
 """
 
 import pathlib
@@ -30,9 +31,9 @@ def modules():
     return dict(rows)
 
 
-def inclusions(module):
-    """File, line and included header, for every file of the module; headers as seen from src."""
-    for file in sorted((source / module).rglob("*")):
+def inclusions(files):
+    """File, line and included header, for each of the files; headers as seen from src."""
+    for file in sorted(files):
         if file.suffix not in (".h", ".cpp"):
             continue
         for number, line in enumerate(file.read_text().splitlines(), 1):
@@ -106,13 +107,18 @@ for module, uses in table.items():
     for other in re.findall(r"`(\w+)`", uses):
         if order.index(other) <= order.index(module):
             mistakes.append(f"ARCHITECTURE.md: {other} does not stand below {module}, which uses it")
-    for file, number, header in inclusions(module):
+    for file, number, header in inclusions((source / module).rglob("*")):
         included.add(header.strip('"'))
         other = header.strip('"').split("/")[0]
         if header.startswith('"') and other in table and other != module:
             graph[module].add(other)
         if not may_use(module, uses, header):
             mistakes.append(f"{file}:{number}: {module} may not include {header}")
+
+for file, number, header in inclusions(source.iterdir()):
+    included.add(header.strip('"'))
+    if header.strip('"') not in public:
+        mistakes.append(f"{file}:{number}: a file directly in src may include public headers only")
 
 if not public or not table or not any(graph.values()):
     mistakes.append("found no public headers, no modules, or nothing that one uses of another")
