@@ -250,7 +250,7 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
     evaluation.road = Road::slow;
     // With the one record that has been run there must be some that are not the last.
     if (!expression_ || evaluation.count - evaluation.next() < 2) return;
-    if (evaluation.count > v8::TypedArray::kMaxLength) return;
+    if (evaluation.count > v8compat::kMostArrayElements) return;
     auto const names = bindings(evaluation.context);
     if (!names) return;
     evaluation.fastFrom = evaluation.next();
@@ -267,7 +267,7 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
         if (kernel_ != nullptr) kernel_->release(resources.front());
         kernel_.reset();
         record_->release(std::move(resources));
-        kernel_ = ColumnKernel::make(evaluation.isolate, evaluation.context, expression_->text,
+        kernel_ = ColumnKernel::make(record_->handles(), evaluation.context, expression_->text,
                                      *names, evaluation.results);
         if (kernel_ == nullptr) return;
     }

@@ -35,7 +35,7 @@ void InProcessHost::createContext() {
     shape->SetInternalFieldCount(1);
     v8compat::setReadOnlyAccessor(isolate(), shape, toEngineString(isolate(), accessorName_),
                                   Carriers::accessorGetter);
-    globalTemplate_ = makePersistent(isolate(), shape);
+    globalTemplate_ = makePersistent(record_->handles(), shape);
     v8::Local<v8::Context> context = v8::Context::New(isolate(), interruptibleBuiltins(), shape);
     // No script can run now: the stack is nearly used up, or the application is ending one.
     if (context.IsEmpty()) context = v8::Context::New(isolate(), nullptr, shape);
@@ -46,7 +46,7 @@ void InProcessHost::createContext() {
         v8::Local<v8::String> const name = toEngineString(isolate(), u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
     }
-    context_ = makePersistent(isolate(), context);
+    context_ = makePersistent(record_->handles(), context);
 }
 
 void InProcessHost::installLibrary() {

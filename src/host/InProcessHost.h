@@ -53,7 +53,7 @@ class InProcessHost final : public HostBackend {
 
     /// What scripts read of `variable`, one of variables().
     BoundVariable& bound(KxJsVariable const& variable) {
-        return carriers_.bound(variable, accessorName_);
+        return carriers_.bound(variable, accessorName_, record_->handles());
     }
     std::u16string_view accessorName() const { return accessorName_; }
 

@@ -24,8 +24,7 @@ std::u16string InProcessHost::addWrapper(std::u16string_view source,
         v8::HandleScope const handles(isolate());
         BoundVariable& variableForScripts = bound(variable);
         wrapped += variableForScripts.prologueLine();
-        v8::Local<v8::Object> const carrier =
-            carriers_.make(isolate(), context, shape, variableForScripts);
+        v8::Local<v8::Object> const carrier = carriers_.make(context, shape, variableForScripts);
         v8::Local<v8::String> const name = variableForScripts.carrierName(isolate());
         if (carrier.IsEmpty() || name.IsEmpty()) continue;
         [[maybe_unused]] auto const isDefined =
@@ -57,7 +56,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
                                 {v8::Message::kNoScriptIdInfo, prologueLength});
         return nullptr;
     }
-    return std::make_unique<V8Script>(isolate(), script, wrapped, prologueLength);
+    return std::make_unique<V8Script>(record_->handles(), script, wrapped, prologueLength);
 }
 
 std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& error) {

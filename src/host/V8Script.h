@@ -5,8 +5,7 @@
 
 #include <v8.h>
 
-#include "engine/OwnHandles.h"
-#include "engine/V8Compat.h"
+#include "engine/PersistentHandle.h"
 #include "host/Failure.h"
 #include "host/HostBackend.h"
 
@@ -16,9 +15,9 @@ namespace kx {
 class V8Script final : public CompiledScript {
   public:
     /// `source` is the whole text, its first `prologueLength` code units not the caller's.
-    V8Script(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source,
+    V8Script(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,
              std::size_t prologueLength)
-        : handle_(ownHandle(isolate, script)),
+        : handle_(all, script),
           source_{script->GetUnboundScript()->GetId(), prologueLength},
           mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 
@@ -26,7 +25,7 @@ class V8Script final : public CompiledScript {
     /// the process when the same handle runs again. Such a script is therefore bound to the context
     /// anew for each run, and the second run throws that the names exist.
     v8::Local<v8::Script> forRun(v8::Isolate* isolate, v8::Local<v8::Context> context) const {
-        v8::Local<v8::Script> const script = v8compat::localOf(isolate, handle_);
+        v8::Local<v8::Script> const script = handle_.get(isolate);
         if (!mayDeclareNames_) return script;
         v8::Context::Scope const entered(context);
         return script->GetUnboundScript()->BindToCurrentContext();
@@ -49,7 +48,7 @@ class V8Script final : public CompiledScript {
         return false;
     }
 
-    v8::Global<v8::Script> handle_;
+    PersistentHandle<v8::Script> handle_;
     CallerSource source_;
     bool mayDeclareNames_;
 };
