@@ -74,6 +74,9 @@ class HostBackend {
     virtual void setTimeLimit(std::chrono::milliseconds limit) = 0;
     virtual void setMemoryLimit(std::size_t bytes) = 0;
 
+    /// See KxJsParser.
+    virtual void setNativeEvaluation(bool isOn) = 0;
+
     /// Ends the run that is going on, if any. Any thread.
     virtual void terminate() = 0;
 

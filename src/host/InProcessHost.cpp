@@ -57,7 +57,10 @@ void InProcessHost::installLibrary() {
     LimitedRun const run(limits_);
     countScript();
     v8::TryCatch const capture(isolate());
-    if (kx::installLibrary(*record_, entered)) return;
+    applyDeferred(entered);
+    hasLibrary_ = kx::installLibrary(*record_, entered);
+    if (hasLibrary_) return;
+    hadEffects_ = true;  // some of the functions may be there
     std::u16string const ignored =
         reportException(capture, KxJsFailure::Kind::RUN_ERROR, {v8::Message::kNoScriptIdInfo, 0});
 }
@@ -99,6 +102,7 @@ void InProcessHost::releaseAll(Variables variables, CompiledScripts scripts) noe
 
 void InProcessHost::release(std::list<HostResources> resources) noexcept {
     ++generation_;
+    deferred_.forgetVariables();
     resources.front().carriers = std::exchange(carriers_, Carriers());
     record_->release(std::move(resources));
 }
