@@ -67,7 +67,7 @@ TEST(Comparison, withTheEngine) {
     ScriptHost other;
     kx::Evaluator evaluator;
     std::mt19937_64 random(16);
-    FormulaGenerator generator(random);
+    FormulaGenerator generator([&random] { return random(); });
     int compared = 0;
     int left = 0;
     for (int i = 0; i < 20'000; ++i) {
