@@ -6,6 +6,7 @@
 #include "translate/Functions.h"
 #include "translate/Kinds.h"
 #include "translate/Letters.h"
+#include "translate/ReservedWords.h"
 
 namespace kx::translate {
 namespace {
@@ -367,6 +368,11 @@ Parser::Operand Parser::name(Token const& first) {
     }
     auto const known = settings_.variables.find(tree_.text(made));
     if (known != settings_.variables.end()) {
+        if (isReservedWord(known->second.key)) {
+            std::u16string text = u"the name ";
+            text.append(known->second.key).append(u" is a reserved word of JavaScript");
+            return addUntranslatable(u"RESERVED_NAME", text, first.place, {}, first.place.start);
+        }
         made.valueKind = known->second.kind;
     } else if (settings_.isStrict) {
         std::u16string text = u"unknown name ";

@@ -241,7 +241,7 @@ Token Scanner::quotedDate() {
     DateReader reader(text(token.content));
     auto const date = reader.takeNumbers(4, 2);
     bool const isComplete = date.first >= 0 && reader.next() == u'\0';
-    token.number = isComplete ? dayNumber(date.first, date.second, date.third) : 0;
+    token.number = isComplete ? translate::dayNumber(date.first, date.second, date.third) : 0;
     if (token.number == 0) fail(token.place, u"not a date");
     token.type = Token::Type::date;
     return token;
@@ -262,7 +262,7 @@ Token Scanner::brace() {
                  u"not a date: {^YYYY-MM-DD} expected");
         }
         Token token = make(Token::Type::date, until(close + 1));
-        token.number = dayNumber(date.first, date.second, date.third);
+        token.number = translate::dayNumber(date.first, date.second, date.third);
         if (token.number == 0) fail(token.place, u"impossible date");
         if (!strict.take(u'}')) token.type = Token::Type::dateWithTime;
         return token;
