@@ -1,4 +1,4 @@
-// kxjs docs: what is written where, and what stays when writing fails.
+// kxjs docs: the files that it writes, and what remains when writing fails.
 
 #include <filesystem>
 #include <fstream>
@@ -39,7 +39,7 @@ void write(fs::path const& path, std::string const& contents) {
     std::ofstream(path, std::ios::binary) << contents;
 }
 
-/// A directory of its own for each test; blanks in its name find what quotes too little.
+/// A temporary directory for each test. Blanks in its name show missing quotes.
 class Docs : public testing::Test {
   protected:
     Docs() {
@@ -166,7 +166,7 @@ TEST_F(Docs, RefusesADirectoryAsFile) {
 
 /// kxjs with one failing call of a system function.
 Outcome runFailing(std::string const& call, std::vector<std::string> const& arguments) {
-    // The loader splits its list of libraries at blanks, which the build's directory may have.
+    // The loader splits LD_PRELOAD at blanks, which the path of the build may contain.
     std::string directory = (fs::temp_directory_path() / "kxjs-failing-XXXXXX").string();
     if (::mkdtemp(directory.data()) == nullptr) throw std::runtime_error("mkdtemp");
     fs::path const library = fs::path(directory) / "library.so";
@@ -193,7 +193,7 @@ TEST_F(Docs, LeavesAFileAsItWasWhenTheDiskFails) {
     }
 }
 
-// Permission bits do not stop root, so these paths fail for everybody.
+// Permissions do not stop root. These paths fail for every user.
 TEST_F(Docs, ReportsAFileThatCannotBeMade) {
     write(path("plain"), "text");
     for (fs::path const& target :

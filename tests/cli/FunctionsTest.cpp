@@ -28,7 +28,7 @@ std::vector<std::string> linesOf(std::string const& text) {
     return lines;
 }
 
-/// Characters, for lines that hold more than ASCII.
+/// The number of characters of a UTF-8 line.
 std::size_t lengthOf(std::string const& line) {
     std::size_t length = 0;
     for (char const byte : line) length += (byte & 0xC0) == 0x80 ? 0 : 1;
@@ -61,7 +61,7 @@ TEST(Functions, AlignsTheDescriptions) {
     std::string const out = kxjs({"functions"}).out;
     EXPECT_THAT(out, HasSubstr("\n  ROUND(num, dec)                 Rounds a float\n"));
     EXPECT_THAT(out, HasSubstr("\n  EXP(x)                          Function returns"));
-    // A signature that reaches into the second column stands alone on its line.
+    // A signature that is longer than the first column has a line of its own.
     EXPECT_THAT(out, HasSubstr("\n  CHRTRAN(Input_String, Search_Pattern, Replace_Pattern)\n"
                                "                                  Returns a character string"));
 }
@@ -115,7 +115,7 @@ TEST(Functions, FitsTheTerminal) {
         bool inExamples = false;
         std::size_t longest = 0;
         for (std::string const& line : linesOf(outcome.out)) {
-            inExamples = inExamples || line == "Examples";  // these are not broken
+            inExamples = inExamples || line == "Examples";  // examples are not wrapped
             if (!inExamples) longest = std::max(longest, lengthOf(line));
         }
         EXPECT_LE(longest, 72u);

@@ -79,7 +79,7 @@ void makeDirectoryWith(fs::path const& directory, std::vector<NamedFile> const& 
 }  // namespace
 
 struct FileReplacement::State {
-    std::optional<StagingDirectory> staging;  ///< none: written in place
+    std::optional<StagingDirectory> staging;  ///< none: the target is written into
     fs::path target;
     std::optional<FileDescriptor> file;
 };
