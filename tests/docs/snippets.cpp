@@ -13,7 +13,12 @@ class CapturedOutput {
     CapturedOutput(CapturedOutput const&) = delete;
     CapturedOutput& operator=(CapturedOutput const&) = delete;
 
-    std::string text() const { return stream_.str(); }
+    /// With line feeds alone: error texts end their lines in carriage returns too.
+    std::string text() const {
+        std::string text = stream_.str();
+        std::erase(text, '\r');
+        return text;
+    }
 
   private:
     std::ostringstream stream_;
@@ -23,7 +28,9 @@ class CapturedOutput {
 std::string outputOf(Snippet const& snippet) {
     CapturedOutput const output;
     try {
-        snippet.run();
+        if (int const status = snippet.run(); status != 0) {
+            return output.text() + "exit status " + std::to_string(status) + '\n';
+        }
     } catch (std::exception const& error) {
         return output.text() + "exception: " + error.what() + '\n';
     }

@@ -19,7 +19,7 @@ inline std::string utf8(std::u16string const& text) { return std::filesystem::pa
 /// A block of C++ in a document: its first line, what it does, and what it must print.
 struct Snippet {
     int line;
-    std::function<void()> run;
+    std::function<int()> run;  // returns what main would
     std::string expected;
 };
 

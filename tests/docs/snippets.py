@@ -46,11 +46,13 @@ for line, code, expected in blocks:
     name = f"line{line}"
     inclusions += re.findall(r"^#include .*$", code, re.MULTILINE)
     code = re.sub(r"^#include .*$", "", code, flags=re.MULTILINE)  # keeps the lines' numbers
-    program = re.sub(r"^int main\(\)", "int run()", code, flags=re.MULTILINE)
-    if program == code:
-        program = f"void run() {{\n#line {line}\n{code}}}\n"
-    functions.append(f'namespace {name} {{\n#line {line} "{document}"\n{program}}}\n')
-    entries.append(f"{{{line}, [] {{ {name}::run(); }},\n    {literal(expected)}}},\n")
+    main = re.search(r"^int main\(\) {\n.*?(?=^}$)", code, re.MULTILINE | re.DOTALL)
+    if main:
+        code = f"{code[: main.end()]}return 0;\n{code[main.end() :]}".replace("int main()", "int run()")
+    else:
+        code = f"int run() {{\n#line {line}\n{code}return 0;\n}}\n"
+    functions.append(f'namespace {name} {{\n#line {line} "{document}"\n{code}}}\n')
+    entries.append(f"{{{line}, {name}::run,\n    {literal(expected)}}},\n")
 
 pathlib.Path(sys.argv[2]).write_text(
     "\n".join(dict.fromkeys(inclusions))

@@ -4,9 +4,9 @@
 //     hostile PATH...
 //
 // A path is a script or a directory of scripts. A script that is known to end the process, or never
-// to end, must do so as it is known to. The exit status is 0, 1 where something was not as expected,
-// 2 for a file that cannot be understood, and 77 where V8 survives a script now that it is known
-// not to survive. The last lines name the scripts that this is about.
+// to end, must do so as it is known to. The exit status is 0, 1 where something was not as
+// expected, 2 for a file that cannot be understood, and 77 where V8 survives a script now that it
+// is known not to survive. The last lines name the scripts that this is about.
 #include <algorithm>
 #include <exception>
 #include <filesystem>
@@ -74,7 +74,8 @@ void run(Case const& test, Outcome& outcome) {
 
 int test(std::vector<Case> cases) {
     // The hopeless scripts run in forked children. A fork is possible only until V8 has started.
-    std::ranges::stable_partition(cases, [](Case const& test) { return test.script.isHopeless(); });
+    std::stable_partition(cases.begin(), cases.end(),
+                          [](Case const& test) { return test.script.isHopeless(); });
     Outcome outcome;
     for (Case const& test : cases) run(test, outcome);
     for (std::string const& name : outcome.unexpectedSurvivals) {
