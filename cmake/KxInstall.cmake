@@ -9,7 +9,7 @@ include(CMakePackageConfigHelpers)
 set(_headers
     convert/Converter.h
     host/KxJsFailure.h
-    host/KxJsColumns.h
+    columns/KxJsColumns.h
     host/KxJsParser.h
     host/KxJsVariable.h
     library/Catalogues.h

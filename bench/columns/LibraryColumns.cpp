@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "columns/ColumnPeer.h"
+#include "columns/KxJsColumns.h"
 #include "convert/Converter.h"
-#include "host/KxJsColumns.h"
 #include "host/KxJsParser.h"
 
 namespace bench {

@@ -3,10 +3,10 @@
 #include <mutex>
 #include <utility>
 
-#include "host/Engine.h"
-#include "host/IsolateEndNotice.h"
+#include "engine/Engine.h"
+#include "engine/IsolateEndNotice.h"
+#include "engine/StackBounds.h"
 #include "host/IsolateRecord.h"
-#include "host/StackBounds.h"
 
 namespace kx {
 

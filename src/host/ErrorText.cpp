@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/NumberText.h"
-#include "host/Text.h"
+#include "engine/Text.h"
+#include "text/NumberText.h"
 
 namespace kx {
 

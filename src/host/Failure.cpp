@@ -4,8 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "host/Text.h"
-#include "host/V8Compat.h"
+#include "engine/Text.h"
+#include "engine/V8Compat.h"
 #include "text/LineEnd.h"
 #include "text/NameUnits.h"
 

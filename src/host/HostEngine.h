@@ -10,10 +10,10 @@
 
 #include <v8.h>
 
+#include "engine/RunControl.h"
+#include "engine/Watchdog.h"
 #include "host/Carriers.h"
 #include "host/IsolateRecord.h"
-#include "host/RunControl.h"
-#include "host/Watchdog.h"
 
 namespace kx {
 

@@ -7,10 +7,10 @@
 
 #include <v8.h>
 
+#include "engine/PersistentHandle.h"
 #include "host/Carriers.h"
 #include "host/CompiledScript.h"
 #include "host/KxJsVariable.h"
-#include "host/PersistentHandle.h"
 
 namespace kx {
 

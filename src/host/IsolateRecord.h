@@ -7,11 +7,11 @@
 
 #include <v8.h>
 
-#include "host/CountingAllocator.h"
-#include "host/Engine.h"
+#include "engine/CountingAllocator.h"
+#include "engine/Engine.h"
+#include "engine/MemoryWatch.h"
+#include "engine/PersistentHandle.h"
 #include "host/HostRemains.h"
-#include "host/MemoryWatch.h"
-#include "host/PersistentHandle.h"
 
 namespace kx {
 
@@ -46,6 +46,9 @@ class IsolateRecord {
         v8::Isolate* const mine = isolate();
         return mine != nullptr && mine == v8::Isolate::TryGetCurrent() && !isForkedChild();
     }
+
+    /// The handles that the library holds in the isolate.
+    OwnHandles& handles() { return handles_; }
 
     /// Whether the library has made the isolate.
     bool isOwn() const { return allocator_ != nullptr; }
@@ -88,6 +91,7 @@ class IsolateRecord {
 
     std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
+    OwnHandles handles_;
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
     std::mutex mutex_;  // guards parked_

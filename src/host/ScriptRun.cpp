@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "host/NumberText.h"
+#include "text/NumberText.h"
 
 namespace kx {
 

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "FailingNew.h"
+#include "columns/KxJsColumns.h"
 #include "convert/Converter.h"
-#include "host/KxJsColumns.h"
 #include "host/KxJsParser.h"
 #include "host/KxJsVariable.h"
 #include "library/Catalogues.h"

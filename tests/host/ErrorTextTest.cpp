@@ -4,8 +4,8 @@
 #include <string>
 
 #include "ScriptHost.h"
+#include "engine/Text.h"
 #include "host/ErrorText.h"
-#include "host/Text.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "Cases.h"
+#include "columns/KxJsColumns.h"
 #include "convert/Converter.h"
-#include "host/KxJsColumns.h"
 #include "host/KxJsParser.h"
 
 namespace {

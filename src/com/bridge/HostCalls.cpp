@@ -3,9 +3,9 @@
 
 #include "com/bridge/Calls.h"
 #include "com/bridge/Transfer.h"
+#include "engine/StackBounds.h"
 #include "host/KxJsParser.h"
 #include "host/KxJsVariable.h"
-#include "host/StackBounds.h"
 
 // The calls that work on one script host.
 

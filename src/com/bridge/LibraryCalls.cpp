@@ -4,8 +4,8 @@
 #include "com/bridge/Calls.h"
 #include "com/bridge/Transfer.h"
 #include "convert/Converter.h"
+#include "engine/StackBounds.h"
 #include "host/KxJsParser.h"
-#include "host/StackBounds.h"
 #include "library/Catalogues.h"
 
 // The calls that need no script host of the client's.

@@ -10,7 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "host/KxJsColumns.h"
+#include "columns/KxJsColumns.h"
 #include "host/KxJsParser.h"
 
 namespace {

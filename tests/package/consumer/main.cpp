@@ -1,9 +1,9 @@
 // The smallest use of every installed header; the status tells whether the results are right.
 
+#include <columns/KxJsColumns.h>
 #include <convert/Converter.h>
 #include <cstdint>
 #include <cstdio>
-#include <host/KxJsColumns.h>
 #include <host/KxJsParser.h>
 #include <host/KxJsVariable.h>
 #include <library/Catalogues.h>

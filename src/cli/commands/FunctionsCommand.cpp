@@ -1,0 +1,30 @@
+#include <CLI/App.hpp>
+#include <memory>
+#include <string>
+
+#include "cli/commands/Commands.h"
+#include "cli/formula/FunctionHelp.h"
+#include "cli/io/Output.h"
+
+namespace kx {
+
+void addFunctions(CLI::App& app, Command& chosen) {
+    CLI::App* const functions =
+        app.add_subcommand("functions", "List the built-in functions, or explain one");
+    auto const name = std::make_shared<std::string>();
+    functions->add_option("NAME", *name, "Name of a function, in any letter case")->type_name("");
+    functions->footer("Example: kxjs functions ROUND");
+    functions->callback([=, &chosen] {
+        chosen = [=] {
+            if (name->empty()) {
+                printFunctions();
+            } else {
+                printFunction(*name);
+            }
+            flushOutput();
+            return EXIT_STATUS_OK;
+        };
+    });
+}
+
+}  // namespace kx

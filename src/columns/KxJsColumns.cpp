@@ -1,0 +1,51 @@
+#include "columns/KxJsColumns.h"
+
+#include <utility>
+
+#include "columns/ColumnEvaluation.h"
+
+KxJsColumns::SharedText::SharedText(std::u16string text) {
+    text.shrink_to_fit();  // there may be millions
+    _mText = std::make_shared<std::u16string const>(std::move(text));
+}
+
+std::u16string const& KxJsColumns::SharedText::str() const {
+    static std::u16string const kEmpty;
+    return _mText == nullptr ? kEmpty : *_mText;
+}
+
+KxJsColumns::KxJsColumns(KxJsParser& host)
+    : _mEvaluation(std::make_unique<kx::ColumnEvaluation>(host)) {}
+KxJsColumns::~KxJsColumns() = default;
+
+void KxJsColumns::bind(std::u16string const& name, double const* values) {
+    _mEvaluation->bind(name, values);
+}
+void KxJsColumns::bind(std::u16string const& name, std::int32_t const* values) {
+    _mEvaluation->bind(name, values);
+}
+void KxJsColumns::bind(std::u16string const& name, bool const* values) {
+    _mEvaluation->bind(name, values);
+}
+void KxJsColumns::bind(std::u16string const& name, std::u16string const* values) {
+    _mEvaluation->bind(name, values);
+}
+void KxJsColumns::bind(std::u16string const& name, std::u16string_view const* values) {
+    _mEvaluation->bind(name, values);
+}
+
+bool KxJsColumns::compile(std::u16string const& source, std::u16string& error) {
+    return _mEvaluation->compile(source, error);
+}
+
+KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, std::u16string* results) {
+    return _mEvaluation->evaluate(count, results);
+}
+KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, double* results) {
+    return _mEvaluation->evaluate(count, results);
+}
+KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, bool* results) {
+    return _mEvaluation->evaluate(count, results);
+}
+
+void KxJsColumns::setProgress(Progress progress) { _mEvaluation->setProgress(std::move(progress)); }

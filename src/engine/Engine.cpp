@@ -1,0 +1,40 @@
+#include "engine/Engine.h"
+
+#include <atomic>
+#include <memory>
+#include <pthread.h>
+
+#include <libplatform/libplatform.h>
+#include <v8.h>
+
+#include "engine/InterruptibleBuiltins.h"
+#include "engine/V8Compat.h"
+
+namespace kx {
+
+std::atomic<bool> forkedChild = false;
+
+namespace {
+
+bool start() {
+    [[maybe_unused]] int const ignored = pthread_atfork(
+        nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
+    registerInterruptibleBuiltins();
+    if (v8compat::isEngineRunning()) return false;
+    // Nothing but the watchdog runs on a thread of the library's own, and that runs no script; so
+    // the engine needs no threads either.
+    v8::V8::SetFlagsFromString("--single-threaded");
+    // Its memory is invisible to the limits, and formulas have no use for it.
+    v8::V8::SetFlagsFromString("--no-expose-wasm");
+    // Kept for ever: scripts may still run while the process destroys its static objects.
+    static v8::Platform* const platform =
+        v8::platform::NewSingleThreadedDefaultPlatform().release();
+    v8::V8::InitializePlatform(platform);
+    return v8::V8::Initialize();
+}
+
+}  // namespace
+
+void startEngine() { [[maybe_unused]] static bool const started = start(); }
+
+}  // namespace kx

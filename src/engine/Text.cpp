@@ -1,0 +1,55 @@
+#include "engine/Text.h"
+
+#include <cstdint>
+
+#include "engine/V8Compat.h"
+#include "text/NumberText.h"
+
+namespace kx {
+
+namespace {
+
+v8::Local<v8::String> newString(v8::Isolate* isolate, std::u16string_view text,
+                                v8::NewStringType type) {
+    if (text.size() > static_cast<std::size_t>(v8::String::kMaxLength)) return {};
+    return v8::String::NewFromTwoByte(isolate, reinterpret_cast<std::uint16_t const*>(text.data()),
+                                      type, static_cast<int>(text.size()))
+        .FromMaybe(v8::Local<v8::String>());
+}
+
+}  // namespace
+
+v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text) {
+    return newString(isolate, text, v8::NewStringType::kNormal);
+}
+
+v8::Local<v8::String> toEngineName(v8::Isolate* isolate, std::u16string_view text) {
+    return newString(isolate, text, v8::NewStringType::kInternalized);
+}
+
+std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text) {
+    if (text.IsEmpty()) return {};
+    std::u16string result(static_cast<std::size_t>(text->Length()), u'\0');
+    v8compat::writeCodeUnits(isolate, text, result.data());
+    if (contains(result, u'\0')) result.resize(result.find(u'\0'));
+    return result;
+}
+
+bool contains(std::u16string_view text, char16_t unit) {
+    bool isFound = false;
+    for (char16_t const each : text) isFound |= each == unit;
+    return isFound;
+}
+
+std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                           v8::Local<v8::Value> value) {
+    if (value.IsEmpty()) return {};
+    // Asked for first, because the engine answers this without a call.
+    if (value->IsString()) return fromEngineString(isolate, value.As<v8::String>());
+    if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
+    v8::Local<v8::String> text;
+    if (!value->ToString(context).ToLocal(&text)) return {};
+    return fromEngineString(isolate, text);
+}
+
+}  // namespace kx

@@ -1,0 +1,38 @@
+#include "engine/V8Compat.h"
+
+#include <cstdint>
+
+#include <v8-version.h>
+
+// Exported by every libnode though no public header declares it. Weak, so that an engine without
+// it still links; such an engine must then be started by this library.
+namespace v8::debug {
+__attribute__((weak)) v8::Platform* GetCurrentPlatform();
+}
+
+namespace kx::v8compat {
+
+bool isEngineRunning() {
+    return v8::debug::GetCurrentPlatform != nullptr && v8::debug::GetCurrentPlatform() != nullptr;
+}
+
+void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
+                         v8::Local<v8::ObjectTemplate> target, v8::Local<v8::String> name,
+                         v8::AccessorNameGetterCallback getter) {
+#if V8_MAJOR_VERSION >= 12
+    target->SetNativeDataProperty(name, getter);
+#else
+    target->SetAccessor(v8::Local<v8::Name>(name), getter);
+#endif
+}
+
+void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target) {
+    auto* const units = reinterpret_cast<std::uint16_t*>(target);
+#if V8_MAJOR_VERSION >= 14
+    text->WriteV2(isolate, 0, static_cast<std::uint32_t>(text->Length()), units);
+#else
+    text->Write(isolate, units, 0, text->Length(), v8::String::NO_NULL_TERMINATION);
+#endif
+}
+
+}  // namespace kx::v8compat

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include <v8.h>
+
+/// The engine calls whose form differs between the V8 versions that this library builds with, or
+/// that need knowledge of a version. Everything else in the room is written once.
+namespace kx::v8compat {
+
+/// No typed array has more elements than this, whatever they are.
+#if V8_MAJOR_VERSION >= 12
+constexpr std::size_t kMostArrayElements = v8::BigUint64Array::kMaxLength;
+#else
+constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
+#endif
+
+/// Whether the application has started V8 in this process by itself. Starting it a second time
+/// ends the process, and the engine has no public question for it.
+bool isEngineRunning();
+
+/// A template property that scripts can read and not write.
+void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,
+                         v8::Local<v8::String> name, v8::AccessorNameGetterCallback getter);
+
+/// The aligned pointer in the internal field `index` of `object`; null where none was ever set and
+/// the object is no global object.
+inline void* alignedPointerOrNull(v8::Local<v8::Object> object, int index) {
+    // What a field holds at first is a tagged reference, whose lowest bit is set.
+    void* const pointer = object->GetAlignedPointerFromInternalField(index);
+    return (reinterpret_cast<std::uintptr_t>(pointer) & 1) == 0 ? pointer : nullptr;
+}
+
+/// A handle to what `strong` holds, valid as long as `strong` is neither destroyed nor reset.
+/// Unlike a handle of a scope it costs nothing.
+template <class T>
+v8::Local<T> localOf([[maybe_unused]] v8::Isolate* isolate, v8::Global<T> const& strong) {
+#ifdef V8_ENABLE_DIRECT_HANDLE
+    return strong.Get(isolate);
+#else
+    // Both are the address of a cell that holds the object.
+    static_assert(sizeof(v8::Local<T>) == sizeof(v8::Global<T>));
+    return reinterpret_cast<v8::Local<T> const&>(strong);
+#endif
+}
+
+/// What `object` inherits from directly, or null. Runs no script where `object` is no proxy.
+inline v8::Local<v8::Value> prototypeOf(v8::Local<v8::Object> object) {
+#if V8_MAJOR_VERSION >= 13
+    return object->GetPrototypeV2();
+#else
+    return object->GetPrototype();
+#endif
+}
+
+/// Copies the code units of `text` to `target`, which has room for text->Length() of them.
+void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);
+
+}  // namespace kx::v8compat

@@ -1,0 +1,107 @@
+#include "engine/Watchdog.h"
+
+#include <algorithm>
+#include <csignal>
+
+#include "engine/Engine.h"
+
+namespace kx {
+
+namespace {
+
+/// A run that goes on after it was asked to end has found something else to do.
+constexpr std::chrono::milliseconds kAskAgainAfter{20};
+
+/// Keeps the application's signals away from threads that are started meanwhile: it handles them in
+/// threads of its own choice.
+class SignalsBlocked {
+  public:
+    SignalsBlocked() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(SignalsBlocked const&) = delete;
+    SignalsBlocked& operator=(SignalsBlocked const&) = delete;
+
+  private:
+    sigset_t before_{};
+};
+
+}  // namespace
+
+std::shared_ptr<Watchdog> Watchdog::acquire() {
+    // Never destroyed: hosts that are static objects let go of the watchdog very late.
+    static auto& mutex = *new std::mutex;
+    static auto& current = *new std::weak_ptr<Watchdog>;
+    std::lock_guard const lock(mutex);
+    std::shared_ptr<Watchdog> watchdog = current.lock();
+    if (watchdog == nullptr) {
+        // A forked child has no thread that could be joined.
+        watchdog = std::shared_ptr<Watchdog>(new Watchdog, [](Watchdog* last) {
+            if (!isForkedChild()) delete last;
+        });
+        current = watchdog;
+    }
+    return watchdog;
+}
+
+Watchdog::Watchdog() {
+    SignalsBlocked const whileStarting;
+    thread_ = std::thread([this] { watchRuns(); });
+}
+
+Watchdog::~Watchdog() {
+    {
+        std::lock_guard const lock(mutex_);
+        isStopping_ = true;
+    }
+    changed_.notify_one();
+    thread_.join();
+}
+
+void Watchdog::watch(RunControl& control, Clock::time_point deadline) {
+    bool isFirst = false;
+    {
+        std::lock_guard const lock(mutex_);
+        entries_.push_back({&control, deadline});
+        isFirst = deadline < sleepsUntil_;
+        if (isFirst) sleepsUntil_ = deadline;
+    }
+    // Most runs end long before their deadline, and the next one's is later than what the thread
+    // sleeps for already: waking it is the exception.
+    if (isFirst) changed_.notify_one();
+}
+
+void Watchdog::giveUp(RunControl& control) {
+    std::lock_guard const lock(mutex_);
+    std::erase_if(entries_, [&control](Entry const& entry) { return entry.control == &control; });
+}
+
+void Watchdog::watchRuns() {
+    std::unique_lock lock(mutex_);
+    while (!isStopping_) {
+        sleepsUntil_ = endOverdueRuns();
+        if (sleepsUntil_ == Clock::time_point::max()) {
+            changed_.wait(lock);
+        } else {
+            changed_.wait_until(lock, sleepsUntil_);
+        }
+    }
+}
+
+Watchdog::Clock::time_point Watchdog::endOverdueRuns() {
+    Clock::time_point const now = Clock::now();
+    Clock::time_point next = Clock::time_point::max();
+    for (Entry& entry : entries_) {
+        if (entry.deadline <= now) {
+            entry.control->requestEnd(EndReason::timeLimit);
+            entry.deadline = now + kAskAgainAfter;
+        }
+        next = std::min(next, entry.deadline);
+    }
+    return next;
+}
+
+}  // namespace kx

@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+#include "engine/Text.h"
+#include "host/ScriptHost.h"
+
+namespace {
+
+TEST(Text, convertsThereAndBack) {
+    ScriptHost host;  // makes an isolate for the thread
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
+    for (std::u16string const text :
+         {u"", u"a", u"Grüße", u"中文", u"\U0001F600", u"\xD800 lone", u"\xDC00"}) {
+        v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
+        EXPECT_EQ(engineText->Length(), static_cast<int>(text.size()));
+        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), text);
+    }
+}
+
+TEST(Text, endsAtTheFirstZero) {
+    ScriptHost host;
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
+    std::u16string const text(u"ab\0cd", 5);
+    v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
+    EXPECT_EQ(engineText->Length(), 5);
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), u"ab");
+}
+
+TEST(Text, isEmptyForAnEmptyHandle) {
+    ScriptHost host;
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(v8::Local<v8::String>()), u"");
+}
+
+TEST(Text, convertsAnyValue) {
+    ScriptHost host;
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = v8::Context::New(isolate);
+    v8::Context::Scope const entered(context);
+    v8::Local<v8::Value> const number = v8::Number::New(isolate, 2.5);
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(number), u"2.5");
+}
+
+TEST(Text, hasNoEngineStringBeyondItsLimit) {
+    ScriptHost host;
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
+    // Refused by its length alone, before a single unit is read.
+    char16_t const unit = u'x';
+    std::u16string_view const text(&unit, static_cast<std::size_t>(v8::String::kMaxLength) + 1);
+    EXPECT_TRUE(kx::toEngineString(v8::Isolate::GetCurrent(), text).IsEmpty());
+}
+
+}  // namespace
