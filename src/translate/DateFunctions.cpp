@@ -77,13 +77,14 @@ return now.getHours() * 3600 + now.getMinutes() * 60 + now.getSeconds() +
         .scale = ScaleRule::zero,
     },
     {
-        .row{.name = u"CMONTH",
-             .parameters{{u"date", u"A date"}},
-             .description = u"The name of a date's month",
-             .returns = u"An English name; the empty text for the empty date",
-             .body =
-                 uR"(return asDate('CMONTH', 1, date).jd === 0 ? '' : monthNames[calendar(date.jd).month - 1];)",
-             .examples{u"CMONTH(STOD(\"20200131\")) &rarr; January"}},
+        .row{
+            .name = u"CMONTH",
+            .parameters{{u"date", u"A date"}},
+            .description = u"The name of a date's month",
+            .returns = u"An English name; the empty text for the empty date",
+            .body =
+                uR"(return asDate('CMONTH', 1, date).jd === 0 ? '' : monthNames[calendar(date.jd).month - 1];)",
+            .examples{u"CMONTH(STOD(\"20200131\")) &rarr; January"}},
         .result = Kind::text,
     },
     {

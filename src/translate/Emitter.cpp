@@ -47,7 +47,7 @@ class Emitter {
                 writeText(node);
                 break;
             case NodeKind::date:
-                open(u"day");
+                open(u"jd");
                 writeValue(node.number);
                 js_ += u')';
                 break;
@@ -90,8 +90,7 @@ class Emitter {
 
     void writeValue(double value) {
         std::array<char, 32> digits{};
-        auto const end =
-            std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+        auto const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         js_.append(digits.data(), end);
     }
 
@@ -239,7 +238,23 @@ class Emitter {
         }
     }
 
+    /// A call of IIF or ICASE with fewer arguments than two.
+    void writeMissing(std::u16string_view name, Node const& node) {
+        open(u"missing");
+        js_ += u'"';
+        js_ += name;
+        js_ += u"\",";
+        writeValue(node.childCount + 1);
+        js_ += u')';
+    }
+
     void writeChoice(Node const& node) {
+        if (node.childCount < 2) {
+            writeMissing(u"IIF", node);
+            return;
+        }
+        bool const hasSurplus = node.childCount > 3;
+        if (hasSurplus) open(u"first");
         js_ += u'(';
         writeLogical(tree_.child(node, 0), u"IIF");
         js_ += u'?';
@@ -251,12 +266,19 @@ class Emitter {
             js_ += u"null";
         }
         js_ += u')';
+        if (!hasSurplus) return;
+        js_ += u',';
+        writeArguments(tree_.child(node, 2).nextSibling, kNoNode);
+        js_ += u')';
     }
 
     /// ICASE: pairs of a condition and a value, and what is left without a condition.
     void writeCases(Node const& node) {
+        if (node.childCount < 2) {
+            writeMissing(u"ICASE", node);
+            return;
+        }
         NodeIndex index = node.firstChild;
-        std::uint32_t pairs = 0;
         js_ += u'(';
         while (index != kNoNode && tree_.nodes[index].nextSibling != kNoNode) {
             writeLogical(tree_.nodes[index], u"ICASE");
@@ -265,7 +287,6 @@ class Emitter {
             writeOr(u"null", tree_.nodes[index]);
             js_ += u':';
             index = tree_.nodes[index].nextSibling;
-            ++pairs;
         }
         if (index == kNoNode) {
             js_ += u"null";
@@ -296,10 +317,10 @@ class Emitter {
     }
 
     /// Arguments from `index` to the one before `end`.
-    void writeArguments(NodeIndex index, NodeIndex end) {
+    void writeArguments(NodeIndex index, NodeIndex end, std::u16string_view omitted = u"void 0") {
         for (bool isFirst = true; index != end; isFirst = false) {
             if (!isFirst) js_ += u',';
-            write(tree_.nodes[index]);
+            writeOr(omitted, tree_.nodes[index]);
             index = tree_.nodes[index].nextSibling;
         }
     }
@@ -317,11 +338,11 @@ class Emitter {
         js_ += settings_.runTime;
         js_ += u'.';
         for (char16_t const* unit = function.row.name; *unit != u'\0'; ++unit) {
-            js_ += *unit >= u'A' && *unit <= u'Z' ? static_cast<char16_t>(*unit - u'A' + u'a')
-                                                  : *unit;
+            js_ +=
+                *unit >= u'A' && *unit <= u'Z' ? static_cast<char16_t>(*unit - u'A' + u'a') : *unit;
         }
         js_ += u'(';
-        writeArguments(node.firstChild, end);
+        writeArguments(node.firstChild, end, function.isOmittedNil ? u"null" : u"void 0");
         writeScale(node);
         js_ += u')';
         if (!hasSurplus) return;

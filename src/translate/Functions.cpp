@@ -10,10 +10,10 @@ namespace {
 using Meaning = FunctionName::Meaning;
 
 constexpr auto kInstalledOnly = std::to_array<std::u16string_view>({
-    u"ANTILOG",  u"BUMP",    u"CONCAT",   u"COND",    u"EVEN",    u"FRAC",
-    u"IOCCURS",  u"ISALNUM", u"ISASCII",  u"ISCNTRL", u"ISGRAPH", u"ISPRINT",
-    u"ISPUNCT",  u"ISSPACE", u"ISXDIGIT", u"LISTFUNCT", u"LOCATE", u"ODD",
-    u"REPLACE",  u"RPAD",    u"STRZ",     u"SWITCH",  u"TRUNCATE",
+    u"ANTILOG", u"BUMP",    u"CONCAT",   u"COND",      u"EVEN",     u"FRAC",
+    u"IOCCURS", u"ISALNUM", u"ISASCII",  u"ISCNTRL",   u"ISGRAPH",  u"ISPRINT",
+    u"ISPUNCT", u"ISSPACE", u"ISXDIGIT", u"LISTFUNCT", u"LOCATE",   u"ODD",
+    u"REPLACE", u"RPAD",    u"STRZ",     u"SWITCH",    u"TRUNCATE",
 });
 
 struct Entry {
@@ -46,9 +46,9 @@ FunctionName findCut(std::vector<Entry> const& index, std::vector<Entry>::const_
     FunctionName found;
     for (; from != index.end() && from->name.starts_with(name); ++from) {
         if (from->meaning.meaning == Meaning::installed) continue;
-        bool const isOther = found.meaning != Meaning::unknown &&
-                             (found.meaning != from->meaning.meaning ||
-                              found.function != from->meaning.function);
+        bool const isOther =
+            found.meaning != Meaning::unknown &&
+            (found.meaning != from->meaning.meaning || found.function != from->meaning.function);
         if (isOther) return {Meaning::ambiguous};
         found = from->meaning;
     }

@@ -23,6 +23,7 @@ struct LanguageFunction {
     ScaleRule scale = ScaleRule::none;
     Scaled scaled = Scaled::no;
     bool isVariadic = false;
+    bool isOmittedNil = false;  // an argument left out between commas is NIL, not a missing one
 };
 
 using LanguageTable = std::initializer_list<LanguageFunction>;
@@ -35,7 +36,14 @@ extern LanguageTable const valueFunctions;
 
 /// What a function's name in a formula means.
 struct FunctionName {
-    enum class Meaning : std::uint8_t { unknown, language, installed, ambiguous, cases, evaluation };
+    enum class Meaning : std::uint8_t {
+        unknown,
+        language,
+        installed,
+        ambiguous,
+        cases,
+        evaluation
+    };
     Meaning meaning = Meaning::unknown;
     LanguageFunction const* function = nullptr;  // language
 };

@@ -34,9 +34,7 @@ Kind binaryKind(Operator op, Kind a, Kind b) {
     }
 }
 
-bool isWholeLiteral(Node const& node) {
-    return node.kind == NodeKind::number && node.scale == 0;
-}
+bool isWholeLiteral(Node const& node) { return node.kind == NodeKind::number && node.scale == 0; }
 
 std::int16_t binaryScale(Operator op, Node const& a, Node const& b) {
     bool const areKnown = a.scale != kNoScale && b.scale != kNoScale;

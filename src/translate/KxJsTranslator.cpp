@@ -40,8 +40,8 @@ bool hasOnce(std::u16string_view format, char16_t letter, std::size_t count) {
 }
 
 bool isDateFormat(std::u16string_view format) {
-    bool const isPrintable = std::none_of(format.begin(), format.end(),
-                                          [](char16_t unit) { return unit < u' '; });
+    bool const isPrintable =
+        std::none_of(format.begin(), format.end(), [](char16_t unit) { return unit < u' '; });
     return isPrintable && (hasOnce(format, u'Y', 4) || hasOnce(format, u'Y', 2)) &&
            hasOnce(format, u'M', 2) && hasOnce(format, u'D', 2);
 }
@@ -114,8 +114,7 @@ KxJsTranslator::Translation KxJsTranslator::translate(std::u16string_view formul
     translate::Parser parser(formula, data_->settings, tree, obstacles);
     Translation translation;
     if (auto error = parser.parse()) {
-        translation.findings.push_back(
-            findingOf(u"SYNTAX", error->place, std::move(error->text)));
+        translation.findings.push_back(findingOf(u"SYNTAX", error->place, std::move(error->text)));
         return translation;
     }
     std::stable_sort(obstacles.begin(), obstacles.end(),
@@ -138,8 +137,7 @@ std::u16string const& KxJsTranslator::runTimePart() { return translate::runTimeP
 std::vector<KxJsFunction> KxJsTranslator::functions() {
     std::vector<KxJsFunction> records;
     for (translate::LanguageFunction const* const function : translate::languageFunctions()) {
-        records.push_back(
-            kx::buildRecord(u"functions of the translated language", function->row));
+        records.push_back(kx::buildRecord(u"functions of the translated language", function->row));
     }
     return records;
 }

@@ -76,7 +76,7 @@ class KXJS_API KxJsTranslator {
 
     /// A formula's translation.
     struct Translation {
-        std::u16string javaScript;     ///< one expression; empty where there are findings
+        std::u16string javaScript;      ///< one expression; empty where there are findings
         std::vector<Finding> findings;  ///< one of the code "SYNTAX", or all others in order
         /// The variables of the formula, as the JavaScript has them, in order, each once.
         std::vector<std::u16string> variables;

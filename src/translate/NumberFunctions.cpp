@@ -7,8 +7,9 @@ LanguageTable const numberFunctions = {
     {
         .row{.name = u"STR",
              .parameters{{u"number", u"A number"},
-                         {u"width", u"The length of the result; 10 without it, and more where "
-                                    u"there are decimals"},
+                         {u"width",
+                          u"The length of the result; 10 without it, and more where "
+                          u"there are decimals"},
                          {u"decimals", u"The number of decimals"}},
              .description = u"A number as text, rounded half away from zero",
              .returns = u"A text with the number at its right end; asterisks where there is no "
@@ -19,14 +20,15 @@ LanguageTable const numberFunctions = {
         .scaled = Scaled::yes,
     },
     {
-        .row{.name = u"STRZERO",
-             .parameters{{u"number", u"A number"},
-                         {u"width", u"The length of the result"},
-                         {u"decimals", u"The number of decimals"}},
-             .description = u"A number as text with leading zeros",
-             .returns = u"What STR gives, filled with zeros, the sign in front",
-             .body = uR"(return zeroFilled(str('STRZERO', number, width, decimals, arguments[3]));)",
-             .examples{u"STRZERO(-10, 5) &rarr; -0010"}},
+        .row{
+            .name = u"STRZERO",
+            .parameters{{u"number", u"A number"},
+                        {u"width", u"The length of the result"},
+                        {u"decimals", u"The number of decimals"}},
+            .description = u"A number as text with leading zeros",
+            .returns = u"What STR gives, filled with zeros, the sign in front",
+            .body = uR"(return zeroFilled(str('STRZERO', number, width, decimals, arguments[3]));)",
+            .examples{u"STRZERO(-10, 5) &rarr; -0010"}},
         .result = Kind::text,
         .scaled = Scaled::yes,
     },
@@ -65,7 +67,8 @@ LanguageTable const numberFunctions = {
                          {u"decimals", u"The number of decimals; negative for tens, hundreds ..."}},
              .description = u"Rounds half away from zero",
              .returns = u"The rounded number",
-             .body = uR"(return round(asNumber('ROUND', 1, number), asWhole('ROUND', 2, decimals));)",
+             .body =
+                 uR"(return round(asNumber('ROUND', 1, number), asWhole('ROUND', 2, decimals));)",
              .examples{u"ROUND(2.675, 2) &rarr; 2.68", u"ROUND(50, -2) &rarr; 100"}},
         .result = Kind::number,
         .scale = ScaleRule::ofRounding,
@@ -81,13 +84,15 @@ LanguageTable const numberFunctions = {
         .scale = ScaleRule::ofArgument,
     },
     {
-        .row{.name = u"MOD",
-             .parameters{{u"dividend", u"A number"}, {u"divisor", u"A number other than 0"}},
-             .description = u"The rest of a division",
-             .returns = u"A number with the sign of the divisor",
-             .body = uR"(const rest = asNumber('MOD', 1, dividend) % nonzero(asNumber('MOD', 2, divisor));
+        .row{
+            .name = u"MOD",
+            .parameters{{u"dividend", u"A number"}, {u"divisor", u"A number other than 0"}},
+            .description = u"The rest of a division",
+            .returns = u"A number with the sign of the divisor",
+            .body =
+                uR"(const rest = asNumber('MOD', 1, dividend) % nonzero(asNumber('MOD', 2, divisor));
 return finite(rest !== 0 && rest < 0 !== divisor < 0 ? rest + divisor : rest + 0);)",
-             .examples{u"MOD(-7, 3) &rarr; 2"}},
+            .examples{u"MOD(-7, 3) &rarr; 2"}},
         .result = Kind::number,
         .scale = ScaleRule::two,
     },
@@ -151,12 +156,13 @@ return finite(rest !== 0 && rest < 0 !== divisor < 0 ? rest + divisor : rest + 0
         .result = Kind::number,
     },
     {
-        .row{.name = u"POWER",
-             .parameters{{u"base", u"A number"}, {u"exponent", u"A number"}},
-             .description = u"Raises a number to a power",
-             .returns = u"The power, as the operator ^ gives it",
-             .body = uR"(return power(asNumber('POWER', 1, base), asNumber('POWER', 2, exponent));)",
-             .examples{u"POWER(2, 10) &rarr; 1024"}},
+        .row{
+            .name = u"POWER",
+            .parameters{{u"base", u"A number"}, {u"exponent", u"A number"}},
+            .description = u"Raises a number to a power",
+            .returns = u"The power, as the operator ^ gives it",
+            .body = uR"(return power(asNumber('POWER', 1, base), asNumber('POWER', 2, exponent));)",
+            .examples{u"POWER(2, 10) &rarr; 1024"}},
         .result = Kind::number,
     },
     {
@@ -231,7 +237,8 @@ return finite(rest !== 0 && rest < 0 !== divisor < 0 ? rest + divisor : rest + 0
              .parameters{{u"y", u"A number"}, {u"x", u"A number"}},
              .description = u"The angle of a point, from the x axis",
              .returns = u"An angle in radians",
-             .body = uR"(return finite(Math.atan2(asNumber('ATAN2', 1, y), asNumber('ATAN2', 2, x)));)",
+             .body =
+                 uR"(return finite(Math.atan2(asNumber('ATAN2', 1, y), asNumber('ATAN2', 2, x)));)",
              .examples{u"ATAN2(0, 1) &rarr; 0"}},
         .result = Kind::number,
     },

@@ -14,7 +14,6 @@ namespace {
 using Type = Token::Type;
 
 constexpr std::uint32_t kMostNesting = 1000;
-constexpr std::uint32_t kAny = 0xFFFFFFFF;
 
 constexpr Binding tighter(Binding binding) {
     return static_cast<Binding>(static_cast<int>(binding) + 1);
@@ -72,8 +71,8 @@ Parser::Operand Parser::expression(Binding least) {
             take(token);
             Children children;
             append(children, left);
-            left = addUntranslatable(u"ASSIGNMENT", u"a variable is changed", token.place,
-                                     children, left.start);
+            left = addUntranslatable(u"ASSIGNMENT", u"a variable is changed", token.place, children,
+                                     left.start);
             continue;
         }
         if (token.type != Type::binary && token.type != Type::increment) return left;
@@ -88,8 +87,7 @@ Parser::Operand Parser::binary(Operand const& left, Token const& sign) {
     // "a--b" is a minus and the sign of b.
     if (sign.type == Type::increment) --taken.place.end;
     take(taken);
-    Operand const right =
-        expression(sign.op == Operator::assign ? binding : tighter(binding));
+    Operand const right = expression(sign.op == Operator::assign ? binding : tighter(binding));
     Children children;
     append(children, left);
     append(children, right);
@@ -123,8 +121,7 @@ bool Parser::isPostfix(Token const& increment) {
 
 void Parser::descend() {
     if (depth_ > kMostNesting) {
-        throw SyntaxError{{scanner_.position(), scanner_.position()},
-                          u"formula too deeply nested"};
+        throw SyntaxError{{scanner_.position(), scanner_.position()}, u"formula too deeply nested"};
     }
     ++depth_;
 }
@@ -261,7 +258,7 @@ Parser::Operand Parser::brace(Token const& token) {
         take(arrow);
         expect(Type::closeBrace, u"\"}\"");
     } else {
-        children = arguments(Type::closeBrace, 0, kAny);
+        children = arguments(Type::closeBrace);
     }
     return addUntranslatable(u"ARRAY", u"an array", token.place, children, token.place.start);
 }
@@ -354,12 +351,11 @@ Parser::Operand Parser::name(Token const& first) {
     if (peek().type == Type::open) {
         Token const open = peek();
         take(open);
-        Children const children = arguments(Type::close, 0, kAny);
+        Children const children = arguments(Type::close);
         bool const isObject = !made.hasArrow;
-        return addUntranslatable(
-            isObject ? u"OBJECT" : u"ALIAS_EXPRESSION",
-            isObject ? u"a method of an object" : u"a function of a work area", first.place,
-            children, first.place.start);
+        return addUntranslatable(isObject ? u"OBJECT" : u"ALIAS_EXPRESSION",
+                                 isObject ? u"a method of an object" : u"a function of a work area",
+                                 first.place, children, first.place.start);
     }
     if (isReserved(tree_.text(made))) {
         std::u16string text = u"the name ";
@@ -391,9 +387,7 @@ Parser::Operand Parser::call(Token const& name) {
     take(peek());
     bool const isChoice = upper == u"IIF" || upper == u"IF";
     FunctionName const meaning = isChoice ? FunctionName{} : findFunction(upper);
-    bool const isCases = meaning.meaning == FunctionName::Meaning::cases;
-    Children children =
-        arguments(Type::close, isChoice || isCases ? 2 : 0, isChoice ? 3 : kAny);
+    Children const children = arguments(Type::close);
     if (isChoice) {
         made.kind = NodeKind::choice;
         return add(made, children, name.place.start);
@@ -470,14 +464,13 @@ Parser::Operand Parser::typeOf(Token const& name, Children const& arguments) {
 Parser::Operand Parser::suffixes(Operand operand) {
     for (;;) {
         Token const token = peek();
-        bool const hasMembers =
-            mayHaveMembers(node(operand).kind) || node(operand).isParenthesized;
+        bool const hasMembers = mayHaveMembers(node(operand).kind) || node(operand).isParenthesized;
         Children children;
         switch (token.type) {
             case Type::bracket: {
                 append(children, operand);
                 take(token);
-                Children const keys = arguments(Type::closeBracket, 1, kAny);
+                Children const keys = arguments(Type::closeBracket);
                 tree_.nodes[operand.node].nextSibling = keys.first;
                 children.last = keys.last;
                 children.count += keys.count;
@@ -509,7 +502,7 @@ Parser::Operand Parser::suffixes(Operand operand) {
                     return operand;
                 }
                 take(token);
-                arguments(Type::close, 0, kAny);
+                arguments(Type::close);
                 operand.end = end_;
                 node(operand).place.end = end_;
                 break;
@@ -520,21 +513,19 @@ Parser::Operand Parser::suffixes(Operand operand) {
 }
 
 /// Up to and with the closing sign. Missing ones are nodes too, but for "()".
-Parser::Children Parser::arguments(Type closing, std::uint32_t fewest, std::uint32_t most) {
-    std::u16string_view const sign = closing == Type::close          ? u"\")\""
+Parser::Children Parser::arguments(Type closing) {
+    std::u16string_view const sign = closing == Type::close        ? u"\")\""
                                      : closing == Type::closeBrace ? u"\"}\""
                                                                    : u"\"]\"";
     Children children;
     isPeeked_ = false;
     if (Token const next = scanner_.operand(); next.type == closing) {
-        if (fewest > 0) failExpected(u"an operand", next);
         take(next);
         return children;
     }
     for (;;) {
         Token const next = scanner_.operand();
         bool const isOmitted = next.type == Type::comma || next.type == closing;
-        if (isOmitted && children.count == 0 && fewest > 0) failExpected(u"an operand", next);
         if (isOmitted) {
             Node omitted;
             omitted.kind = NodeKind::omitted;
@@ -545,7 +536,6 @@ Parser::Children Parser::arguments(Type closing, std::uint32_t fewest, std::uint
         }
         Token const separator = peek();
         if (separator.type == Type::comma) {
-            if (children.count >= most) failExpected(sign, separator);
             take(separator);
             continue;
         }
@@ -553,7 +543,6 @@ Parser::Children Parser::arguments(Type closing, std::uint32_t fewest, std::uint
             std::u16string expected = u"an operator, \",\" or ";
             failExpected(expected.append(sign), separator);
         }
-        if (children.count < fewest) failExpected(u"\",\"", separator);
         take(separator);
         return children;
     }
@@ -619,7 +608,7 @@ Parser::Operand Parser::add(Node node, Children const& children, std::uint32_t s
     node.place = {start, end_};
     node.firstChild = children.first;
     node.childCount = children.count;
-    if (children.count > 0 || node.kind == NodeKind::call) {
+    if (children.count > 0 || node.kind == NodeKind::call || node.kind == NodeKind::choice) {
         node.height = static_cast<std::uint16_t>(children.height + 1);
     }
     if (node.height > kMostHeight) {

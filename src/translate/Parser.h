@@ -63,12 +63,11 @@ class Parser {
     Operand object(Token const& token);
     Operand name(Token const& first);
     Operand call(Token const& name);
-    Operand choice(Token const& name, Children& arguments);
     Operand typeOf(Token const& name, Children const& arguments);
     Operand leaf(Token const& token, NodeKind kind);
     Operand binary(Operand const& left, Token const& sign);
     bool isPostfix(Token const& increment);
-    Children arguments(Token::Type closing, std::uint32_t fewest, std::uint32_t most);
+    Children arguments(Token::Type closing);
 
     Token peek();
     void take(Token const& token);

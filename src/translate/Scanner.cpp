@@ -32,9 +32,7 @@ constexpr auto kDottedWords = std::to_array<DottedWord>({
     {u"NULL", Token::Type::nil, Operator::none, false},
 });
 
-constexpr bool isBlank(char16_t unit) {
-    return unit == u' ' || unit == u'\t' || unit == u'\u00A0';
-}
+constexpr bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == u'\u00A0'; }
 constexpr bool isLineBreak(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
 constexpr bool isHexadecimal(char16_t unit) {
@@ -220,8 +218,8 @@ Token Scanner::escapedText() const {
     while (end < end_ && source_[end] != u'"' && !isLineBreak(source_[end])) {
         if (source_[end] == u'\\') {
             char16_t const escape = at(end + 1);
-            bool const isCode = escape == u'x' && isHexadecimal(at(end + 2)) &&
-                                isHexadecimal(at(end + 3));
+            bool const isCode =
+                escape == u'x' && isHexadecimal(at(end + 2)) && isHexadecimal(at(end + 3));
             bool const isKnown = escape == u'n' || escape == u'r' || escape == u't' ||
                                  escape == u'"' || escape == u'\\' || isCode;
             if (!isKnown) fail({end, end + 2}, u"unknown escape in a text");

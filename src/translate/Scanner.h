@@ -45,9 +45,9 @@ struct Token {
     };
 
     Type type = Type::end;
-    Operator op = Operator::none;  // binary. increment: add or subtract
-    bool isTrue = false;           // logical
-    bool isEscaped = false;        // text
+    Operator op = Operator::none;   // binary. increment: add or subtract
+    bool isTrue = false;            // logical
+    bool isEscaped = false;         // text
     std::int16_t scale = kNoScale;  // number: decimals as written
     Place place;
     Place content;      // text

@@ -35,13 +35,14 @@ LanguageTable const textFunctions = {
         .result = Kind::text,
     },
     {
-        .row{.name = u"ALLTRIM",
-             .parameters{{u"text", u"A text"}},
-             .description = u"Removes what LTRIM and TRIM remove",
-             .returns = u"The text without white space in front and blanks behind",
-             .body =
-                 uR"(return withoutLeadingSpace(withoutTrailingBlanks(asText('ALLTRIM', 1, text)));)",
-             .examples{u"ALLTRIM(\"  a \") &rarr; a"}},
+        .row{
+            .name = u"ALLTRIM",
+            .parameters{{u"text", u"A text"}},
+            .description = u"Removes what LTRIM and TRIM remove",
+            .returns = u"The text without white space in front and blanks behind",
+            .body =
+                uR"(return withoutLeadingSpace(withoutTrailingBlanks(asText('ALLTRIM', 1, text)));)",
+            .examples{u"ALLTRIM(\"  a \") &rarr; a"}},
         .result = Kind::text,
     },
     {
@@ -103,19 +104,20 @@ return count < 1 ? '' : text.slice(-Math.trunc(count));)",
         .result = Kind::text,
     },
     {
-        .row{.name = u"SUBSTR",
-             .parameters{{u"text", u"A text"},
-                         {u"start", u"The first unit, counted from 1; from the end if negative"},
-                         {u"count", u"How many units; without it, to the end"}},
-             .description = u"A part of a text",
-             .returns = u"The part; nothing where it lies beyond the end",
-             .body = uR"(asText('SUBSTR', 1, text);
+        .row{
+            .name = u"SUBSTR",
+            .parameters{{u"text", u"A text"},
+                        {u"start", u"The first unit, counted from 1; from the end if negative"},
+                        {u"count", u"How many units; without it, to the end"}},
+            .description = u"A part of a text",
+            .returns = u"The part; nothing where it lies beyond the end",
+            .body = uR"(asText('SUBSTR', 1, text);
 let from = asWhole('SUBSTR', 2, start);
 if (from < 0) from = Math.max(1, text.length + from + 1);
 const first = Math.max(1, from) - 1;
 const length = wholeOr('SUBSTR', 3, count, text.length);
 return length <= 0 ? '' : text.slice(first, first + length);)",
-             .examples{u"SUBSTR(\"abcdef\", 2, 3) &rarr; bcd", u"SUBSTR(\"abcdef\", -2) &rarr; ef"}},
+            .examples{u"SUBSTR(\"abcdef\", 2, 3) &rarr; bcd", u"SUBSTR(\"abcdef\", -2) &rarr; ef"}},
         .synonyms{u"SUBS", u"SUBSTRING"},
         .result = Kind::text,
     },
@@ -149,13 +151,14 @@ return text.slice(0, first) + replacement + (length < 0 ? '' : text.slice(first 
         .result = Kind::text,
     },
     {
-        .row{.name = u"REPLICATE",
-             .parameters{{u"text", u"A text"}, {u"count", u"How often"}},
-             .description = u"Repeats a text",
-             .returns = u"The text that many times; nothing for 0 or less",
-             .body =
-                 uR"(return repeated(asText('REPLICATE', 1, text), asWhole('REPLICATE', 2, count));)",
-             .examples{u"REPLICATE(\"ab\", 2) &rarr; abab"}},
+        .row{
+            .name = u"REPLICATE",
+            .parameters{{u"text", u"A text"}, {u"count", u"How often"}},
+            .description = u"Repeats a text",
+            .returns = u"The text that many times; nothing for 0 or less",
+            .body =
+                uR"(return repeated(asText('REPLICATE', 1, text), asWhole('REPLICATE', 2, count));)",
+            .examples{u"REPLICATE(\"ab\", 2) &rarr; abab"}},
         .synonyms{u"REPL", u"REPEAT"},
         .result = Kind::text,
     },

@@ -109,8 +109,9 @@ return result;)",
                          {u"begin", u"What stands in front; from the start if empty"},
                          {u"end", u"What stands behind; to the end if empty or missing"},
                          {u"which", u"The number of the occurrence of what stands in front"},
-                         {u"flags", u"Sum of 1: ignore case, 2: what stands behind may be "
-                                    u"missing, 4: with what stands around"}},
+                         {u"flags",
+                          u"Sum of 1: ignore case, 2: what stands behind may be "
+                          u"missing, 4: with what stands around"}},
              .description = u"The part of a text between two others",
              .returns = u"The part; nothing where it is not found",
              .body = uR"(asText('STREXTRACT', 1, text);
@@ -145,8 +146,9 @@ return found[asWhole('GETWORDNUM', 2, which) - 1] ?? '';)",
     },
     {
         .row{.name = u"LIKE",
-             .parameters{{u"pattern", u"A text in which ? stands for one unit and * for any "
-                                      u"number of them"},
+             .parameters{{u"pattern",
+                          u"A text in which ? stands for one unit and * for any "
+                          u"number of them"},
                          {u"text", u"A text"}},
              .description = u"Whether a whole text fits a pattern; case counts",
              .returns = u"True or false",

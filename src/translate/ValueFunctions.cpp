@@ -109,6 +109,7 @@ return shown(value, arguments[1]) ?? '';)",
         .synonyms{u"TRANS", u"TRAN"},
         .result = Kind::text,
         .scaled = Scaled::yes,
+        .isOmittedNil = true,
     },
 };
 

@@ -1,6 +1,5 @@
 // What formulas of the language mean, by a table of formulas and results.
 #include <gtest/gtest.h>
-
 #include <sstream>
 
 #include "Translated.h"
@@ -16,8 +15,7 @@ TEST(Language, FormulasGiveTheResultsOfTheTable) {
         if (line.starts_with("# ")) continue;
         std::size_t const tab = line.find('\t');
         ASSERT_NE(tab, std::string::npos) << line;
-        EXPECT_EQ(translated.run(line.substr(0, tab)), line.substr(tab + 1))
-            << line.substr(0, tab);
+        EXPECT_EQ(translated.run(line.substr(0, tab)), line.substr(tab + 1)) << line.substr(0, tab);
         ++count;
     }
     EXPECT_GT(count, 300U);

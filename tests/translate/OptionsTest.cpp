@@ -1,6 +1,5 @@
 // Variables, functions, EXACT, strictness, date formats.
 #include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "Translated.h"

@@ -1,6 +1,5 @@
 // Expressions as they stand in programs of the older language.
 #include <gtest/gtest.h>
-
 #include <sstream>
 
 #include "support/Utf8.h"

@@ -1,6 +1,5 @@
 // The records of the language's functions, for documentation.
 #include <gtest/gtest.h>
-
 #include <set>
 
 #include "Translated.h"

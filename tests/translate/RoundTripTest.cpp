@@ -1,7 +1,6 @@
 // Trees written as text, with no more parentheses than needed, are parsed to the same trees.
-#include <gtest/gtest.h>
-
 #include <array>
+#include <gtest/gtest.h>
 #include <random>
 #include <string>
 #include <vector>
@@ -80,7 +79,8 @@ class Generator {
             case 2:
                 model.kind = NodeKind::call;
                 model.text = oneOf({"LEN", "MAX", "SUBSTR", "NOSUCH"});
-                for (std::size_t i = below(4); i > 0; --i) model.children.push_back(tree(depth - 1));
+                for (std::size_t i = below(4); i > 0; --i)
+                    model.children.push_back(tree(depth - 1));
                 return model;
             case 3:
                 model.kind = NodeKind::choice;
@@ -140,11 +140,10 @@ class Generator {
                 return oneOf({"!", ".NOT. ", "NOT "}) +
                        inParentheses(model.children[0], bindingOf(model.children[0]) < kNegation);
             case NodeKind::sign:
-                return model.text +
-                       (bindingOf(model.children[0]) < kSign
-                            ? "(" + write(model.children[0]) + ")"
-                            : (model.children[0].kind == NodeKind::sign ? " " : "") +
-                                  write(model.children[0]));
+                return model.text + (bindingOf(model.children[0]) < kSign
+                                         ? "(" + write(model.children[0]) + ")"
+                                         : (model.children[0].kind == NodeKind::sign ? " " : "") +
+                                               write(model.children[0]));
             case NodeKind::call:
             case NodeKind::choice: {
                 std::string text =
@@ -185,8 +184,7 @@ class Generator {
 
 Model modelOf(Tree const& tree, std::string const& source, Node const& node) {
     Model model{node.kind, node.op, {}, {}};
-    for (auto at = node.firstChild; at != kx::translate::kNoNode;
-         at = tree.nodes[at].nextSibling) {
+    for (auto at = node.firstChild; at != kx::translate::kNoNode; at = tree.nodes[at].nextSibling) {
         model.children.push_back(modelOf(tree, source, tree.nodes[at]));
     }
     bool const isLeaf = model.children.empty() && node.kind != NodeKind::call;

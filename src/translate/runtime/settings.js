@@ -45,7 +45,7 @@ const make = (exact, format, epoch) => {
   const result = (x) => x instanceof D ? dateText(x, format) : x;
 
   const kx = {
-    D, day, add, sub, mul, div, rem, pow, neg, pos, not, l, xor, same, within, first, type,
+    D, jd: day, add, sub, mul, div, rem, pow, neg, pos, not, l, xor, same, within, first, missing, type,
     eq, ne, cmp, result,
   };
   @functions@

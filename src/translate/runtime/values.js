@@ -112,10 +112,10 @@ const within = (a, b) => areTexts(a, b) ? a !== '' && b.includes(a) : mismatch(a
 const first = (a) => a;
 
 // Arguments of functions.
+const missing = (name, i) => fail(name + ': argument ' + i + ' is missing');
 const given = (x) => !isNil(x);
-const wrong = (name, i, needed, x) => fail(
-  name + ': argument ' + i +
-  (x === undefined ? ' is missing' : ' must be ' + needed + ', found ' + kind(x)));
+const wrong = (name, i, needed, x) => x === undefined ? missing(name, i) :
+  fail(name + ': argument ' + i + ' must be ' + needed + ', found ' + kind(x));
 const asText = (name, i, x) => typeof x === 'string' ? x : wrong(name, i, 'a text', x);
 const asNumber = (name, i, x) => typeof x === 'number' ? x : wrong(name, i, 'a number', x);
 const asWhole = (name, i, x) => Math.trunc(asNumber(name, i, x));
