@@ -11,3 +11,4 @@
 #include "library/Catalogues.h"
 #include "library/KxJsFunction.h"
 #include "library/Prelude.h"
+#include "translate/KxJsTranslator.h"

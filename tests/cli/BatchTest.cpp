@@ -322,7 +322,7 @@ std::string bytesOf(fs::path const& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// A directory of the test's own.
+/// A temporary directory for each test.
 class BatchFiles : public testing::Test {
   protected:
     BatchFiles() { fs::create_directory(directory); }
@@ -372,7 +372,7 @@ TEST_F(BatchFiles, AreWrittenIntoWhereTheyAreStandardOutput) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(bytesOf(out), "A,RESULT\n1,2\n");
     EXPECT_TRUE(fs::equivalent(out, out + ".link"));
-    // A file without a name, too.
+    // Also where standard output is a file without a name.
     EXPECT_EQ(kxjs({"batch", "A+1", "-o", "/dev/stdout"}, "A\n1\n").out, "A,RESULT\n1,2\n");
 }
 
@@ -399,7 +399,7 @@ TEST_F(BatchFiles, LeaveNothingWhereNobodyReadsTheOutput) {
 
 TEST_F(BatchFiles, ThatArePipesAreWrittenInto) {
     ASSERT_EQ(::mkfifo(out.c_str(), 0600), 0);
-    // A reader of one's own, so that neither side waits for the other.
+    // The test opens both ends of the pipe, so that kxjs does not block when it opens it.
     int const pipe = ::open(out.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     ASSERT_GE(pipe, 0);
     EXPECT_EQ(kxjs({"batch", "A+1", "-o", out}, "A\n1\n").status, 0);

@@ -1,4 +1,4 @@
-// kxjs eval: where errors are shown in the formula as it was typed.
+// kxjs eval: the place of errors in the formula as it was typed.
 
 #include <gtest/gtest.h>
 #include <ostream>

@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"surrogates_in_wrong_order", {"--js", "'\\ude00\\ud83d'"}, "\uFFFD\uFFFD\n"}),
     [](auto const& info) { return std::string(info.param.name); });
 
-/// Each row gives the value the variable A and shows what a script sees.
+/// Each row binds A to a value and evaluates a formula that shows its type.
 class Variables : public Evaluation {};
 
 TEST_P(Variables, AreSeenByTheScript) {
@@ -170,7 +170,7 @@ TEST(Eval, SaysWhichLineFailed) {
     EXPECT_EQ(outcome.status, 1);
 }
 
-/// Wrong usage: the message names what is wrong, and nothing runs.
+/// Wrong usage: the message names the error, and no formula runs.
 struct Refusal {
     char const* name;
     std::vector<std::string> arguments;

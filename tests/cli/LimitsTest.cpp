@@ -1,4 +1,4 @@
-// --timeout and --memory: what a formula may use, for the commands that run formulas.
+// --timeout and --memory of the commands that run formulas.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](auto const& info) { return std::string(info.param.name); });
 
 TEST(Limits, HoldForAllRecordsOfABatchTogether) {
-    // More than is read at a time, of which each part stays far below the limit.
+    // Several blocks, each of which stays far below the limit.
     std::string input = "A,B\n";
     for (int i = 0; i < 100; ++i) input += "1," + std::string(100'000, 'x') + "\n";
     Outcome const outcome = kxjs({"batch", "--js", "--timeout", "2000",

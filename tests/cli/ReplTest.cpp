@@ -1,4 +1,4 @@
-// kxjs repl over lines that are not typed at a terminal.
+// kxjs repl with lines that do not come from a terminal.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

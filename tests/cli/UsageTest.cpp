@@ -1,4 +1,4 @@
-// What kxjs says about itself and to wrong usage.
+// kxjs --version, --help, and messages about wrong usage.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Which bytes kxjs takes for UTF-8, seen through standard input: the line must come back unchanged,
-// or be refused with the position of the first malformed character.
+// Bytes on standard input: kxjs returns a line of valid UTF-8 unchanged, and refuses any other with
+// the position of the first malformed character.
 
 #include <cstddef>
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace {
 struct Bytes {
     char const* name;
     std::string bytes;
-    std::size_t badByte;  ///< 0: all is well
+    std::size_t badByte;  ///< 0: the bytes are valid
 };
 void PrintTo(Bytes const& row, std::ostream* out) { *out << row.name; }
 
@@ -29,7 +29,7 @@ TEST_P(Utf8, IsCheckedStrictly) {
         return;
     }
     EXPECT_EQ(outcome.out, "");
-    // The quote in front is byte 1.
+    // Byte 1 is the quote.
     EXPECT_EQ(outcome.err, "kxjs: standard input, line 1: invalid UTF-8 at byte " +
                                std::to_string(GetParam().badByte + 1) + "\n");
     EXPECT_EQ(outcome.status, 2);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What bash offers when a command line of kxjs is to be completed.
+# Tests the candidates that bash shows for a command line of kxjs.
 #
 #   completion.sh PROGRAM COMPLETION WORK-DIRECTORY
 # Not -e: completion runs in interactive shells, which do not end at a false condition.
@@ -30,7 +30,7 @@ expect() {
     }
 }
 
-# offers CANDIDATE WORD...: it is one of them.
+# offers CANDIDATE WORD...: CANDIDATE is among the candidates for these words.
 offers() {
     local expected=$1
     shift
@@ -43,7 +43,7 @@ offers() {
     }
 }
 
-# Every command that the program knows, and no other.
+# All commands of the program, and no others.
 expect "$("$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' |
     LC_ALL=C sort | paste -sd '|')" ""
 expect "convert" con

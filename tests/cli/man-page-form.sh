@@ -1,10 +1,10 @@
 #!/bin/sh
-# The manual page is well formed, as far as one of the formatters is there to say so; else, status 77.
+# Checks the form of the manual page with a formatter; status 77 where none is installed.
 #
 #   man-page-form.sh MANUAL-PAGE
 set -eu
 if command -v mandoc >/dev/null; then
-    # The style level is for those who write pages for BSD.
+    # The level "style" concerns BSD's own pages.
     mandoc -T lint -W warning "$1"
 elif command -v groff >/dev/null; then
     warnings=$(groff -man -mandoc -Tutf8 -ww -z "$1" 2>&1)

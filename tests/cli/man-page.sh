@@ -1,19 +1,19 @@
 #!/usr/bin/env bash
-# Compares the manual page with what the program says of itself: the same commands, and the same
-# options for each.
+# Compares the manual page with the program's help: both have the same commands, and the same options
+# for each.
 #
 #   man-page.sh PROGRAM MANUAL-PAGE
 set -euo pipefail
 program=$1
 page=$2
 
-# options COMMAND...: as the program's help lists them, but for --help, which every command has.
+# options COMMAND...: the options in the program's help, without --help, which every command has.
 options() {
     "$program" "$@" --help | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\).*/\1/p' | tr , '\n' |
         grep -vxE -e '-h|--help' || true
 }
 
-# commands: as the program's help lists them.
+# commands: the commands in the program's help.
 commands() { "$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'; }
 
 # section NAME: the lines of the page below the heading.
@@ -22,7 +22,7 @@ section() {
         inside' "$page"
 }
 
-# documented: of the lines of a section, the options that items of its lists begin with.
+# documented: reads a section and prints the options that its list items begin with.
 documented() {
     sed -n 's/^\.It //p' | tr ' ' '\n' | awk '
         $0 == "Fl" { option = 1; next }
@@ -32,7 +32,7 @@ documented() {
 }
 
 failed=0
-# same WHAT ADVICE THERE HERE: what one list has and the other lacks.
+# same WHAT ADVICE THERE HERE: reports what only one of two lists contains.
 same() {
     local name
     for name in $(comm -23 <(sort -u <<<"$3") <(sort -u <<<"$4")); do

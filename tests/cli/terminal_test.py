@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""kxjs repl as a person meets it: typed into in a real terminal, which tmux emulates.
+"""kxjs repl at a terminal, which tmux emulates.
 
 usage: terminal_test.py KXJS
 """

@@ -57,7 +57,7 @@ std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
 
 namespace {
 
-/// Six decimals, as the library writes a double, would hide what formulas calculate with.
+/// All digits of the number. The library's own text of a double has six decimals only.
 std::u16string shortestText(double number) {
     std::array<char, 32> buffer;
     auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
