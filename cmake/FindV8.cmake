@@ -3,7 +3,7 @@
 #   V8_ROOT   a hint: the directory that holds include/ and lib/. Without it, the copy that
 #             scripts/setup unpacks under build/v8 is used where there is one.
 #
-# Defines the target V8::V8. Headers are taken from beside the library that was found, never from
+# Defines the target V8::V8, or ends the configuration. Headers are taken from beside the library that was found, never from
 # elsewhere: a Node.js of another vendor may have put the headers of another V8 on the default path.
 
 set(_v8_hints "")
@@ -49,16 +49,24 @@ if(V8_INCLUDE_DIR)
     )
 endif()
 
-include(FindPackageHandleStandardArgs)
-find_package_handle_standard_args(
-    V8
-    REQUIRED_VARS V8_LIBRARY V8_INCLUDE_DIR
-    VERSION_VAR V8_VERSION
-    REASON_FAILURE_MESSAGE "install libnode-dev, run scripts/setup, or pass -DV8_ROOT=<prefix>"
-)
+set(_v8_problem "")
+if(NOT V8_LIBRARY)
+    set(_v8_problem "V8's library, libnode, is not installed")
+elseif(NOT V8_INCLUDE_DIR)
+    set(_v8_problem "V8's headers are missing beside ${V8_LIBRARY}")
+elseif(V8_VERSION VERSION_LESS 10.2)
+    set(_v8_problem "V8 ${V8_VERSION} (${V8_LIBRARY}) is older than 10.2")
+endif()
+if(_v8_problem)
+    message(FATAL_ERROR "${_v8_problem}: install libnode-dev, run scripts/setup, or pass \
+-DV8_ROOT=PREFIX of an installation with headers."
+    )
+endif()
+set(V8_FOUND TRUE)
+message(STATUS "V8 ${V8_VERSION}: ${V8_LIBRARY}")
 mark_as_advanced(V8_LIBRARY V8_INCLUDE_DIR)
 
-if(V8_FOUND AND NOT TARGET V8::V8)
+if(NOT TARGET V8::V8)
     add_library(V8::V8 SHARED IMPORTED)
     set_target_properties(
         V8::V8 PROPERTIES IMPORTED_LOCATION ${V8_LIBRARY} INTERFACE_INCLUDE_DIRECTORIES

@@ -243,8 +243,8 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
 bool ColumnEvaluation::areKeysAsBound(v8::Local<v8::Context> context) const {
     if (areCarriersKeys(keys_)) return false;
     for (std::u16string const& key : keys_) {
-        BoundVariable const& bound =
-            host_._mEngine->carriers().bound(host_._mVariables.at(key), KxJsParser::_mAccessorName);
+        BoundVariable const& bound = host_._mEngine->carriers().bound(
+            host_._mVariables.at(key), KxJsParser::_mAccessorName, record_->handles());
         if (!isBoundAsMade(context, key, bound, KxJsParser::_mAccessorName)) return false;
     }
     std::uint64_t const now = host_._mEngine->scriptsRun();
@@ -266,7 +266,7 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
     evaluation.road = Road::slow;
     // With the one record that has been run there must be some that are not the last.
     if (!expression_ || evaluation.count - evaluation.next() < 2) return;
-    if (evaluation.count > v8::TypedArray::kMaxLength) return;
+    if (evaluation.count > v8compat::kMostArrayElements) return;
     auto const names = bindings(evaluation.context);
     if (!names) return;
     evaluation.fastFrom = evaluation.next();
@@ -283,7 +283,7 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
         if (kernel_ != nullptr) kernel_->release(remains.front());
         kernel_.reset();
         record_->release(std::move(remains));
-        kernel_ = ColumnKernel::make(evaluation.isolate, evaluation.context, expression_->text,
+        kernel_ = ColumnKernel::make(record_->handles(), evaluation.context, expression_->text,
                                      *names, evaluation.results);
         if (kernel_ == nullptr) return;
     }

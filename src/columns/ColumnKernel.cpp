@@ -97,11 +97,11 @@ std::u16string signatureOf(ColumnBindings const& bindings, ColumnResults const& 
 
 }  // namespace
 
-std::unique_ptr<ColumnKernel> ColumnKernel::make(v8::Isolate* isolate,
-                                                 v8::Local<v8::Context> context,
+std::unique_ptr<ColumnKernel> ColumnKernel::make(OwnHandles& all, v8::Local<v8::Context> context,
                                                  std::u16string_view expression,
                                                  ColumnBindings const& bindings,
                                                  ColumnResults const& results) {
+    v8::Isolate* const isolate = all.isolate();
     std::vector<std::u16string> loopParameters = {u"formula", u"first",   u"last",    u"base",
                                                   u"state",   u"numbers", u"lengths", u"kinds"};
     std::vector<std::u16string> const names = namesOf(bindings);
@@ -110,7 +110,7 @@ std::unique_ptr<ColumnKernel> ColumnKernel::make(v8::Isolate* isolate,
     std::u16string const formula = u"return (" + std::u16string(expression) + u"\n);";
     auto const add = [&](std::vector<std::u16string> const& parameters, std::u16string_view body) {
         kernel->handles_.push_back(
-            makePersistent(isolate, compile(isolate, context, parameters, body)));
+            makePersistent(all, compile(isolate, context, parameters, body)));
         return kernel->handles_.back() != nullptr;
     };
     bool const isCompiled = add(loopParameters, loopText(bindings, results)) &&

@@ -27,7 +27,7 @@ struct ColumnBindings {
 class ColumnKernel {
   public:
     /// Compiles in the entered context; null where the engine refuses.
-    static std::unique_ptr<ColumnKernel> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
+    static std::unique_ptr<ColumnKernel> make(OwnHandles& all, v8::Local<v8::Context> context,
                                               std::u16string_view expression,
                                               ColumnBindings const& bindings,
                                               ColumnResults const& results);

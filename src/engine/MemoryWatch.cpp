@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <unistd.h>
 
-#include "engine/OwnHandles.h"
-
 namespace kx {
 
 namespace {
@@ -35,6 +33,9 @@ constexpr std::size_t kReprieve = 512 * kMebibyte;
 /// KB.
 constexpr std::size_t kBehindHandle = std::size_t{20} << 10;
 
+/// The size of a handle in the engine's statistics.
+constexpr std::size_t kHandleSize = 32;
+
 }  // namespace
 
 std::size_t defaultMemoryLimit() {
@@ -45,8 +46,9 @@ std::size_t defaultMemoryLimit() {
                     static_cast<std::size_t>(pages) / 4 * static_cast<std::size_t>(pageSize));
 }
 
-MemoryWatch::MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit)
-    : isolate_(isolate),
+MemoryWatch::MemoryWatch(OwnHandles const& own, CountingAllocator* allocator, std::size_t limit)
+    : isolate_(own.isolate()),
+      own_(own),
       allocator_(allocator),
       limit_(limit),
       allowance_(limit),
@@ -121,13 +123,14 @@ MemoryWatch::Use MemoryWatch::use() const {
     isolate_->GetHeapStatistics(&statistics);
     // In an isolate of the application, its buffers and handles are its own affair.
     if (allocator_ == nullptr) return {statistics.used_heap_size(), 0};
-    return {statistics.used_heap_size() + allocator_->bytesInUse(), countHandles(statistics)};
+    return {statistics.used_heap_size() + allocator_->bytesInUse(),
+            statistics.used_global_handles_size() / kHandleSize};
 }
 
 std::size_t MemoryWatch::bytesInUse() const {
     Use const now = use();
-    std::size_t const own = now.handles == 0 ? 0 : countOwnHandles(isolate_);
-    return now.bytes + (now.handles > own ? (now.handles - own) * kBehindHandle : 0);
+    std::size_t const own = std::min(now.handles, own_.count());
+    return now.bytes + (now.handles - own) * kBehindHandle;
 }
 
 bool MemoryWatch::isMoreInUse(std::size_t bytes) const {

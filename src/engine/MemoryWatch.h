@@ -6,6 +6,7 @@
 #include <v8.h>
 
 #include "engine/CountingAllocator.h"
+#include "engine/PersistentHandle.h"
 #include "engine/RunControl.h"
 
 namespace kx {
@@ -39,7 +40,7 @@ class MemoryWatch {
     static constexpr std::size_t kHardLimit = std::size_t{8} << 30;
 
     /// `allocator` counts the isolate's array buffers; null where nobody counts them.
-    MemoryWatch(v8::Isolate* isolate, CountingAllocator* allocator, std::size_t limit);
+    MemoryWatch(OwnHandles const& own, CountingAllocator* allocator, std::size_t limit);
     ~MemoryWatch();
     MemoryWatch(MemoryWatch const&) = delete;
     MemoryWatch& operator=(MemoryWatch const&) = delete;
@@ -98,6 +99,7 @@ class MemoryWatch {
     std::size_t slack() const;
 
     v8::Isolate* isolate_;
+    OwnHandles const& own_;
     CountingAllocator* const allocator_;
     std::size_t limit_;
     std::size_t allowance_;      // of the run that is going on

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,6 +10,13 @@
 /// The engine calls whose form differs between the V8 versions that this library builds with, or
 /// that need knowledge of a version. Everything else in the room is written once.
 namespace kx::v8compat {
+
+/// No typed array has more elements than this, whatever they are.
+#if V8_MAJOR_VERSION >= 12
+constexpr std::size_t kMostArrayElements = v8::BigUint64Array::kMaxLength;
+#else
+constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
+#endif
 
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and the engine has no public question for it.

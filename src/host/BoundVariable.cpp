@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "engine/OwnHandles.h"
 #include "engine/Text.h"
 #include "host/SeenText.h"
 
@@ -10,17 +9,20 @@ namespace kx {
 
 std::u16string carrierNameFor(std::u16string const& key) { return key + u"___" + key; }
 
-BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName)
+BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName,
+                             OwnHandles& handles)
     : variable_(variable),
       prologueLine_(variable.getKey() + u"=" + carrierNameFor(variable.getKey()) + u"." +
-                    std::u16string(accessorName) + u";\n") {}
+                    std::u16string(accessorName) + u";\n"),
+      handles_(handles),
+      carrierName_(handles),
+      lastText_(handles) {}
 
 v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
-    if (carrierName_.IsEmpty()) {
-        carrierName_ =
-            ownHandle(isolate, toEngineName(isolate, carrierNameFor(variable_.getKey())));
+    if (carrierName_.isEmpty()) {
+        carrierName_.hold(toEngineName(isolate, carrierNameFor(variable_.getKey())));
     }
-    return carrierName_.Get(isolate);
+    return carrierName_.get(isolate);
 }
 
 void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
@@ -43,14 +45,14 @@ void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> re
     std::u16string_view const units = firstUnits(variable_._mStrValue);
     if (!areLastUnits(units)) {
         lastUnits_ = units;
-        lastText_.Reset();
+        lastText_.drop();
         result.Set(toEngineString(isolate, seenText(units)));
         return;
     }
-    if (lastText_.IsEmpty()) {
-        lastText_ = ownHandle(isolate, toEngineString(isolate, seenText(units)));
+    if (lastText_.isEmpty()) {
+        lastText_.hold(toEngineString(isolate, seenText(units)));
     }
-    result.Set(lastText_);
+    if (!lastText_.isEmpty()) result.Set(lastText_.get(isolate));
 }
 
 bool BoundVariable::areLastUnits(std::u16string_view units) const {

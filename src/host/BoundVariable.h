@@ -5,6 +5,7 @@
 
 #include <v8.h>
 
+#include "engine/PersistentHandle.h"
 #include "host/KxJsVariable.h"
 
 namespace kx {
@@ -19,9 +20,13 @@ std::u16string carrierNameFor(std::u16string const& key);
 /// destroyed.
 class BoundVariable {
   public:
-    BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName);
+    BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName,
+                  OwnHandles& handles);
     BoundVariable(BoundVariable const&) = delete;
     BoundVariable& operator=(BoundVariable const&) = delete;
+
+    /// Where the variable is read.
+    OwnHandles& handles() { return handles_; }
 
     /// carrierNameFor() the variable's key. Empty where it is longer than the engine allows.
     v8::Local<v8::String> carrierName(v8::Isolate* isolate);
@@ -38,9 +43,10 @@ class BoundVariable {
 
     KxJsVariable const& variable_;
     std::u16string const prologueLine_;
-    v8::Global<v8::String> carrierName_;
-    std::u16string lastUnits_;         // of the text that was read last
-    v8::Global<v8::String> lastText_;  // what scripts see of it, or empty
+    OwnHandles& handles_;
+    PersistentHandle<v8::String> carrierName_;
+    std::u16string lastUnits_;               // of the text that was read last
+    PersistentHandle<v8::String> lastText_;  // what scripts see of it, or empty
 };
 
 }  // namespace kx

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <new>
 
-#include "engine/OwnHandles.h"
 #include "engine/V8Compat.h"
 #include "host/BoundVariable.h"
 
@@ -24,13 +23,13 @@ Carriers::~Carriers() = default;
 Carriers::Carriers(Carriers&&) noexcept = default;
 Carriers& Carriers::operator=(Carriers&&) noexcept = default;
 
-v8::Local<v8::Object> Carriers::make(v8::Isolate* isolate, v8::Local<v8::Context> context,
+v8::Local<v8::Object> Carriers::make(v8::Local<v8::Context> context,
                                      v8::Local<v8::ObjectTemplate> shape, BoundVariable& variable) {
     v8::Local<v8::Object> carrier;
     if (!shape->NewInstance(context).ToLocal(&carrier)) return {};
     forgetCollected();
-    carriers_.push_back(ownHandle(isolate, carrier));
-    carriers_.back().SetWeak();
+    carriers_.push_back(makePersistent(variable.handles(), carrier));
+    carriers_.back()->makeWeak();
     carrier->SetAlignedPointerInInternalField(kVariableField, &variable);
     return carrier;
 }
@@ -44,9 +43,8 @@ bool Carriers::isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& vari
 
 void Carriers::cutAll(v8::Isolate* isolate) {
     v8::HandleScope const handles(isolate);
-    for (v8::Global<v8::Object> const& carrier : carriers_) {
-        if (carrier.IsEmpty()) continue;
-        carryNothing(carrier.Get(isolate));
+    for (auto const& carrier : carriers_) {
+        if (!carrier->isEmpty()) carryNothing(carrier->get(isolate));
     }
     carriers_.clear();
     variables_.clear();
@@ -60,9 +58,12 @@ void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
     carryNothing(proxy->GetPrototype().As<v8::Object>());  // the global object itself
 }
 
-BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view accessorName) {
+BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view accessorName,
+                               OwnHandles& handles) {
     std::unique_ptr<BoundVariable>& bound = variables_[&variable];
-    if (bound == nullptr) bound = std::make_unique<BoundVariable>(variable, accessorName);
+    if (bound == nullptr) {
+        bound = std::make_unique<BoundVariable>(variable, accessorName, handles);
+    }
     return *bound;
 }
 
@@ -70,7 +71,7 @@ BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view
 // list has doubled keeps the cost of each carrier constant.
 void Carriers::forgetCollected() {
     if (carriers_.size() < collectAt_) return;
-    std::erase_if(carriers_, [](auto const& carrier) { return carrier.IsEmpty(); });
+    std::erase_if(carriers_, [](auto const& carrier) { return carrier->isEmpty(); });
     collectAt_ = std::max<std::size_t>(64, carriers_.size() * 2);
 }
 

@@ -7,6 +7,8 @@
 
 #include <v8.h>
 
+#include "engine/PersistentHandle.h"
+
 class KxJsVariable;
 
 namespace kx {
@@ -27,12 +29,13 @@ class Carriers {
     Carriers& operator=(Carriers&&) noexcept;
 
     /// What carriers of `variable` carry, until they are cut.
-    BoundVariable& bound(KxJsVariable const& variable, std::u16string_view accessorName);
+    BoundVariable& bound(KxJsVariable const& variable, std::u16string_view accessorName,
+                         OwnHandles& handles);
 
     /// A new instance of `shape` that carries `variable`, or an empty handle where the engine
     /// cannot make one.
-    v8::Local<v8::Object> make(v8::Isolate* isolate, v8::Local<v8::Context> context,
-                               v8::Local<v8::ObjectTemplate> shape, BoundVariable& variable);
+    v8::Local<v8::Object> make(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
+                               BoundVariable& variable);
 
     /// Whether `value` is a carrier of `variable`, of whichever parse.
     static bool isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& variable);
@@ -51,7 +54,7 @@ class Carriers {
     void forgetCollected();
 
     std::map<KxJsVariable const*, std::unique_ptr<BoundVariable>> variables_;
-    std::vector<v8::Global<v8::Object>> carriers_;
+    std::vector<std::unique_ptr<PersistentHandle<v8::Object>>> carriers_;
     std::size_t collectAt_ = 64;
 };
 

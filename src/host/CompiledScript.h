@@ -5,20 +5,18 @@
 
 #include <v8.h>
 
-#include "engine/OwnHandles.h"
-#include "engine/V8Compat.h"
+#include "engine/PersistentHandle.h"
 #include "host/Failure.h"
 
 namespace kx {
 
-/// A cell on the heap that keeps a compiled script alive. Destroying the cell disposes of the
-/// handle, so a cell must not be destroyed after its isolate: see IsolateRecord.
+/// Keeps a compiled script alive. Must not be destroyed after its isolate: see IsolateRecord.
 class CompiledScript {
   public:
     /// `source` is the whole text, its first `prologueLength` code units not the caller's.
-    CompiledScript(v8::Isolate* isolate, v8::Local<v8::Script> script, std::u16string_view source,
+    CompiledScript(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,
                    std::size_t prologueLength)
-        : handle_(ownHandle(isolate, script)),
+        : handle_(all, script),
           source_{script->GetUnboundScript()->GetId(), prologueLength},
           mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 
@@ -26,7 +24,7 @@ class CompiledScript {
     /// or class in a state in which a second run ends the process, so such a script is bound anew
     /// for each run, and says itself that the names are taken.
     v8::Local<v8::Script> forRun(v8::Isolate* isolate, v8::Local<v8::Context> context) const {
-        v8::Local<v8::Script> const script = v8compat::localOf(isolate, handle_);
+        v8::Local<v8::Script> const script = handle_.get(isolate);
         if (!mayDeclareNames_) return script;
         v8::Context::Scope const entered(context);
         return script->GetUnboundScript()->BindToCurrentContext();
@@ -49,7 +47,7 @@ class CompiledScript {
         return false;
     }
 
-    v8::Global<v8::Script> handle_;
+    PersistentHandle<v8::Script> handle_;
     CallerSource source_;
     bool mayDeclareNames_;
 };

@@ -57,12 +57,14 @@ void freeRemains(v8::Isolate* isolate, std::list<HostRemains>& remains) {
 
 }  // namespace
 
-IsolateRecord::IsolateRecord(v8::Isolate* isolate) : isolate_(isolate) {}
+IsolateRecord::IsolateRecord(v8::Isolate* isolate) : isolate_(isolate), handles_(isolate) {}
 
 IsolateRecord::IsolateRecord()
-    : allocator_(makeCountingAllocator(defaultMemoryLimit())), isolate_(makeIsolate(*allocator_)) {
+    : allocator_(makeCountingAllocator(defaultMemoryLimit())),
+      isolate_(makeIsolate(*allocator_)),
+      handles_(isolate()) {
     try {
-        memory_ = std::make_unique<MemoryWatch>(isolate(), allocator_.get(), defaultMemoryLimit());
+        memory_ = std::make_unique<MemoryWatch>(handles_, allocator_.get(), defaultMemoryLimit());
     } catch (std::bad_alloc const&) {
         isolate()->Dispose();
         throw;
@@ -100,7 +102,7 @@ void IsolateRecord::dropPromiseJobs() {
 
 void IsolateRecord::setMemoryLimit(std::size_t bytes) {
     if (memory_ == nullptr) {
-        memory_ = std::make_unique<MemoryWatch>(isolate(), nullptr, bytes);
+        memory_ = std::make_unique<MemoryWatch>(handles_, nullptr, bytes);
     } else {
         memory_->setLimit(bytes);
     }

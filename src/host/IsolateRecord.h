@@ -47,6 +47,9 @@ class IsolateRecord {
         return mine != nullptr && mine == v8::Isolate::TryGetCurrent() && !isForkedChild();
     }
 
+    /// The handles that the library holds in the isolate.
+    OwnHandles& handles() { return handles_; }
+
     /// Whether the library has made the isolate.
     bool isOwn() const { return allocator_ != nullptr; }
 
@@ -88,6 +91,7 @@ class IsolateRecord {
 
     std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
+    OwnHandles handles_;
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
     std::mutex mutex_;  // guards parked_

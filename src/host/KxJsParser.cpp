@@ -26,7 +26,7 @@ void KxJsParser::createContext() {
     shape->SetInternalFieldCount(1);
     kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
                                       kx::Carriers::accessorGetter);
-    _mGlobalTemplate = kx::makePersistent(isolate, shape);
+    _mGlobalTemplate = kx::makePersistent(_mEngine->record().handles(), shape);
     v8::Local<v8::Context> context = v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
     // Where no script can run now: the stack is nearly used up, or the application is ending one.
     if (context.IsEmpty()) context = v8::Context::New(isolate, nullptr, shape);
@@ -37,7 +37,7 @@ void KxJsParser::createContext() {
         v8::Local<v8::String> const name = kx::toEngineString(isolate, u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
     }
-    _mContext = kx::makePersistent(isolate, context);
+    _mContext = kx::makePersistent(_mEngine->record().handles(), context);
 }
 
 void KxJsParser::disposeGlobalContext() {

@@ -42,8 +42,8 @@ std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
                                 {v8::Message::kNoScriptIdInfo, prologueLength});
         return kNotParsed;
     }
-    _mVecOfCompiledScripts.push_back(
-        std::make_unique<kx::CompiledScript>(isolate, script, wrapped, prologueLength));
+    _mVecOfCompiledScripts.push_back(std::make_unique<kx::CompiledScript>(
+        _mEngine->record().handles(), script, wrapped, prologueLength));
     return static_cast<std::int32_t>(_mVecOfCompiledScripts.size() - 1);
 }
 

@@ -46,10 +46,10 @@ std::u16string KxJsParser::addWrapper(std::u16string& source) {
     for (auto const& [key, variable] : _mVariables) {
         if (source.find(key) == std::u16string::npos) continue;
         v8::HandleScope const handles(isolate);
-        kx::BoundVariable& bound = _mEngine->carriers().bound(variable, _mAccessorName);
+        kx::BoundVariable& bound =
+            _mEngine->carriers().bound(variable, _mAccessorName, _mEngine->record().handles());
         wrapped += bound.prologueLine();
-        v8::Local<v8::Object> const carrier =
-            _mEngine->carriers().make(isolate, context, shape, bound);
+        v8::Local<v8::Object> const carrier = _mEngine->carriers().make(context, shape, bound);
         v8::Local<v8::String> const name = bound.carrierName(isolate);
         if (carrier.IsEmpty() || name.IsEmpty()) continue;
         [[maybe_unused]] auto const isDefined =

@@ -83,7 +83,7 @@ std::u16string const& libraryText() {
 bool installLibrary(IsolateRecord& record, v8::Local<v8::Context> context) {
     v8::Isolate* const isolate = record.isolate();
     auto& shared = record.libraryScript();
-    if (shared == nullptr) shared = makePersistent(isolate, compile(isolate));
+    if (shared == nullptr) shared = makePersistent(record.handles(), compile(isolate));
     if (shared == nullptr) return false;
     return !shared->get(isolate)->BindToCurrentContext()->Run(context).IsEmpty();
 }

@@ -32,19 +32,20 @@ class Carriers : public testing::Test {
     v8::Local<v8::Context> context_ = v8::Context::New(isolate_, nullptr, shape_);
     v8::Context::Scope entered_{context_};
     void SetUp() override { kx::Carriers::leaveGlobalEmpty(context_); }
+    kx::OwnHandles own_{isolate_};
     kx::Carriers carriers_;
 };
 
 TEST_F(Carriers, readAVariableWithoutATypeAsTrue) {
     KxJsVariable const untyped;
-    EXPECT_EQ(read(carriers_.make(isolate_, context_, shape_, carriers_.bound(untyped, u"value"))),
+    EXPECT_EQ(read(carriers_.make(context_, shape_, carriers_.bound(untyped, u"value", own_))),
               u"true");
 }
 
 TEST_F(Carriers, followTheVariable) {
     KxJsVariable variable(u"A", 1);
     v8::Local<v8::Object> const carrier =
-        carriers_.make(isolate_, context_, shape_, carriers_.bound(variable, u"value"));
+        carriers_.make(context_, shape_, carriers_.bound(variable, u"value", own_));
     EXPECT_EQ(read(carrier), u"1");
     variable.setValue(u"text");
     EXPECT_EQ(read(carrier), u"text");
@@ -53,7 +54,7 @@ TEST_F(Carriers, followTheVariable) {
 TEST_F(Carriers, readAsUndefinedOnceTheyAreCut) {
     KxJsVariable const variable(u"A", 1);
     v8::Local<v8::Object> const carrier =
-        carriers_.make(isolate_, context_, shape_, carriers_.bound(variable, u"value"));
+        carriers_.make(context_, shape_, carriers_.bound(variable, u"value", own_));
     carriers_.cutAll(isolate_);
     EXPECT_EQ(read(carrier), u"undefined");
     EXPECT_EQ(read(context_->Global()), u"undefined");

@@ -2,8 +2,10 @@
 
     modules.py SOURCE-DIRECTORY
 
-The table's last column is read so: `name` is a module, `module/File.h` a header, "public headers" are
-those that cmake/KxInstall.cmake installs, V8 are the engine's. A module may use itself.
+A module is a directory of src, or a directory below one. A file belongs to the deepest module that
+contains it. The table's last column names what a module may include: `name` is a module,
+`module/File.h` a header, "public headers" are those that cmake/KxInstall.cmake installs, and V8
+stands for the engine's headers. A module may include its own headers.
 """
 
 import pathlib
@@ -23,18 +25,27 @@ def public_headers():
 def modules():
     """The rows of the table: the module's name and what it uses, in words."""
     rows = re.findall(
-        r"^\| `src/(\w+)` \|.*\| ([^|]*) \|$",
+        r"^\| `src/([\w/]+)` \|.*\| ([^|]*) \|$",
         (root / "ARCHITECTURE.md").read_text(),
         re.MULTILINE,
     )
     return dict(rows)
 
 
-def inclusions(module):
-    """File, line and included header, for every file of the module; headers as seen from src."""
-    for file in sorted((source / module).rglob("*")):
+def module_of(path):
+    """The deepest module that contains the file, seen from src; nothing where there is none."""
+    for directory in pathlib.PurePath(path).parents:
+        if str(directory) in table:
+            return str(directory)
+    return None
+
+
+def inclusions():
+    """File, module, line and included header of every inclusion in src; headers seen from src."""
+    for file in sorted(source.rglob("*")):
         if file.suffix not in (".h", ".cpp"):
             continue
+        module = module_of(file.relative_to(source))
         for number, line in enumerate(file.read_text().splitlines(), 1):
             match = re.match(r'\s*#\s*include\s*(<[^>]*>|"[^"]*")', line)
             if not match:
@@ -43,7 +54,7 @@ def inclusions(module):
             beside = file.parent / header.strip('"')
             if header.startswith('"') and beside.is_file():
                 header = f'"{beside.resolve().relative_to(source.resolve())}"'
-            yield file.relative_to(root), number, header
+            yield file.relative_to(root), module, number, header
 
 
 def may_use(module, uses, header):
@@ -53,7 +64,8 @@ def may_use(module, uses, header):
     path = header.strip('"')
     if path in public and "public headers" in uses:
         return True
-    other = path.split("/")[0] if "/" in path else module
+    # A header without a directory is one that the module's build makes.
+    other = module_of(path) if "/" in path else module
     return other == module or f"`{other}`" in uses or f"`{path}`" in uses
 
 
@@ -97,22 +109,32 @@ table = modules()
 graph = {module: set() for module in table}
 included = set()
 
-directories = {path.name for path in source.iterdir() if path.is_dir()}
-for module in sorted(directories ^ set(table)):
-    mistakes.append(f"src/{module}: not both a directory and a row of the table")
+for module in table:
+    if not (source / module).is_dir():
+        mistakes.append(f"ARCHITECTURE.md: there is no directory src/{module}")
+# Where a module has modules below it, all of its directories are modules.
+for parent in {""} | {str(pathlib.PurePath(module).parent) for module in table if "/" in module}:
+    for path in sorted((source / parent).iterdir()):
+        if path.is_dir() and str(path.relative_to(source)) not in table:
+            mistakes.append(f"{path.relative_to(root)}: no row of the table")
 
 order = list(table)
 for module, uses in table.items():
-    for other in re.findall(r"`(\w+)`", uses):
-        if order.index(other) <= order.index(module):
+    for other in re.findall(r"`([\w/]+)`", uses):
+        if other not in table:
+            mistakes.append(f"ARCHITECTURE.md: {module} uses {other}, which is no row of the table")
+        elif order.index(other) <= order.index(module):
             mistakes.append(f"ARCHITECTURE.md: {other} does not stand below {module}, which uses it")
-    for file, number, header in inclusions(module):
-        included.add(header.strip('"'))
-        other = header.strip('"').split("/")[0]
-        if header.startswith('"') and other in table and other != module:
-            graph[module].add(other)
-        if not may_use(module, uses, header):
-            mistakes.append(f"{file}:{number}: {module} may not include {header}")
+for file, module, number, header in inclusions():
+    if module is None:
+        mistakes.append(f"{file}: in no module")
+        continue
+    included.add(header.strip('"'))
+    other = module_of(header.strip('"'))
+    if header.startswith('"') and other in table and other != module:
+        graph[module].add(other)
+    if not may_use(module, table[module], header):
+        mistakes.append(f"{file}:{number}: {module} may not include {header}")
 
 if not public or not table or not any(graph.values()):
     mistakes.append("found no public headers, no modules, or nothing that one uses of another")

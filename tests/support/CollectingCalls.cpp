@@ -54,10 +54,17 @@ Local<External> External::New(Isolate* isolate, void* value) {
     return next(isolate, value);
 }
 
-void Object::SetInternalField(int index, Local<Value> value) {
+#if V8_MAJOR_VERSION >= 12
+using FieldValue = Data;
+constexpr auto kSetInternalField = "_ZN2v86Object16SetInternalFieldEiNS_5LocalINS_4DataEEE";
+#else
+using FieldValue = Value;
+constexpr auto kSetInternalField = "_ZN2v86Object16SetInternalFieldEiNS_5LocalINS_5ValueEEE";
+#endif
+
+void Object::SetInternalField(int index, Local<FieldValue> value) {
     collect(Isolate::GetCurrent());
-    static auto* const next = original<void(Object*, int, Local<Value>)>(
-        "_ZN2v86Object16SetInternalFieldEiNS_5LocalINS_5ValueEEE");
+    static auto* const next = original<void(Object*, int, Local<FieldValue>)>(kSetInternalField);
     next(this, index, value);
 }
 

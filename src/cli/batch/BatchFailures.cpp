@@ -14,9 +14,35 @@ bool isSamePlace(FailedLine const& one, FailedLine const& other) {
 
 }  // namespace
 
+std::string placeOf(CsvBlock const& block, std::size_t record) {
+    return "line " + std::to_string(block.line(record));
+}
+
 BatchFailures::BatchFailures(std::u16string formula, std::u16string javaScript)
     : formula_(std::move(formula)) {
     run_.javaScript = std::move(javaScript);
+}
+
+void BatchFailures::reportFormula(std::u16string const& error, KxJsFailure const* failure) {
+    FormulaRun run = run_;
+    run.errorText = error;
+    reportScriptError(failureReport(formula_, run, failure));
+}
+
+void BatchFailures::reportRecords(CsvBlock const& block, BatchColumns const& columns,
+                                  std::vector<KxJsColumns::Failure> const& failures) {
+    auto refused = columns.refused().begin();
+    auto const reportRefused = [&](std::size_t before) {
+        for (; refused != columns.refused().end() && refused->first < before; ++refused) {
+            reportError(placeOf(block, refused->first) + ": " + refused->second);
+        }
+    };
+    for (KxJsColumns::Failure const& failure : failures) {
+        std::size_t const record = columns.taken()[failure.record];
+        reportRefused(record);
+        report(placeOf(block, record), failure);
+    }
+    reportRefused(block.size());
 }
 
 void BatchFailures::report(std::string const& place, KxJsColumns::Failure const& failure) {

@@ -1,16 +1,20 @@
 #include "cli/commands/ArgumentGuard.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
-#include <utility>
 
 namespace kx {
 namespace {
 
 constexpr char kGuard = '\x01';
 
-// An argument that begins with the guard itself gets another one, so that it keeps its own.
+// An argument that begins with the guard character gets another one, and so keeps its own.
 bool needsGuard(std::string const& argument) {
     return argument.starts_with('[') || argument.starts_with("++") || argument.starts_with(kGuard);
+}
+
+std::string unguarded(std::string const& argument) {
+    return argument.starts_with(kGuard) ? argument.substr(1) : argument;
 }
 
 }  // namespace
@@ -24,14 +28,10 @@ std::vector<std::string> guarded(std::vector<std::string> arguments) {
     return arguments;
 }
 
-std::string unguarded(std::string argument) {
-    if (argument.starts_with(kGuard)) argument.erase(0, 1);
-    return argument;
-}
-
-std::vector<std::string> unguarded(std::vector<std::string> arguments) {
-    for (std::string& argument : arguments) argument = unguarded(std::move(argument));
-    return arguments;
+void removeGuards(CLI::App& app) {
+    for (CLI::App* command : app.get_subcommands({})) {
+        for (CLI::Option* option : command->get_options()) option->transform(unguarded);
+    }
 }
 
 std::string withoutGuards(std::string message) {

@@ -3,19 +3,22 @@
 #include <string>
 #include <vector>
 
-// CLI11 splits an argument in brackets at its commas, ends a command at "++" and loses its way when
-// formulas stand on both sides of "--", but all these can be meant. Such an argument is parsed with
-// a character in front that CLI11 gives no meaning to.
+namespace CLI {
+class App;
+}
+
+// CLI11 splits an argument in brackets at its commas, ends a command at "++", and misreads "--"
+// between two formulas. Formulas may contain all of these. Such an argument is therefore parsed
+// with a guard in front, a character that means nothing to CLI11.
 namespace kx {
 
-/// The arguments as CLI11 reads them rightly; the "--" is done with and missing.
+/// The arguments with their guards. "--" is applied and removed.
 std::vector<std::string> guarded(std::vector<std::string> arguments);
 
-/// What was behind the guard of a parsed argument, or the argument itself where it has none.
-std::string unguarded(std::string argument);
-std::vector<std::string> unguarded(std::vector<std::string> arguments);
+/// Makes every option of every command of `app` remove the guard from its values.
+void removeGuards(CLI::App& app);
 
-/// A message of CLI11, which may quote guarded arguments.
+/// `message`, one of CLI11 that may quote arguments, without guards.
 std::string withoutGuards(std::string message);
 
 }  // namespace kx

@@ -10,7 +10,7 @@
 #include <sstream>
 
 #include "cli/commands/ArgumentGuard.h"
-#include "cli/commands/CommandGrammar.h"
+#include "cli/commands/Commands.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 
@@ -52,11 +52,15 @@ ExitStatus report(CLI::App const& app, CLI::Error const& error,
 }
 
 ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
-    Command command;
+    Command chosen;
     CLI::App app("Evaluates formulas of an older upper-case language and JavaScript.", "kxjs");
     app.set_version_flag("--version", "kxjs " KXJS_VERSION " (V8 " KXJS_V8_VERSION ")");
     app.require_subcommand(1);
-    addCommands(app, command);
+    for (auto const add :
+         {addEval, addBatch, addConvert, addExtract, addFunctions, addDocs, addRepl}) {
+        add(app, chosen);
+    }
+    removeGuards(app);
     app.footer(
         "Input and output are UTF-8. Exit status: 0, 1 when a formula failed or an output could\n"
         "not be written, 2 for wrong usage. Where nobody reads the output, SIGPIPE ends it.");
@@ -67,7 +71,7 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     } catch (CLI::Error const& error) {
         return report(app, error, arguments);
     }
-    return command();
+    return chosen();
 }
 
 /// The end that a shell knows from other programs; returns where the signal is blocked.

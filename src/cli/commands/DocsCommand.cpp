@@ -1,8 +1,11 @@
+#include <CLI/App.hpp>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cli/commands/Commands.h"
+#include "cli/commands/CommonOptions.h"
 #include "cli/commands/DocsIndex.h"
 #include "cli/io/AtomicFile.h"
 #include "cli/io/Output.h"
@@ -11,6 +14,13 @@
 
 namespace kx {
 namespace {
+
+struct DocsOptions {
+    bool hasExamples = false;
+    bool isFragment = false;
+    std::string file;       ///< empty: standard output
+    std::string directory;  ///< not empty: one page for each function there
+};
 
 // The documents name no character set; a browser that opens a file takes it from this mark. A
 // fragment gets none, since it becomes part of another page, and neither does standard output,
@@ -31,15 +41,14 @@ void writePages(std::string const& directory) {
     replaceFiles(directory, files);
 }
 
-}  // namespace
-
 ExitStatus runDocs(DocsOptions const& options) {
     if (!options.directory.empty()) {
         writePages(options.directory);
         return EXIT_STATUS_OK;
     }
-    bool const standalone = !options.fragment;
-    std::u16string const document = KxJsParser::_getUserDocumentation(standalone, options.examples);
+    bool const standalone = !options.isFragment;
+    std::u16string const document =
+        KxJsParser::_getUserDocumentation(standalone, options.hasExamples);
     if (options.file.empty() || options.file == "-" || isStandardOutput(options.file)) {
         print(document);
         flushOutput();
@@ -47,6 +56,33 @@ ExitStatus runDocs(DocsOptions const& options) {
         replaceFile(options.file, standalone ? fileText(document) : utf8FromUtf16(document));
     }
     return EXIT_STATUS_OK;
+}
+
+}  // namespace
+
+void addDocs(CLI::App& app, Command& chosen) {
+    CLI::App* const docs =
+        app.add_subcommand("docs", "Write the HTML documentation of the built-in functions");
+    auto const options = std::make_shared<DocsOptions>();
+    CLI::Option* const examples =
+        docs->add_flag("--examples", options->hasExamples, "Include the examples");
+    CLI::Option* const fragment = docs->add_flag(
+        "--fragment", options->isFragment, "Leave out head and body, to embed the text in a page");
+    CLI::Option* const file =
+        docs->add_option("-o", options->file, "File to write; default: standard output")
+            ->type_name("FILE");
+    CLI::Option* const pages =
+        docs->add_option("--pages", options->directory,
+                         "Write one page for each function and an index.html into DIR");
+    pages->type_name("DIR")->excludes(examples)->excludes(fragment)->excludes(file);
+    docs->footer("Example: kxjs docs --examples -o functions.html");
+    docs->callback([=, &chosen] {
+        chosen = [=] {
+            requireValue(*file, "file");
+            requireValue(*pages, "directory");
+            return runDocs(*options);
+        };
+    });
 }
 
 }  // namespace kx

@@ -1,15 +1,42 @@
+#include <CLI/App.hpp>
+#include <cstddef>
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "cli/commands/Commands.h"
+#include "cli/commands/CommonOptions.h"
+#include "cli/commands/LimitOption.h"
 #include "cli/formula/FailureReport.h"
 #include "cli/formula/FormulaRun.h"
 #include "cli/formula/FormulaSource.h"
+#include "cli/formula/VariableOption.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
 namespace {
+
+struct EvalOptions {
+    bool isJavaScript = false;
+    std::map<CLI::Option const*, VariableOption> variables;
+    LimitOptions limits;
+    std::vector<std::string> formulas;
+};
+
+/// The variables in the order of the command line: the last one of a name counts.
+std::vector<KxJsVariable> variablesFrom(CLI::App const& command, EvalOptions const& options) {
+    std::vector<KxJsVariable> variables;
+    std::map<CLI::Option const*, std::size_t> used;
+    for (CLI::Option const* option : command.parse_order()) {
+        auto const kind = options.variables.find(option);
+        if (kind == options.variables.end()) continue;
+        variables.push_back(parseVariable(kind->second, option->results().at(used[option]++)));
+    }
+    return variables;
+}
 
 void bind(KxJsParser& parser, std::vector<KxJsVariable> const& variables) {
     for (KxJsVariable const& variable : variables) {
@@ -21,8 +48,8 @@ void bind(KxJsParser& parser, std::vector<KxJsVariable> const& variables) {
 }
 
 /// Prints the result of one formula; false when it failed.
-bool evaluate(KxJsParser& parser, Formula const& formula, bool javaScript) {
-    FormulaRun const run = runFormula(parser, formula.text, javaScript);
+bool evaluate(KxJsParser& parser, Formula const& formula, bool isJavaScript) {
+    FormulaRun const run = runFormula(parser, formula.text, isJavaScript);
     if (run.hasResult()) printLine(run.result);
     // The result is out before the error text, and before a later formula that may take long.
     flushOutput();
@@ -33,19 +60,43 @@ bool evaluate(KxJsParser& parser, Formula const& formula, bool javaScript) {
     return !run.hasFailed;
 }
 
-}  // namespace
-
-ExitStatus runEval(EvalOptions const& options) {
+ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
+    std::vector<KxJsVariable> const variables = variablesFrom(command, options);
+    requireInput(options.formulas.empty(), "formula");
     KxJsParser parser;
-    setLimits(parser, options.limits);
+    setLimits(parser, limitsFrom(options.limits));
     parser.initialize();
-    bind(parser, options.variables);
-    bool failed = false;
+    bind(parser, variables);
+    bool hasFailed = false;
     forEachFormula(options.formulas, [&](Formula const& formula) {
-        if (!evaluate(parser, formula, options.javaScript)) failed = true;
+        if (!evaluate(parser, formula, options.isJavaScript)) hasFailed = true;
     });
     flushOutput();
-    return failed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+}
+
+}  // namespace
+
+void addEval(CLI::App& app, Command& chosen) {
+    CLI::App* const eval = app.add_subcommand("eval", "Evaluate formulas and print their results");
+    auto const options = std::make_shared<EvalOptions>();
+    auto const addVariable = [&](char const* name, VariableOption kind, char const* help) {
+        options->variables[addRepeatable(*eval, name, "NAME=VALUE", help)] = kind;
+    };
+    eval->add_flag("--js", options->isJavaScript,
+                   "The formulas are JavaScript; do not convert them");
+    addVariable("-v", VariableOption::GUESS, "Bind a variable; the type follows from the value");
+    addVariable("--long", VariableOption::LONG, "Bind a whole number of 32 bits");
+    addVariable("--double", VariableOption::DOUBLE, "Bind a number");
+    addVariable("--string", VariableOption::STRING, "Bind a text");
+    addVariable("--bool", VariableOption::BOOLEAN, "Bind true or false");
+    addLimits(*eval, options->limits);
+    addFormulas(*eval, options->formulas);
+    eval->footer(
+        "Without a formula, formulas are read from standard input, one a line. All of them run\n"
+        "in one context, in order; one that fails does not keep the next from running.\n\n"
+        "Example: kxjs eval -v A=5 \"IIF(A>2,'OK','KO')\"");
+    eval->callback([=, &chosen] { chosen = [=] { return runEval(*eval, *options); }; });
 }
 
 }  // namespace kx

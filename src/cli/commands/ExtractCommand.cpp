@@ -1,36 +1,68 @@
+#include <CLI/App.hpp>
+#include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "cli/commands/Commands.h"
+#include "cli/commands/CommonOptions.h"
+#include "cli/commands/LimitOption.h"
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Output.h"
 #include "convert/Converter.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
+namespace {
+
+struct ExtractOptions {
+    bool isJavaScript = false;
+    LimitOptions limits;
+    std::vector<std::string> formulas;
+};
 
 ExitStatus runExtract(ExtractOptions const& options) {
+    requireInput(options.formulas.empty(), "formula");
+    Limits const limits = limitsFrom(options.limits);
     // The searches make hosts of their own; this one keeps the memory limit of their thread.
     KxJsParser limited;
-    setLimits(limited, options.limits);
-    bool failed = false;
+    setLimits(limited, limits);
+    bool hasFailed = false;
     std::set<std::u16string> printed;
     forEachFormula(options.formulas, [&](Formula const& formula) {
         std::u16string error;
         std::u16string const source =
-            options.javaScript ? formula.text : Converter::_convert(formula.text.c_str());
+            options.isJavaScript ? formula.text : Converter::_convert(formula.text.c_str());
         for (std::u16string const& name :
-             KxJsParser::_extractVariable(source, error, timeLimitOf(options.limits))) {
+             KxJsParser::_extractVariable(source, error, limits.time)) {
             if (printed.insert(name).second) printLine(name);
         }
         flushOutput();
         if (error.empty()) return;
-        failed = true;
+        hasFailed = true;
         if (!formula.place.empty()) reportError(formula.place + ":");
         reportScriptError(error);
     });
     flushOutput();
-    return failed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+}
+
+}  // namespace
+
+void addExtract(CLI::App& app, Command& chosen) {
+    CLI::App* const extract =
+        app.add_subcommand("extract", "Print the names that formulas use and nobody defines");
+    auto const options = std::make_shared<ExtractOptions>();
+    extract->add_flag("--js", options->isJavaScript,
+                      "The formulas are JavaScript; do not convert them");
+    addLimits(*extract, options->limits);
+    addFormulas(*extract, options->formulas);
+    extract->footer(
+        "Without a formula, formulas are read from standard input, one a line. Each name is\n"
+        "printed once. The names are found by running the formula again and again; a formula\n"
+        "that makes up new names as it runs never ends, unless --timeout ends the search.\n\n"
+        "Example: kxjs extract \"IIF(PRICE>2,NAME,'KO')\"");
+    extract->callback([=, &chosen] { chosen = [=] { return runExtract(*options); }; });
 }
 
 }  // namespace kx

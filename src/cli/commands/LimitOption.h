@@ -1,10 +1,9 @@
 #pragma once
 
-#include <chrono>
 #include <optional>
 #include <string>
 
-class KxJsParser;
+#include "cli/formula/Limits.h"
 
 namespace CLI {
 class App;
@@ -12,22 +11,16 @@ class App;
 
 namespace kx {
 
-/// What a formula may use before it is ended: the options --timeout and --memory, which every
-/// command that runs formulas has.
-struct Limits {
-    std::optional<std::string> timeout;  ///< milliseconds as they were written; none: no limit
-    std::optional<std::string> memory;   ///< MiB as they were written; none: the library's default
+/// The values of --timeout and --memory as they were written; none where an option is missing.
+struct LimitOptions {
+    std::optional<std::string> timeout;  ///< milliseconds
+    std::optional<std::string> memory;   ///< MiB
 };
 
-/// Adds the two options to a command. `limits` has to live until the command has run.
-void addLimits(CLI::App& command, Limits& limits);
+/// Adds the two options to a command. `options` has to live until the command line is parsed.
+void addLimits(CLI::App& command, LimitOptions& options);
 
-/// The time that was asked for; 0 where none was. Throws UsageError for anything but a whole
-/// number of milliseconds in range.
-std::chrono::milliseconds timeLimitOf(Limits const& limits);
-
-/// Sets both limits. The memory limit then holds for every host of the thread. Throws UsageError as
-/// timeLimitOf() does, for either of the two.
-void setLimits(KxJsParser& parser, Limits const& limits);
+/// The limits that the options ask for. Throws UsageError for anything but a whole number in range.
+Limits limitsFrom(LimitOptions const& options);
 
 }  // namespace kx

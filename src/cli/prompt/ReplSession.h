@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "cli/commands/LimitOption.h"
 #include "cli/formula/FormulaRun.h"
+#include "cli/formula/Limits.h"
 #include "cli/prompt/Assignment.h"
 #include "cli/prompt/LineEditor.h"
 #include "host/KxJsParser.h"

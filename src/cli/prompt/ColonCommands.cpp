@@ -4,8 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "cli/commands/Commands.h"
 #include "cli/formula/Catalogue.h"
+#include "cli/formula/FunctionHelp.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 #include "cli/prompt/ReplSession.h"
@@ -67,7 +67,8 @@ bool ReplSession::help(std::u16string const& function) {
         printLine(kHelp);
         return true;
     }
-    return runFunctions({.name = utf8FromUtf16(function)}) == EXIT_STATUS_OK;
+    printFunction(utf8FromUtf16(function));
+    return true;
 }
 
 bool ReplSession::showJavaScript(std::u16string const& formula) {

@@ -1,10 +1,9 @@
-// kxjs repl: the loop around a session, at a terminal or over the lines of standard input.
-#include <memory>
+#include "cli/prompt/Prompt.h"
+
 #include <optional>
 #include <string>
 #include <unistd.h>
 
-#include "cli/commands/Commands.h"
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
@@ -105,9 +104,9 @@ ExitStatus runOnLines(Limits const& limits) {
 
 }  // namespace
 
-ExitStatus runRepl(ReplOptions const& options) {
+ExitStatus runPrompt(Limits const& limits) {
     bool const isAtTerminal = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1;
-    return isAtTerminal ? runAtTerminal(options.limits) : runOnLines(options.limits);
+    return isAtTerminal ? runAtTerminal(limits) : runOnLines(limits);
 }
 
 }  // namespace kx

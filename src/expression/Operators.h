@@ -1,0 +1,169 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "expression/Expression.h"
+
+namespace kx {
+
+/// How tightly operators bind. Members, calls and unary operators bind more tightly than all.
+enum class Binding : std::uint8_t {
+    none,
+    comma,
+    assignment,
+    conditional,
+    logicalOr,  // and "??"
+    logicalAnd,
+    bitOr,
+    bitXor,
+    bitAnd,
+    equality,
+    comparison,
+    shift,
+    sum,
+    product,
+    power,
+    unary,
+};
+
+/// What a punctuator is where an operator may stand, behind an operand.
+enum class Role : std::uint8_t {
+    binary,
+    assignment,
+    arrow,
+    question,
+    colon,
+    comma,
+    point,
+    open,
+    close,
+    openIndex,
+    closeIndex,
+    end,  // ";"
+    increment,
+    templateText,
+    unsupported,
+};
+
+struct Punctuator {
+    std::u16string_view text;
+    Role role;
+    Operation operation = Operation::none;
+    Binding binding = Binding::none;
+};
+
+/// Those that begin with the same unit stand together, the longest first.
+inline constexpr std::array kPunctuators = {
+    Punctuator{u"&&=", Role::assignment, Operation::logicalAnd},
+    Punctuator{u"&&", Role::binary, Operation::logicalAnd, Binding::logicalAnd},
+    Punctuator{u"&=", Role::assignment, Operation::bitAnd},
+    Punctuator{u"&", Role::binary, Operation::bitAnd, Binding::bitAnd},
+    Punctuator{u"||=", Role::assignment, Operation::logicalOr},
+    Punctuator{u"||", Role::binary, Operation::logicalOr, Binding::logicalOr},
+    Punctuator{u"|=", Role::assignment, Operation::bitOr},
+    Punctuator{u"|", Role::binary, Operation::bitOr, Binding::bitOr},
+    Punctuator{u"\?\?=", Role::assignment, Operation::coalesce},
+    Punctuator{u"\?\?", Role::binary, Operation::coalesce, Binding::logicalOr},
+    Punctuator{u"?.", Role::unsupported},
+    Punctuator{u"?", Role::question},
+    Punctuator{u"===", Role::binary, Operation::strictlyEqual, Binding::equality},
+    Punctuator{u"==", Role::binary, Operation::equal, Binding::equality},
+    Punctuator{u"=>", Role::arrow},
+    Punctuator{u"=", Role::assignment},
+    Punctuator{u"!==", Role::binary, Operation::strictlyUnequal, Binding::equality},
+    Punctuator{u"!=", Role::binary, Operation::notEqual, Binding::equality},
+    // A comment to the end of the line, in scripts.
+    Punctuator{u"<!--", Role::unsupported},
+    Punctuator{u"<<=", Role::assignment, Operation::shiftLeft},
+    Punctuator{u"<<", Role::binary, Operation::shiftLeft, Binding::shift},
+    Punctuator{u"<=", Role::binary, Operation::lessOrEqual, Binding::comparison},
+    Punctuator{u"<", Role::binary, Operation::less, Binding::comparison},
+    Punctuator{u">>>=", Role::assignment, Operation::shiftRightUnsigned},
+    Punctuator{u">>>", Role::binary, Operation::shiftRightUnsigned, Binding::shift},
+    Punctuator{u">>=", Role::assignment, Operation::shiftRight},
+    Punctuator{u">>", Role::binary, Operation::shiftRight, Binding::shift},
+    Punctuator{u">=", Role::binary, Operation::greaterOrEqual, Binding::comparison},
+    Punctuator{u">", Role::binary, Operation::greater, Binding::comparison},
+    Punctuator{u"++", Role::increment},
+    Punctuator{u"+=", Role::assignment, Operation::add},
+    Punctuator{u"+", Role::binary, Operation::add, Binding::sum},
+    Punctuator{u"--", Role::increment},
+    Punctuator{u"-=", Role::assignment, Operation::subtract},
+    Punctuator{u"-", Role::binary, Operation::subtract, Binding::sum},
+    Punctuator{u"**=", Role::assignment, Operation::power},
+    Punctuator{u"**", Role::binary, Operation::power, Binding::power},
+    Punctuator{u"*=", Role::assignment, Operation::multiply},
+    Punctuator{u"*", Role::binary, Operation::multiply, Binding::product},
+    Punctuator{u"/=", Role::assignment, Operation::divide},
+    Punctuator{u"/", Role::binary, Operation::divide, Binding::product},
+    Punctuator{u"%=", Role::assignment, Operation::remainder},
+    Punctuator{u"%", Role::binary, Operation::remainder, Binding::product},
+    Punctuator{u"^=", Role::assignment, Operation::bitXor},
+    Punctuator{u"^", Role::binary, Operation::bitXor, Binding::bitXor},
+    Punctuator{u"(", Role::open},
+    Punctuator{u")", Role::close},
+    Punctuator{u"[", Role::openIndex},
+    Punctuator{u"]", Role::closeIndex},
+    Punctuator{u",", Role::comma, Operation::comma, Binding::comma},
+    Punctuator{u":", Role::colon},
+    Punctuator{u".", Role::point},
+    Punctuator{u";", Role::end},
+    Punctuator{u"`", Role::templateText},
+};
+
+/// What a word is that is no name, where an operand may stand.
+enum class WordKind : std::uint8_t { literal, unary, statement, function, unsupported };
+
+struct Word {
+    std::u16string_view text;
+    WordKind kind;
+    Operation operation = Operation::none;
+};
+
+/// "let", "await" and "yield" are names in some places; they are refused in all.
+inline constexpr std::array kWords = {
+    Word{u"true", WordKind::literal},
+    Word{u"false", WordKind::literal},
+    Word{u"null", WordKind::literal},
+    Word{u"typeof", WordKind::unary, Operation::typeOf},
+    Word{u"void", WordKind::unary, Operation::voidOf},
+    Word{u"if", WordKind::statement},
+    Word{u"else", WordKind::statement},
+    Word{u"for", WordKind::statement},
+    Word{u"while", WordKind::statement},
+    Word{u"do", WordKind::statement},
+    Word{u"var", WordKind::statement},
+    Word{u"let", WordKind::statement},
+    Word{u"const", WordKind::statement},
+    Word{u"return", WordKind::statement},
+    Word{u"break", WordKind::statement},
+    Word{u"continue", WordKind::statement},
+    Word{u"switch", WordKind::statement},
+    Word{u"case", WordKind::statement},
+    Word{u"default", WordKind::statement},
+    Word{u"throw", WordKind::statement},
+    Word{u"try", WordKind::statement},
+    Word{u"catch", WordKind::statement},
+    Word{u"finally", WordKind::statement},
+    Word{u"with", WordKind::statement},
+    Word{u"debugger", WordKind::statement},
+    Word{u"import", WordKind::statement},
+    Word{u"export", WordKind::statement},
+    Word{u"class", WordKind::statement},
+    Word{u"function", WordKind::function},
+    Word{u"async", WordKind::function},
+    Word{u"new", WordKind::unsupported},
+    Word{u"this", WordKind::unsupported},
+    Word{u"super", WordKind::unsupported},
+    Word{u"delete", WordKind::unsupported},
+    Word{u"in", WordKind::unsupported},
+    Word{u"instanceof", WordKind::unsupported},
+    Word{u"enum", WordKind::unsupported},
+    Word{u"extends", WordKind::unsupported},
+    Word{u"await", WordKind::unsupported},
+    Word{u"yield", WordKind::unsupported},
+};
+
+}  // namespace kx
