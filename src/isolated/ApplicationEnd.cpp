@@ -26,8 +26,8 @@ ApplicationEnd::Outcome ApplicationEnd::receive(std::vector<std::byte>& message,
         }
         Part const part = lookAtPart();
         // Parts that another one follows are full: else empty parts could go on for ever.
-        bool const hasRoom = part.length <= kChannelPart &&
-                             part.length <= longestMessage_ - message.size();
+        bool const hasRoom =
+            part.length <= kChannelPart && part.length <= longestMessage_ - message.size();
         if (!hasRoom || (part.hasMore && part.length != kChannelPart)) return Outcome::LIED;
         std::byte const* const bytes = workerPart(memory_);
         message.insert(message.end(), bytes, bytes + part.length);
@@ -68,12 +68,12 @@ void ApplicationEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
 
 ApplicationEnd::Outcome ApplicationEnd::awaitTurn(Deadline& deadline) {
     auto const begin = SpinBudget::Clock::now();
-    bool const hasChanged = budget_.spin(
-        [this] { return look() != Turn::SAME; },
-        [this] {
-            return words_.worker.cpu.load(std::memory_order_relaxed) ==
-                   static_cast<std::uint32_t>(sched_getcpu());
-        });
+    bool const hasChanged =
+        budget_.spin([this] { return look() != Turn::SAME; },
+                     [this] {
+                         return words_.worker.cpu.load(std::memory_order_relaxed) ==
+                                static_cast<std::uint32_t>(sched_getcpu());
+                     });
     Outcome outcome = Outcome::ARRIVED;
     if (!hasChanged) outcome = sleepUntilTurn(deadline);
     budget_.note(SpinBudget::Clock::now() - begin);
@@ -96,8 +96,8 @@ ApplicationEnd::Outcome ApplicationEnd::poll(Deadline& deadline) {
     std::array<pollfd, 2> descriptors = {
         {{bell_.get(), POLLIN, 0}, {deadline.descriptor(), POLLIN, 0}}};
     auto const left = deadline.timeLeft();
-    int const ready = ppoll(descriptors.data(), descriptors.size(),
-                            left.has_value() ? &*left : nullptr, nullptr);
+    int const ready =
+        ppoll(descriptors.data(), descriptors.size(), left.has_value() ? &*left : nullptr, nullptr);
     if (ready < 0) return errno == EINTR ? Outcome::ARRIVED : Outcome::ENDED;
     if (descriptors[1].revents != 0) deadline.clearDescriptor();
     if ((descriptors[0].revents & POLLIN) != 0) {

@@ -13,7 +13,8 @@
 namespace kx {
 
 /// The application's end of a channel to a worker. It trusts nothing that the worker writes: each
-/// of the worker's words is read once and checked, and messages are copied before anyone reads them.
+/// of the worker's words is read once and checked, and messages are copied before anyone reads
+/// them.
 class ApplicationEnd {
   public:
     enum class Outcome : std::uint8_t {

@@ -34,7 +34,8 @@ std::optional<timespec> Deadline::timeLeft() const {
     if (time() == kNever) return std::nullopt;
     auto const left = std::max(time() - Clock::now(), Clock::duration::zero());
     auto const seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
-    return timespec{static_cast<time_t>(seconds.count()), static_cast<long>((left - seconds).count())};
+    return timespec{static_cast<time_t>(seconds.count()),
+                    static_cast<long>((left - seconds).count())};
 }
 
 Deadline::Clock::time_point Deadline::time() const {

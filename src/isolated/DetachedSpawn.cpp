@@ -26,8 +26,8 @@ constexpr int kFirstFree = 16;
 
 /// What is passed on of the environment. A worker that a script has taken over could tell the rest.
 bool isPassedOn(std::string_view entry) {
-    for (std::string_view name : {"TZ=", "TZDIR=", "LANG=", "LANGUAGE=", "LC_", "LD_LIBRARY_PATH=",
-                                  "ICU_", "ASAN_OPTIONS=", "UBSAN_OPTIONS="}) {
+    for (std::string_view name : {"TZ=", "TZDIR=", "LANG=", "LANGUAGE=", "LC_",
+                                  "LD_LIBRARY_PATH=", "ICU_", "ASAN_OPTIONS=", "UBSAN_OPTIONS="}) {
         if (entry.substr(0, name.size()) == name) return true;
     }
     return false;
@@ -60,8 +60,8 @@ class Start {
         posix_spawnattr_setsigdefault(&attributes_, &signals);
         sigemptyset(&signals);
         posix_spawnattr_setsigmask(&attributes_, &signals);
-        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF |
-                                                   POSIX_SPAWN_SETSIGMASK);
+        posix_spawnattr_setflags(
+            &attributes_, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
     }
     Start(Start const&) = delete;
     Start& operator=(Start const&) = delete;

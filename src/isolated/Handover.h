@@ -38,7 +38,8 @@ struct LeashReport {
 inline constexpr std::size_t kLongestPacket = 256;
 
 /// Sends `bytes` as one packet, with copies of `descriptors`. False where nobody receives.
-bool sendPacket(int socket, std::span<std::byte const> bytes, std::span<int const> descriptors = {});
+bool sendPacket(int socket, std::span<std::byte const> bytes,
+                std::span<int const> descriptors = {});
 
 /// Receives a packet into `bytes` and returns its length; 0 where the other side is gone, -1 where
 /// there is none within `milliseconds` (-1: no limit). `descriptors` gets those that came with it.

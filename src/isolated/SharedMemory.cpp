@@ -26,8 +26,7 @@ SharedMemory SharedMemory::open(OwnedDescriptor descriptor, std::size_t bytes) {
     struct stat status {};
     if (fstat(descriptor.get(), &status) != 0) throwSystemError("fstat");
     int const seals = fcntl(descriptor.get(), F_GET_SEALS);
-    if (seals < 0 || (seals & kSeals) != kSeals ||
-        status.st_size != static_cast<off_t>(bytes)) {
+    if (seals < 0 || (seals & kSeals) != kSeals || status.st_size != static_cast<off_t>(bytes)) {
         errno = EINVAL;
         throwSystemError("memory of a worker");
     }

@@ -27,6 +27,8 @@ class SpinBudget {
         return false;
     }
 
+    bool isSpinning() const { return budget_ > Clock::duration::zero(); }
+
     /// Tells how long a wait has been in all.
     void note(Clock::duration wait) {
         budget_ = wait <= kLongest ? kLongest : budget_ / 2;

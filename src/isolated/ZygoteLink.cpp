@@ -83,8 +83,8 @@ void ZygoteLink::start() {
     spawnDetached(program_, theirs.get(), lifeline.get());
     theirs.close();
     std::array<char, kLongestPacket> name{};
-    auto const length = receivePacket(own.get(), std::as_writable_bytes(std::span(name)),
-                                      kPatienceInMilliseconds);
+    auto const length =
+        receivePacket(own.get(), std::as_writable_bytes(std::span(name)), kPatienceInMilliseconds);
     if (length <= 0) throw std::runtime_error(program_ + " ends at its start");
     std::string const version(name.data(), static_cast<std::size_t>(length));
     if (version != version_) {

@@ -17,20 +17,20 @@ using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
 /// Harmless with any arguments: they concern this process's memory, threads and clocks alone.
 constexpr int kFree[] = {
-    SCMP_SYS(brk),           SCMP_SYS(clock_getres),     SCMP_SYS(clock_gettime),
-    SCMP_SYS(exit),          SCMP_SYS(exit_group),       SCMP_SYS(futex),
-    SCMP_SYS(getpid),        SCMP_SYS(getrandom),        SCMP_SYS(getrusage),
-    SCMP_SYS(gettid),        SCMP_SYS(gettimeofday),     SCMP_SYS(madvise),
-    SCMP_SYS(mremap),        SCMP_SYS(munmap),           SCMP_SYS(restart_syscall),
-    SCMP_SYS(rseq),          SCMP_SYS(rt_sigaction),     SCMP_SYS(rt_sigprocmask),
-    SCMP_SYS(rt_sigreturn),  SCMP_SYS(sched_yield),      SCMP_SYS(set_robust_list),
-    SCMP_SYS(sigaltstack),   SCMP_SYS(clock_nanosleep),  SCMP_SYS(getcpu),
-    SCMP_SYS(membarrier),    SCMP_SYS(mprotect),
+    SCMP_SYS(brk),          SCMP_SYS(clock_getres),    SCMP_SYS(clock_gettime),
+    SCMP_SYS(exit),         SCMP_SYS(exit_group),      SCMP_SYS(futex),
+    SCMP_SYS(getpid),       SCMP_SYS(getrandom),       SCMP_SYS(getrusage),
+    SCMP_SYS(gettid),       SCMP_SYS(gettimeofday),    SCMP_SYS(madvise),
+    SCMP_SYS(mremap),       SCMP_SYS(munmap),          SCMP_SYS(restart_syscall),
+    SCMP_SYS(rseq),         SCMP_SYS(rt_sigaction),    SCMP_SYS(rt_sigprocmask),
+    SCMP_SYS(rt_sigreturn), SCMP_SYS(sched_yield),     SCMP_SYS(set_robust_list),
+    SCMP_SYS(sigaltstack),  SCMP_SYS(clock_nanosleep), SCMP_SYS(getcpu),
+    SCMP_SYS(membarrier),   SCMP_SYS(mprotect),
 };
 
 /// The flags that pthread_create() gives, all of which a clone() must have: a thread, no process.
-constexpr scmp_datum_t kThread = CLONE_VM | CLONE_FS | CLONE_FILES | CLONE_SIGHAND | CLONE_THREAD |
-                                 CLONE_SYSVSEM | CLONE_SETTLS;
+constexpr scmp_datum_t kThread =
+    CLONE_VM | CLONE_FS | CLONE_FILES | CLONE_SIGHAND | CLONE_THREAD | CLONE_SYSVSEM | CLONE_SETTLS;
 /// Those that make namespaces, or have a tracer follow; the kernel refuses most of them with
 /// CLONE_THREAD anyway.
 constexpr scmp_datum_t kThreadExtras =
@@ -56,11 +56,12 @@ bool addRules(scmp_filter_ctx filter, int bell) {
     return allow(filter, SCMP_SYS(write), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(bell))) &&
            allow(filter, SCMP_SYS(mmap),
                  SCMP_A3(SCMP_CMP_MASKED_EQ, MAP_TYPE | MAP_ANONYMOUS, kPrivateMemory)) &&
-           allow(filter, SCMP_SYS(clone),
-                 SCMP_A0(SCMP_CMP_MASKED_EQ, ~kThreadExtras, kThread)) &&
+           allow(filter, SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, ~kThreadExtras, kThread)) &&
            allow(filter, SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, self)) &&
            allow(filter, SCMP_SYS(sched_getaffinity), SCMP_A0(SCMP_CMP_EQ, 0)) &&
-           // Its arguments lie in memory, where no filter can look; the C library then uses clone().
+           allow(filter, SCMP_SYS(sched_setaffinity), SCMP_A0(SCMP_CMP_EQ, 0)) &&
+           // Its arguments lie in memory, where no filter can look; the C library then uses
+           // clone().
            refuse(filter, ENOSYS, SCMP_SYS(clone3));
 }
 
@@ -71,8 +72,7 @@ bool filterSystemCalls(int bell) {
     if (!filter) return false;
     bool const isComplete =
         seccomp_attr_set(filter.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_KILL_PROCESS) == 0 &&
-        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0) == 0 &&
-        addRules(filter.get(), bell);
+        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0) == 0 && addRules(filter.get(), bell);
     return isComplete && seccomp_load(filter.get()) == 0;
 }
 

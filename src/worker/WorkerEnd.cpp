@@ -50,6 +50,7 @@ void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
 
 void WorkerEnd::awaitTurn() {
     auto const begin = SpinBudget::Clock::now();
+    if (sharesProcessor() && budget_.isSpinning() && begin >= nextStep_) stepAside();
     if (!budget_.spin([this] { return hasTurn(); }, [this] { return sharesProcessor(); })) {
         words_.worker.sleeps.store(1);
         while (!hasTurn()) waitForChange(words_.application.turn, turn_ - 1);
@@ -64,6 +65,19 @@ bool WorkerEnd::hasTurn() const { return words_.application.turn.load() == turn_
 bool WorkerEnd::sharesProcessor() const {
     return words_.application.cpu.load(std::memory_order_relaxed) ==
            static_cast<std::uint32_t>(sched_getcpu());
+}
+
+/// Moves this thread to another processor, where there is one. The kernel wakes a thread where its
+/// waker runs, and two that spin for each other on one processor would stay there, each waiting for
+/// the other's time to be up. Not more often than the kernel moves threads itself.
+void WorkerEnd::stepAside() {
+    nextStep_ = SpinBudget::Clock::now() + std::chrono::milliseconds(1);
+    cpu_set_t allowed;
+    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) return;
+    cpu_set_t others = allowed;
+    CPU_CLR(static_cast<unsigned>(sched_getcpu()), &others);
+    if (CPU_COUNT(&others) == 0 || sched_setaffinity(0, sizeof others, &others) != 0) return;
+    sched_setaffinity(0, sizeof allowed, &allowed);
 }
 
 }  // namespace kx

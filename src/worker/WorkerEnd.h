@@ -28,6 +28,7 @@ class WorkerEnd {
     void awaitTurn();
     bool hasTurn() const;
     bool sharesProcessor() const;
+    void stepAside();
 
     std::byte* memory_;
     ChannelWords& words_;
@@ -35,6 +36,7 @@ class WorkerEnd {
     std::uint32_t turn_ = 0;
     std::uint32_t interrupts_ = 0;
     SpinBudget budget_;
+    SpinBudget::Clock::time_point nextStep_{};
 };
 
 }  // namespace kx

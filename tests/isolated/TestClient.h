@@ -45,5 +45,5 @@ inline pid_t processOf(kx::Worker& worker) {
     return std::stoi(ask(worker, TestRequest::PROCESS).text);
 }
 
-/// Whether the process ends within some seconds. One that is no child of this process vanishes.
+/// Whether the process ends within some seconds.
 bool endsSoon(pid_t process);

@@ -59,20 +59,30 @@ class TestService final : public kx::WorkerService {
   private:
     Bytes answer(TestRequest request, std::uint64_t number, Bytes const& rest, unsigned turn) {
         switch (request) {
-            case TestRequest::ECHO: return rest;
-            case TestRequest::LENGTHEN: return Bytes(number, std::byte{7});
-            case TestRequest::PROCESS: return bytesOf(std::to_string(getpid()));
+            case TestRequest::ECHO:
+                return rest;
+            case TestRequest::LENGTHEN:
+                return Bytes(number, std::byte{7});
+            case TestRequest::PROCESS:
+                return bytesOf(std::to_string(getpid()));
             case TestRequest::SPIN:
                 for (std::atomic<bool> const forEver = true; forEver;) {
                 }
                 return {};
-            case TestRequest::WAIT: return waitForInterrupt();
-            case TestRequest::ALLOCATE: return allocate(number);
-            case TestRequest::EXIT: _exit(static_cast<int>(number));
-            case TestRequest::ABORT: std::abort();
-            case TestRequest::THREADS: return startThreads(number);
-            case TestRequest::RANDOM: return random();
-            case TestRequest::ATTACK: return makeAttempt(number, rest);
+            case TestRequest::WAIT:
+                return waitForInterrupt();
+            case TestRequest::ALLOCATE:
+                return allocate(number);
+            case TestRequest::EXIT:
+                _exit(static_cast<int>(number));
+            case TestRequest::ABORT:
+                std::abort();
+            case TestRequest::THREADS:
+                return startThreads(number);
+            case TestRequest::RANDOM:
+                return random();
+            case TestRequest::ATTACK:
+                return makeAttempt(number, rest);
             case TestRequest::LIE:
                 lie(number, channel_, turn, 3);
                 while (true) std::this_thread::sleep_for(std::chrono::hours(1));
@@ -113,8 +123,7 @@ class TestService final : public kx::WorkerService {
     static Bytes makeAttempt(std::uint64_t number, Bytes const& target) {
         std::string const text(reinterpret_cast<char const*>(target.data()), target.size());
         std::size_t const blank = text.find(' ');
-        AttackResult const result =
-            attack(number, std::stoi(text), text.substr(blank + 1).c_str());
+        AttackResult const result = attack(number, std::stoi(text), text.substr(blank + 1).c_str());
         return bytesOf(std::to_string(result.value) + " " + std::to_string(result.error) + " " +
                        result.name);
     }
