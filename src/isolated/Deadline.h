@@ -2,8 +2,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <ctime>
 #include <optional>
-#include <time.h>
 
 #include "isolated/OwnedDescriptor.h"
 

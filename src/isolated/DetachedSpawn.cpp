@@ -3,10 +3,10 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
 #include <sched.h>
 #include <spawn.h>
 #include <string_view>
@@ -86,6 +86,11 @@ class Start {
     int error_ = 0;
 };
 
+/// What a stack consists of.
+struct alignas(16) Aligned {
+    std::array<std::byte, 16> bytes;
+};
+
 int runStart(void* start) {
     static_cast<Start*>(start)->run();
     return 0;
@@ -118,11 +123,9 @@ void spawnDetached(std::string const& program, int socket, int lifeline) {
     // A clone in between, which ends at once, is the zygote's parent. It shares this memory, this
     // thread waits for it as for vfork(), and its end sends no signal and is not seen by wait().
     constexpr std::size_t kStack = std::size_t{256} * 1024;
-    auto const stack = std::make_unique<std::byte[]>(kStack);
-    SignalsBlocked const blocked;
-    auto* const top = reinterpret_cast<std::byte*>(
-        reinterpret_cast<std::uintptr_t>(stack.get() + kStack) & ~std::uintptr_t{63});
-    pid_t const between = clone(runStart, top, CLONE_VM | CLONE_VFORK, &start);
+    std::vector<Aligned> stack(kStack / sizeof(Aligned));
+    pid_t const between =
+        clone(runStart, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK, &start);
     if (between < 0) throwSystemError("clone");
     pid_t waited = -1;
     do waited = waitpid(between, nullptr, __WCLONE);

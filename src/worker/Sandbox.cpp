@@ -1,5 +1,6 @@
 #include "worker/Sandbox.h"
 
+#include <array>
 #include <initializer_list>
 #include <linux/capability.h>
 #include <sys/prctl.h>
@@ -39,8 +40,8 @@ SandboxPieces enterSandbox(int bell) {
 
 bool dropCapabilities() {
     __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
-    return syscall(SYS_capset, &header, none) == 0;
+    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> const none{};
+    return syscall(SYS_capset, &header, none.data()) == 0;
 }
 
 }  // namespace kx

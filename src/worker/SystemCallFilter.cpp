@@ -1,4 +1,5 @@
 // The system calls that are left to a worker: what memory, clocks, waiting and threads take.
+#include <array>
 #include <cerrno>
 #include <memory>
 #include <sched.h>
@@ -16,7 +17,7 @@ namespace {
 using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
 /// Harmless with any arguments: they concern this process's memory, threads and clocks alone.
-constexpr int kFree[] = {
+constexpr std::array kFree = {
     SCMP_SYS(brk),          SCMP_SYS(clock_getres),    SCMP_SYS(clock_gettime),
     SCMP_SYS(exit),         SCMP_SYS(exit_group),      SCMP_SYS(futex),
     SCMP_SYS(getpid),       SCMP_SYS(getrandom),       SCMP_SYS(getrusage),

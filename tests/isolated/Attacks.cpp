@@ -30,10 +30,10 @@ struct Attack {
     long (*attempt)(Target const& target);
 };
 
-char const* const kNothing[] = {nullptr};
-char scratch[64];
+constexpr std::array<char const*, 1> kNothing = {nullptr};
+std::array<char, 64> scratch;
 
-iovec piece() { return {scratch, sizeof scratch}; }
+iovec piece() { return {scratch.data(), scratch.size()}; }
 
 /// A system call of the 32-bit architecture: getpid.
 long call32() {
@@ -44,14 +44,14 @@ long call32() {
 
 constexpr std::uint64_t kX32 = 0x40000000;
 
-constexpr Attack kAttacks[] = {
+constexpr auto kAttacks = std::to_array<Attack>({
     {"read a file", [](Target const&) { return syscall(SYS_open, "/etc/passwd", O_RDONLY); }},
     {"read a file by openat",
      [](Target const&) { return syscall(SYS_openat, AT_FDCWD, "/etc/passwd", O_RDONLY); }},
     {"read a file by openat2",
      [](Target const&) {
-         std::uint64_t how[3] = {O_RDONLY, 0, 0};
-         return syscall(437, AT_FDCWD, "/etc/passwd", how, sizeof how);
+         std::array<std::uint64_t, 3> how = {O_RDONLY, 0, 0};
+         return syscall(437, AT_FDCWD, "/etc/passwd", how.data(), sizeof how);
      }},
     {"make a file",
      [](Target const& target) { return syscall(SYS_open, target.file, O_CREAT | O_RDWR, 0600); }},
@@ -61,20 +61,20 @@ constexpr Attack kAttacks[] = {
     {"remove a file", [](Target const& target) { return syscall(SYS_unlink, target.file); }},
     {"look at a file", [](Target const&) { return syscall(SYS_access, "/etc/passwd", R_OK); }},
     {"list a directory",
-     [](Target const&) { return syscall(SYS_getdents64, kBell, scratch, sizeof scratch); }},
+     [](Target const&) { return syscall(SYS_getdents64, kBell, scratch.data(), scratch.size()); }},
     {"an Internet socket",
      [](Target const&) { return syscall(SYS_socket, AF_INET, SOCK_STREAM, 0); }},
     {"a local socket", [](Target const&) { return syscall(SYS_socket, AF_UNIX, SOCK_DGRAM, 0); }},
     {"a pair of sockets",
      [](Target const&) {
-         int ends[2];
-         return syscall(SYS_socketpair, AF_UNIX, SOCK_STREAM, 0, ends);
+         std::array<int, 2> ends{};
+         return syscall(SYS_socketpair, AF_UNIX, SOCK_STREAM, 0, ends.data());
      }},
     {"run a program",
-     [](Target const&) { return syscall(SYS_execve, "/bin/true", kNothing, kNothing); }},
+     [](Target const&) { return syscall(SYS_execve, "/bin/true", kNothing.data(), kNothing.data()); }},
     {"run a program by execveat",
      [](Target const&) {
-         return syscall(SYS_execveat, AT_FDCWD, "/bin/true", kNothing, kNothing, 0);
+         return syscall(SYS_execveat, AT_FDCWD, "/bin/true", kNothing.data(), kNothing.data(), 0);
      }},
     {"fork", [](Target const&) { return syscall(SYS_fork); }},
     {"fork by clone", [](Target const&) { return syscall(SYS_clone, SIGCHLD, 0, 0, 0, 0); }},
@@ -87,8 +87,8 @@ constexpr Attack kAttacks[] = {
      }},
     {"fork by clone3",
      [](Target const&) {
-         std::uint64_t arguments[11] = {0, 0, 0, 0, SIGCHLD};
-         return syscall(435, arguments, sizeof arguments);
+         std::array<std::uint64_t, 11> arguments = {0, 0, 0, 0, SIGCHLD};
+         return syscall(435, arguments.data(), sizeof arguments);
      }},
     {"trace the application",
      [](Target const& target) {
@@ -139,8 +139,8 @@ constexpr Attack kAttacks[] = {
     {"outlive the zygote", [](Target const&) { return syscall(SYS_prctl, PR_SET_PDEATHSIG, 0); }},
     {"io_uring",
      [](Target const&) {
-         std::uint32_t parameters[30] = {};
-         return syscall(SYS_io_uring_setup, 4, parameters);
+         std::array<std::uint32_t, 30> parameters = {};
+         return syscall(SYS_io_uring_setup, 4, parameters.data());
      }},
     {"map a descriptor",
      [](Target const&) { return syscall(SYS_mmap, 0, 4096, PROT_READ, MAP_PRIVATE, kBell, 0); }},
@@ -153,20 +153,20 @@ constexpr Attack kAttacks[] = {
     {"copy a descriptor", [](Target const&) { return syscall(SYS_dup, kBell); }},
     {"change a descriptor",
      [](Target const&) { return syscall(SYS_fcntl, kBell, F_SETFL, O_NONBLOCK); }},
-    {"control a device", [](Target const&) { return syscall(SYS_ioctl, kBell, 0x5412, scratch); }},
+    {"control a device", [](Target const&) { return syscall(SYS_ioctl, kBell, 0x5412, scratch.data()); }},
     {"send a descriptor",
      [](Target const&) {
          msghdr header{};
          return syscall(SYS_sendmsg, kBell, &header, 0);
      }},
-    {"write elsewhere", [](Target const&) { return syscall(SYS_write, 1, scratch, 1); }},
-    {"read", [](Target const&) { return syscall(SYS_read, 0, scratch, 1); }},
+    {"write elsewhere", [](Target const&) { return syscall(SYS_write, 1, scratch.data(), 1); }},
+    {"read", [](Target const&) { return syscall(SYS_read, 0, scratch.data(), 1); }},
     {"wait for descriptors", [](Target const&) { return syscall(SYS_epoll_create1, 0); }},
     {"a descriptor of events", [](Target const&) { return syscall(SYS_eventfd2, 0, 0); }},
     {"page faults", [](Target const&) { return syscall(SYS_userfaultfd, 0); }},
-    {"a program in the kernel", [](Target const&) { return syscall(SYS_bpf, 0, scratch, 48); }},
+    {"a program in the kernel", [](Target const&) { return syscall(SYS_bpf, 0, scratch.data(), 48); }},
     {"performance counters",
-     [](Target const&) { return syscall(SYS_perf_event_open, scratch, 0, -1, -1, 0); }},
+     [](Target const&) { return syscall(SYS_perf_event_open, scratch.data(), 0, -1, -1, 0); }},
     {"keys", [](Target const&) { return syscall(SYS_keyctl, 0, -3, 0); }},
     {"a new name space", [](Target const&) { return syscall(SYS_unshare, CLONE_NEWUSER); }},
     {"mount",
@@ -175,11 +175,11 @@ constexpr Attack kAttacks[] = {
     {"another user", [](Target const&) { return syscall(SYS_setuid, 0); }},
     {"capabilities",
      [](Target const&) {
-         std::uint32_t header[2] = {0x20080522, 0};
-         std::uint32_t const all[6] = {~0U, ~0U, ~0U, ~0U, ~0U, ~0U};
-         return syscall(SYS_capset, header, all);
+         std::array<std::uint32_t, 2> header = {0x20080522, 0};
+         std::array<std::uint32_t, 6> const all = {~0U, ~0U, ~0U, ~0U, ~0U, ~0U};
+         return syscall(SYS_capset, header.data(), all.data());
      }},
-    {"segments", [](Target const&) { return syscall(SYS_modify_ldt, 0, scratch, sizeof scratch); }},
+    {"segments", [](Target const&) { return syscall(SYS_modify_ldt, 0, scratch.data(), scratch.size()); }},
     {"ports", [](Target const&) { return syscall(SYS_iopl, 3); }},
     {"another filter", [](Target const&) { return syscall(SYS_seccomp, 1, 0, nullptr); }},
     {"a call of the x32 architecture",
@@ -189,11 +189,11 @@ constexpr Attack kAttacks[] = {
          return syscall(static_cast<long>(kX32 | SYS_open), "/etc/passwd", O_RDONLY);
      }},
     {"a 32-bit call", [](Target const&) { return call32(); }},
-};
+});
 
 }  // namespace
 
-std::size_t attackCount() { return std::size(kAttacks); }
+std::size_t attackCount() { return kAttacks.size(); }
 
 AttackResult attack(std::size_t number, int victim, char const* file) {
     Attack const& chosen = kAttacks[number];

@@ -1,5 +1,6 @@
 #include "isolated/Lies.h"
 
+#include <array>
 #include <unistd.h>
 
 #include "isolated/ChannelMemory.h"
@@ -30,7 +31,7 @@ struct Lie {
     void (*tell)(Call const& call);
 };
 
-constexpr Lie kLies[] = {
+constexpr auto kLies = std::to_array<Lie>({
     {"a part longer than the memory",
      [](Call const& call) { answer(call, call.turn + 1, kx::kChannelPart + 1, 0); }},
     {"a length near the end of its range",
@@ -58,11 +59,11 @@ constexpr Lie kLies[] = {
      [](Call const& call) {
          while (true) ring(call.bell);
      }},
-};
+});
 
 }  // namespace
 
-std::size_t lieCount() { return std::size(kLies); }
+std::size_t lieCount() { return kLies.size(); }
 
 char const* nameOfLie(std::size_t number) { return kLies[number].name; }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <bit>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -34,7 +35,8 @@ std::byte* findChannel() {
     std::ifstream maps("/proc/self/maps");
     for (std::string line; std::getline(maps, line);) {
         if (line.find("memfd:kxjs") == std::string::npos) continue;
-        return reinterpret_cast<std::byte*>(std::stoull(line, nullptr, 16));
+        std::uint64_t const address = std::stoull(line, nullptr, 16);
+        return std::bit_cast<std::byte*>(address);
     }
     return nullptr;
 }

@@ -163,6 +163,7 @@ TEST(Worker, ThatIsNotThereIsRefused) {
 TEST(Worker, ServesOneThreadEach) {
     std::vector<std::thread> threads;
     std::atomic<int> right = 0;
+    threads.reserve(8);
     for (int thread = 0; thread < 8; ++thread) {
         threads.emplace_back([&right] {
             for (int i = 0; i < 3; ++i) {
