@@ -22,7 +22,8 @@ TEST(Usage, VersionNamesLibraryAndEngine) {
 
 TEST(Usage, HelpNamesEveryCommand) {
     Outcome const outcome = kxjs({"--help"});
-    for (char const* command : {"eval", "convert", "extract", "functions", "docs"}) {
+    for (char const* command :
+         {"eval", "batch", "convert", "extract", "functions", "docs", "repl"}) {
         EXPECT_THAT(outcome.out, HasSubstr(std::string("\n  ") + command + " "));
     }
     EXPECT_EQ(outcome.err, "");
@@ -30,7 +31,7 @@ TEST(Usage, HelpNamesEveryCommand) {
 }
 
 TEST(Usage, EveryCommandHasHelpWithAnExample) {
-    for (char const* command : {"eval", "convert", "extract", "functions", "docs"}) {
+    for (char const* command : {"eval", "batch", "convert", "extract", "functions", "docs"}) {
         Outcome const outcome = kxjs({command, "--help"});
         EXPECT_THAT(outcome.out, HasSubstr(std::string("Example: kxjs ") + command));
         EXPECT_EQ(outcome.err, "");
