@@ -26,7 +26,8 @@ class KxJsFunction;
 /// 5. Names of built-in functions get their own spelling: `round (x)` becomes `ROUND(x)`.
 /// 6. White space becomes single blanks, also at the start and the end.
 ///
-/// Some results are surprising, and existing formulas depend on them:
+/// Some results are surprising, and existing formulas depend on them. A few examples; all are in
+/// docs/deliberate-behaviour.md:
 ///
 /// - Quoted text is rewritten too: `'SIN(x)'` becomes `' Math.sin(x) '`. Only literal operators
 ///   such as `<>` are left alone there.

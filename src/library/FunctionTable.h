@@ -29,6 +29,9 @@ struct FunctionRow {
 /// A table is a constant: it needs no work at start-up, and any thread may read it.
 using FunctionTable = std::initializer_list<FunctionRow>;
 
+/// Returns a new record with the texts of `row` and with the title `category`.
+KxJsFunction buildRecord(char16_t const* category, FunctionRow const& row);
+
 /// Returns new records with the texts of all `tables` in order and with the title `category`.
 std::vector<KxJsFunction> buildRecords(char16_t const* category,
                                        std::initializer_list<FunctionTable> tables);

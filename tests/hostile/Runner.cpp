@@ -80,7 +80,7 @@ int test(std::vector<Case> cases) {
     for (Case const& test : cases) run(test, outcome);
     for (std::string const& name : outcome.unexpectedSurvivals) {
         std::cout << "V8 survives " << name
-                  << " now: move it to the others, and take it off the list in ARCHITECTURE.md\n";
+                  << " now: move it to the others, and take it off the list in docs/limits.md\n";
     }
     for (std::string const& name : outcome.failures) std::cout << "FAILED: " << name << '\n';
     std::cout << cases.size() << " scripts, " << outcome.failures.size() << " failed\n";
