@@ -7,22 +7,23 @@
 
 #include "engine/PersistentHandle.h"
 #include "host/Failure.h"
+#include "host/HostBackend.h"
 
 namespace kx {
 
-/// Keeps a compiled script alive. Must not be destroyed after its isolate: see IsolateRecord.
-class CompiledScript {
+/// A script that V8 has compiled. Holds a handle: see IsolateRecord for where it may be destroyed.
+class V8Script final : public CompiledScript {
   public:
     /// `source` is the whole text, its first `prologueLength` code units not the caller's.
-    CompiledScript(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,
-                   std::size_t prologueLength)
+    V8Script(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,
+             std::size_t prologueLength)
         : handle_(all, script),
           source_{script->GetUnboundScript()->GetId(), prologueLength},
           mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
 
-    /// The script for one run. The engine leaves a script that has declared names with let, const
-    /// or class in a state in which a second run ends the process, so such a script is bound anew
-    /// for each run, and says itself that the names are taken.
+    /// The script for one run. After a script has declared names with let, const or class, V8 ends
+    /// the process when the same handle runs again. Such a script is therefore bound to the context
+    /// anew for each run, and the second run throws that the names exist.
     v8::Local<v8::Script> forRun(v8::Isolate* isolate, v8::Local<v8::Context> context) const {
         v8::Local<v8::Script> const script = handle_.get(isolate);
         if (!mayDeclareNames_) return script;
@@ -33,8 +34,8 @@ class CompiledScript {
     CallerSource const& callerSource() const { return source_; }
 
   private:
-    // The prologue holds no word that the caller's source does not hold, too. Once through the
-    // source: it is looked at for every parse.
+    // The prologue contains no word that is not in the caller's source. One pass: every parse pays
+    // for it.
     static bool mayDeclareNames(std::u16string_view source) {
         for (std::size_t i = 0; i < source.size(); ++i) {
             if (source[i] != u'l' && source[i] != u'c') continue;

@@ -1,25 +1,22 @@
 #pragma once
 
-#include <map>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include <v8.h>
 
 #include "engine/PersistentHandle.h"
 #include "host/Carriers.h"
-#include "host/CompiledScript.h"
-#include "host/KxJsVariable.h"
+#include "host/HostBackend.h"
 
 namespace kx {
 
-/// What a host gives up: handles of its isolate, and the variables that carriers in that isolate
-/// may still point to. They go together, carriers first.
-struct HostRemains {
+/// What a host no longer needs: handles of its isolate, and the variables that carriers in that
+/// isolate may still point to. They are freed together, carriers first: see IsolateRecord.
+struct HostResources {
     Carriers carriers;
-    std::map<std::u16string, KxJsVariable> variables;
-    std::vector<std::unique_ptr<CompiledScript>> scripts;
+    Variables variables;
+    CompiledScripts scripts;
     std::vector<std::unique_ptr<PersistentHandle<v8::Function>>> functions;
     std::unique_ptr<PersistentHandle<v8::ObjectTemplate>> globalTemplate;
     std::unique_ptr<PersistentHandle<v8::Context>> context;
