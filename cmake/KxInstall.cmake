@@ -17,6 +17,7 @@ set(_headers
     library/Export.h
     library/KxJsFunction.h
     library/Prelude.h
+    translate/KxJsTranslator.h
 )
 foreach(header IN LISTS _headers)
     get_filename_component(directory ${header} DIRECTORY)

@@ -3,30 +3,30 @@
 #include <array>
 #include <string_view>
 
-/// The rules of the conversion as data: one table for each pass, in the order of application.
+/// The rules of the conversion, one table for each pass, in the order in which they are applied.
 ///
-/// Each later rule sees what the earlier ones wrote, so the order of the lines is behaviour. So is
-/// every odd pattern: names have no word boundary, a dot in front of a word stands for any
-/// character, an argument ends at the first closing parenthesis. Formulas in use depend on what
-/// falls out of it; nothing here is to be tidied.
+/// Each rule sees what the rules before it wrote, so the order of the lines matters. Several rules
+/// look wrong: names have no word boundary, the dots of `.AND.` match any character, an argument
+/// ends at the first closing parenthesis. Formulas in use depend on the results. Do not correct
+/// anything here.
 namespace kx {
 
-/// Every match of the pattern, an ECMAScript regular expression matched without regard to case,
-/// gives way to the replacement, in which "$1" to "$9" stand for the captured groups.
+/// Replaces every match of an ECMAScript regular expression, whatever the case of letters. In the
+/// replacement, "$1" to "$9" stand for the captured groups.
 struct RegexRule {
     std::u16string_view pattern;
     std::u16string_view replacement;
 };
 
-/// A step of the operator pass: a regex rule, or a literal operator that is exact in case and
-/// leaves quoted text alone.
+/// One step of the operator pass: a regex rule, or a literal operator. A literal operator is
+/// compared with regard to case, and quoted text is left alone.
 struct OperatorStep {
     enum class Kind : unsigned char { regex, literal } kind;
     std::u16string_view from;
     std::u16string_view to;
 };
 
-inline constexpr auto operatorSteps = std::to_array<OperatorStep>({
+inline constexpr auto kOperatorSteps = std::to_array<OperatorStep>({
     {OperatorStep::Kind::regex, uR"(\sNOT\s|\s.NOT.\s)", u" ! "},
     {OperatorStep::Kind::regex, uR"(\sAND\s|\s.AND.\s)", u" && "},
     {OperatorStep::Kind::regex, uR"(\sOR\s|\s.OR.\s)", u" || "},
@@ -43,7 +43,7 @@ inline constexpr auto operatorSteps = std::to_array<OperatorStep>({
     {OperatorStep::Kind::regex, uR"(FALSE)", u" false "},
 });
 
-inline constexpr auto mathRules = std::to_array<RegexRule>({
+inline constexpr auto kMathRules = std::to_array<RegexRule>({
     {uR"(SIN\s*\(([^)]+)\))", u" Math.sin($1) "},
     {uR"(COS\s*\(([^)]+)\))", u" Math.cos($1) "},
     {uR"((TAN|TG)\s*\(([^)]+)\))", u" Math.tan($2) "},
@@ -67,14 +67,14 @@ inline constexpr auto mathRules = std::to_array<RegexRule>({
     {uR"((RADIANS|DTOR)\s*\(([^)]+)\))", u" RADIANS($2) "},
 });
 
-inline constexpr auto miscRules = std::to_array<RegexRule>({
+inline constexpr auto kMiscRules = std::to_array<RegexRule>({
     {uR"(TYPE\s*\(([^)]+)\))", u" typeof($1) "},
     {uR"((EVAL|EVALUATE)\s*\(([^)]+)\))", u" eval($2) "},
     {uR"((IF|IIF)\s*\()", u" IIF("},
     {uR"(SWITCH\s*\(([^)]+)\))", u" SWITCH($1) "},
 });
 
-inline constexpr auto stringRules = std::to_array<RegexRule>({
+inline constexpr auto kStringRules = std::to_array<RegexRule>({
     {uR"(TRIM\s*\(([^)]+)\))", u" RTRIM($1) "},
     {uR"((L|R) RTRIM)", u"$1TRIM"},
     {uR"((REPLICATE|REPL|REPEAT)\s*\(([^,]+),([^)]+)\))", u" REPEAT($2,$3) "},
@@ -89,8 +89,9 @@ inline constexpr auto stringRules = std::to_array<RegexRule>({
     {uR"((STUFF|INSERT)\s*\(([^)]+)\))", u" INSERT($2) "},
 });
 
-/// The rule for a built-in function of the name N is N + tail, replaced by N + "(".
-inline constexpr std::u16string_view callTailPattern = uR"(\s*\()";
-inline constexpr std::u16string_view callTail = u"(";
+/// The rule that spells a built-in function N: the pattern is N and the first text, the replacement
+/// is N and the second.
+inline constexpr std::u16string_view kCallTailPattern = uR"(\s*\()";
+inline constexpr std::u16string_view kCallTail = u"(";
 
 }  // namespace kx

@@ -145,6 +145,11 @@ if cycle:
     mistakes.append("modules use one another in a circle: " + " > ".join(cycle))
 check_that_files_are_reached(included)
 
+umbrella = (source / "KxJs.h").read_text()
+for header in sorted(public - {"KxJs.h", "library/Export.h"}):
+    if f'#include "{header}"' not in umbrella:
+        mistakes.append(f"src/KxJs.h does not include {header}, which is public")
+
 for mistake in mistakes:
     print(mistake)
 sys.exit(1 if mistakes else 0)
