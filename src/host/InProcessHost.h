@@ -34,7 +34,9 @@ class InProcessHost final : public HostBackend {
     InProcessHost(Variables const& variables, std::u16string_view accessorName);
 
     bool isOnItsThread() const override;
-    bool isUsable() const override { return isOnItsThread() && context_ != nullptr; }
+    bool isUsable() const override {
+        return isOnItsThread() && (context_ != nullptr || isContextDeferred_);
+    }
     void installLibrary() override;
     std::unique_ptr<CompiledScript> compile(std::u16string_view source,
                                             std::u16string& error) override;
@@ -48,6 +50,10 @@ class InProcessHost final : public HostBackend {
     EndReason endReason() const override { return limits_.endReason(); }
 
     v8::Isolate* isolate() const { return record_->isolate(); }
+    /// Makes sure that there is a context. False, with a text in `error`, where V8 cannot make it
+    /// now.
+    bool makeContext(std::u16string& error);
+    /// Precondition: makeContext().
     v8::Local<v8::Context> context() const { return context_->get(isolate()); }
     std::shared_ptr<IsolateRecord> const& record() const { return record_; }
     RunLimits& limits() { return limits_; }
@@ -101,6 +107,7 @@ class InProcessHost final : public HostBackend {
 
   private:
     void createContext();
+    bool install(std::u16string& error);
     WrappedSource wrap(std::u16string_view source);
     void defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context);
     /// Whether formulas may be evaluated without V8 now.
@@ -130,7 +137,9 @@ class InProcessHost final : public HostBackend {
     Carriers carriers_;
     DeferredEffects deferred_;
     std::unique_ptr<Evaluator> evaluator_;  // once there is something to evaluate
-    bool isNativeOn_ = true;
+    bool isNativeOn_;
+    bool isContextDeferred_ = false;  // until V8 is needed
+    bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one
     bool hasLibrary_ = false;
     bool hadEffects_ = false;  // a script may have changed what others see
     std::uint64_t generation_ = 0;

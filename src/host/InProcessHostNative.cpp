@@ -30,7 +30,7 @@ bool arePlain(WrappedSource const& source) {
 }  // namespace
 
 bool InProcessHost::isNativeAllowed() const {
-    if (!isNativeOn_ || hadEffects_) return false;
+    if (!isNativeOn_ || hadEffects_ || !record_->hasStackLeft()) return false;
     // An application may be about to end what runs in its isolate.
     return record_->isOwn() || !isolate()->IsExecutionTerminating();
 }
@@ -42,7 +42,8 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(expression, {{names.data(), source.variables.size()}, hasLibrary_});
+    return Program::make(
+        expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
 }
 
 bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {

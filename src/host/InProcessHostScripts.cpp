@@ -43,6 +43,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
             return std::make_unique<HostScript>(std::move(wrapped), std::move(program));
         }
     }
+    if (!makeContext(error)) return nullptr;
     v8::HandleScope const handles(isolate());
     v8::Local<v8::Context> const entered = context();
     v8::Context::Scope const scope(entered);
@@ -97,6 +98,7 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
 }
 
 std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& error) {
+    if (!makeContext(error)) return {};
     v8::HandleScope const handles(isolate());
     // Not entered: what needs that does so by itself.
     v8::Local<v8::Context> const context = this->context();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -53,6 +54,17 @@ class IsolateRecord {
     /// Whether the library has made the isolate.
     bool isOwn() const { return allocator_ != nullptr; }
 
+    /// Where scripts of the isolate must not grow the thread's stack beyond.
+    void setStackLimit(std::uintptr_t limit) { stackLimit_ = limit; }
+
+    /// Whether the calling thread has stack enough left for what the library does without V8.
+    /// Otherwise V8 is to say that it is full. Always where the limit is not known.
+    bool hasStackLeft() const {
+        constexpr std::uintptr_t kEnough = std::uintptr_t{64} << 10;
+        char const here = 0;
+        return reinterpret_cast<std::uintptr_t>(&here) > stackLimit_ + kEnough;
+    }
+
     /// Takes what a host gives up and frees it as soon as that is possible.
     void release(std::list<HostResources> resources) noexcept;
 
@@ -91,6 +103,7 @@ class IsolateRecord {
 
     std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
+    std::uintptr_t stackLimit_ = 0;
     OwnHandles handles_;
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;

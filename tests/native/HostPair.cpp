@@ -96,7 +96,7 @@ constexpr std::u16string_view kMatch =
     u"[RegExp.lastMatch,RegExp.leftContext,RegExp.rightContext,RegExp.$_].join('|')";
 
 /// Some formulas never end.
-constexpr std::chrono::milliseconds kTimeLimit{500};
+constexpr std::chrono::milliseconds kTimeLimit{100};
 constexpr std::size_t kMemoryLimit = std::size_t{64} << 20;
 constexpr std::u16string_view kLimited = u"The script was ";
 
