@@ -54,8 +54,9 @@ class HostScript final : public CompiledScript {
     /// What V8 makes of the script may be added when it is needed.
     void setCompiled(OwnHandles& all, v8::Local<v8::Script> script, ScriptEffects effects) const {
         compiled_.emplace(all, script, source_.text, source_.prologueLength);
-        effects_ = std::move(effects);
+        setEffects(std::move(effects));
     }
+    void setEffects(ScriptEffects effects) const { effects_ = std::move(effects); }
 
   private:
     WrappedSource source_;

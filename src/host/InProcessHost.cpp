@@ -149,6 +149,7 @@ void InProcessHost::deleteGlobals() {
     }
     std::u16string ignored;
     std::unique_ptr<CompiledScript> const script = compile(deletions, ignored);
+    if (script != nullptr) declareHarmless(static_cast<HostScript const&>(*script));
     // The script may call setters that scripts have defined: those are not to run when refused.
     if (script != nullptr && !limits_.isRefused()) (void)run(*script, ignored);
 }

@@ -121,6 +121,9 @@ class InProcessHost final : public HostBackend {
     V8Script const* prepare(HostScript const& script, v8::Local<v8::Context> context);
     ScriptEffects effectsOf(Expression const* expression, WrappedSource const& source) const;
     void noteEffects(ScriptEffects const& effects, v8::Local<v8::Context> context);
+    /// Of the host's own script: it deletes globals of variables. Where those are nothing else, no
+    /// script sees more of it.
+    static void declareHarmless(HostScript const& script);
     static CallerSource callerSourceOf(HostScript const& script);
     void applyDeferred(v8::Local<v8::Context> context);
     void deleteGlobals();

@@ -15,9 +15,6 @@ namespace kx {
 
 namespace {
 
-/// Formulas with more variables are left to V8.
-constexpr std::size_t kMostVariables = 32;
-
 bool isConstant(std::u16string_view name) {
     return name == u"undefined" || name == u"NaN" || name == u"Infinity";
 }
@@ -37,8 +34,8 @@ bool InProcessHost::isNativeAllowed() const {
 
 std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
                                                     WrappedSource const& source) const {
-    if (source.variables.size() > kMostVariables || !arePlain(source)) return nullptr;
-    std::array<std::u16string_view, kMostVariables> names;
+    if (source.variables.size() > Evaluator::kMostVariables || !arePlain(source)) return nullptr;
+    std::array<std::u16string_view, Evaluator::kMostVariables> names;
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
@@ -50,8 +47,7 @@ bool InProcessHost::runNatively(HostScript const& script, std::u16string& result
     if (script.program() == nullptr) return false;
     if (evaluator_ == nullptr) evaluator_ = std::make_unique<Evaluator>();
     std::vector<BoundVariable*> const& variables = script.source().variables;
-    std::array<Value, kMostVariables> room;
-    std::span<Value> const values(room.data(), variables.size());
+    std::span<Value> const values = evaluator_->roomFor(variables.size());
     std::transform(variables.begin(), variables.end(), values.begin(),
                    [](BoundVariable const* variable) { return variable->nativeValue(); });
     Value value;
@@ -111,6 +107,10 @@ void InProcessHost::noteEffects(ScriptEffects const& effects, v8::Local<v8::Cont
             context->Global()->Get(context, toEngineName(isolate(), name)).ToLocal(&value);
         hadEffects_ = hadEffects_ || !isRead || value->IsObject();
     }
+}
+
+void InProcessHost::declareHarmless(HostScript const& script) {
+    if (arePlain(script.source())) script.setEffects({.mayHave = false});
 }
 
 CallerSource InProcessHost::callerSourceOf(HostScript const& script) {

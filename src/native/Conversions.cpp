@@ -161,7 +161,7 @@ std::optional<bool> compare(Operation operation, Value const& left, Value const&
 namespace {
 
 bool calculateNumbers(Operation operation, double left, double right, Value& result) {
-    auto const shift = static_cast<std::uint32_t>(toInt32(right)) & 31U;
+    auto const shift = [right] { return static_cast<std::uint32_t>(toInt32(right)) & 31U; };
     switch (operation) {
         case Operation::add:
             result = Value::of(left + right);
@@ -189,14 +189,14 @@ bool calculateNumbers(Operation operation, double left, double right, Value& res
             return true;
         case Operation::shiftLeft:
             result = Value::of(static_cast<double>(
-                static_cast<std::int32_t>(static_cast<std::uint32_t>(toInt32(left)) << shift)));
+                static_cast<std::int32_t>(static_cast<std::uint32_t>(toInt32(left)) << shift())));
             return true;
         case Operation::shiftRight:
-            result = Value::of(static_cast<double>(toInt32(left) >> shift));
+            result = Value::of(static_cast<double>(toInt32(left) >> shift()));
             return true;
         case Operation::shiftRightUnsigned:
-            result =
-                Value::of(static_cast<double>(static_cast<std::uint32_t>(toInt32(left)) >> shift));
+            result = Value::of(
+                static_cast<double>(static_cast<std::uint32_t>(toInt32(left)) >> shift()));
             return true;
         default:
             return false;
@@ -216,6 +216,8 @@ bool set(std::optional<bool> answer, bool isNegated, Value& result) {
 
 bool calculate(Operation operation, Value const& left, Value const& right, TextArena& arena,
                Value& result) {
+    bool const areNumbers = left.isNumber() && right.isNumber();
+    if (areNumbers && calculateNumbers(operation, left.number, right.number, result)) return true;
     if (isComparison(operation)) return set(compare(operation, left, right), false, result);
     switch (operation) {
         case Operation::equal:

@@ -72,6 +72,14 @@ class Evaluator {
     /// Values that can be waiting for an operation.
     static constexpr std::size_t kMostValues = 256;
 
+    /// Variables that roomFor() has room for.
+    static constexpr std::size_t kMostVariables = 32;
+
+    /// Room for the values of `count` variables, until the next call.
+    std::span<Value> roomFor(std::size_t count) {
+        return std::span<Value>(variables_).first(count);
+    }
+
     /// False where the formula needs V8 for these values; nothing has happened then. `variables`
     /// are those of the names that the formula was made with, in that order. The result's text is
     /// valid until the next run, and as long as the formula and the variables' texts.
@@ -88,6 +96,7 @@ class Evaluator {
     static bool computeUnary(Operation operation, Value& value);
 
     std::array<Value, kMostValues + 1> values_;  // from the second on
+    std::array<Value, kMostVariables> variables_;
     Workspace workspace_;
 };
 
