@@ -112,7 +112,7 @@ void IsolateRecord::setMemoryLimit(std::size_t bytes) {
 void IsolateRecord::release(std::list<HostResources> resources) noexcept {
     if (isCurrent()) {
         freeResources(isolate(), resources);
-        if (memory_ != nullptr) memory_->hasReleased();
+        if (memory_ != nullptr) memory_->somethingWasReleased();
         return;
     }
     if (isForkedChild()) {  // where the mutex may be locked for ever
@@ -136,7 +136,7 @@ void IsolateRecord::freePendingNow() {
         hasPending_.store(false, std::memory_order_relaxed);
     }
     freeResources(isolate(), pending);
-    if (memory_ != nullptr) memory_->hasReleased();
+    if (memory_ != nullptr) memory_->somethingWasReleased();
 }
 
 void IsolateRecord::isolateIsGone() {
