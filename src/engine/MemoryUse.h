@@ -26,8 +26,8 @@ class MemoryUse {
     /// Ordinary collections leave them; critical ones move what is in use together.
     bool isScattered(std::size_t few) const;
 
-    /// Collects all garbage, in several full collections: what a finalizer releases is only found by
-    /// the next one.
+    /// Collects all garbage, in several full collections: what a finalizer releases is only found
+    /// by the next one.
     void collectAll() const { own_.isolate()->LowMemoryNotification(); }
 
     /// Whether all that scripts use is measured.
