@@ -17,7 +17,7 @@ sources=$(
     exit 1
 }
 
-# apt in the new system goes the ways that apt goes here.
+# apt in the new system uses this machine's proxy settings.
 options=()
 while IFS= read -r option; do options+=("--aptopt=$option"); done < <(
     apt-config dump | grep -E '^Acquire::https?::Proxy ' || true
