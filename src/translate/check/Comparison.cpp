@@ -107,8 +107,7 @@ bool Comparison::same(NodeIndex index, kx::Node const& js) {
         case NodeKind::name:
             return sameName(node, js);
         case NodeKind::negation:
-            return js.kind == JsKind::unary && js.operation == Operation::logicalNot &&
-                   same(node.firstChild, expression_.child(js, 0));
+            return sameNegation(node, js);
         case NodeKind::sign:
             return js.kind == JsKind::unary &&
                    js.operation == (node.isNegative ? Operation::minus : Operation::plus) &&
@@ -169,8 +168,32 @@ bool Comparison::isCallOf(kx::Node const& js, std::u16string_view object,
            expression_.text(expression_.child(callee, 0)) == object;
 }
 
+/// Of logical values, (!a)==b and !(a==b) are the same.
+bool Comparison::sameNegation(Node const& node, kx::Node const& js) {
+    auto const isNot = [](kx::Node const& each) {
+        return each.kind == JsKind::unary && each.operation == Operation::logicalNot;
+    };
+    if (isNot(js)) return same(node.firstChild, expression_.child(js, 0));
+    Node const& compared = tree_.child(node, 0);
+    bool const isEquality =
+        compared.kind == NodeKind::binary &&
+        (compared.op == Operator::identical || compared.op == Operator::unequal) &&
+        js.kind == JsKind::binary && js.operation == operationOf(compared.op);
+    if (!isEquality || !isNot(expression_.child(js, 0))) return false;
+    NodeIndex const left = compared.firstChild;
+    NodeIndex const right = tree_.nodes[left].nextSibling;
+    return tree_.nodes[left].valueKind == Kind::logical &&
+           tree_.nodes[right].valueKind == Kind::logical &&
+           same(left, expression_.child(expression_.child(js, 0), 0)) &&
+           same(right, expression_.child(js, 1));
+}
+
 bool Comparison::sameBinary(Node const& node, kx::Node const& js) {
     if (node.op == Operator::power) {
+        // Where a rule has missed it, "**" is a power in JavaScript too.
+        if (js.kind == JsKind::binary && js.operation == Operation::power) {
+            return sameArguments(node.firstChild, js, 0);
+        }
         return isCallOf(js, u"Math", u"pow") && js.childCount == 3 &&
                sameArguments(node.firstChild, js, 1);
     }

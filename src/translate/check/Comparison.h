@@ -24,6 +24,7 @@ class Comparison {
     bool same(NodeIndex index, kx::Node const& js);
     bool sameText(NodeIndex index, kx::Node const& js);
     bool sameName(Node const& node, kx::Node const& js);
+    bool sameNegation(Node const& node, kx::Node const& js);
     bool sameBinary(Node const& node, kx::Node const& js);
     bool sameCall(Node const& node, kx::Node const& js);
     bool sameArguments(NodeIndex first, kx::Node const& js, std::size_t from);

@@ -133,10 +133,14 @@ Rewriter::Part Rewriter::copy(NodeIndex index) {
         whole.text += source_.substr(at, part.place.start - at);
         Part const rendered = render(child);
         if (!rendered.isPossible) return impossible();
-        bool const isOperand = node.kind == NodeKind::binary || node.kind == NodeKind::sign;
-        bool const isLoose = !part.isParenthesized && isOperand &&
-                             rendered.binding < bindingOf(part) &&
-                             rendered.binding <= bindingOf(node);
+        bool const isBelowOperator = node.kind == NodeKind::binary ||
+                                     node.kind == NodeKind::sign ||
+                                     node.kind == NodeKind::negation;
+        // A negation takes one operand in JavaScript.
+        Binding const own =
+            node.kind == NodeKind::negation ? kOperandBinding : bindingOf(node);
+        bool const isLoose = !part.isParenthesized && isBelowOperator &&
+                             rendered.binding < bindingOf(part) && rendered.binding <= own;
         whole.text += isLoose ? inParentheses(rendered.text) : rendered.text;
         at = part.place.end;
     }
@@ -166,8 +170,7 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
         case Operator::greaterOrEqual:
             return renderGreaterOrEqual(node);
         case Operator::contained:
-            return operandPart(u"(OCCURS(" + argument(node, 0) + u"," + argument(node, 1) +
-                               u")>0)");
+            return renderContained(node);
         case Operator::logicalXor:
             return joined(u"<>", Operator::unequal);
         case Operator::logicalAnd:
@@ -192,6 +195,16 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
         return joined(sign, node.op);
     }
     return copy(index);
+}
+
+/// The empty text is contained in nothing, and occurs everywhere.
+Rewriter::Part Rewriter::renderContained(Node const& node) {
+    std::u16string const sought = argument(node, 0);
+    std::u16string occurs = u"OCCURS(" + sought + u"," + argument(node, 1) + u")>0";
+    TextLength const length = textLength(tree_, tree_.child(node, 0));
+    if (length.most == 0) return impossible();
+    if (length.least > 0) return {std::move(occurs), Binding::comparison, true};
+    return {u"LEN(" + sought + u")>0 .AND. " + occurs, Binding::logicalAnd, true};
 }
 
 /// The beginning of a text that is as long as `right`.

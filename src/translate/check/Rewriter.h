@@ -33,6 +33,7 @@ class Rewriter {
     Part render(NodeIndex index);
     Part copy(NodeIndex index);
     Part renderBinary(NodeIndex index);
+    Part renderContained(Node const& node);
     Part renderEqual(Node const& node);
     Part renderCompared(Node const& node, std::u16string_view sign);
     Part renderGreaterOrEqual(Node const& node);
