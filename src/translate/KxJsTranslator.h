@@ -84,11 +84,11 @@ class KXJS_API KxJsTranslator {
 
     /// What the exact conversion, Converter, does to a formula; from best to worst.
     enum class Verdict : unsigned char {
-        SAME,         ///< keeps its meaning
-        DIFFERS,      ///< keeps its shape, but a function or a comparison of texts means another
-        UNKNOWN,      ///< keeps its shape, but fails when it runs: something is not defined
-        CHANGED,      ///< compiles to something else
-        FAILS,        ///< does not compile
+        SAME,          ///< keeps its meaning
+        DIFFERS,       ///< keeps its shape, but a function or a comparison of texts means another
+        UNKNOWN,       ///< keeps its shape, but fails when it runs: something is not defined
+        CHANGED,       ///< compiles to something else
+        FAILS,         ///< does not compile
         NOT_A_FORMULA  ///< is none of the older language
     };
 

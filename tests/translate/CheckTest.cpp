@@ -1,7 +1,6 @@
 // What the check says of formulas, by a table.
-#include <gtest/gtest.h>
-
 #include <array>
+#include <gtest/gtest.h>
 #include <sstream>
 
 #include "support/Utf8.h"

@@ -26,50 +26,28 @@ struct InstalledForm {
 /// that mean something else there. Not told of: MAX, MIN and "==" compare loosely, SPACE and
 /// REPLICATE round a fractional count up.
 constexpr auto kInstalledForms = std::to_array<InstalledForm>({
-    {u"LEN", u"LEN", Form::kept},
-    {u"TRIM", u"RTRIM", Form::kept},
-    {u"LTRIM", u"LTRIM", Form::kept},
-    {u"ALLTRIM", u"ALLTRIM", Form::kept},
-    {u"UPPER", u"UPPERCASE", Form::kept},
-    {u"LOWER", u"LOWERCASE", Form::kept},
-    {u"LEFT", u"LEFT", Form::kept},
-    {u"RIGHT", u"RIGHT", Form::kept},
-    {u"SUBSTR", u"SUBSTR", Form::differs},
-    {u"STUFF", u"INSERT", Form::differs},
-    {u"SPACE", u"SPACE", Form::kept},
-    {u"REPLICATE", u"REPEAT", Form::kept},
-    {u"CHR", u"CHAR", Form::kept},
-    {u"ASC", u"ASCII", Form::kept},
-    {u"ISALPHA", u"ISALPHA", Form::kept},
-    {u"ISDIGIT", u"ISDIGIT", Form::kept},
-    {u"AT", u"AT", Form::differs},
-    {u"RAT", u"RAT", Form::differs},
-    {u"ATC", u"ATC", Form::differs},
-    {u"RATC", u"RATC", Form::differs},
-    {u"OCCURS", u"OCCURS", Form::kept},
-    {u"CHRTRAN", u"CHRTRAN", Form::kept},
-    {u"STR", u"STR", Form::differs},
-    {u"VAL", u"VAL", Form::differs},
-    {u"INT", u"Math.floor", Form::differs},
-    {u"ROUND", u"ROUND", Form::differs},
-    {u"ABS", u"Math.abs", Form::kept},
-    {u"MAX", u"MAX", Form::kept},
-    {u"MIN", u"MIN", Form::kept},
-    {u"LOG", u"LOG", Form::kept},
-    {u"LOG10", u"LOG", Form::kept},
-    {u"SIN", u"Math.sin", Form::kept},
-    {u"COS", u"Math.cos", Form::kept},
-    {u"TAN", u"Math.tan", Form::kept},
-    {u"ASIN", u"Math.asin", Form::kept},
-    {u"ACOS", u"Math.acos", Form::kept},
-    {u"ATAN", u"Math.atan", Form::kept},
-    {u"ATAN2", u"Math.atan2", Form::kept},
-    {u"CEILING", u"Math.ceil", Form::kept},
-    {u"FLOOR", u"Math.floor", Form::kept},
-    {u"RTOD", u"DEGREES", Form::kept},
-    {u"DTOR", u"RADIANS", Form::kept},
-    {u"RAND", u"Math.random", Form::kept},
-    {u"BETWEEN", u"BETWEEN", Form::differs},
+    {u"LEN", u"LEN", Form::kept},           {u"TRIM", u"RTRIM", Form::kept},
+    {u"LTRIM", u"LTRIM", Form::kept},       {u"ALLTRIM", u"ALLTRIM", Form::kept},
+    {u"UPPER", u"UPPERCASE", Form::kept},   {u"LOWER", u"LOWERCASE", Form::kept},
+    {u"LEFT", u"LEFT", Form::kept},         {u"RIGHT", u"RIGHT", Form::kept},
+    {u"SUBSTR", u"SUBSTR", Form::differs},  {u"STUFF", u"INSERT", Form::differs},
+    {u"SPACE", u"SPACE", Form::kept},       {u"REPLICATE", u"REPEAT", Form::kept},
+    {u"CHR", u"CHAR", Form::kept},          {u"ASC", u"ASCII", Form::kept},
+    {u"ISALPHA", u"ISALPHA", Form::kept},   {u"ISDIGIT", u"ISDIGIT", Form::kept},
+    {u"AT", u"AT", Form::differs},          {u"RAT", u"RAT", Form::differs},
+    {u"ATC", u"ATC", Form::differs},        {u"RATC", u"RATC", Form::differs},
+    {u"OCCURS", u"OCCURS", Form::kept},     {u"CHRTRAN", u"CHRTRAN", Form::kept},
+    {u"STR", u"STR", Form::differs},        {u"VAL", u"VAL", Form::differs},
+    {u"INT", u"Math.floor", Form::differs}, {u"ROUND", u"ROUND", Form::differs},
+    {u"ABS", u"Math.abs", Form::kept},      {u"MAX", u"MAX", Form::kept},
+    {u"MIN", u"MIN", Form::kept},           {u"LOG", u"LOG", Form::kept},
+    {u"LOG10", u"LOG", Form::kept},         {u"SIN", u"Math.sin", Form::kept},
+    {u"COS", u"Math.cos", Form::kept},      {u"TAN", u"Math.tan", Form::kept},
+    {u"ASIN", u"Math.asin", Form::kept},    {u"ACOS", u"Math.acos", Form::kept},
+    {u"ATAN", u"Math.atan", Form::kept},    {u"ATAN2", u"Math.atan2", Form::kept},
+    {u"CEILING", u"Math.ceil", Form::kept}, {u"FLOOR", u"Math.floor", Form::kept},
+    {u"RTOD", u"DEGREES", Form::kept},      {u"DTOR", u"RADIANS", Form::kept},
+    {u"RAND", u"Math.random", Form::kept},  {u"BETWEEN", u"BETWEEN", Form::differs},
     {u"INLIST", u"INLIST", Form::differs},
 });
 
@@ -92,8 +70,7 @@ std::u16string calleeOf(Expression const& expression) {
     if (callee.kind != kx::NodeKind::member) return {};
     auto const& object = expression.child(callee, 0);
     if (object.kind != kx::NodeKind::name) return {};
-    return std::u16string(expression.text(object)) + u"." +
-           std::u16string(expression.text(callee));
+    return std::u16string(expression.text(object)) + u"." + std::u16string(expression.text(callee));
 }
 
 /// Whether the arguments of a call are the placeholders, perhaps with a literal behind them.

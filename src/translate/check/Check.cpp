@@ -15,9 +15,8 @@ namespace kx::translate {
 namespace {
 
 bool isFatal(Code code) {
-    return code != Code::textCompare && code != Code::textMinus &&
-           code != Code::functionDiffers && code != Code::functionUnknown &&
-           code != Code::nilName && code != Code::memberDot;
+    return code != Code::textCompare && code != Code::textMinus && code != Code::functionDiffers &&
+           code != Code::functionUnknown && code != Code::nilName && code != Code::memberDot;
 }
 
 bool differs(Code code) {
@@ -92,9 +91,8 @@ class Checked {
             return;
         }
         for (NodeIndex const text : comparison.changedTexts()) {
-            bool const isKnown = std::any_of(found_.begin(), found_.end(), [&](Found const& each) {
-                return each.node == text;
-            });
+            bool const isKnown = std::any_of(found_.begin(), found_.end(),
+                                             [&](Found const& each) { return each.node == text; });
             if (!isKnown) found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
         }
         if (!has(isFatal)) addUnexplained();

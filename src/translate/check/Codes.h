@@ -92,8 +92,7 @@ inline constexpr auto kCodeTexts = std::to_array<CodeText>({
      u"the function of the language"},
     {u"FUNCTION_UNKNOWN", u"the function is not installed", u"the function of the language"},
     {u"", u"stays as it is", u"has no translation either"},
-    {u"COMMENT", u"the comment becomes part of the formula, or takes what follows",
-     u"a comment"},
+    {u"COMMENT", u"the comment becomes part of the formula, or takes what follows", u"a comment"},
     {u"CONTINUATION", u"\";\" ends the statement", u"the formula goes on in the next line"},
     {u"OTHER", u"the JavaScript has another meaning", u"the formula"},
 });

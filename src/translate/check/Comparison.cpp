@@ -140,10 +140,10 @@ bool Comparison::sameName(Node const& node, kx::Node const& js) {
     std::u16string_view name = written(node.place);
     if (!node.hasPoint || node.hasArrow) {
         if (js.kind != JsKind::name) return false;
-        return expression_.text(js) == name || (isEqualInAnyCase(expression_.text(js), name) &&
-                                                (name == u"let" || name == u"await" ||
-                                                 name == u"yield" || name == u"async" ||
-                                                 name == u"static"));
+        return expression_.text(js) == name ||
+               (isEqualInAnyCase(expression_.text(js), name) &&
+                (name == u"let" || name == u"await" || name == u"yield" || name == u"async" ||
+                 name == u"static"));
     }
     kx::Node const* part = &js;
     while (part->kind == JsKind::member) {
@@ -198,12 +198,11 @@ bool Comparison::sameBinary(Node const& node, kx::Node const& js) {
                sameArguments(node.firstChild, js, 1);
     }
     Operation const operation = operationOf(node.op);
-    return operation != Operation::none && js.kind == JsKind::binary &&
-           js.operation == operation && sameArguments(node.firstChild, js, 0);
+    return operation != Operation::none && js.kind == JsKind::binary && js.operation == operation &&
+           sameArguments(node.firstChild, js, 0);
 }
 
-bool Comparison::sameArguments(NodeIndex first, kx::Node const& js,
-                               std::size_t from) {
+bool Comparison::sameArguments(NodeIndex first, kx::Node const& js, std::size_t from) {
     for (std::size_t i = from; i < js.childCount; ++i) {
         if (first == kNoNode || !same(first, expression_.child(js, i))) return false;
         first = tree_.nodes[first].nextSibling;

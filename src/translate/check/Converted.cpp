@@ -84,8 +84,8 @@ class Patcher {
     bool patchIncrement(std::size_t at) {
         if (at + 1 >= text_.size()) return false;
         std::size_t const left = before(at);
-        bool const isBehind = left != std::u16string::npos && mayBeNamePart(text_[left]) &&
-                              isBehindName(left);
+        bool const isBehind =
+            left != std::u16string::npos && mayBeNamePart(text_[left]) && isBehindName(left);
         if (!isBehind && !mayBeNameStart(unitAt(skipBlanks(at + 2)))) return false;
         text_[at] = u' ';
         text_[at + 1] = u' ';

@@ -209,8 +209,7 @@ class Finder {
                 break;
             case Operator::logicalAnd:
             case Operator::logicalOr:
-                if (!hasBlanksAround(node.sign) ||
-                    sign.find_first_of(u" \t\u00A0") != sign.npos) {
+                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != sign.npos) {
                     add(Code::logicBlanks, index, node.sign);
                 }
                 break;
@@ -278,8 +277,7 @@ class Finder {
         Node const& node = tree_.nodes[index];
         bool const isMinus = node.op == Operator::subtract;
         bool const isDouble = right.kind == NodeKind::sign && !right.isParenthesized &&
-                              right.isNegative == isMinus &&
-                              right.place.start == node.sign.end;
+                              right.isNegative == isMinus && right.place.start == node.sign.end;
         if (isDouble) add(Code::doubleSign, index, node.sign);
         bool const isText = left.valueKind == Kind::text || right.valueKind == Kind::text;
         if (isMinus && isText) add(Code::textMinus, index, node.sign);

@@ -12,8 +12,7 @@ namespace kx::translate {
 namespace {
 
 /// Above all operators: operands, calls, what stands in parentheses.
-constexpr Binding kOperandBinding =
-    static_cast<Binding>(static_cast<int>(Binding::power) + 2);
+constexpr Binding kOperandBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 2);
 constexpr Binding kSignBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 1);
 
 constexpr std::size_t kLongestRewriting = 4000;
@@ -133,12 +132,10 @@ Rewriter::Part Rewriter::copy(NodeIndex index) {
         whole.text += source_.substr(at, part.place.start - at);
         Part const rendered = render(child);
         if (!rendered.isPossible) return impossible();
-        bool const isBelowOperator = node.kind == NodeKind::binary ||
-                                     node.kind == NodeKind::sign ||
+        bool const isBelowOperator = node.kind == NodeKind::binary || node.kind == NodeKind::sign ||
                                      node.kind == NodeKind::negation;
         // A negation takes one operand in JavaScript.
-        Binding const own =
-            node.kind == NodeKind::negation ? kOperandBinding : bindingOf(node);
+        Binding const own = node.kind == NodeKind::negation ? kOperandBinding : bindingOf(node);
         bool const isLoose = !part.isParenthesized && isBelowOperator &&
                              rendered.binding < bindingOf(part) && rendered.binding <= own;
         whole.text += isLoose ? inParentheses(rendered.text) : rendered.text;
@@ -185,9 +182,9 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
     }
     if (has(index, Code::textCompare)) return renderCompared(node, traits(node.op).name);
     if (has(index, Code::doubleSign)) {
-        return {operand(left) + (node.op == Operator::add ? u"+(" : u"-(") +
-                    argument(node, 1) + u")",
-                Binding::sum, true};
+        return {
+            operand(left) + (node.op == Operator::add ? u"+(" : u"-(") + argument(node, 1) + u")",
+            Binding::sum, true};
     }
     if (has(index, Code::hash) || has(index, Code::textQuote)) {
         std::u16string sign = u" ";
@@ -211,9 +208,8 @@ Rewriter::Part Rewriter::renderContained(Node const& node) {
 Rewriter::Part Rewriter::renderLeading(std::u16string const& text, Node const& right) {
     TextLength const length = textLength(tree_, right);
     NodeIndex const index = static_cast<NodeIndex>(&right - tree_.nodes.data());
-    std::u16string const count = length.least == length.most
-                                     ? numberText(length.least)
-                                     : u"LEN(" + render(index).text + u")";
+    std::u16string const count = length.least == length.most ? numberText(length.least)
+                                                             : u"LEN(" + render(index).text + u")";
     return operandPart(u"LEFT(" + text + u"," + count + u")");
 }
 
@@ -247,18 +243,19 @@ Rewriter::Part Rewriter::renderGreaterOrEqual(Node const& node) {
     NodeIndex const left = node.firstChild;
     Node const& right = tree_.child(node, 1);
     bool const isText = tree_.nodes[left].valueKind == Kind::text || right.valueKind == Kind::text;
-    std::u16string const less =
-        isText ? renderCompared(node, u"<").text
-               : operand(left) + u"<" + operand(tree_.nodes[left].nextSibling);
+    std::u16string const less = isText
+                                    ? renderCompared(node, u"<").text
+                                    : operand(left) + u"<" + operand(tree_.nodes[left].nextSibling);
     if (isText && settings_.isExact) return impossible();
     return {u"!(" + less + u")", Binding::negation, true};
 }
 
 Rewriter::Part Rewriter::renderText(NodeIndex index) {
     Node const& node = tree_.nodes[index];
-    bool const isKept = codes_[index] == 0 && written(node.place).find_first_of(
-                                                  written(node.place)[0] == u'"' ? u"'" : u"\"") ==
-                                                  std::u16string_view::npos;
+    bool const isKept =
+        codes_[index] == 0 &&
+        written(node.place).find_first_of(written(node.place)[0] == u'"' ? u"'" : u"\"") ==
+            std::u16string_view::npos;
     if (isKept) return copy(index);
     if (node.isEscaped) return impossible();
     std::u16string text = safeText(written(node.sign));
@@ -289,9 +286,9 @@ Rewriter::Part Rewriter::renderDiffering(Node const& node, std::u16string_view f
     }
     if (function == u"MOD" && node.childCount == 2) {
         std::u16string const divisor = operand(tree_.nodes[node.firstChild].nextSibling);
-        return {u"((" + operand(node.firstChild) + u"%" + divisor + u")+" + divisor + u")%" +
-                    divisor,
-                Binding::product, true};
+        return {
+            u"((" + operand(node.firstChild) + u"%" + divisor + u")+" + divisor + u")%" + divisor,
+            Binding::product, true};
     }
     if (function == u"ROUND" && node.childCount == 2 && isWholeFrom(tree_.child(node, 1), 0)) {
         return operandPart(u"VAL(ROUND(" + argument(node, 0) + u"," + argument(node, 1) + u"))");

@@ -64,8 +64,8 @@ std::u16string write(std::u16string_view text, std::size_t splitBehind) {
         }
         bool const isInWord = isNamePart(unit);
         if (!isInWord) wordStart = i + 1;
-        bool const isSplit = splitBehind > 0 && isInWord && i > wordStart &&
-                             (i - wordStart) % splitBehind == 0;
+        bool const isSplit =
+            splitBehind > 0 && isInWord && i > wordStart && (i - wordStart) % splitBehind == 0;
         bool const isOperator = splitBehind > 0 && !isInWord && !isWhiteSpace(unit) && i > 0;
         if (isSplit || isOperator) sum.close();
         sum.add(unit);
