@@ -7,6 +7,7 @@
 include(CMakePackageConfigHelpers)
 
 set(_headers
+    KxJs.h
     convert/Converter.h
     host/KxJsFailure.h
     columns/KxJsColumns.h

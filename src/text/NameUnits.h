@@ -1,12 +1,16 @@
 #pragma once
 
+#include <string_view>
+
 #include "text/WhiteSpace.h"
 
 namespace kx {
 
-/// The code units of names in JavaScript. Up to U+024F, the end of the Latin letters, the answers
-/// are exact. Beyond, exact answers need the tables of Unicode: "Latin" says no to everything
-/// there, "mayBe" says yes to everything but white space, punctuation and signs.
+/// Which code units can be part of a name in JavaScript.
+///
+/// Up to U+024F, the end of the Latin letters, the answers are exact. Exact answers beyond would
+/// need the tables of Unicode. There, the "Latin" functions return false for every unit, and the
+/// "mayBe" functions return true for all but white space, punctuation and signs.
 /// @{
 constexpr bool isLatinNameStart(char16_t unit) {
     if (unit < 0x80) {
@@ -38,5 +42,15 @@ constexpr bool mayBeNameStart(char16_t unit) {
     return mayBeNamePart(unit) && (unit > u'\u024F' || isLatinNameStart(unit));
 }
 /// @}
+
+/// Whether `text` may be a name: the same "maybe" for all its code units. Reserved words are names
+/// here.
+constexpr bool mayBeName(std::u16string_view text) {
+    if (text.empty() || !mayBeNameStart(text.front())) return false;
+    for (char16_t const unit : text) {
+        if (!mayBeNamePart(unit)) return false;
+    }
+    return true;
+}
 
 }  // namespace kx

@@ -28,9 +28,8 @@ constexpr std::array kReserved = {
     u"while"sv,    u"with"sv,     u"yield"sv};
 
 bool isName(std::u16string_view text) {
-    if (text.empty() || !mayBeNameStart(text.front())) return false;
-    if (!std::all_of(text.begin(), text.end(), mayBeNamePart)) return false;
-    return std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
+    return mayBeName(text) &&
+           std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
 }
 
 /// Whether `name` occurs in `source` as a word that no parenthesis follows.
