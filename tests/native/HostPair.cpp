@@ -122,9 +122,10 @@ std::u16string HostPair::failureOf(KxJsParser const& host) {
 }
 
 std::u16string HostPair::compare(std::u16string const& what, Outcome const& native,
-                                 Outcome const& engine) const {
-    // Where a limit ends a script is no matter of what it does.
+                                 Outcome const& engine) {
+    // Where a limit ends a script is no matter of what it does, and what it leaves is another.
     bool const isLimited = native.error.starts_with(kLimited) || engine.error.starts_with(kLimited);
+    if (isLimited) isOver_ = true;
     if (native == engine || isLimited) return {};
     auto const text = [](Outcome const& outcome) {
         return u"\n  result " + outcome.result + u"\n  error " + outcome.error + u"\n  failure " +
@@ -194,6 +195,7 @@ std::u16string HostPair::evaluate(std::u16string const& source) {
 }
 
 std::u16string HostPair::step() {
+    if (isOver_) return {};
     std::uint64_t const choice = choices_() % 100;
     if (choice < 35) return bind();
     if (choice < 55) return parse();
@@ -215,7 +217,7 @@ std::u16string HostPair::step() {
 }
 
 std::u16string HostPair::compareContexts() {
-    // The first look is the last moment at which nothing has been compared.
+    if (isOver_) return {};
     std::u16string difference = evaluate(std::u16string(kMatch));
     if (difference.empty()) difference = evaluate(std::u16string(kGlobals));
     return difference;

@@ -32,7 +32,7 @@ class HostPair {
     static std::u16string failureOf(KxJsParser const& host);
     Outcome outcomeOf(KxJsParser& host, std::u16string const& source) const;
     std::u16string compare(std::u16string const& what, Outcome const& native,
-                           Outcome const& engine) const;
+                           Outcome const& engine);
 
     std::u16string source();
     std::u16string bind();
@@ -46,4 +46,5 @@ class HostPair {
     KxJsParser engine_;
     std::vector<std::u16string> parsed_;
     std::u16string done_;  // for the report
+    bool isOver_ = false;  // a limit has ended a script, in one of them perhaps
 };
