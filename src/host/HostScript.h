@@ -43,6 +43,8 @@ class HostScript final : public CompiledScript {
         : source_(std::move(source)), program_(std::move(program)) {}
 
     WrappedSource const& source() const { return source_; }
+    /// V8 keeps the text of what it has compiled.
+    void forgetText() { source_.text = {}; }
 
     /// Null where the script needs V8.
     Program const* program() const { return program_.get(); }

@@ -93,6 +93,10 @@ class InProcessHost final : public HostBackend {
     /// Evaluates formulas without V8 where that shows in nothing but time. On by default.
     void setNativeEvaluation(bool isOn) override { isNativeOn_ = isOn; }
 
+    /// Whether a script has run that may have changed what others see: globals beside those of
+    /// variables with plain names, functions, members.
+    bool hadEffects() const { return hadEffects_; }
+
     /// Counts what may change the results of formulas that columns have looked at before: scripts
     /// with effects alone, or those and everything else (variables, other evaluations).
     /// @{

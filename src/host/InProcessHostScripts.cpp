@@ -31,11 +31,11 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
     forgetFailure();
     WrappedSource wrapped = wrap(source);
     std::optional<Expression> expression;
-    if (isNativeAllowed()) {
+    if (!hadEffects_) {
         auto parsed = parseExpression(source);
         if (auto* const tree = std::get_if<Expression>(&parsed)) expression = std::move(*tree);
     }
-    if (expression) {
+    if (expression && isNativeAllowed()) {
         if (auto program = makeProgram(*expression, wrapped)) {
             for (BoundVariable* const variable : wrapped.variables) {
                 deferred_.noteCarrier(*variable);
@@ -66,6 +66,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
     ScriptEffects effects = effectsOf(expression ? &*expression : nullptr, wrapped);
     auto compiled = std::make_unique<HostScript>(std::move(wrapped), nullptr);
     compiled->setCompiled(record_->handles(), script, std::move(effects));
+    compiled->forgetText();
     return compiled;
 }
 
