@@ -24,8 +24,7 @@ bool start() {
     // Nothing but the watchdog runs on a thread of the library's own, and that runs no script; so
     // the engine needs no threads either.
     v8::V8::SetFlagsFromString("--single-threaded");
-    // Its memory is invisible to the limits, and formulas have no use for it.
-    v8::V8::SetFlagsFromString("--no-expose-wasm");
+    v8compat::leaveWebAssemblyOut();
     // Kept for ever: scripts may still run while the process destroys its static objects.
     static v8::Platform* const platform =
         v8::platform::NewSingleThreadedDefaultPlatform().release();

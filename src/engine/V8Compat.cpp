@@ -16,6 +16,12 @@ bool isEngineRunning() {
     return v8::debug::GetCurrentPlatform != nullptr && v8::debug::GetCurrentPlatform() != nullptr;
 }
 
+void leaveWebAssemblyOut() {
+#if V8_MAJOR_VERSION < 13
+    v8::V8::SetFlagsFromString("--no-expose-wasm");
+#endif
+}
+
 void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
                          v8::Local<v8::ObjectTemplate> target, v8::Local<v8::String> name,
                          v8::AccessorNameGetterCallback getter) {

@@ -22,6 +22,10 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 /// ends the process, and the engine has no public question for it.
 bool isEngineRunning();
 
+/// Before the engine starts. WebAssembly's memory is invisible to the limits, and formulas have no
+/// use for it. Newer engines always offer it: see KxJsParser::createContext().
+void leaveWebAssemblyOut();
+
 /// A template property that scripts can read and not write.
 void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,
                          v8::Local<v8::String> name, v8::AccessorNameGetterCallback getter);

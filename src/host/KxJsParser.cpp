@@ -32,7 +32,7 @@ void KxJsParser::createContext() {
     if (context.IsEmpty()) context = v8::Context::New(isolate, nullptr, shape);
     if (context.IsEmpty()) return;
     kx::Carriers::leaveGlobalEmpty(context);
-    // An application that has started the engine has it switched on.
+    // Newer engines always offer it, and so does an engine that the application has started.
     if (_mEngine->record().isOwn()) {
         v8::Local<v8::String> const name = kx::toEngineString(isolate, u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
