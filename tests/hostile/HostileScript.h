@@ -24,6 +24,7 @@
 ///     // dies: Fatal error      the engine's last words: it ends the process
 ///     // signal: SEGV           the signal that ends the process, with or without last words
 ///     // hangs: 1000 ms         nothing ends it, for so long at least
+///     // since V8 11.3: expect: 1   how it ends on this engine and newer ones
 ///
 /// One of the lines that say how it ends must be there. Texts know the escapes \n, \t, \\, \' and
 /// \uXXXX. The file's other lines, in UTF-8, follow what was generated. Expectations are about the
