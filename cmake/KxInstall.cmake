@@ -7,6 +7,7 @@
 include(CMakePackageConfigHelpers)
 
 set(_headers
+    KxJs.h
     convert/Converter.h
     host/KxJsFailure.h
     columns/KxJsColumns.h
@@ -16,6 +17,7 @@ set(_headers
     library/Export.h
     library/KxJsFunction.h
     library/Prelude.h
+    translate/KxJsTranslator.h
 )
 foreach(header IN LISTS _headers)
     get_filename_component(directory ${header} DIRECTORY)

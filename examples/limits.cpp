@@ -1,5 +1,5 @@
-// Formulas that never end, or eat all memory, in an application that has to live on: a time limit,
-// a memory limit, and a button "Cancel", which is a request to end from another thread.
+// Ends formulas that run for ever or use too much memory: a time limit, a memory limit, and a
+// "Cancel" button, which ends a formula from another thread.
 
 #include <atomic>
 #include <chrono>
@@ -21,7 +21,7 @@ constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
 
 std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }
 
-/// Compiles and runs, and tells how it went.
+/// Compiles and runs `source`, and prints the result or the error.
 void evaluate(KxJsParser& parser, std::u16string const& source) {
     std::u16string error;
     std::u16string result;
@@ -30,8 +30,8 @@ void evaluate(KxJsParser& parser, std::u16string const& source) {
     std::cout << "  " << (error.empty() ? utf8(result) : utf8(error)) << '\n';
 }
 
-/// The user presses "Cancel" while a formula runs. A request to end hits the run that is under way
-/// and never a later one; where none is yet, nothing happens, so an eager user presses again.
+/// A user who presses "Cancel" every 20 ms. terminate() ends the current run. It does nothing where
+/// no formula runs, and it never ends a later run.
 class CancelButton {
   public:
     explicit CancelButton(KxJsParser& parser)
@@ -41,7 +41,7 @@ class CancelButton {
                   parser.terminate();
               }
           }) {}
-    // Only after that may the host be destroyed.
+    /// Ends the thread. The host must not be destroyed before.
     ~CancelButton() {
         finished_ = true;
         user_.join();
@@ -71,7 +71,7 @@ int main() {
     parser.setMemoryLimit(64 * kMebibyte);
     evaluate(parser, u"for (var all = [];;) all.push([1, 2, 3])");
     evaluate(parser, u"new Uint8Array(1e9).length");
-    // What the formula kept in a global variable would stay in use.
+    // The formula has kept its array in a global variable. This frees the memory.
     evaluate(parser, u"all = null; 'the host works on'");
 
     std::cout << "cancel button\n";

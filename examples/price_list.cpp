@@ -1,7 +1,6 @@
-// A price list whose columns are computed, filtered and totalled by formulas that its users write:
-// one formula over all records at a time.
+// Evaluates formulas over whole columns of a price list: a computed column, a filter, and texts.
 //
-//     price_list [RECORDS]     a million where none are given
+//     price_list [RECORDS]     default: a million
 //
 // Results go to standard output, timings to standard error.
 #include <chrono>
@@ -68,8 +67,8 @@ void show(PriceList& list) {
     // Computed: numbers in, numbers out.
     compute(columns, u"IIF(QTY>99, PRICE*REBATE, PRICE) * QTY", list.size(), list.totals.data());
 
-    // Filtered: which records a condition holds for.
-    // The engine writes single values, which std::vector<bool> does not have.
+    // Filtered: the records for which a condition is true.
+    // KxJsColumns writes an array of bool, which std::vector<bool> does not have.
     // NOLINTNEXTLINE(modernize-avoid-c-arrays)
     auto const isWanted = std::make_unique<bool[]>(list.size());
     compute(columns, u"QTY>0 .AND. PRICE<50", list.size(), isWanted.get());
@@ -78,7 +77,7 @@ void show(PriceList& list) {
     compute(columns, u"UPPERCASE(ALLTRIM(NAME)) + ', ' + ROUND(PRICE, 2)", list.size(),
             list.labels.data());
 
-    // Totalled: a sum is no formula's business, since records do not know each other.
+    // Totalled: the application adds up the results, since a formula sees one record only.
     double total = 0;
     std::size_t wanted = 0;
     for (std::size_t i = 0; i < list.size(); ++i) {

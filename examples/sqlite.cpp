@@ -1,5 +1,5 @@
-// A column that is computed by a formula: rows come from an SQLite database, each field becomes a
-// variable of the field's name and type, and the formula, compiled once, runs for every row.
+// Computes a column for the rows of an SQLite database. Each field becomes a variable with the
+// field's name and type. The formula is compiled once and runs for every row.
 
 #include <cstdint>
 #include <cstdlib>
@@ -23,7 +23,7 @@ constexpr char const* kProducts =
     " ('Bolt M8', 0.19, 12000, 48000000000), ('Crème brûlée', 3.4, 12, 60),"
     " ('Lathe', 18950.0, 1, NULL), ('O''Ring', 0.07, NULL, 900);";
 
-// An older formula: what to order again.
+// A formula of the older language: which products to order.
 constexpr char16_t const* kFormula =
     u"IIF(STOCK*50<SOLD .AND. PRICE<>0,'order '+ALLTRIM(NAME),'keep '+ROUND(PRICE*STOCK,2))";
 
@@ -57,7 +57,7 @@ Statement prepare(sqlite3* database, char const* query) {
     return statement;
 }
 
-/// The field as a variable. A missing value counts as 0, as formulas of that language expect.
+/// The field as a variable. NULL becomes 0, as formulas of that language expect.
 KxJsVariable fieldOf(sqlite3_stmt* row, int column) {
     std::u16string const name = static_cast<char16_t const*>(sqlite3_column_name16(row, column));
     switch (sqlite3_column_type(row, column)) {
@@ -93,7 +93,8 @@ void computeColumn(sqlite3* database) {
     while ((status = sqlite3_step(row.get())) == SQLITE_ROW) {
         bind(parser, row.get());
         std::u16string error;
-        // Compiled at the first row, when the variables are known; later rows change their values.
+        // parse() needs the variables, so the first row is bound before it. Later rows change
+        // values.
         if (script < 0) script = parser.parse(javaScript, error);
         if (script < 0) throw std::runtime_error(utf8(error));
         std::u16string const result = parser.execute(script, error);

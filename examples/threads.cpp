@@ -1,5 +1,5 @@
-// Formulas on two threads. A host belongs to the thread that made it, so each thread makes its own;
-// the conversion needs no host, and its result is a plain text that threads may share.
+// Runs formulas on two threads. A host works only on the thread that made it, so each thread makes
+// its own. The conversion needs no host; threads may share its result.
 
 #include <array>
 #include <cstddef>
@@ -18,13 +18,13 @@ namespace {
 
 constexpr std::int32_t kLast = 2000;
 
-/// What a thread has to say in the end. Nobody else looks at it before.
+/// The results of one thread. The main thread reads them after join().
 struct Share {
     std::vector<std::u16string> results;
     std::u16string error;
 };
 
-/// Runs the formula for every second number from `first`.
+/// Runs the formula for every second number from `first`, up to the first error.
 void work(std::u16string const& javaScript, std::int32_t first, Share& share) {
     KxJsParser parser;
     parser.initialize();
@@ -33,7 +33,10 @@ void work(std::u16string const& javaScript, std::int32_t first, Share& share) {
     if (script < 0) return;
     for (std::int32_t number = first; number <= kLast; number += 2) {
         parser.addSetVariable(KxJsVariable(u"N", number));
-        share.results.push_back(parser.execute(script, share.error));
+        share.error.clear();  // a run that succeeds leaves it alone
+        std::u16string const result = parser.execute(script, share.error);
+        if (!share.error.empty()) return;
+        share.results.push_back(result);
     }
 }
 
@@ -60,11 +63,15 @@ int main() {
         std::cout << '\n' << utf8(share.error);
     }
 
-    // Elsewhere than on its own thread, a host refuses to work and harms nobody.
+    // On another thread, a host does nothing and reports an error.
     KxJsParser parser;
     parser.initialize();
     std::u16string error;
     std::int32_t const script = parser.parse(u"6*7", error);
+    if (script < 0) {
+        std::cout << utf8(error) << '\n';
+        return 1;
+    }
     std::thread([&] {
         std::cout << "on another thread: \"" << utf8(parser.execute(script, error)) << "\", "
                   << utf8(error) << '\n';

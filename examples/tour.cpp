@@ -1,5 +1,5 @@
-// A tour of the library: formulas of the older language are converted, get variables, are compiled
-// and run. Everything here is public interface; an application does the same.
+// A tour of the library: converts formulas of the older language, binds variables, compiles and
+// runs. It uses the public interface only, as an application does.
 
 #include <cstdint>
 #include <filesystem>
@@ -13,13 +13,13 @@
 
 namespace {
 
-// The library's texts are UTF-16, the terminal's are UTF-8. The standard library converts paths
-// between the two, so that is the shortest way for well-formed texts.
+// Converts the library's UTF-16 to the terminal's UTF-8. std::filesystem::path does this for
+// well-formed texts.
 std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }
 
 void show(char const* what, std::u16string const& text) { std::cout << what << utf8(text) << '\n'; }
 
-/// Compiles `formula`, shows what became of it and returns the script's index.
+/// Converts and compiles `formula`. Returns the script's index, or -1 after printing the error.
 std::int32_t compile(KxJsParser& parser, std::u16string const& formula) {
     std::u16string const javaScript = Converter::_convert(formula.c_str());
     show("\nformula     ", formula);
@@ -74,6 +74,7 @@ int main() {
          KxJsParser::_extractVariable(Converter::_convert(discount.c_str()), error)) {
         show("needs       ", name);
     }
+    if (!error.empty()) show("error\n", error);
 
     std::cout << "\nA mistake comes back as text, with its place. (Every variable that a formula\n"
                  "uses counts as a line before it.)\n";

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by run-vbscript and run-cpp: builds the automation server and has a Wine environment made.
+# Sourced by run-vbscript and run-cpp: builds the automation server and makes a Wine environment.
 
 source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
 
@@ -9,12 +9,12 @@ built="$root/build/release"
 server="$built/com/KxJsParser.dll"
 prefix="$built/examples/wine"
 
-# Standard output belongs to the example.
+# Only the example writes to standard output.
 "$root/scripts/setup" --with com >&2
 configure release >&2
 build_quietly release com
 
-# Wine writes this file when its server ends, so a half-made environment does not have it.
+# Wine writes this file last; an incomplete environment does not have it.
 if [[ ! -e $prefix/system.reg ]]; then
     say "making a Wine environment, which takes some seconds"
     "$wine/prefix" start "$prefix" >&2

@@ -1,5 +1,5 @@
-// One request from end to end, as a compiled client makes it. The header and the identifiers come
-// out of the type library; see run-cpp for the command that compiles this file.
+// A complete request of a compiled client. The header and the identifiers are made from the type
+// library; run-cpp compiles this file.
 
 #include <cstdio>
 #include <string>
@@ -19,7 +19,7 @@ class Text {
     Text& operator=(Text const&) = delete;
 
     operator BSTR() const { return text_; }
-    /// For calls that give a new text; an earlier one is freed.
+    /// For an output argument. Frees the earlier text.
     BSTR* receive() {
         SysFreeString(text_);
         text_ = nullptr;
@@ -37,8 +37,8 @@ void print(char const* label, BSTR text) {
     std::printf("%s%s\n", label, narrow.c_str());
 }
 
-// Every method answers S_OK here: failures of scripts are texts, and the others are null pointers
-// and memory that ends.
+// All methods return S_OK here: a failed script sets an error text. Other codes mean a null pointer
+// or a failure of the library, such as a lack of memory.
 void runRequest(IKxJsParserX* parser) {
     parser->initialize();
 
@@ -54,20 +54,24 @@ void runRequest(IKxJsParserX* parser) {
     Text error;
     LONG index = -1;
     parser->parse(script, error.receive(), &index);
+    if (index < 0) {
+        print("", error);
+        return;
+    }
     std::printf("Script:     %ld\n", index);
     Text result;
     parser->execute(index, error.receive(), result.receive());
     print("A = 5:      ", result);
 
-    // A compiled script reads the values of the moment, so it can run again with others.
+    // A compiled script reads the current values: it can run again with other values.
     parser->addSetVariableLong(name, 1, &stored);
     parser->execute(index, error.receive(), result.receive());
     print("A = 1:      ", result);
 
-    // Failures come back as texts. The line counts the variables that the script uses.
+    // An error is a text. Its line number includes one line for each variable of the script.
     parser->convert(Text(L"ROUND(A, B)"), script.receive());
     parser->parse(script, error.receive(), &index);
-    parser->execute(index, error.receive(), result.receive());
+    if (index >= 0) parser->execute(index, error.receive(), result.receive());
     print("", error);
 }
 

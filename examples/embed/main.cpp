@@ -1,5 +1,5 @@
-// The whole of an application that lets its users write a formula: an order's shipping cost. It is
-// built against the installed library, by CMake (CMakeLists.txt) or by make (Makefile).
+// A complete application: computes the shipping costs of orders by a formula that the user writes.
+// It is built against the installed library, with CMake (CMakeLists.txt) or make (Makefile).
 //
 //     embed ["FORMULA"]     the formula may use WEIGHT, EXPRESS and COUNTRY
 
@@ -22,26 +22,26 @@ struct Order {
     char16_t const* country;
 };
 
-// The library's texts are UTF-16. The standard library's paths convert well-formed ones.
+// The library's texts are UTF-16. std::filesystem::path converts well-formed texts.
 std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }
 std::u16string utf16(char const* text) { return std::filesystem::path(text).u16string(); }
 
-/// Hands the order's fields to the formula, each by the type that it has.
+/// Binds the order's fields as variables of their types.
 void bind(KxJsParser& parser, Order const& order) {
     parser.addSetVariable(KxJsVariable(u"WEIGHT", order.weight));
     parser.addSetVariable(KxJsVariable(u"EXPRESS", order.express));
     parser.addSetVariable(KxJsVariable(u"COUNTRY", order.country));
 }
 
-/// Prints what each order costs; false when the formula failed.
+/// Prints the cost of each order; returns false when the formula failed.
 bool printCosts(std::u16string const& formula) {
     std::array<Order, 3> const orders = {
         {{1.2, false, u"DE"}, {1.2, true, u"DE"}, {14.0, false, u"FR"}}};
 
     KxJsParser parser;
-    parser.initialize();  // the built-in functions, such as IIF and ROUND
+    parser.initialize();  // adds the built-in functions, such as IIF and ROUND
 
-    // A script sees the variables that were bound when it was compiled, so they are bound first.
+    // parse() binds the variables that exist at that moment, so they are set first.
     bind(parser, orders.front());
     std::u16string error;
     std::int32_t const script = parser.parse(Converter::_convert(formula.c_str()), error);
@@ -52,6 +52,7 @@ bool printCosts(std::u16string const& formula) {
 
     for (Order const& order : orders) {
         bind(parser, order);
+        error.clear();  // a run that succeeds leaves it alone
         std::u16string const cost = parser.execute(script, error);
         if (!error.empty()) {
             std::cerr << utf8(error);
@@ -71,7 +72,7 @@ int main(int argc, char** argv) {
                      : u"ROUND(IIF(COUNTRY='DE' .AND. WEIGHT<2,3.9,7.5)+IIF(EXPRESS,6,0),2)";
         return printCosts(formula) ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (std::exception const& failure) {
-        std::cerr << failure.what() << '\n';  // an argument that is no UTF-8, say
+        std::cerr << failure.what() << '\n';  // for example, an argument that is not UTF-8
         return EXIT_FAILURE;
     }
 }

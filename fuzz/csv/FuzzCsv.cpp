@@ -1,5 +1,5 @@
-// Reads whatever the fuzzer makes as CSV, in pieces and blocks of any size, and compares with a
-// plain reading; reads cells as numbers; and writes cells and reads them back.
+// Reads input as CSV, in reads and blocks of any size, and compares the records with those of a
+// simple reader. Also reads cells as numbers, and writes cells and reads them back.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -29,7 +29,7 @@ struct Choices {
     std::size_t block;
 };
 
-/// What the reader gives, up to the first fault.
+/// The reader's records up to the first error.
 PlainFile readInBlocks(std::string_view bytes, Choices const& choices) {
     int const descriptor = kx::fuzz::inPieces(bytes, choices.piece);
     PlainFile file;
@@ -38,7 +38,7 @@ PlainFile readInBlocks(std::string_view bytes, Choices const& choices) {
         if (choices.hasHeader) {
             std::vector<std::string> cells;
             reader.readHeader(cells);
-            // A header's line is of no interest to anybody, so it is not told.
+            // The reader does not report the line of the header.
             if (!cells.empty()) file.records.push_back({cells, 0});
         }
         for (;;) {
@@ -66,7 +66,7 @@ void checkReading(std::string_view bytes, Choices const& choices) {
     PlainFile const file = readInBlocks(bytes, choices);
     check(file.isCsv == (expected.isCsv && !hasZero), "what is CSV");
     if (choices.hasHeader && !expected.records.empty()) expected.records.front().line = 0;
-    // A fault ends the block that it lies in: what comes before need not have been given.
+    // An error in a block drops the whole block, with the good records before the error.
     check(file.records.size() <= expected.records.size(), "no more records than there are");
     check(!file.isCsv || file.records.size() == expected.records.size(), "every record");
     for (std::size_t i = 0; i < file.records.size(); ++i)
@@ -85,14 +85,14 @@ std::vector<std::vector<std::string>> recordsOf(std::string_view bytes) {
             records.back().back() += byte;
         }
     }
-    // An empty line is no record.
+    // An empty line is not a record.
     std::erase(records, std::vector<std::string>{""});
     return records;
 }
 
 void checkWriting(std::string_view bytes, Choices const& choices) {
     auto const records = recordsOf(bytes);
-    std::string written = "\xEF\xBB\xBF";  // a second one belongs to the first cell
+    std::string written = "\xEF\xBB\xBF";  // a second mark is part of the first cell
     for (auto const& record : records) {
         for (std::size_t i = 0; i < record.size(); ++i) {
             if (i > 0) written += choices.delimiter;

@@ -15,7 +15,7 @@ class Scanner {
             if (!skipLineEnd()) {
                 readRecord();
             } else if (hasOneColumn()) {
-                file_.records.push_back(blank);  // how an empty cell is written there
+                file_.records.push_back(blank);  // in a file of one column, this is an empty cell
             }
         }
         return file_;

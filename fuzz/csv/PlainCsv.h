@@ -7,7 +7,7 @@
 
 namespace kx::fuzz {
 
-/// A record of CSV and the line on which it begins.
+/// A record and its first line.
 struct PlainRecord {
     std::vector<std::string> cells;
     std::size_t line;
@@ -15,11 +15,11 @@ struct PlainRecord {
 };
 
 struct PlainFile {
-    std::vector<PlainRecord> records;  ///< up to the first fault
+    std::vector<PlainRecord> records;  ///< up to the first error
     bool isCsv = true;
 };
 
-/// Reads CSV byte by byte, to compare the reader of kxjs with.
+/// Reads CSV byte by byte: a simple reader to compare CsvReader with.
 PlainFile readPlainly(std::string_view bytes, char delimiter);
 
 }  // namespace kx::fuzz

@@ -1,5 +1,5 @@
-// Decodes whatever the fuzzer makes as UTF-8 and as lines, and compares with the C library's
-// decoder and with a plain splitting.
+// Decodes input as UTF-8 and splits it into lines. Compares with the C library's decoder and with a
+// simple split.
 #include <algorithm>
 #include <cstdint>
 #include <iconv.h>
@@ -21,7 +21,7 @@ using kx::fuzz::checkEqual;
 
 struct Decoded {
     std::u16string text;
-    std::size_t valid;  ///< how many bytes there were before the first malformed character
+    std::size_t valid;  ///< number of bytes before the first malformed character
 };
 
 Decoded decodedByLibrary(std::string_view bytes) {

@@ -1,7 +1,7 @@
 # bash completion of kxjs                                                     -*- shell-script -*-
 #
-# Commands, options and what an option's value is are taken from the program's own help, the names
-# of functions from its catalogue: nothing here needs to know them.
+# Commands, options and their values come from the program's help, and names of functions from its
+# list. A change of the program needs no change here.
 
 # _kxjs_commands PROGRAM
 _kxjs_commands() {
@@ -30,7 +30,7 @@ _kxjs() {
     local commands options word i
     COMPREPLY=()
 
-    # bash makes "=" a word of its own.
+    # bash splits the line at "=", which becomes a word.
     local before=$((COMP_CWORD - 1))
     if [[ $cur == "=" ]]; then
         cur=""

@@ -12,10 +12,7 @@
 #include "columns/ColumnNames.h"
 #include "engine/Text.h"
 #include "host/BoundVariable.h"
-#include "host/CompiledScript.h"
-#include "host/ErrorText.h"
-#include "host/Failure.h"
-#include "host/ScriptRun.h"
+#include "host/KxJsParser.h"
 
 namespace kx {
 
@@ -49,20 +46,6 @@ class Raised {
     bool& flag_;
 };
 
-/// The value that the accessor's getter would give.
-v8::Local<v8::Value> engineValue(v8::Isolate* isolate, KxJsVariable const& variable) {
-    switch (variable.getType()) {
-        case KxJsVariable::TYPE_OF_VAR_LONG:
-            return v8::Integer::New(isolate, variable.getLongValue());
-        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
-            return v8::Number::New(isolate, variable.getDoubleValue());
-        case KxJsVariable::TYPE_OF_VAR_STRING:
-            return toEngineString(isolate, variable.valueToString());
-        default:
-            return v8::Boolean::New(isolate, variable.getBooleanValue());
-    }
-}
-
 /// Failures' texts: an evaluation's records fail for few reasons, mostly.
 class RecentTexts {
   public:
@@ -79,10 +62,10 @@ class RecentTexts {
 };
 
 /// For one script and a kernel.
-std::list<HostRemains> roomForRemains() {
-    std::list<HostRemains> remains(1);
-    remains.front().scripts.reserve(1);
-    return remains;
+std::list<HostResources> roomForResources() {
+    std::list<HostResources> resources(1);
+    resources.front().scripts.reserve(1);
+    return resources;
 }
 
 }  // namespace
@@ -137,21 +120,24 @@ struct ColumnEvaluation::Evaluation {
     }
 };
 
-ColumnEvaluation::ColumnEvaluation(KxJsParser& host)
-    : host_(host), record_(host._mEngine->sharedRecord()), lastRemains_(roomForRemains()) {}
+ColumnEvaluation::ColumnEvaluation(KxJsParser& parser)
+    : parser_(parser),
+      host_(inProcessHost(parser)),
+      record_(host_.record()),
+      lastResources_(roomForResources()) {}
 
-ColumnEvaluation::~ColumnEvaluation() { give(std::move(lastRemains_)); }
+ColumnEvaluation::~ColumnEvaluation() { give(std::move(lastResources_)); }
 
 void ColumnEvaluation::forget() {
-    give(roomForRemains());
+    give(roomForResources());
     expression_.reset();
 }
 
-void ColumnEvaluation::give(std::list<HostRemains> remains) noexcept {
-    if (script_ != nullptr) remains.front().scripts.push_back(std::move(script_));
-    if (kernel_ != nullptr) kernel_->release(remains.front());
+void ColumnEvaluation::give(std::list<HostResources> resources) noexcept {
+    if (script_ != nullptr) resources.front().scripts.push_back(std::move(script_));
+    if (kernel_ != nullptr) kernel_->release(resources.front());
     kernel_.reset();
-    record_->release(std::move(remains));
+    record_->release(std::move(resources));
 }
 
 void ColumnEvaluation::setProgress(KxJsColumns::Progress progress) {
@@ -177,7 +163,7 @@ void ColumnEvaluation::bind(std::u16string const& name, Column::Values values) {
 
 bool ColumnEvaluation::bindToHost(std::u16string& error) {
     for (Column const& column : columns_) {
-        if (host_.addSetVariable(column.blank())) continue;
+        if (parser_.addSetVariable(column.blank())) continue;
         error = u"A column cannot have the name \"" + column.name + u"\"";
         return false;
     }
@@ -185,19 +171,18 @@ bool ColumnEvaluation::bindToHost(std::u16string& error) {
 }
 
 bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& error) {
-    if (isEvaluating_ || !host_._mEngine->isUsable()) {
-        error = isEvaluating_ ? kBusy : kElsewhere;
+    if (isEvaluating_ || !host_.isOnItsThread()) {
+        error = isEvaluating_ ? kBusy : kWrongThread;
         return false;
     }
     forget();
     if (!bindToHost(error)) return false;
-    if (host_.parse(source, error) == -1) return false;
-    // The host's store is the application's; this script goes with the columns.
-    std::unique_ptr<CompiledScript> script = std::move(host_._mVecOfCompiledScripts.back());
-    host_._mVecOfCompiledScripts.pop_back();
+    if (!host_.isUsable()) return false;
+    std::unique_ptr<CompiledScript> script = host_.compile(source, error);
+    if (script == nullptr) return false;
     source_ = source;
     keys_.clear();
-    for (auto const& [key, variable] : host_._mVariables) {
+    for (auto const& [key, variable] : host_.variables()) {
         if (source_.find(key) != std::u16string::npos) keys_.push_back(key);
     }
     inFrontAt_.reset();
@@ -205,7 +190,7 @@ bool ColumnEvaluation::compile(std::u16string const& source, std::u16string& err
     mayHaveEffects_ =
         !expression_ || std::any_of(expression_->names.begin(), expression_->names.end(),
                                     [](auto const& name) { return evaluatesTexts(name.text); });
-    generation_ = host_._mEngine->generation();
+    generation_ = host_.generation();
     script_ = std::move(script);  // from here on there is a formula: nothing fails any more
     return true;
 }
@@ -243,11 +228,10 @@ std::optional<ColumnBindings> ColumnEvaluation::bindings(v8::Local<v8::Context> 
 bool ColumnEvaluation::areKeysAsBound(v8::Local<v8::Context> context) const {
     if (areCarriersKeys(keys_)) return false;
     for (std::u16string const& key : keys_) {
-        BoundVariable const& bound = host_._mEngine->carriers().bound(
-            host_._mVariables.at(key), KxJsParser::_mAccessorName, record_->handles());
-        if (!isBoundAsMade(context, key, bound, KxJsParser::_mAccessorName)) return false;
+        BoundVariable const& bound = host_.bound(host_.variables().at(key));
+        if (!isBoundAsMade(context, key, bound, host_.accessorName())) return false;
     }
-    std::uint64_t const now = host_._mEngine->scriptsRun();
+    std::uint64_t const now = host_.scriptsRun();
     if (inFrontAt_ == now) return true;
     if (!areCarriersInFront(context, keys_)) return false;
     inFrontAt_ = now;
@@ -255,7 +239,7 @@ bool ColumnEvaluation::areKeysAsBound(v8::Local<v8::Context> context) const {
 }
 
 bool ColumnEvaluation::mayCallBuiltIns(v8::Local<v8::Context> context, int libraryId) const {
-    std::uint64_t const now = host_._mEngine->scriptsRun();
+    std::uint64_t const now = host_.scriptsRun();
     if (untouchedAt_ == now) return true;
     if (!areBuiltInsUntouched(context, libraryId)) return false;
     untouchedAt_ = now;
@@ -279,17 +263,17 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
     evaluation.road = Road::slow;
     evaluation.runHandles.emplace(evaluation.isolate);
     if (!fits) {
-        std::list<HostRemains> remains(1);
-        if (kernel_ != nullptr) kernel_->release(remains.front());
+        std::list<HostResources> resources(1);
+        if (kernel_ != nullptr) kernel_->release(resources.front());
         kernel_.reset();
-        record_->release(std::move(remains));
+        record_->release(std::move(resources));
         kernel_ = ColumnKernel::make(record_->handles(), evaluation.context, expression_->text,
                                      *names, evaluation.results);
         if (kernel_ == nullptr) return;
     }
     std::vector<v8::Local<v8::Value>> constants;
     for (std::u16string const& name : names->constants) {
-        constants.push_back(engineValue(evaluation.isolate, host_._mVariables.at(name)));
+        constants.push_back(host_.bound(host_.variables().at(name)).value(evaluation.isolate));
     }
     evaluation.run.emplace(*kernel_, evaluation.isolate, evaluation.context, *names, constants,
                            evaluation.results, evaluation.count);
@@ -298,29 +282,28 @@ void ColumnEvaluation::chooseRoad(Evaluation& evaluation) {
 
 KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults const& results) {
     KxJsColumns::Outcome outcome;
-    HostEngine& engine = *host_._mEngine;
-    if (!engine.isUsable()) {
-        outcome.error = kElsewhere;
+    if (!host_.isOnItsThread()) {
+        outcome.error = kWrongThread;
         return outcome;
     }
     if (isEvaluating_) {
         outcome.error = kBusy;
         return outcome;
     }
-    if (script_ == nullptr || generation_ != engine.generation()) {
+    if (script_ == nullptr || generation_ != host_.generation()) {
         outcome.error = kNotCompiled;
         return outcome;
     }
-    if (engine.isRefused()) {
-        outcome.error = refusal(engine);
+    if (host_.limits().isRefused()) {
+        outcome.error = host_.limits().refusalText();
         return outcome;
     }
-    v8::Isolate* const isolate = engine.isolate();
+    v8::Isolate* const isolate = host_.isolate();
     v8::HandleScope const handles(isolate);
-    v8::Local<v8::Context> const context = host_._mContext->get(isolate);
+    v8::Local<v8::Context> const context = host_.context();
     v8::Context::Scope const entered(context);
-    ScriptRun const run(engine);
-    engine.countChange();  // for columns in whose progress these are evaluated
+    LimitedRun const run(host_.limits());
+    host_.countChange();  // for columns in whose progress these are evaluated
     Raised const evaluating(isEvaluating_);
     Evaluation evaluation{.count = count,
                           .results = results,
@@ -338,19 +321,19 @@ KxJsColumns::Outcome ColumnEvaluation::evaluate(std::size_t count, ColumnResults
         else
             size = std::max<std::size_t>(size / 2, 1);
         if (!progress_) continue;
-        std::uint64_t const before = engine.changes();
+        std::uint64_t const before = host_.changes();
         bool const goesOn = progress_(outcome.records);
         if (outcome.records == count) break;
         if (!goesOn) {
             outcome.error = kStopped;
-        } else if (generation_ != engine.generation()) {
+        } else if (generation_ != host_.generation()) {
             outcome.error = kNotCompiled;
-        } else if (engine.control().reason() != EndReason::none) {
+        } else if (host_.endReason() != EndReason::none) {
             // Asked for during the callback, where a script that it ran has met the request.
-            outcome.error = endText(engine);
+            outcome.error = host_.limits().endText();
         }
         if (!outcome.error.empty()) break;
-        if (engine.changes() != before) evaluation.dropRun();
+        if (host_.changes() != before) evaluation.dropRun();
     }
     return outcome;
 }
@@ -372,7 +355,7 @@ bool ColumnEvaluation::runBlock(Evaluation& evaluation, std::size_t last) {
         std::size_t stop = first;
         auto const how = evaluation.run->block(stop, std::min(last, evaluation.count - 1));
         if (how == ColumnRun::Stop::ended) {
-            evaluation.outcome.error = endText(*host_._mEngine);
+            evaluation.outcome.error = host_.limits().endText();
             return false;
         }
         takeBlock(evaluation, first, stop);
@@ -395,23 +378,16 @@ void ColumnEvaluation::takeBlock(Evaluation& evaluation, std::size_t first, std:
 }
 
 bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
-    HostEngine& engine = *host_._mEngine;
-    if (mayHaveEffects_) engine.countScript();
+    if (mayHaveEffects_) host_.countScript();
     v8::Isolate* const isolate = evaluation.isolate;
     v8::HandleScope const handles(isolate);
     v8::TryCatch capture(isolate);
     std::size_t const record = evaluation.next();
-    for (Column const& column : columns_) host_.addSetVariable(column.at(record));
-    v8::Local<v8::Value> completion;
-    bool const hasCompleted =
-        script_->forRun(isolate, evaluation.context)->Run(evaluation.context).ToLocal(&completion);
-    if (!capture.HasTerminated()) engine.record().runPromiseJobs();
-    if (hasCompleted && !capture.HasTerminated()) {
-        take(evaluation, completion);
-        if (completion->IsObject()) engine.record().runPromiseJobs();
-    }
+    for (Column const& column : columns_) parser_.addSetVariable(column.at(record));
+    host_.runOnce(*script_, evaluation.context, capture,
+                  [&](v8::Local<v8::Value> completion) { take(evaluation, completion); });
     if (capture.HasTerminated()) {
-        evaluation.outcome.error = endText(engine);
+        evaluation.outcome.error = host_.limits().endText();
         return false;
     }
     if (capture.HasCaught()) {
@@ -419,9 +395,8 @@ bool ColumnEvaluation::runOneByOne(Evaluation& evaluation) {
         if (auto* const* numbers = std::get_if<double*>(&evaluation.results)) {
             (*numbers)[record] = std::numeric_limits<double>::quiet_NaN();
         }
-        std::u16string error =
-            host_.reportException(capture, KxJsFailure::Kind::RUN_ERROR, script_->callerSource());
-        evaluation.fail(std::move(error), *host_._mLastFailure);
+        std::u16string error = host_.reportFailure(capture, *script_);
+        evaluation.fail(std::move(error), *host_.lastFailure());
     } else {
         evaluation.hasSucceeded = true;
     }

@@ -13,8 +13,7 @@
 #include "columns/ColumnRun.h"
 #include "columns/KxJsColumns.h"
 #include "columns/PureExpression.h"
-#include "host/HostEngine.h"
-#include "host/KxJsParser.h"
+#include "host/InProcessHost.h"
 
 namespace kx {
 
@@ -26,7 +25,7 @@ namespace kx {
 /// the kernel is run again in the same way, which gives the result and the error text that it has.
 class ColumnEvaluation {
   public:
-    explicit ColumnEvaluation(KxJsParser& host);
+    explicit ColumnEvaluation(KxJsParser& parser);
     ~ColumnEvaluation();
     ColumnEvaluation(ColumnEvaluation const&) = delete;
     ColumnEvaluation& operator=(ColumnEvaluation const&) = delete;
@@ -43,7 +42,7 @@ class ColumnEvaluation {
 
     void refuseWhileEvaluating() const;
     void forget();
-    void give(std::list<HostRemains> remains) noexcept;
+    void give(std::list<HostResources> resources) noexcept;
     bool bindToHost(std::u16string& error);
     /// The bindings of the formula's names at this moment; nothing where one is not harmless.
     std::optional<ColumnBindings> bindings(v8::Local<v8::Context> context) const;
@@ -55,7 +54,8 @@ class ColumnEvaluation {
     void take(Evaluation& evaluation, v8::Local<v8::Value> completion);
     void takeBlock(Evaluation& evaluation, std::size_t first, std::size_t last);
 
-    KxJsParser& host_;
+    KxJsParser& parser_;
+    InProcessHost& host_;
     std::shared_ptr<IsolateRecord> record_;
     std::vector<Column> columns_;
     KxJsColumns::Progress progress_;
@@ -73,7 +73,7 @@ class ColumnEvaluation {
     mutable std::optional<std::uint64_t> inFrontAt_;
     mutable std::optional<std::uint64_t> untouchedAt_;
     /// @}
-    std::list<HostRemains> lastRemains_;  // the destructor's: has room already
+    std::list<HostResources> lastResources_;  // the destructor's: has room already
 };
 
 }  // namespace kx

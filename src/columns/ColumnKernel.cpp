@@ -132,8 +132,8 @@ bool ColumnKernel::fits(ColumnBindings const& bindings, ColumnResults const& res
     return signature_ == signatureOf(bindings, results);
 }
 
-void ColumnKernel::release(HostRemains& remains) noexcept {
-    remains.functions = std::exchange(handles_, {});
+void ColumnKernel::release(HostResources& resources) noexcept {
+    resources.functions = std::exchange(handles_, {});
 }
 
 }  // namespace kx

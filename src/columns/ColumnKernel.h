@@ -8,7 +8,7 @@
 #include <v8.h>
 
 #include "columns/Column.h"
-#include "host/HostRemains.h"
+#include "host/HostResources.h"
 
 namespace kx {
 
@@ -49,7 +49,7 @@ class ColumnKernel {
     }
 
     /// Gives up the handles.
-    void release(HostRemains& remains) noexcept;
+    void release(HostResources& resources) noexcept;
 
   private:
     using Handle = std::unique_ptr<PersistentHandle<v8::Function>>;

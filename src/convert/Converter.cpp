@@ -9,8 +9,7 @@ namespace {
 template <class Pass>
 void applyPass(Pass const& pass, std::u16string& text) {
     kx::Workspace work(text);
-    kx::NoMeter meter;
-    pass.apply(work, meter);
+    pass.apply(work);
 }
 
 }  // namespace
@@ -19,11 +18,10 @@ std::u16string Converter::_convert(char16_t const* formula) {
     std::u16string text;
     if (formula == nullptr) return text;
     std::size_t const length = std::char_traits<char16_t>::length(formula);
-    text.reserve(length + length / 2 + 32);
+    text.reserve(length + length / 2 + 32);  // replacements are mostly longer
     text.assign(formula, length);
     kx::Workspace work(text);
-    kx::NoMeter meter;
-    kx::convert(work, meter);
+    kx::convert(work);
     return text;
 }
 
@@ -40,12 +38,11 @@ void Converter::_uppercaseAllFunctions(std::u16string& text) {
 }
 
 void Converter::_uppercaseFunctions(std::u16string& text, std::vector<KxJsFunction>& catalogue) {
-    applyPass(kx::CallPass(kx::spellingRules(catalogue)), text);
+    applyPass(kx::FunctionPass(kx::spellingRules(catalogue)), text);
 }
 
 void Converter::_replaceOperator(std::u16string& text, std::u16string const& op,
                                  std::u16string const& replacement) {
     kx::Workspace work(text);
-    kx::NoMeter meter;
-    kx::OperatorReplacement<kx::NoMeter>(work, meter).apply(op, replacement);
+    kx::OperatorReplacement(work).apply(op, replacement);
 }

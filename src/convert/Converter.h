@@ -14,8 +14,8 @@ class KxJsFunction;
 ///
 /// The rewriting is purely textual: an ordered chain of rules over the whole text, quoted text
 /// included where a rule does not protect it, then white space folded to single blanks. Formulas
-/// written over decades depend on each of its results, the odd ones included; ARCHITECTURE.md
-/// lists those under "deliberate behaviour".
+/// written over decades depend on each of its results, the odd ones included:
+/// docs/deliberate-behaviour.md lists those.
 ///
 /// Cost grows linearly with the length of the formula, for any text.
 /// Errors: std::bad_alloc only. A formula that no rule matches comes back with white space folded.

@@ -1,172 +1,70 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
-#include <limits>
-#include <memory_resource>
 #include <string_view>
-#include <vector>
 
 #include "convert/Pattern.h"
+#include "convert/Workspace.h"
 
-/// Runs the program of a pattern over one text, at ascending start positions, with the meaning
-/// that ECMAScript gives to the pattern: alternatives in order, loops greedy, giving back one unit
-/// at a time. The result is as if every position were tried afresh; the cost is linear in the
-/// length of the text, however many positions are tried:
-///
-/// - A pattern without loops costs at most the length of its program at each position.
-///
-/// - In a pattern whose loops never have to give back (Pattern.cpp finds that out), a loop is a
-///   run to the first unit outside its set, and each loop remembers its last run: entering it
-///   again within that costs nothing. Such patterns among the rules are a few names, white space,
-///   "(", and then nothing, or one run to the next ")", or one run to the next "," and another to
-///   the next ")". White space is entered at its first unit only, as a name ends before it, and
-///   by at most one attempt for each name. The runs behind "(" are entered at ascending places,
-///   as no name holds a "(" and the "," next to a later place is not an earlier one; so each
-///   covers a unit once. Together they look at a unit at most once for each name and run.
-///
-/// - In a pattern whose loops may have to give back, every choice is a split, and a split is
-///   followed only once at each position. There are no back references, so what a split leads to
-///   depends on the position alone, and one that has failed fails again. One that has not failed
-///   is on the way of a match that ended at or behind it, while later attempts begin at that end
-///   or behind it. They could meet it only at the very end; then the rest of the pattern behind
-///   it and all of the pattern before it would match nothing, and so would the pattern, which
-///   none does. Between two splits lies less than the length of the program.
 namespace kx {
 
-inline constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
-
-/// The meter of ordinary builds: nothing is counted and nothing is left of it. Tests pass one that
-/// adds up the steps.
-struct NoMeter {
-    static void count(std::size_t) {}
-};
-
-/// A place to go back to.
-struct Choice {
-    std::size_t instruction;
-    std::size_t position;
-};
-
-/// Memory that matchers use in turn.
-struct MatcherMemory {
-    explicit MatcherMemory(std::pmr::memory_resource* memory) : choices(memory), tried(memory) {}
-
-    std::pmr::vector<Choice> choices;
-    std::pmr::vector<std::uint8_t> tried;  ///< one bit for each split, for each position
-};
-
-template <class Meter>
+/// Finds the matches of a pattern in the text of a workspace, at ascending start positions.
+///
+/// It works in one of two modes. Both keep only where each item of the branch begins; both are
+/// linear in the length of the text, however many starts are tried.
+///
+/// One-pass, for a pattern whose loops never give back: every item is visited once.
+///
+///     pattern SIN\s*\(([^)]+)\), text "SIN(SIN(x":
+///     start 0: SIN matches, `[^)]*` runs to the end of the text, `\)` fails: no match.
+///     start 4: SIN matches, `[^)]*` begins inside its last run and so ends where that ended.
+///
+/// Each loop keeps its last run, so that no unit is read by the same loop twice. This holds for the
+/// rules: white space before "(" is entered at its first unit only, as a name ends there. Loops
+/// behind "(" are entered at ascending positions.
+///
+/// Bit-state, for a pattern whose loops may give back: a failed item makes the last loop or
+/// optional item before it take one unit less. A bit for each loop and position says that the loop
+/// has been there.
+///
+///     pattern \d+.?\^, text "1111":
+///     start 0: `\d*` passes 1 to 4 and gives back down to 1; `\^` fails each time: no match.
+///     start 1: `\d*` would begin at 2, where it has been: no match, without reading on.
+///
+/// What follows a position in the pattern depends on that position alone, as there are no back
+/// references. So what failed once fails again, and each loop goes through each position once.
+/// A position that did not fail belongs to a match and lies at its end or before. Later starts lie
+/// at that end or behind. A loop could be there again only if the pattern before it and the pattern
+/// behind it had both matched the empty text, but no pattern can.
 class Matcher {
   public:
-    Matcher(Pattern const& pattern, std::u16string_view text, MatcherMemory& memory, Meter& meter)
-        : pattern(pattern), text(text), memory(memory), meter(meter) {
-        if (pattern.givesBack()) memory.tried.assign(text.size() + 1, 0);
-    }
+    Matcher(Pattern const& pattern, Workspace& work);
 
-    /// The end of the match that begins at `start`, or `nowhere`. Starts ascend from call to call,
-    /// and after a match the next start is not before its end.
+    /// The end of the match that begins at `start`, or `kNowhere`. Starts ascend from call to call,
+    /// and none lies inside the match before it.
     std::size_t matchAt(std::size_t start);
 
-    /// Where a group of the last match begins and ends; groups are counted from 1.
-    std::size_t groupBegin(std::size_t number) const { return saved[2 * number - 2]; }
-    std::size_t groupEnd(std::size_t number) const { return saved[2 * number - 1]; }
+    /// The text of a group of the last match. Groups are counted from 1.
+    /// @{
+    std::size_t groupBegin(std::size_t number) const {
+        return work_.itemBegins[branch_->groups[number - 1].begin];
+    }
+    std::size_t groupEnd(std::size_t number) const {
+        return work_.itemBegins[branch_->groups[number - 1].end];
+    }
+    /// @}
 
   private:
-    struct Range {
-        std::size_t begin = 1, end = 0;
-    };
+    std::size_t matchBranch(Branch const& branch, std::size_t start);
+    bool goBack(Branch const& branch, std::size_t& number);
+    std::size_t endOfItem(Item const& item, std::size_t begin);
+    std::size_t endOfRun(Item const& loop, std::size_t begin);
+    std::size_t endOfUntried(Item const& loop, std::size_t begin);
 
-    bool holds(SymbolSet const& set, std::size_t position) const {
-        return position < text.size() && set[symbolOf(text[position])];
-    }
-    std::size_t endOfRun(Instruction const& run, std::size_t position);
-    bool triedBefore(Instruction const& split, std::size_t position);
-
-    Pattern const& pattern;
-    std::u16string_view text;
-    MatcherMemory& memory;
-    Meter& meter;
-    std::array<std::size_t, 2 * Pattern::maxGroups> saved{};
-    std::array<Range, Pattern::maxRuns> lastRuns{};
+    Pattern const& pattern_;
+    std::u16string_view text_;
+    Workspace& work_;
+    Branch const* branch_ = nullptr;  ///< of the last match
 };
-
-template <class Meter>
-std::size_t Matcher<Meter>::matchAt(std::size_t start) {
-    using Code = Instruction::Code;
-    Instruction const* const program = pattern.program().data();
-    std::size_t next = 0;
-    std::size_t position = start;
-    memory.choices.clear();
-    for (;;) {
-        meter.count(1);
-        Instruction const& instruction = program[next++];
-        bool failed = false;
-        switch (instruction.code) {
-            case Code::unit:
-                failed = position >= text.size() || (text[position] != instruction.capital &&
-                                                     text[position] != instruction.small);
-                ++position;
-                break;
-            case Code::set:
-                failed = !holds(pattern.set(instruction), position);
-                ++position;
-                break;
-            case Code::run:
-            case Code::until: {
-                std::size_t const end = endOfRun(instruction, position);
-                failed = end - position < instruction.minimum;
-                position = end;
-                break;
-            }
-            case Code::optional:
-                if (holds(pattern.set(instruction), position)) ++position;
-                break;
-            case Code::split:
-                failed = pattern.givesBack() && triedBefore(instruction, position);
-                if (failed) break;
-                memory.choices.push_back({static_cast<std::size_t>(instruction.other), position});
-                next = static_cast<std::size_t>(instruction.target);
-                break;
-            case Code::jump:
-                next = static_cast<std::size_t>(instruction.target);
-                break;
-            case Code::save:
-                saved[instruction.slot] = position;
-                break;
-            case Code::match:
-                return position;
-        }
-        if (!failed) continue;
-        if (memory.choices.empty()) return nowhere;
-        next = memory.choices.back().instruction;
-        position = memory.choices.back().position;
-        memory.choices.pop_back();
-    }
-}
-
-template <class Meter>
-std::size_t Matcher<Meter>::endOfRun(Instruction const& run, std::size_t position) {
-    Range& last = lastRuns[run.slot];
-    if (position >= last.begin && position <= last.end) return last.end;
-    std::size_t end = position;
-    if (run.code == Instruction::Code::until)
-        while (end < text.size() && text[end] != run.capital) ++end;
-    else
-        while (holds(pattern.set(run), end)) ++end;
-    meter.count(end - position);
-    last = {position, end};
-    return end;
-}
-
-template <class Meter>
-bool Matcher<Meter>::triedBefore(Instruction const& split, std::size_t position) {
-    auto const bit = static_cast<std::uint8_t>(1U << split.slot);
-    std::uint8_t& tried = memory.tried[position];
-    if ((tried & bit) != 0) return true;
-    tried |= bit;
-    return false;
-}
 
 }  // namespace kx

@@ -6,29 +6,22 @@
 #include <string>
 #include <vector>
 
-#include "convert/OperatorReplacement.h"
-#include "convert/Rewriting.h"
 #include "convert/Rule.h"
 #include "convert/RuleTables.h"
 #include "convert/WordFilter.h"
+#include "convert/Workspace.h"
 
 namespace kx {
 
-/// The steps of the operator pass, one after the other. A step whose words do not occur in the
-/// text cannot change it and is passed over; what a step wrote is looked through anew.
+/// The steps of the operator pass, applied one after the other. A step is skipped if none of its
+/// words occurs in the text. After a step has changed the text, this is determined again.
 class OperatorChain {
   public:
+    /// Throws std::invalid_argument if a rule is not supported, std::length_error if there are too
+    /// many steps for a `RuleMask` or too many words for a `WordFilter`.
     explicit OperatorChain(std::span<OperatorStep const> table);
 
-    template <class Meter>
-    void apply(Workspace& work, Meter& meter) const {
-        RuleMask open = always;
-        open |= filter.rulesIn(work.text, 0, meter);
-        for (std::size_t i = open.nextFrom(0); i < steps.size(); i = open.nextFrom(i + 1)) {
-            std::size_t const changedFrom = applyStep(steps[i], work, meter);
-            if (changedFrom != nowhere) open |= filter.rulesIn(work.text, changedFrom, meter);
-        }
-    }
+    void apply(Workspace& work) const;
 
   private:
     struct Step {
@@ -37,15 +30,11 @@ class OperatorChain {
         std::optional<Rule> rule;  ///< in place of the operator
     };
 
-    template <class Meter>
-    static std::size_t applyStep(Step const& step, Workspace& work, Meter& meter) {
-        if (step.rule) return applyEverywhere(*step.rule, {}, work, meter);
-        return OperatorReplacement<Meter>(work, meter).apply(step.op, step.replacement);
-    }
+    static std::size_t applyStep(Step const& step, Workspace& work);
 
-    std::vector<Step> steps;
-    WordFilter filter;
-    RuleMask always;
+    std::vector<Step> steps_;
+    WordFilter filter_;
+    RuleMask always_;  ///< the steps that have no words
 };
 
 }  // namespace kx

@@ -1,95 +1,51 @@
 #include "convert/Pattern.h"
 
+#include <algorithm>
 #include <stdexcept>
+#include <string>
 
-#include "convert/PatternCompiler.h"
+#include "convert/PatternParser.h"
 
 namespace kx {
 
 namespace {
 
-using Code = Instruction::Code;
-
-struct Continuation {
-    SymbolSet first;        ///< the symbols that it can begin with
-    bool nullable = false;  ///< whether it can match nothing
-};
-
-/// What the program can do from an instruction on. Backward jumps do not occur where a program is
-/// looked at: it has runs in place of split loops.
-Continuation continuationAt(Pattern const& pattern, std::size_t index) {
-    Continuation result;
-    for (;; ++index) {
-        Instruction const& instruction = pattern.program()[index];
-        switch (instruction.code) {
-            case Code::unit:
-                result.first |= literalSet(instruction.capital);
-                return result;
-            case Code::set:
-                result.first |= pattern.set(instruction);
-                return result;
-            case Code::run:
-            case Code::until:
-                result.first |= pattern.set(instruction);
-                if (instruction.minimum > 0) return result;
-                break;
-            case Code::optional:
-                result.first |= pattern.set(instruction);
-                break;
-            case Code::split: {
-                auto const other = static_cast<std::size_t>(instruction.other);
-                Continuation const second = continuationAt(pattern, other);
-                result.first |= second.first;
-                result.nullable |= second.nullable;
-                break;
-            }
-            case Code::jump:
-                index = static_cast<std::size_t>(instruction.target) - 1;
-                break;
-            case Code::save:
-                break;
-            case Code::match:
-                result.nullable = true;
-                return result;
-        }
-    }
+bool canBeEmpty(Branch const& branch) {
+    return std::none_of(branch.items.begin(), branch.items.end(),
+                        [](Item const& item) { return item.count == Item::Count::one; });
 }
 
-/// Whether a loop that has taken all it can may be left with less in a successful match. It cannot
-/// if what follows must begin with a symbol outside the loop's set: a shorter loop leaves a symbol
-/// of the set there. Nor if what follows can match nothing: then the longest loop succeeds.
-bool mayGiveBack(Pattern const& pattern, std::size_t index) {
-    Instruction const& instruction = pattern.program()[index];
-    bool const isLoop = instruction.code == Code::run || instruction.code == Code::until ||
-                        instruction.code == Code::optional;
-    if (!isLoop) return false;
-    Continuation const rest = continuationAt(pattern, index + 1);
-    return !rest.nullable && (rest.first & pattern.set(instruction)).any();
+/// Whether a match may need an item to take fewer units than it can.
+///
+/// It does not if all that can follow begins outside the item's set. It does not either if all that
+/// follows can be empty: then the match succeeds with the most that the item can take.
+bool mayGiveBack(Branch const& branch, std::size_t number) {
+    Item const& item = branch.items[number];
+    if (item.count == Item::Count::one) return false;
+    bool overlaps = false;
+    for (std::size_t next = number + 1; next < branch.items.size(); ++next) {
+        overlaps = overlaps || (branch.items[next].set & item.set).any();
+        if (branch.items[next].count == Item::Count::one) return overlaps;
+    }
+    return false;
 }
 
 }  // namespace
 
-Pattern::Pattern(std::u16string_view text) {
-    PatternCompiler compiler(text, PatternCompiler::Loops::keep);
-    instructions = compiler.compile();
-    sets = compiler.takeSets();
-
-    Continuation const whole = continuationAt(*this, 0);
-    if (whole.nullable) throw std::invalid_argument("pattern not supported: matches nothing");
-    first = whole.first;
-
-    for (std::size_t i = 0; i < instructions.size(); ++i) loopsGiveBack |= mayGiveBack(*this, i);
-    if (loopsGiveBack) {
-        PatternCompiler splitting(text, PatternCompiler::Loops::giveBack);
-        instructions = splitting.compile();
-        sets = splitting.takeSets();
+Pattern::Pattern(std::u16string_view text) : branches_(PatternParser(text).parse()) {
+    for (Branch& branch : branches_) {
+        if (canBeEmpty(branch))
+            throw std::invalid_argument("pattern not supported: can match the empty text");
+        longestBranch_ = std::max(longestBranch_, branch.items.size());
+        for (std::size_t i = 0; i < branch.items.size(); ++i) {
+            Item& item = branch.items[i];
+            isOnePass_ = isOnePass_ && !mayGiveBack(branch, i);
+            if (item.count == Item::Count::loop)
+                item.loop = static_cast<std::uint8_t>(loopCount_++);
+        }
     }
-    for (Instruction const& instruction : instructions) {
-        bool const isRun = instruction.code == Code::run || instruction.code == Code::until;
-        if ((isRun && instruction.slot >= maxRuns) ||
-            (loopsGiveBack && instruction.code == Code::split && instruction.slot >= maxSplits))
-            throw std::invalid_argument("pattern not supported: too many loops");
-    }
+    if (!isOnePass_ && loopCount_ > kMaxBacktrackingLoops)
+        throw std::invalid_argument("pattern not supported: too many loops");
 }
 
 }  // namespace kx

@@ -7,61 +7,87 @@
 
 #include "convert/Symbol.h"
 
-/// Regular expressions of the small class that the rules are written in, compiled to a program
-/// for the matcher.
-///
-/// Accepted are literals, `.`, `\s`, `\d`, an escaped punctuation mark, character classes of
-/// these without ranges, greedy `*`, `+` and `?` after a single character, alternatives, and
-/// groups that capture. A group stands neither in a group nor inside an alternative, so every
-/// match sets every group. No pattern matches the empty text. All else is refused.
 namespace kx {
 
-struct Instruction {
-    enum class Code : std::uint8_t {
-        unit,      ///< this ASCII unit, a letter in either case
-        set,       ///< one unit of the set
-        run,       ///< as many units of the set as there are, at least `minimum`
-        until,     ///< as many units as there are other than `capital`, at least `minimum`
-        optional,  ///< one unit of the set if there is one
-        split,     ///< try `target` first, then `other`
-        jump,      ///< go on at `target`
-        save,      ///< keep the position in `slot`
-        match
+/// One element of a pattern: which code units match it, and how many of them in a row.
+struct Item {
+    enum class Units : std::uint8_t {
+        literal,  ///< `first` or `second`: one ASCII character, a letter in either case
+        allBut,   ///< every unit but `first`
+        set       ///< the units whose symbols are in `set`
     };
-    Code code = Code::match;
-    char16_t capital = 0;  ///< of a unit; the unit itself if it is no letter
-    char16_t small = 0;
-    std::uint16_t set = 0;      ///< index in the pattern's sets
-    std::uint16_t minimum = 0;  ///< of a run or until
-    std::uint16_t slot = 0;     ///< of a save; of a loop or split, its number among these
-    std::ptrdiff_t target = 0;  ///< index of an instruction, while compiling relative to this one
-    std::ptrdiff_t other = 0;
+    enum class Count : std::uint8_t {
+        one,       ///< exactly one
+        optional,  ///< one if possible, else none: `x?`
+        loop       ///< as many as possible, perhaps none: `x*`
+    };
+
+    bool matches(char16_t unit) const {
+        if (units == Units::literal) return unit == first || unit == second;
+        if (units == Units::allBut) return unit != first;
+        return set[symbolOf(unit)];
+    }
+
+    Units units = Units::set;
+    Count count = Count::one;
+    std::uint8_t loop = 0;  ///< of a loop: its number in the pattern
+    char16_t first = 0;
+    char16_t second = 0;
+    SymbolSet set;  ///< the same units as symbols, whatever `units` is
 };
 
+/// One way through a pattern: a plain sequence of items.
+struct Branch {
+    /// The items of a captured group, `end` excluded.
+    struct Group {
+        std::size_t begin;
+        std::size_t end;
+    };
+    std::vector<Item> items;
+    std::vector<Group> groups;
+};
+
+/// A regular expression of the small class that the conversion rules use. It has the meaning that
+/// ECMAScript gives it with the flag "i".
+///
+/// Supported are ASCII literals, `.`, `\s`, `\d`, escaped punctuation, character classes without
+/// ranges, `*`, `+` and `?` behind a single character, alternatives, and capturing groups. Groups
+/// are neither nested nor repeated, and stand in no alternative. No alternatives stand behind `*`,
+/// `+` or `?`. A pattern that can match the empty text is refused.
+///
+/// There is no nesting, so a pattern is kept as the list of its branches in order of preference:
+///
+///     (EVAL|EVALUATE)\s*\(   has the branches   EVAL\s*\(   and   EVALUATE\s*\(
+///
+/// `x+` is kept as the two items `x` and `x*`.
 class Pattern {
   public:
-    static constexpr std::size_t maxGroups = 3;
-    static constexpr std::size_t maxRuns = 4;    ///< loops of a pattern whose loops keep all
-    static constexpr std::size_t maxSplits = 8;  ///< choices of a pattern whose loops give back
+    /// The largest number of loops in a pattern that needs backtracking.
+    static constexpr std::size_t kMaxBacktrackingLoops = 8;
 
-    /// Throws std::invalid_argument where the text is outside the accepted class.
+    /// Throws std::invalid_argument if `text` is not of the supported class.
     explicit Pattern(std::u16string_view text);
 
-    std::vector<Instruction> const& program() const { return instructions; }
-    SymbolSet const& set(Instruction const& instruction) const { return sets[instruction.set]; }
+    std::vector<Branch> const& branches() const { return branches_; }
+    std::size_t groupCount() const { return branches_.front().groups.size(); }
+    std::size_t loopCount() const { return loopCount_; }
+    std::size_t longestBranch() const { return longestBranch_; }  ///< in items
 
-    /// Whether a loop may have to give back what it took. Then loops are compiled into splits;
-    /// else into runs.
-    bool givesBack() const { return loopsGiveBack; }
-
-    /// The symbols that a match can begin with.
-    SymbolSet const& firstSymbols() const { return first; }
+    /// Whether no loop ever has to give back a unit, so that every branch is matched in one pass.
+    ///
+    /// `SIN\s*\(([^)]+)\)` is such a pattern: "(" ends the loop `\s*`, ")" ends the loop `[^)]*`,
+    /// and neither is in the set of its loop. A shorter loop would leave a unit there that the next
+    /// item does not match.
+    ///
+    /// `\d+.?\d*\^` is not: on "123^" `\d+` first takes "123" and `.?` takes "^". Then nothing is
+    /// left for `\^`, and `.?` has to give back what it took.
+    bool isOnePass() const { return isOnePass_; }
 
   private:
-    std::vector<Instruction> instructions;
-    std::vector<SymbolSet> sets;
-    SymbolSet first;
-    bool loopsGiveBack = false;
+    std::vector<Branch> branches_;
+    std::size_t loopCount_ = 0;
+    std::size_t longestBranch_ = 0;
+    bool isOnePass_ = true;
 };
 
 }  // namespace kx

@@ -2,113 +2,72 @@
 
 #include <algorithm>
 
-#include "convert/NameLetter.h"
+#include "convert/FunctionNameAlphabet.h"
+
 namespace kx {
 
 namespace {
 
-using Code = Instruction::Code;
+bool isSingle(Item const& item) { return item.count == Item::Count::one; }
 
-bool isLoop(Instruction const& instruction) {
-    return instruction.code == Code::run || instruction.code == Code::until ||
-           instruction.code == Code::optional;
-}
+bool isLiteral(Item const& item) { return isSingle(item) && item.units == Item::Units::literal; }
 
-/// Adds the first places of every way through a program without loops.
-void addAlternatives(Pattern const& pattern, std::size_t index, Word soFar, std::size_t maxLength,
-                     std::vector<Word>& words) {
-    for (; soFar.size() < maxLength; ++index) {
-        Instruction const& instruction = pattern.program()[index];
-        if (instruction.code == Code::match) break;
-        if (instruction.code == Code::unit) soFar.push_back(literalSet(instruction.capital));
-        if (instruction.code == Code::set) soFar.push_back(pattern.set(instruction));
-        if (instruction.code == Code::jump)
-            index = static_cast<std::size_t>(instruction.target) - 1;
-        if (instruction.code == Code::split)
-            addAlternatives(pattern, static_cast<std::size_t>(instruction.other), soFar, maxLength,
-                            words);
+Word leadingWord(Branch const& branch, std::size_t maxLength) {
+    Word word;
+    for (Item const& item : branch.items) {
+        if (!isSingle(item) || word.size() == maxLength) break;
+        word.push_back(item.set);
     }
-    words.push_back(std::move(soFar));
+    return word;
 }
 
-/// Whether the end of the program can be reached around one instruction.
-bool canAvoid(Pattern const& pattern, std::size_t avoided) {
-    std::vector<bool> seen(pattern.program().size());
-    seen[avoided] = true;
-    std::vector<std::size_t> open{0};
-    while (!open.empty()) {
-        std::size_t const index = open.back();
-        open.pop_back();
-        if (seen[index]) continue;
-        seen[index] = true;
-        Instruction const& instruction = pattern.program()[index];
-        if (instruction.code == Code::match) return true;
-        if (instruction.code == Code::jump || instruction.code == Code::split)
-            open.push_back(static_cast<std::size_t>(instruction.target));
-        if (instruction.code == Code::split)
-            open.push_back(static_cast<std::size_t>(instruction.other));
-        else if (instruction.code != Code::jump)
-            open.push_back(index + 1);
-    }
-    return false;
-}
-
-/// Collects the literal texts that lead to a run of white space and "(". False if any way through
-/// the program begins otherwise.
-bool addNames(Pattern const& pattern, std::size_t index, std::string name,
-              std::vector<std::string>& names) {
-    for (;; ++index) {
-        Instruction const& instruction = pattern.program()[index];
-        switch (instruction.code) {
-            case Code::unit:
-                if (nameLetterOf(instruction.capital) == 0) return false;
-                name += static_cast<char>(instruction.capital);
-                break;
-            case Code::run: {
-                Instruction const& next = pattern.program()[index + 1];
-                names.push_back(name);
-                return !name.empty() && instruction.minimum == 0 &&
-                       pattern.set(instruction) == whiteSpaceSet() && next.code == Code::unit &&
-                       next.capital == u'(';
-            }
-            case Code::split:
-                if (!addNames(pattern, static_cast<std::size_t>(instruction.other), name, names))
-                    return false;
-                break;
-            case Code::jump:
-                index = static_cast<std::size_t>(instruction.target) - 1;
-                break;
-            case Code::save:
-                break;
-            default:
-                return false;
+/// The name of a branch of a call, or an empty text.
+std::string calledName(Branch const& branch) {
+    std::string name;
+    for (std::size_t i = 0; i + 1 < branch.items.size(); ++i) {
+        Item const& item = branch.items[i];
+        if (isLiteral(item) && functionNameLetter(item.first) != 0) {
+            name += static_cast<char>(item.first);
+            continue;
         }
+        Item const& next = branch.items[i + 1];
+        bool const isCall = item.count == Item::Count::loop && item.set == whiteSpaceSet() &&
+                            isLiteral(next) && next.first == u'(';
+        return isCall ? name : std::string();
     }
+    return {};
 }
 
 }  // namespace
 
-std::vector<Word> firstPlaces(Pattern const& pattern, std::size_t maxLength) {
+std::vector<Word> leadingWords(Pattern const& pattern, std::size_t maxLength) {
     std::vector<Word> words;
-    auto const& program = pattern.program();
-    if (!pattern.givesBack() && std::none_of(program.begin(), program.end(), isLoop))
-        addAlternatives(pattern, 0, {}, maxLength, words);
+    for (Branch const& branch : pattern.branches()) words.push_back(leadingWord(branch, maxLength));
     return words;
 }
 
 std::vector<Word> necessaryWords(Pattern const& pattern, std::size_t maxLength) {
-    std::vector<Word> words = firstPlaces(pattern, maxLength);
-    if (!words.empty()) return words;
-    auto const& program = pattern.program();
-    for (std::size_t i = 0; i < program.size(); ++i)
-        if (program[i].code == Code::unit && !canAvoid(pattern, i))
-            return {{literalSet(program[i].capital)}};
-    return {};
+    std::vector<Word> words;
+    for (Branch const& branch : pattern.branches()) {
+        auto const& items = branch.items;
+        if (std::all_of(items.begin(), items.end(), isSingle)) {
+            words.push_back(leadingWord(branch, maxLength));
+            continue;
+        }
+        auto const literal = std::find_if(items.begin(), items.end(), isLiteral);
+        if (literal == items.end()) return {};
+        words.push_back({literal->set});
+    }
+    return words;
 }
 
 std::optional<std::vector<std::string>> calledNames(Pattern const& pattern) {
     std::vector<std::string> names;
-    if (pattern.givesBack() || !addNames(pattern, 0, {}, names)) return std::nullopt;
+    for (Branch const& branch : pattern.branches()) {
+        std::string const name = calledName(branch);
+        if (name.empty()) return std::nullopt;
+        names.push_back(name);
+    }
     std::sort(names.begin(), names.end(),
               [](auto const& a, auto const& b) { return a.size() > b.size(); });
     return names;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "convert/RuleTables.h"
+#include "convert/WhiteSpaceFolding.h"
 #include "library/Catalogues.h"
 
 namespace kx {
@@ -25,20 +26,24 @@ void appendBuiltIns(std::vector<RuleText>& to) {
     append(to, spellingRules(buildMiscFunctions()));
 }
 
-CallPass passOf(std::span<RegexRule const> rules) {
+FunctionPass passOf(std::span<RegexRule const> rules) {
     std::vector<RuleText> texts;
     append(texts, rules);
-    return CallPass(texts);
+    return FunctionPass(texts);
 }
 
 }  // namespace
 
-CallPass::CallPass(std::span<RuleText const> rules) {
+FunctionPass::FunctionPass(std::span<RuleText const> rules) {
     while (!rules.empty()) {
-        std::size_t const count = std::min(rules.size(), CallChain::maxRules);
-        chains.emplace_back(rules.first(count));
+        std::size_t const count = std::min(rules.size(), CallChain::kMaxRules);
+        chains_.emplace_back(rules.first(count));
         rules = rules.subspan(count);
     }
+}
+
+void FunctionPass::apply(Workspace& work) const {
+    for (CallChain const& chain : chains_) chain.apply(work);
 }
 
 std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue) {
@@ -46,50 +51,58 @@ std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue) 
     for (KxJsFunction const& function : catalogue) {
         if (!function.isComplete()) continue;
         std::u16string const& name = function.getName();
-        rules.push_back({name + std::u16string(callTailPattern), name + std::u16string(callTail)});
+        rules.push_back(
+            {name + std::u16string(kCallTailPattern), name + std::u16string(kCallTail)});
     }
     return rules;
 }
 
 OperatorChain const& operatorPass() {
-    static OperatorChain const chain(operatorSteps);
+    static OperatorChain const chain(kOperatorSteps);
     return chain;
 }
 
-CallPass const& mathPass() {
-    static CallPass const pass = passOf(mathRules);
+FunctionPass const& mathPass() {
+    static FunctionPass const pass = passOf(kMathRules);
     return pass;
 }
 
-CallPass const& miscPass() {
-    static CallPass const pass = passOf(miscRules);
+FunctionPass const& miscPass() {
+    static FunctionPass const pass = passOf(kMiscRules);
     return pass;
 }
 
-CallPass const& stringPass() {
-    static CallPass const pass = passOf(stringRules);
+FunctionPass const& stringPass() {
+    static FunctionPass const pass = passOf(kStringRules);
     return pass;
 }
 
-CallPass const& spellingPass() {
-    static CallPass const pass = [] {
+FunctionPass const& spellingPass() {
+    static FunctionPass const pass = [] {
         std::vector<RuleText> names;
         appendBuiltIns(names);
-        return CallPass(names);
+        return FunctionPass(names);
     }();
     return pass;
 }
 
-CallPass const& functionPasses() {
-    static CallPass const pass = [] {
+FunctionPass const& functionPasses() {
+    static FunctionPass const pass = [] {
         std::vector<RuleText> all;
-        append(all, mathRules);
-        append(all, miscRules);
-        append(all, stringRules);
+        append(all, kMathRules);
+        append(all, kMiscRules);
+        append(all, kStringRules);
         appendBuiltIns(all);
-        return CallPass(all);
+        return FunctionPass(all);
     }();
     return pass;
+}
+
+void convert(Workspace& work) {
+    operatorPass().apply(work);
+    functionPasses().apply(work);
+    work.steps += work.text.size();
+    foldWhiteSpace(work.text);
 }
 
 }  // namespace kx

@@ -5,44 +5,38 @@
 
 #include "convert/CallChain.h"
 #include "convert/OperatorChain.h"
-#include "convert/WhiteSpaceFolding.h"
+#include "convert/Workspace.h"
 #include "library/KxJsFunction.h"
 
-/// The passes of the conversion, compiled. Each is made at its first use, once for the process,
-/// and only read from then on, by any number of threads.
+/// The passes of the conversion, compiled. Each is built at its first use, once for the process.
+/// From then on any number of threads may read it.
 namespace kx {
 
-/// Regex rules in order, as many chains of them as it takes.
-class CallPass {
+/// A pass of regex rules, in as many chains as it takes.
+class FunctionPass {
   public:
-    explicit CallPass(std::span<RuleText const> rules);
+    explicit FunctionPass(std::span<RuleText const> rules);
 
-    template <class Meter>
-    void apply(Workspace& work, Meter& meter) const {
-        for (CallChain const& chain : chains) chain.apply(work, meter);
-    }
+    void apply(Workspace& work) const;
 
   private:
-    std::vector<CallChain> chains;
+    std::vector<CallChain> chains_;
 };
 
-/// The rules of every complete record of a catalogue: the name, in any case and with white space
-/// before the parenthesis, is brought to the record's spelling, without white space.
+/// A rule for every complete record of a catalogue. It writes the name before a "(" as the record
+/// spells it, without white space behind: "round (" becomes "ROUND(".
 std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue);
 
 OperatorChain const& operatorPass();
-CallPass const& mathPass();
-CallPass const& miscPass();
-CallPass const& stringPass();
-CallPass const& spellingPass();    ///< the catalogues' names: mathematical, string, miscellaneous
-CallPass const& functionPasses();  ///< the four above in the order of the conversion, as one
+FunctionPass const& mathPass();
+FunctionPass const& miscPass();
+FunctionPass const& stringPass();
+FunctionPass const& spellingPass();  ///< of the mathematical, string and miscellaneous catalogue
 
-/// The whole conversion of the workspace's text.
-template <class Meter>
-void convert(Workspace& work, Meter& meter) {
-    operatorPass().apply(work, meter);
-    functionPasses().apply(work, meter);
-    foldWhiteSpace(work.text, meter);
-}
+/// The four function passes in the order of the conversion. One chain skips more rules than four.
+FunctionPass const& functionPasses();
+
+/// Converts the text of the workspace.
+void convert(Workspace& work);
 
 }  // namespace kx

@@ -5,27 +5,36 @@
 #include <string_view>
 #include <vector>
 
+#include "convert/CallIndex.h"
+
 namespace kx {
 
-/// What stands in for a match: literal text with captured groups, written "$1" to "$9", in it.
+/// The text that replaces a match: literal text and captured groups, written "$1" to "$9".
 class Replacement {
   public:
     struct Piece {
         std::u16string literal;
-        std::size_t group = 0;  ///< that follows the literal; 0: none
+        std::size_t group = 0;  ///< the group behind the literal; 0: none
+        Calls calls;            ///< the calls in the literal
     };
 
     explicit Replacement(std::u16string_view text);
 
-    std::vector<Piece> const& pieces() const { return parts; }
+    /// Finds the calls in the literals, for rules whose `Rewriting` keeps track of calls.
+    void findCalls(CallIndex const& index);
 
-    /// Whether the replacement of just this text leaves it as it is, whatever the groups hold.
-    bool isAlways(std::u16string_view text) const {
-        return parts.size() == 1 && parts[0].group == 0 && parts[0].literal == text;
+    std::vector<Piece> const& pieces() const { return pieces_; }
+
+    /// The largest number of a group; 0: there is none.
+    std::size_t lastGroup() const;
+
+    /// Whether the replacement is this very text.
+    bool isJust(std::u16string_view text) const {
+        return pieces_.size() == 1 && pieces_[0].group == 0 && pieces_[0].literal == text;
     }
 
   private:
-    std::vector<Piece> parts;
+    std::vector<Piece> pieces_;
 };
 
 }  // namespace kx

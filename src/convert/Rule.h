@@ -11,33 +11,35 @@
 
 namespace kx {
 
-/// Tells at a glance that no match starts at a position: what may stand at each of the first
-/// places of a match, whichever the alternative.
+/// Excludes most start positions without matching: it knows the symbols that can stand at the first
+/// few places of a match, whatever the branch.
 class StartFilter {
   public:
-    static constexpr std::size_t maxPlaces = 4;
+    static constexpr std::size_t kMaxPlaces = 4;
 
     explicit StartFilter(Pattern const& pattern);
 
-    std::size_t length() const { return places; }
+    /// How many places are compared; at least one.
+    std::size_t length() const { return places_; }
 
-    /// Needs `length()` units from the position on.
+    /// Needs `length()` units of the text from the position on.
     bool mayStartAt(std::u16string_view text, std::size_t position) const {
-        if ((allowed[symbolOf(text[position])] & 1) == 0) return false;
-        for (std::size_t place = 1; place < places; ++place)
-            if ((allowed[symbolOf(text[position + place])] >> place & 1) == 0) return false;
+        if ((allowed_[symbolOf(text[position])] & 1) == 0) return false;
+        for (std::size_t place = 1; place < places_; ++place)
+            if ((allowed_[symbolOf(text[position + place])] >> place & 1) == 0) return false;
         return true;
     }
 
   private:
-    std::array<std::uint8_t, symbolCount> allowed{};  ///< for each symbol a bit for each place
-    std::size_t places = 1;
+    std::array<std::uint8_t, kSymbolCount> allowed_{};  ///< for each symbol a bit for each place
+    std::size_t places_ = kMaxPlaces;
 };
 
 /// A compiled regex rule.
 struct Rule {
-    Rule(std::u16string_view pattern, std::u16string_view replacement)
-        : pattern(pattern), replacement(replacement), starts(this->pattern) {}
+    /// Throws std::invalid_argument if the pattern is not supported, or if the replacement names a
+    /// group that the pattern does not have.
+    Rule(std::u16string_view patternText, std::u16string_view replacementText);
 
     Pattern pattern;
     Replacement replacement;

@@ -26,7 +26,7 @@ struct OperatorStep {
     std::u16string_view to;
 };
 
-inline constexpr auto operatorSteps = std::to_array<OperatorStep>({
+inline constexpr auto kOperatorSteps = std::to_array<OperatorStep>({
     {OperatorStep::Kind::regex, uR"(\sNOT\s|\s.NOT.\s)", u" ! "},
     {OperatorStep::Kind::regex, uR"(\sAND\s|\s.AND.\s)", u" && "},
     {OperatorStep::Kind::regex, uR"(\sOR\s|\s.OR.\s)", u" || "},
@@ -43,7 +43,7 @@ inline constexpr auto operatorSteps = std::to_array<OperatorStep>({
     {OperatorStep::Kind::regex, uR"(FALSE)", u" false "},
 });
 
-inline constexpr auto mathRules = std::to_array<RegexRule>({
+inline constexpr auto kMathRules = std::to_array<RegexRule>({
     {uR"(SIN\s*\(([^)]+)\))", u" Math.sin($1) "},
     {uR"(COS\s*\(([^)]+)\))", u" Math.cos($1) "},
     {uR"((TAN|TG)\s*\(([^)]+)\))", u" Math.tan($2) "},
@@ -67,14 +67,14 @@ inline constexpr auto mathRules = std::to_array<RegexRule>({
     {uR"((RADIANS|DTOR)\s*\(([^)]+)\))", u" RADIANS($2) "},
 });
 
-inline constexpr auto miscRules = std::to_array<RegexRule>({
+inline constexpr auto kMiscRules = std::to_array<RegexRule>({
     {uR"(TYPE\s*\(([^)]+)\))", u" typeof($1) "},
     {uR"((EVAL|EVALUATE)\s*\(([^)]+)\))", u" eval($2) "},
     {uR"((IF|IIF)\s*\()", u" IIF("},
     {uR"(SWITCH\s*\(([^)]+)\))", u" SWITCH($1) "},
 });
 
-inline constexpr auto stringRules = std::to_array<RegexRule>({
+inline constexpr auto kStringRules = std::to_array<RegexRule>({
     {uR"(TRIM\s*\(([^)]+)\))", u" RTRIM($1) "},
     {uR"((L|R) RTRIM)", u"$1TRIM"},
     {uR"((REPLICATE|REPL|REPEAT)\s*\(([^,]+),([^)]+)\))", u" REPEAT($2,$3) "},
@@ -90,7 +90,7 @@ inline constexpr auto stringRules = std::to_array<RegexRule>({
 });
 
 /// The rule for a built-in function of the name N is N + tail, replaced by N + "(".
-inline constexpr std::u16string_view callTailPattern = uR"(\s*\()";
-inline constexpr std::u16string_view callTail = u"(";
+inline constexpr std::u16string_view kCallTailPattern = uR"(\s*\()";
+inline constexpr std::u16string_view kCallTail = u"(";
 
 }  // namespace kx

@@ -5,7 +5,7 @@ namespace kx {
 SymbolSet whiteSpaceSet() {
     SymbolSet set;
     for (Symbol symbol = 0; symbol < 128; ++symbol) set[symbol] = isWhiteSpace(symbol);
-    return set.set(wideSpace).set(wideLineEnd);
+    return set.set(kWideSpace).set(kWideLineEnd);
 }
 
 SymbolSet digitSet() {
@@ -16,7 +16,7 @@ SymbolSet digitSet() {
 
 SymbolSet anyButLineEndSet() {
     SymbolSet lineEnds;
-    lineEnds.set('\n').set('\r').set(wideLineEnd);
+    lineEnds.set('\n').set('\r').set(kWideLineEnd);
     return ~lineEnds;
 }
 

@@ -16,14 +16,15 @@ namespace kx {
 
 using Symbol = std::uint8_t;
 
-inline constexpr Symbol wideSpace = 128;    ///< white space beyond ASCII
-inline constexpr Symbol wideLineEnd = 129;  ///< U+2028, U+2029: white space, and not matched by "."
-inline constexpr Symbol wideOther = 130;
-inline constexpr std::size_t symbolCount = 131;
+inline constexpr Symbol kWideSpace = 128;  ///< white space beyond ASCII
+inline constexpr Symbol kWideLineEnd =
+    129;  ///< U+2028, U+2029: white space, and not matched by "."
+inline constexpr Symbol kWideOther = 130;
+inline constexpr std::size_t kSymbolCount = 131;
 
 constexpr Symbol wideSymbolOf(char16_t unit) {
-    if (unit == u'\u2028' || unit == u'\u2029') return wideLineEnd;
-    return isWhiteSpace(unit) ? wideSpace : wideOther;
+    if (unit == u'\u2028' || unit == u'\u2029') return kWideLineEnd;
+    return isWhiteSpace(unit) ? kWideSpace : kWideOther;
 }
 
 constexpr Symbol symbolOf(char16_t unit) {
@@ -38,7 +39,7 @@ constexpr char16_t smallOf(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
 }
 
-using SymbolSet = std::bitset<symbolCount>;
+using SymbolSet = std::bitset<kSymbolCount>;
 
 SymbolSet whiteSpaceSet();                 ///< `\s`
 SymbolSet digitSet();                      ///< `\d`

@@ -7,23 +7,17 @@
 
 namespace kx {
 
-/// Replaces every run of white space by one blank, at the start and end of the text too: what the
-/// rule `\s+` replaced by " " would do.
-template <class Meter>
-void foldWhiteSpace(std::u16string& text, Meter& meter) {
-    meter.count(text.size());
-    std::size_t end = 0;
-    bool inRun = false;
+/// Replaces every run of white space by one blank, also at the start and the end of the text. This
+/// is the last rule of the conversion: `\s+` replaced by " ".
+inline void foldWhiteSpace(std::u16string& text) {
+    char16_t* end = text.data();
+    bool wasSpace = false;
     for (char16_t const unit : text) {
-        if (!isWhiteSpace(unit)) {
-            text[end++] = unit;
-            inRun = false;
-        } else if (!inRun) {
-            text[end++] = u' ';
-            inRun = true;
-        }
+        bool const isSpace = isWhiteSpace(unit);
+        if (!isSpace || !wasSpace) *end++ = isSpace ? u' ' : unit;
+        wasSpace = isSpace;
     }
-    text.resize(end);
+    text.resize(static_cast<std::size_t>(end - text.data()));
 }
 
 }  // namespace kx

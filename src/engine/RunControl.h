@@ -5,10 +5,9 @@
 
 #include <v8.h>
 
-namespace kx {
+#include "engine/EndReason.h"
 
-/// Why a run was ended before its script was.
-enum class EndReason : std::uint8_t { none, timeLimit, memoryLimit, terminated };
+namespace kx {
 
 /// Ends the run of one host, from any thread, and makes sure that it ends that run only.
 ///

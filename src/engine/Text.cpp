@@ -47,6 +47,8 @@ std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
     // Asked for first, because the engine answers this without a call.
     if (value->IsString()) return fromEngineString(isolate, value.As<v8::String>());
     if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
+    // What runs a script needs a context, and so does the exception for a symbol.
+    if (context.IsEmpty() && (value->IsObject() || value->IsSymbol())) return {};
     v8::Local<v8::String> text;
     if (!value->ToString(context).ToLocal(&text)) return {};
     return fromEngineString(isolate, text);

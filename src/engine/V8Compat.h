@@ -23,7 +23,7 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 bool isEngineRunning();
 
 /// Before the engine starts. WebAssembly's memory is invisible to the limits, and formulas have no
-/// use for it. Newer engines always offer it: see KxJsParser::createContext().
+/// use for it. Newer engines always offer it: see InProcessHost::createContext().
 void leaveWebAssemblyOut();
 
 /// A template property that scripts can read and not write.

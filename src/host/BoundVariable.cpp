@@ -1,6 +1,8 @@
 #include "host/BoundVariable.h"
 
+#include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 #include "engine/Text.h"
 #include "host/SeenText.h"
@@ -25,34 +27,56 @@ v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
     return carrierName_.get(isolate);
 }
 
-void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
+template <class Take>
+void BoundVariable::visit(v8::Isolate* isolate, Take const& take) {
     switch (variable_.getType()) {
         case KxJsVariable::TYPE_OF_VAR_LONG:
-            result.Set(variable_.getLongValue());
+            take(variable_.getLongValue());
             break;
         case KxJsVariable::TYPE_OF_VAR_DOUBLE:
-            result.Set(variable_.getDoubleValue());
+            take(variable_.getDoubleValue());
             break;
         case KxJsVariable::TYPE_OF_VAR_STRING:
-            readText(isolate, result);
+            visitText(isolate, take);
             break;
         default:
-            result.Set(variable_.getBooleanValue());
+            take(variable_.getBooleanValue());
     }
 }
 
-void BoundVariable::readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
+template <class Take>
+void BoundVariable::visitText(v8::Isolate* isolate, Take const& take) {
     std::u16string_view const units = firstUnits(variable_._mStrValue);
     if (!areLastUnits(units)) {
         lastUnits_ = units;
         lastText_.drop();
-        result.Set(toEngineString(isolate, seenText(units)));
+        take(toEngineString(isolate, seenText(units)));
         return;
     }
     if (lastText_.isEmpty()) {
         lastText_.hold(toEngineString(isolate, seenText(units)));
     }
-    if (!lastText_.isEmpty()) result.Set(lastText_.get(isolate));
+    if (!lastText_.isEmpty()) take(lastText_.get(isolate));
+}
+
+void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
+    visit(isolate, [&](auto value) { result.Set(value); });
+}
+
+v8::Local<v8::Value> BoundVariable::value(v8::Isolate* isolate) {
+    v8::Local<v8::Value> result;
+    visit(isolate, [&](auto value) {
+        if constexpr (std::is_same_v<decltype(value), std::int32_t>) {
+            result = v8::Integer::New(isolate, value);
+        } else if constexpr (std::is_same_v<decltype(value), double>) {
+            result = v8::Number::New(isolate, value);
+        } else if constexpr (std::is_same_v<decltype(value), bool>) {
+            result = v8::Boolean::New(isolate, value);
+        } else {
+            result = v8::Local<v8::Value>::New(isolate, value);
+        }
+    });
+    return result;
 }
 
 bool BoundVariable::areLastUnits(std::u16string_view units) const {

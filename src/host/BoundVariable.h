@@ -34,12 +34,19 @@ class BoundVariable {
     /// The line in front of a script that reads the variable through its carrier.
     std::u16string const& prologueLine() const { return prologueLine_; }
 
-    /// Hands the value to the engine.
+    /// Sets `result` to the value.
     void read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
+    /// The same value as a handle.
+    v8::Local<v8::Value> value(v8::Isolate* isolate);
+
   private:
+    /// Calls `take` with a std::int32_t, a double, a bool or a handle of V8's string.
+    template <class Take>
+    void visit(v8::Isolate* isolate, Take const& take);
+    template <class Take>
+    void visitText(v8::Isolate* isolate, Take const& take);
     bool areLastUnits(std::u16string_view units) const;
-    void readText(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result);
 
     KxJsVariable const& variable_;
     std::u16string const prologueLine_;

@@ -12,22 +12,23 @@ namespace {
 /// Handles whose isolate is gone cannot be disposed of: touching one ends the process. They are
 /// kept here, reachable and unused, for the rest of the process. Only an application that disposes
 /// of its isolate before its hosts pays for this, with a few bytes per host.
-struct Graveyard {
+struct AbandonedHandles {
     std::mutex mutex;
-    std::list<HostRemains> remains;
+    std::list<HostResources> resources;
     std::list<std::unique_ptr<PersistentHandle<v8::UnboundScript>>> libraries;
 };
 
-Graveyard& graveyard() {
-    static auto* const instance = new Graveyard;       // never destroyed, nor its handles
-    static auto* const inForkedChild = new Graveyard;  // the other's mutex may be locked for ever
+AbandonedHandles& abandoned() {
+    static auto* const instance = new AbandonedHandles;  // never destroyed, nor its handles
+    static auto* const inForkedChild =
+        new AbandonedHandles;  // the other's mutex may be locked for ever
     return isForkedChild() ? *inForkedChild : *instance;
 }
 
-void bury(std::list<HostRemains>& dead) {
-    for (HostRemains& remains : dead) remains.variables.clear();  // no carrier reads them now
-    std::lock_guard const lock(graveyard().mutex);
-    graveyard().remains.splice(graveyard().remains.end(), dead);
+void abandon(std::list<HostResources>& dead) {
+    for (HostResources& resources : dead) resources.variables.clear();  // no carrier reads them now
+    std::lock_guard const lock(abandoned().mutex);
+    abandoned().resources.splice(abandoned().resources.end(), dead);
 }
 
 v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
@@ -50,9 +51,9 @@ v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
     return isolate;
 }
 
-void freeRemains(v8::Isolate* isolate, std::list<HostRemains>& remains) {
-    for (HostRemains& one : remains) one.carriers.cutAll(isolate);
-    remains.clear();
+void freeResources(v8::Isolate* isolate, std::list<HostResources>& resources) {
+    for (HostResources& one : resources) one.carriers.cutAll(isolate);
+    resources.clear();
 }
 
 }  // namespace
@@ -82,7 +83,7 @@ IsolateRecord::~IsolateRecord() {
     v8::Isolate* const mine = isolate();
     {
         v8::Isolate::Scope const entered(mine);
-        freeParkedNow();
+        freePendingNow();
         libraryScript_.reset();
         memory_.reset();
     }
@@ -108,33 +109,33 @@ void IsolateRecord::setMemoryLimit(std::size_t bytes) {
     }
 }
 
-void IsolateRecord::release(std::list<HostRemains> remains) noexcept {
+void IsolateRecord::release(std::list<HostResources> resources) noexcept {
     if (isCurrent()) {
-        freeRemains(isolate(), remains);
+        freeResources(isolate(), resources);
         if (memory_ != nullptr) memory_->hasReleased();
         return;
     }
     if (isForkedChild()) {  // where the mutex may be locked for ever
-        bury(remains);
+        abandon(resources);
         return;
     }
     std::lock_guard const lock(mutex_);
     if (isolate() == nullptr) {
-        bury(remains);
+        abandon(resources);
         return;
     }
-    parked_.splice(parked_.end(), remains);
-    hasParked_.store(true, std::memory_order_relaxed);
+    pending_.splice(pending_.end(), resources);
+    hasPending_.store(true, std::memory_order_relaxed);
 }
 
-void IsolateRecord::freeParkedNow() {
-    std::list<HostRemains> parked;
+void IsolateRecord::freePendingNow() {
+    std::list<HostResources> pending;
     {
         std::lock_guard const lock(mutex_);
-        parked.swap(parked_);
-        hasParked_.store(false, std::memory_order_relaxed);
+        pending.swap(pending_);
+        hasPending_.store(false, std::memory_order_relaxed);
     }
-    freeRemains(isolate(), parked);
+    freeResources(isolate(), pending);
     if (memory_ != nullptr) memory_->hasReleased();
 }
 
@@ -142,11 +143,11 @@ void IsolateRecord::isolateIsGone() {
     std::lock_guard const lock(mutex_);
     isolate_.store(nullptr, std::memory_order_release);
     if (memory_ != nullptr) memory_->isolateIsGone();
-    bury(parked_);
+    abandon(pending_);
     if (libraryScript_ != nullptr) {
-        std::lock_guard const graveyardLock(graveyard().mutex);
+        std::lock_guard const abandonedLock(abandoned().mutex);
         try {
-            graveyard().libraries.push_back(std::move(libraryScript_));
+            abandoned().libraries.push_back(std::move(libraryScript_));
         } catch (std::bad_alloc const&) {
             (void)libraryScript_.release();  // kept all the same, if out of reach
         }

@@ -11,7 +11,7 @@
 #include "engine/Engine.h"
 #include "engine/MemoryWatch.h"
 #include "engine/PersistentHandle.h"
-#include "host/HostRemains.h"
+#include "host/HostResources.h"
 
 namespace kx {
 
@@ -54,11 +54,11 @@ class IsolateRecord {
     bool isOwn() const { return allocator_ != nullptr; }
 
     /// Takes what a host gives up and frees it as soon as that is possible.
-    void release(std::list<HostRemains> remains) noexcept;
+    void release(std::list<HostResources> resources) noexcept;
 
     /// Frees what other threads have released. Called with the isolate current, often.
-    void freeParked() {
-        if (hasParked_.load(std::memory_order_relaxed)) freeParkedNow();
+    void freePending() {
+        if (hasPending_.load(std::memory_order_relaxed)) freePendingNow();
     }
 
     /// The built-in functions, compiled once for the isolate. Empty on the first call.
@@ -87,16 +87,16 @@ class IsolateRecord {
     void isolateIsGone();
 
   private:
-    void freeParkedNow();
+    void freePendingNow();
 
     std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
     OwnHandles handles_;
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
-    std::mutex mutex_;  // guards parked_
-    std::list<HostRemains> parked_;
-    std::atomic<bool> hasParked_ = false;
+    std::mutex mutex_;  // guards pending_
+    std::list<HostResources> pending_;
+    std::atomic<bool> hasPending_ = false;
 };
 
 }  // namespace kx

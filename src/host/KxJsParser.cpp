@@ -1,80 +1,110 @@
-// The life of a script host: its engine, its context, the built-in functions.
 #include "host/KxJsParser.h"
 
-#include <list>
+#include <stdexcept>
 #include <utility>
 
-#include "engine/InterruptibleBuiltins.h"
-#include "engine/PersistentHandle.h"
 #include "engine/Text.h"
-#include "engine/V8Compat.h"
-#include "host/HostEngine.h"
-#include "host/LibraryScript.h"
-#include "host/ScriptRun.h"
+#include "host/InProcessHost.h"
 
-KxJsParser::KxJsParser() : _mEngine(std::make_unique<kx::HostEngine>()) { createContext(); }
+namespace {
+
+constexpr std::int32_t kNotParsed = -1;
+
+// White space of the C runtime's default locale.
+constexpr std::u16string_view kBlanks = u" \t\n\v\f\r";
+
+}  // namespace
+
+KxJsParser::KxJsParser()
+    : _mBackend(std::make_unique<kx::InProcessHost>(_mVariables, _mAccessorName)) {}
 
 // The variables' globals go with the context. Deleting them would run setters that a script has put
 // in their places.
-KxJsParser::~KxJsParser() { disposeGlobalContext(); }
-
-void KxJsParser::createContext() {
-    if (!_mEngine->isUsable()) return;
-    v8::Isolate* const isolate = _mEngine->isolate();
-    v8::HandleScope const handles(isolate);
-    v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate);
-    shape->SetInternalFieldCount(1);
-    kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, _mAccessorName),
-                                      kx::Carriers::accessorGetter);
-    _mGlobalTemplate = kx::makePersistent(_mEngine->record().handles(), shape);
-    v8::Local<v8::Context> context = v8::Context::New(isolate, kx::interruptibleBuiltins(), shape);
-    // Where no script can run now: the stack is nearly used up, or the application is ending one.
-    if (context.IsEmpty()) context = v8::Context::New(isolate, nullptr, shape);
-    if (context.IsEmpty()) return;
-    kx::Carriers::leaveGlobalEmpty(context);
-    // Newer engines always offer it, and so does an engine that the application has started.
-    if (_mEngine->record().isOwn()) {
-        v8::Local<v8::String> const name = kx::toEngineString(isolate, u"WebAssembly");
-        [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
-    }
-    _mContext = kx::makePersistent(_mEngine->record().handles(), context);
-}
-
-void KxJsParser::disposeGlobalContext() {
-    std::list<kx::HostRemains> remains = _mEngine->lastRemains();
-    remains.front().variables = std::exchange(_mVariables, {});
-    remains.front().scripts = std::move(_mVecOfCompiledScripts);
-    remains.front().globalTemplate = std::move(_mGlobalTemplate);
-    remains.front().context = std::move(_mContext);
-    _mEngine->release(std::move(remains));
+KxJsParser::~KxJsParser() {
+    _mBackend->releaseAll(std::move(_mVariables), std::move(_mVecOfCompiledScripts));
 }
 
 void KxJsParser::initialize() {
-    if (!_mEngine->isUsable() || _mContext == nullptr) return;
-    v8::Isolate* const isolate = _mEngine->isolate();
-    v8::HandleScope const handles(isolate);
-    v8::Local<v8::Context> const context = _mContext->get(isolate);
-    v8::Context::Scope const entered(context);
-    _mLastFailure.reset();
-    kx::ScriptRun const run(*_mEngine);
-    _mEngine->countScript();
-    v8::TryCatch capture(isolate);
-    if (kx::installLibrary(_mEngine->record(), context)) return;
-    std::u16string const ignored =
-        reportException(capture, KxJsFailure::Kind::RUN_ERROR, {v8::Message::kNoScriptIdInfo, 0});
+    if (_mBackend->isUsable()) _mBackend->installLibrary();
 }
 
-void KxJsParser::reset() {
-    clearVariables();
-    clearVecOfCompiledScripts();
+void KxJsParser::reset() { _mBackend->reset(_mVariables, _mVecOfCompiledScripts); }
+
+bool KxJsParser::addSetVariable(KxJsVariable const& variable) {
+    _mBackend->variableWasSet();
+    // A key that is bound was checked when it was bound first.
+    if (auto const bound = _mVariables.find(variable._mKey); bound != _mVariables.end()) {
+        bound->second = variable;
+        return true;
+    }
+    if (variable._mKey == _mAccessorName) return false;
+    if (variable._mKey.find_first_not_of(kBlanks) == std::u16string::npos) return false;
+    _mVariables.emplace(variable._mKey, variable);
+    return true;
 }
 
-void KxJsParser::setTimeLimit(std::chrono::milliseconds limit) { _mEngine->setTimeLimit(limit); }
-
-void KxJsParser::setMemoryLimit(std::size_t bytes) {
-    if (_mEngine->isUsable()) _mEngine->record().setMemoryLimit(bytes);
+bool KxJsParser::variableExist(std::u16string const& key) const {
+    return _mVariables.contains(key);
 }
 
-KxJsFailure const* KxJsParser::lastFailure() const { return _mLastFailure.get(); }
+KxJsVariable::TypeOfVar KxJsParser::getVariableType(std::u16string const& key) const {
+    auto const found = _mVariables.find(key);
+    return found == _mVariables.end() ? KxJsVariable::TYPE_OF_VAR_UNDEFINED : found->second._mType;
+}
 
-void KxJsParser::terminate() { _mEngine->control().requestEnd(kx::EndReason::terminated); }
+// By value, as callers were compiled against it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+std::int32_t KxJsParser::parse(std::u16string source, std::u16string& error) {
+    if (!_mBackend->isUsable()) return kNotParsed;
+    std::unique_ptr<kx::CompiledScript> script = _mBackend->compile(source, error);
+    if (script == nullptr) return kNotParsed;
+    _mVecOfCompiledScripts.push_back(std::move(script));
+    return static_cast<std::int32_t>(_mVecOfCompiledScripts.size() - 1);
+}
+
+std::u16string KxJsParser::execute(std::int32_t index, std::u16string& error) {
+    if (!_mBackend->isUsable()) {
+        error = kx::kWrongThread;
+        return {};
+    }
+    auto const position = static_cast<std::size_t>(index);  // a negative one becomes huge
+    if (position >= _mVecOfCompiledScripts.size()) {
+        _mBackend->forgetFailure();
+        throw std::out_of_range("invalid vector<T> subscript");
+    }
+    return _mBackend->run(*_mVecOfCompiledScripts[position], error);
+}
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+std::u16string KxJsParser::evaluate(std::u16string source, std::u16string& error) {
+    if (!_mBackend->isUsable()) {
+        error = kx::kWrongThread;
+        return {};
+    }
+    std::unique_ptr<kx::CompiledScript> const script = _mBackend->compile(source, error);
+    return script == nullptr ? std::u16string() : _mBackend->run(*script, error);
+}
+
+KxJsFailure const* KxJsParser::lastFailure() const { return _mBackend->lastFailure(); }
+
+void KxJsParser::setTimeLimit(std::chrono::milliseconds limit) { _mBackend->setTimeLimit(limit); }
+
+void KxJsParser::setMemoryLimit(std::size_t bytes) { _mBackend->setMemoryLimit(bytes); }
+
+void KxJsParser::terminate() { _mBackend->terminate(); }
+
+kx::HostBackend& KxJsParser::_backend() const { return *_mBackend; }
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+v8::Local<v8::String> KxJsParser::_convertStdStringToV8String(std::u16string text) {
+    return kx::toEngineString(v8::Isolate::GetCurrent(), text);
+}
+
+std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::String> text) {
+    return kx::fromEngineString(v8::Isolate::GetCurrent(), text);
+}
+
+std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::Value> value) {
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
+    return kx::textOfValue(isolate, isolate->GetCurrentContext(), value);
+}

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string_view>
 
-#include "host/HostEngine.h"
+#include "host/HostBackend.h"
 #include "host/KxJsParser.h"
-#include "host/ScriptRun.h"
+#include "host/RunLimits.h"
 #include "host/SearchTime.h"
 
 namespace {
@@ -17,6 +17,40 @@ std::optional<std::u16string> missingName(std::u16string const& message) {
     auto const blank = message.find(u' ');
     if (blank == std::u16string::npos || message.substr(blank) != kMissing) return std::nullopt;
     return message.substr(0, blank);
+}
+
+/// Searches in `host`, a new one. `limitText` receives a text where a limit ends the search.
+std::vector<std::u16string> extractNames(KxJsParser& host, std::u16string const& source,
+                                         std::u16string& error, kx::SearchTime const& time,
+                                         std::u16string& limitText) {
+    std::vector<std::u16string> names;
+    kx::HostBackend const& backend = host._backend();
+    if (!backend.isOnItsThread()) {
+        error = kx::kWrongThread;
+        return names;
+    }
+    // The catch clause turns the engine's message about a missing name into the script's result.
+    std::u16string const wrapped = u"try{" + source + u";}catch(e){e.message;};";
+    host.initialize();
+    while (!time.isUp()) {
+        host.setTimeLimit(time.left());
+        std::int32_t const index = host.parse(wrapped, error);
+        std::u16string runError;
+        std::u16string result;
+        if (index != -1) result = host.execute(index, runError);
+        if (backend.endReason() == kx::EndReason::memoryLimit) {
+            limitText = index == -1 ? error : runError;
+            return names;
+        }
+        if (backend.endReason() != kx::EndReason::none) break;
+        if (index == -1 || !runError.empty()) return names;
+        std::optional<std::u16string> const name = missingName(result);
+        if (!name) return names;
+        names.push_back(*name);
+        host.addSetVariable(KxJsVariable(*name, u" "));
+    }
+    limitText = kx::timeLimitText(time.limit());
+    return names;
 }
 
 }  // namespace
@@ -36,38 +70,5 @@ std::vector<std::u16string> KxJsParser::_extractVariable(std::u16string const& s
     std::u16string limitText;
     auto names = extractNames(host, source, error, kx::SearchTime(timeLimit), limitText);
     if (!limitText.empty()) error = limitText;
-    return names;
-}
-
-std::vector<std::u16string> KxJsParser::extractNames(KxJsParser& host, std::u16string const& source,
-                                                     std::u16string& error,
-                                                     kx::SearchTime const& time,
-                                                     std::u16string& limitText) {
-    std::vector<std::u16string> names;
-    if (!host._mEngine->isUsable()) {
-        error = kx::kElsewhere;
-        return names;
-    }
-    // The catch clause turns the engine's message about a missing name into the script's result.
-    std::u16string const wrapped = u"try{" + source + u";}catch(e){e.message;};";
-    host.initialize();
-    while (!time.isUp()) {
-        host.setTimeLimit(time.left());
-        std::int32_t const index = host.parse(wrapped, error);
-        std::u16string runError;
-        std::u16string result;
-        if (index != -1) result = host.execute(index, runError);
-        if (host._mEngine->control().reason() == kx::EndReason::memoryLimit) {
-            limitText = index == -1 ? error : runError;
-            return names;
-        }
-        if (host._mEngine->control().reason() != kx::EndReason::none) break;
-        if (index == -1 || !runError.empty()) return names;
-        std::optional<std::u16string> const name = missingName(result);
-        if (!name) return names;
-        names.push_back(*name);
-        host.addSetVariable(KxJsVariable(*name, u" "));
-    }
-    limitText = kx::timeLimitText(time.limit());
     return names;
 }

@@ -4,12 +4,20 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "library/Export.h"
 
 namespace kx {
 class BoundVariable;
-}
+
+/// A pointer that is no text of this library, such as char const*. The language would convert it to
+/// bool.
+template <class T>
+concept PointerButNoText =
+    (std::is_pointer_v<T> ||
+     std::is_member_pointer_v<T>)&&!std::is_convertible_v<T, char16_t const*>;
+}  // namespace kx
 
 /// A named value that a host application hands to its scripts.
 ///
@@ -47,6 +55,8 @@ class KXJS_API KxJsVariable {
     KxJsVariable(std::u16string key, char16_t const* value);
     KxJsVariable(std::u16string key, std::u16string const& value);
     KxJsVariable(std::u16string key, bool value);
+    template <kx::PointerButNoText T>
+    KxJsVariable(std::u16string key, T value) = delete;
     /// @}
     /// Copies take over every field.
     /// @{
@@ -80,6 +90,8 @@ class KXJS_API KxJsVariable {
     void setValue(std::u16string value);
     void setValue(char16_t const* value);
     void setValue(bool value);
+    template <kx::PointerButNoText T>
+    void setValue(T value) = delete;
     /// @}
 
     /// The current value as text of at most kMaxTextLength code units: a text is cut there and at

@@ -1,7 +1,6 @@
 #include "library/FunctionTable.h"
 
 namespace kx {
-namespace {
 
 KxJsFunction buildRecord(char16_t const* category, FunctionRow const& row) {
     KxJsFunction function;
@@ -16,8 +15,6 @@ KxJsFunction buildRecord(char16_t const* category, FunctionRow const& row) {
     for (char16_t const* example : row.examples) function.addExample(example);
     return function;
 }
-
-}  // namespace
 
 std::vector<KxJsFunction> buildRecords(char16_t const* category,
                                        std::initializer_list<FunctionTable> tables) {

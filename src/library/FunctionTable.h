@@ -29,6 +29,9 @@ struct FunctionRow {
 /// Tables are constants: they take no work at start-up and may be read by any thread.
 using FunctionTable = std::initializer_list<FunctionRow>;
 
+/// A new record with the texts of `row`, under the title `category`.
+KxJsFunction buildRecord(char16_t const* category, FunctionRow const& row);
+
 /// New records with the texts of `tables`, one table after the other, under the title `category`.
 std::vector<KxJsFunction> buildRecords(char16_t const* category,
                                        std::initializer_list<FunctionTable> tables);

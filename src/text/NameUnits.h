@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "text/WhiteSpace.h"
 
 namespace kx {
@@ -38,5 +40,15 @@ constexpr bool mayBeNameStart(char16_t unit) {
     return mayBeNamePart(unit) && (unit > u'\u024F' || isLatinNameStart(unit));
 }
 /// @}
+
+/// Whether `text` may be a name: the same "maybe" for all its code units. Reserved words are names
+/// here.
+constexpr bool mayBeName(std::u16string_view text) {
+    if (text.empty() || !mayBeNameStart(text.front())) return false;
+    for (char16_t const unit : text) {
+        if (!mayBeNamePart(unit)) return false;
+    }
+    return true;
+}
 
 }  // namespace kx

@@ -2,9 +2,10 @@
 
 namespace kx {
 
-/// Whether `unit` is white space or a line terminator in the sense of ECMAScript, the set that
-/// "\s" stands for in its regular expressions. Independent of the locale, unlike iswspace().
+/// Whether a code unit is white space or a line terminator of ECMAScript. This is the set that "\s"
+/// stands for in its regular expressions. Unlike with iswspace(), the locale does not matter.
 constexpr bool isWhiteSpace(char16_t unit) {
+    if (unit > u' ' && unit < u'\u00A0') return false;  // nearly every unit
     return (unit >= u'\t' && unit <= u'\r')             // TAB, LF, VT, FF, CR
            || unit == u' ' || unit == u'\u00A0'         // blank, no-break space
            || unit == u'\u1680'                         // Ogham space mark

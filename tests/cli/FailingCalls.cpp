@@ -1,5 +1,5 @@
-// Loaded into kxjs before the C library, this makes one call of a function fail, as a full disk or
-// a broken one would: KXJS_FAIL="rename 3" lets the third call of rename() fail.
+// Preloaded into kxjs, this library makes one system call fail, as a full or broken disk would:
+// KXJS_FAIL="rename 3" makes the third call of rename() fail.
 
 #include <cerrno>
 #include <cstdlib>
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Whether this call of `function` is the one to fail.
+/// Whether this call of `function` has to fail.
 bool failsNow(std::string const& function, int& calls) {
     char const* const setting = std::getenv("KXJS_FAIL");
     if (setting == nullptr) return false;

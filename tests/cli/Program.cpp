@@ -40,7 +40,7 @@ class Descriptor {
     int number_;
 };
 
-/// A file in memory: unlike a pipe it never fills up, so nobody waits for anybody.
+/// A file in memory. Unlike a pipe, it never fills up and blocks.
 Descriptor memoryFile(std::string const& contents = {}) {
     Descriptor file(::memfd_create("kxjs-test", MFD_CLOEXEC));
     if (::write(file.number(), contents.data(), contents.size()) !=
@@ -51,7 +51,7 @@ Descriptor memoryFile(std::string const& contents = {}) {
     return file;
 }
 
-/// Reads to the end; a terminal whose other side is closed ends with an error.
+/// Reads to the end. Reading a terminal whose other side is closed ends with an error.
 std::string readAll(int descriptor) {
     std::string bytes;
     std::array<char, 4096> chunk{};
@@ -83,7 +83,7 @@ pid_t start(Program const& program, int in, int out, int err) {
     for (char** entry = environ; *entry != nullptr; ++entry) {
         std::string const variable = *entry;
         std::string const name = variable.substr(0, variable.find('='));
-        // A width that the person who runs the tests has set must not change the expectations.
+        // COLUMNS of the caller's environment must not change the output.
         if (name != "COLUMNS" && !program.environment.contains(name)) variables.push_back(variable);
     }
     for (auto const& [name, value] : program.environment)

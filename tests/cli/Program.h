@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-/// How a test starts kxjs.
+/// A start of kxjs.
 struct Program {
     std::vector<std::string> arguments;
-    std::string input;                               ///< what standard input holds
-    std::map<std::string, std::string> environment;  ///< beside the inherited variables
-    std::optional<std::string> outputFile;           ///< standard output goes there
+    std::string input;                               ///< contents of standard input
+    std::map<std::string, std::string> environment;  ///< added to the inherited variables
+    std::optional<std::string> outputFile;           ///< standard output; none: memory
 };
 
 struct Outcome {
-    int status = -1;  ///< exit status; 128 and the signal's number where a signal ended it
+    int status = -1;  ///< exit status, or 128 + the number of the signal that ended it
     std::string out;
     std::string err;
 };
@@ -25,13 +25,13 @@ Outcome run(Program const& program);
 /// kxjs with `arguments`, and with `input` on standard input.
 Outcome kxjs(std::vector<std::string> arguments, std::string input = {});
 
-/// Whether this system has terminals to give; a bare container may not.
+/// Whether this system has pseudo terminals; a minimal container may not.
 bool hasTerminals();
 
-/// Runs kxjs with `arguments` on a terminal of `columns` columns; `out` is what it shows,
-/// errors too where `hasErrors`.
+/// Runs kxjs with `arguments` on a terminal of `columns` columns; `out` is what appears there.
+/// Where `hasErrors`, standard error is the terminal too.
 Outcome runOnTerminal(std::vector<std::string> const& arguments, unsigned short columns,
                       bool hasErrors = false);
 
-/// Runs kxjs with `arguments` and a standard output that nobody reads.
+/// Runs kxjs with `arguments`; standard output is a pipe whose reader is closed.
 Outcome runWithClosedPipe(std::vector<std::string> const& arguments);

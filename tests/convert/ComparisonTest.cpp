@@ -7,7 +7,7 @@
 #include "ConverterPasses.h"
 #include "FormulaGenerator.h"
 #include "NaiveConverter.h"
-#include "convert/Pipeline.h"
+#include "convert/WhiteSpaceFolding.h"
 
 namespace {
 
@@ -33,8 +33,7 @@ std::u16string applyPass(Pass pass, std::u16string text) {
         case Pass::fold:  // the last step of a conversion, which has no operation of its own
             break;
     }
-    kx::NoMeter meter;
-    kx::foldWhiteSpace(text, meter);
+    kx::foldWhiteSpace(text);
     return text;
 }
 

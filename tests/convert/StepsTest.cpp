@@ -9,16 +9,10 @@
 
 namespace {
 
-struct CountingMeter {
-    std::size_t steps = 0;
-    void count(std::size_t more) { steps += more; }
-};
-
 std::size_t stepsFor(std::u16string formula) {
-    CountingMeter meter;
     kx::Workspace work(formula);
-    kx::convert(work, meter);
-    return meter.steps;
+    kx::convert(work);
+    return work.steps;
 }
 
 using Family = std::function<std::u16string(std::size_t)>;

@@ -5,7 +5,8 @@
 A module is a directory of src, or a directory below one. A file belongs to the deepest module that
 contains it. The table's last column names what a module may include: `name` is a module,
 `module/File.h` a header, "public headers" are those that cmake/KxInstall.cmake installs, and V8
-stands for the engine's headers. A module may include its own headers.
+stands for the engine's headers. A module may include its own headers. A file
+directly in src may include public headers only.
 """
 
 import pathlib
@@ -126,10 +127,11 @@ for module, uses in table.items():
         elif order.index(other) <= order.index(module):
             mistakes.append(f"ARCHITECTURE.md: {other} does not stand below {module}, which uses it")
 for file, module, number, header in inclusions():
-    if module is None:
-        mistakes.append(f"{file}: in no module")
-        continue
     included.add(header.strip('"'))
+    if module is None:
+        if header.strip('"') not in public:
+            mistakes.append(f"{file}:{number}: in no module, so it may include public headers only")
+        continue
     other = module_of(header.strip('"'))
     if header.startswith('"') and other in table and other != module:
         graph[module].add(other)
@@ -142,6 +144,11 @@ cycle = find_cycle(graph)
 if cycle:
     mistakes.append("modules use one another in a circle: " + " > ".join(cycle))
 check_that_files_are_reached(included)
+
+umbrella = (source / "KxJs.h").read_text()
+for header in sorted(public - {"KxJs.h", "library/Export.h"}):
+    if f'#include "{header}"' not in umbrella:
+        mistakes.append(f"src/KxJs.h does not include {header}, which is public")
 
 for mistake in mistakes:
     print(mistake)

@@ -22,10 +22,10 @@
 namespace kx {
 namespace {
 
-/// How much is read at a time: enough records for columns to pay, and little memory.
+/// The size of a block: many records for each evaluation, in little memory.
 constexpr std::size_t kBlockBytes = std::size_t{4} << 20;
 
-/// One run of the command.
+/// One job, from opening the files to the exit status.
 class Batch {
   public:
     explicit Batch(BatchOptions const& options)
@@ -77,28 +77,28 @@ class Batch {
 
   private:
     void evaluate(CsvBlock const& block, BatchColumns const& columns, KxJsColumns& evaluation) {
-        std::vector<std::size_t> const& taken = columns.taken();
-        results_.resize(taken.size());
+        std::vector<std::size_t> const& loaded = columns.loaded();
+        results_.resize(loaded.size());
         auto const start = std::chrono::steady_clock::now();
         if (hasTimeLimit()) host_.setTimeLimit(restOfTime());
-        KxJsColumns::Outcome const outcome = evaluation.evaluate(taken.size(), results_.data());
+        KxJsColumns::Outcome const outcome = evaluation.evaluate(loaded.size(), results_.data());
         timeUsed_ += std::chrono::steady_clock::now() - start;
         if (!outcome.error.empty()) {
-            throw WorkError(placeOf(block, taken[outcome.records]) + ": " + endOf(outcome));
+            throw WorkError(placeOf(block, loaded[outcome.records]) + ": " + endOf(outcome));
         }
         if (!outcome.failures.empty() || !columns.refused().empty()) {
             hasFailed_ = true;
             progress_.clear();
             failures_.reportRecords(block, columns, outcome.failures);
         }
-        output_.writeRecords(block, taken, results_);
+        output_.writeRecords(block, loaded, results_);
         records_ += block.size();
         progress_.show(records_, reader_.bytesRead());
     }
 
     bool hasTimeLimit() const { return options_.limits.time.count() > 0; }
 
-    /// The host's limit is that of one block, the user's that of all. Never 0, which is no limit.
+    /// The time that is left for the next block. At least 1 ms, since 0 would mean no limit.
     std::chrono::milliseconds restOfTime() const {
         auto const rest =
             std::chrono::ceil<std::chrono::milliseconds>(options_.limits.time - timeUsed_);

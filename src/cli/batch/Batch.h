@@ -9,16 +9,16 @@
 
 namespace kx {
 
-/// What to do with a CSV file.
+/// The job: formula, files and the form of the CSV.
 struct BatchOptions {
-    bool isJavaScript = false;  ///< the formula is not to be converted
+    bool isJavaScript = false;  ///< do not convert the formula
     std::string formula;
     std::string input;                  ///< a file; empty: standard input
     std::string output;                 ///< a file; empty: standard output
-    std::string resultName = "RESULT";  ///< header of the column that is added
+    std::string resultName = "RESULT";  ///< header of the new column
     char delimiter = ',';
-    std::map<std::string, CellType> types;  ///< by header; the others follow from the cells
-    Limits limits;                          ///< the time limit is that of all records together
+    std::map<std::string, CellType> types;  ///< by header; other types follow from the cells
+    Limits limits;                          ///< the time limit holds for all records together
 };
 
 /// Evaluates a formula for every record of a CSV file and writes the file with a column of results.

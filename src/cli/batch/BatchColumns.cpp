@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Words that no variable can be called.
+/// Reserved words of JavaScript: no variable can have these names.
 constexpr std::array kReserved = {
     u"await"sv,    u"break"sv,    u"case"sv,    u"catch"sv,  u"class"sv,      u"const"sv,
     u"continue"sv, u"debugger"sv, u"default"sv, u"delete"sv, u"do"sv,         u"else"sv,
@@ -28,12 +28,11 @@ constexpr std::array kReserved = {
     u"while"sv,    u"with"sv,     u"yield"sv};
 
 bool isName(std::u16string_view text) {
-    if (text.empty() || !mayBeNameStart(text.front())) return false;
-    if (!std::all_of(text.begin(), text.end(), mayBeNamePart)) return false;
-    return std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
+    return mayBeName(text) &&
+           std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
 }
 
-/// Whether `name` stands in `source` as a word that is no function's.
+/// Whether `name` occurs in `source` as a word that no parenthesis follows.
 bool isUsed(std::u16string_view source, std::u16string_view name) {
     for (std::size_t at = source.find(name); at != std::u16string_view::npos;
          at = source.find(name, at + 1)) {
@@ -54,14 +53,14 @@ std::u16string nameOf(std::string const& header) {
     }
 }
 
-/// Why `cell` has no value of `type`, in few enough words for a line.
+/// Why `cell` has no value of `type`, in one line.
 std::string refusal(std::string_view cell, CellType type) {
     if (cell.empty()) return "an empty cell is not " + describe(type);
     std::u16string text;
     try {
         text = utf16FromUtf8(cell);
     } catch (InvalidUtf8 const& error) {
-        // Its bytes are not shown: a terminal could make nothing of them.
+        // A terminal could not display the bytes.
         return "byte " + std::to_string(error.position()) + " of the cell is not UTF-8";
     }
     return "\"" + quotable(std::move(text)) + "\" is not " + describe(type);
@@ -72,7 +71,7 @@ CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t heade
     bool hasBooleans = false;
     for (std::size_t record = 0; record < block.size(); ++record) {
         std::string_view const cell = block.cell(record, index);
-        // A record with too many cells fails, and its cells may stand in the wrong columns.
+        // A record with too many cells fails. Its cells may be in the wrong columns.
         if (cell.empty() || block.cellCount(record) > headerCells) continue;
         if (numberInCell(CellType::GUESSED, cell)) {
             hasNumbers = true;
@@ -122,8 +121,8 @@ void BatchColumns::guessTypes(CsvBlock const& block) {
     }
 }
 
-bool BatchColumns::take(Column& column, std::string_view cell) {
-    std::size_t const position = taken_.size();
+bool BatchColumns::loadCell(Column& column, std::string_view cell) {
+    std::size_t const position = loaded_.size();
     if (column.type == CellType::STRING) {
         try {
             column.texts[position] = utf16FromUtf8(cell);
@@ -142,13 +141,13 @@ bool BatchColumns::take(Column& column, std::string_view cell) {
     return value.has_value();
 }
 
-std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) {
+std::string BatchColumns::loadRecord(CsvBlock const& block, std::size_t record) {
     if (block.cellCount(record) > headerCells_) {
         return std::to_string(block.cellCount(record)) + " cells, where the header has " +
                std::to_string(headerCells_);
     }
     auto const wrong = std::find_if(columns_.begin(), columns_.end(), [&](Column& column) {
-        return !take(column, block.cell(record, column.index));
+        return !loadCell(column, block.cell(record, column.index));
     });
     if (wrong == columns_.end()) return {};
     return "column " + quotable(wrong->header) + ": " +
@@ -156,7 +155,7 @@ std::string BatchColumns::takeRecord(CsvBlock const& block, std::size_t record) 
 }
 
 void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
-    taken_.clear();
+    loaded_.clear();
     refused_.clear();
     for (Column& column : columns_) {
         if (column.type == CellType::STRING) {
@@ -169,9 +168,9 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
         }
     }
     for (std::size_t record = 0; record < block.size(); ++record) {
-        std::string wrong = takeRecord(block, record);
+        std::string wrong = loadRecord(block, record);
         if (wrong.empty()) {
-            taken_.push_back(record);
+            loaded_.push_back(record);
         } else {
             refused_[record] = std::move(wrong);
         }

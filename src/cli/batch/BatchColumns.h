@@ -15,28 +15,28 @@ namespace kx {
 
 /// The columns of a CSV file that a formula uses, as values in memory, block by block.
 ///
-/// A column is a variable where its header is a name in JavaScript and stands in the formula as a
-/// whole word; a word before a parenthesis is a function, and stands for no column. Types that were
-/// not given are found in the first block: number or boolean where every cell that is not empty is
-/// one, else string. A later cell that its column's type does not have makes its record fail:
-/// another type half-way would change what the formula means.
+/// A column is a variable where its header is a JavaScript name that occurs in the formula as a
+/// whole word. A word before a parenthesis is a function, and no column. A type that the user has
+/// not chosen follows from the first block: number or boolean where every cell that is not empty is
+/// one, else string. A later cell that does not have the type makes its record fail, since a change
+/// of type would change the meaning of the formula.
 class BatchColumns {
   public:
-    /// `types` are those that were asked for, by header. Throws UsageError for one without a
-    /// column, and WorkError for a header that the formula uses and that stands twice.
+    /// `types` are those that the user has chosen, by header. Throws UsageError for a type without
+    /// a column, and WorkError for two columns of one header that the formula uses.
     BatchColumns(std::vector<std::string> const& header, std::u16string const& source,
                  std::map<std::string, CellType> const& types);
 
-    /// Finds the types that were not given.
+    /// Derives the types that the user has not chosen.
     void guessTypes(CsvBlock const& block);
 
-    /// Takes the values of the records from `block` that have all of them, and no more cells than
-    /// the header, and binds them. The values are there until the next call.
+    /// Stores the values of `block` and binds them to `columns`, until the next call. A record is
+    /// loaded where all its values have their types and it has no more cells than the header.
     void load(CsvBlock const& block, KxJsColumns& columns);
 
-    /// The records that were taken, by their number in the block.
-    std::vector<std::size_t> const& taken() const { return taken_; }
-    /// The others, and what is wrong with each.
+    /// The loaded records, by their number in the block.
+    std::vector<std::size_t> const& loaded() const { return loaded_; }
+    /// The other records, and why they were not loaded.
     std::map<std::size_t, std::string> const& refused() const { return refused_; }
 
   private:
@@ -47,19 +47,19 @@ class BatchColumns {
         bool isTypeKnown = false;
         CellType type = CellType::STRING;
         std::vector<double> numbers;
-        // NOLINTNEXTLINE(modernize-avoid-c-arrays): a vector of them has none in memory
+        // NOLINTNEXTLINE(modernize-avoid-c-arrays): std::vector<bool> has no array of bool
         std::unique_ptr<bool[]> booleans;
         std::vector<std::u16string> texts;
     };
 
-    bool take(Column& column, std::string_view cell);
-    /// What is wrong with the record; nothing where its values were taken.
-    std::string takeRecord(CsvBlock const& block, std::size_t record);
+    bool loadCell(Column& column, std::string_view cell);
+    /// Returns why the record cannot be loaded; empty where it was.
+    std::string loadRecord(CsvBlock const& block, std::size_t record);
     void bind(KxJsColumns& columns) const;
 
     std::size_t headerCells_;
     std::vector<Column> columns_;
-    std::vector<std::size_t> taken_;
+    std::vector<std::size_t> loaded_;
     std::map<std::size_t, std::string> refused_;
 };
 

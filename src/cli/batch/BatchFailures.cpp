@@ -38,7 +38,7 @@ void BatchFailures::reportRecords(CsvBlock const& block, BatchColumns const& col
         }
     };
     for (KxJsColumns::Failure const& failure : failures) {
-        std::size_t const record = columns.taken()[failure.record];
+        std::size_t const record = columns.loaded()[failure.record];
         reportRefused(record);
         report(placeOf(block, record), failure);
     }

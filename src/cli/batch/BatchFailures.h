@@ -11,7 +11,7 @@
 
 namespace kx {
 
-/// "line 5": where a record begins, for messages.
+/// Where the record begins, for messages: "line 5".
 std::string placeOf(CsvBlock const& block, std::size_t record);
 
 /// Reports what fails in a batch. All records have one formula; its line and the marks under it are

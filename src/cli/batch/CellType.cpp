@@ -5,7 +5,8 @@
 namespace kx {
 namespace {
 
-/// Whether the text of `cell` says more than its number: item numbers, telephone numbers.
+/// Whether a number would lose a part of the text, as with item and telephone numbers: a plus, a
+/// leading zero, or more digits than a double holds.
 bool saysMore(std::string_view cell) {
     constexpr std::size_t kExactDigits = 15;
     if (cell.starts_with('+')) return true;

@@ -7,18 +7,18 @@
 
 namespace kx {
 
-/// What the cells of a column are for a formula. GUESSED is a number found by looking at cells:
-/// stricter than a number that was asked for, since an item number such as 007 is none.
+/// The type of a column's cells in a formula. GUESSED is a number whose type follows from the
+/// cells. It is stricter than a type that the user has chosen: an item number such as 007 is text.
 enum class CellType : std::uint8_t { LONG, DOUBLE, GUESSED, BOOLEAN, STRING };
 
 /// The type called "long", "double", "bool" or "string".
 std::optional<CellType> cellTypeNamed(std::string_view name);
 
-/// "a whole number of 32 bits", for messages.
+/// The type in words for messages: "a whole number of 32 bits".
 std::string describe(CellType type);
 
-/// The number in a cell of a column of that type; nothing where it has none. Whole numbers are
-/// given as doubles too: formulas know no difference.
+/// The number in a cell of a column of that type; nothing where the cell has none. Whole numbers
+/// are doubles here too: formulas do not distinguish them.
 std::optional<double> numberInCell(CellType type, std::string_view cell);
 
 }  // namespace kx

@@ -26,18 +26,18 @@ struct CsvReader::State {
     int descriptor;
     std::string name;
     CsvBlock* block = nullptr;
-    CsvBlock unfinished;              // waits for the next block
-    std::size_t firstUnfinished = 0;  // its first cell that belongs to no record yet
-    std::size_t line = 1;             // where the parser stands
-    std::size_t recordLine = 1;       // where the record that it is in begins
-    std::size_t recordCell = 0;       // and its first cell
-    std::size_t headerCells = 0;      // none yet: 0
+    CsvBlock unfinished;              // cells that belong to the next block
+    std::size_t firstUnfinished = 0;  // its first cell of a record that has not ended
+    std::size_t line = 1;             // the parser's line
+    std::size_t recordLine = 1;       // the first line of the current record
+    std::size_t recordCell = 0;       // the first cell of the current record
+    std::size_t headerCells = 0;      // 0 before the header
     bool isAfterCr = false;
     bool isAtEnd = false;
     std::size_t bytesRead = 0;
     bool hasByteOrderMark = false;
     std::string_view lineEnd = "\n";
-    bool isAfterHeader = false;  // nothing was read since its end
+    bool isAfterHeader = false;  // no cell was read after it
 
     void addCell(std::string_view cell) {
         block->bytes_ += cell;
@@ -51,10 +51,10 @@ struct CsvReader::State {
     }
 
     void endRecord(int terminator) {
-        // The second half of CR LF ends no line of its own.
+        // The LF of CR LF does not end another line.
         bool const isLine = terminator != '\n' || !isAfterCr;
         if (!isLine && isAfterHeader) lineEnd = "\r\n";
-        // In a single column, a blank line is how an empty cell is written.
+        // In a file of one column, a blank line is an empty cell.
         bool const isBlank = block->ends_.size() == recordCell;
         if (isBlank && isLine && headerCells == 1) block->ends_.push_back(block->bytes_.size());
         std::size_t const cells = block->ends_.size() - recordCell;
@@ -75,7 +75,7 @@ struct CsvReader::State {
         return bytes;
     }
 
-    /// The cells of a record that has not ended yet go to the next block.
+    /// Moves the cells of a record that has not ended to the next block.
     void keepUnfinished() {
         std::size_t const begin = recordCell == 0 ? 0 : block->ends_[recordCell - 1];
         for (std::size_t i = recordCell; i < block->ends_.size(); ++i) {
@@ -103,10 +103,10 @@ struct CsvReader::State {
         refuse("not CSV: a quote that is not closed, or one inside a cell that is not quoted");
     }
 
-    /// The bytes of one read; false at the end.
+    /// Reads once into `chunk`; returns false at the end.
     bool fill(std::array<char, kChunkBytes>& chunk, std::string_view& bytes) const {
         std::size_t size = 0;
-        // Enough to see a byte order mark whole.
+        // The first read returns at least a whole byte order mark.
         while (size < kByteOrderMark.size() || bytesRead > 0) {
             ssize_t const count = ::read(descriptor, chunk.data() + size, chunk.size() - size);
             if (count < 0 && errno == EINTR) continue;
@@ -140,7 +140,7 @@ CsvReader::CsvReader(int descriptor, std::string name, char delimiter)
     state_->descriptor = descriptor;
     state_->name = std::move(name);
     csv_parser* const parser = &state_->parser;
-    // Every line end is reported, so that lines can be counted.
+    // The parser reports every line end; lines are counted by them.
     if (csv_init(parser, CSV_STRICT | CSV_STRICT_FINI | CSV_REPALL_NL) != 0) {
         throw std::bad_alloc();
     }
@@ -155,7 +155,7 @@ void CsvReader::readHeader(std::vector<std::string>& cells) {
     cells.clear();
     if (block.empty()) return;
     for (std::size_t i = 0; i < block.cellCount(0); ++i) cells.emplace_back(block.cell(0, i));
-    // The rest waits for next(), in front of what is unfinished.
+    // The other records go to next(), before the unfinished one.
     block.records_.erase(block.records_.begin());
     CsvBlock rest = std::exchange(state_->unfinished, {});
     std::size_t const size = block.bytes_.size();
@@ -172,7 +172,7 @@ CsvBlock CsvReader::next(std::size_t bytes) {
     state.recordCell = std::exchange(state.firstUnfinished, 0);
     std::array<char, kChunkBytes> chunk;
     std::size_t const goal = state.bytesRead + bytes;
-    // A record may be longer than what was asked for.
+    // A single record may be longer than `bytes`.
     while (!state.isAtEnd && (state.bytesRead < goal || block.empty())) {
         std::string_view read;
         if (!state.fill(chunk, read)) {

@@ -5,7 +5,7 @@
 
 namespace kx {
 
-/// Appends `cell` to `line` as a cell of CSV: in quotes where it could not be read back otherwise.
+/// Appends `cell` to `line` as a cell of CSV, quoted where that is necessary.
 inline void appendCell(std::string& line, std::string_view cell, char delimiter) {
     bool const needsQuotes = cell.find_first_of("\"\r\n") != std::string_view::npos ||
                              cell.find(delimiter) != std::string_view::npos;

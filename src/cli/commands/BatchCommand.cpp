@@ -15,7 +15,7 @@
 namespace kx {
 namespace {
 
-/// What the command line says, before it is examined.
+/// The values of the command line, before they are checked.
 struct BatchArguments {
     BatchOptions options;
     CLI::Option const* types = nullptr;
@@ -26,7 +26,7 @@ struct BatchArguments {
 std::map<std::string, CellType> typesFrom(std::vector<std::string> const& assignments) {
     std::map<std::string, CellType> types;
     for (std::string const& assignment : assignments) {
-        // A header may hold the sign, a type does not.
+        // A header may contain the sign; a type does not.
         std::size_t const equals = assignment.rfind('=');
         auto const type = equals == std::string::npos
                               ? std::nullopt

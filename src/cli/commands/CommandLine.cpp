@@ -36,7 +36,7 @@ std::string messageFor(CLI::App const& app, CLI::Error const& error,
     return message;
 }
 
-/// What CLI11 has to say, help and version included.
+/// Prints what CLI11 answers: help, version, or an error.
 ExitStatus report(CLI::App const& app, CLI::Error const& error,
                   std::vector<std::string> const& arguments) {
     std::ostringstream out;
@@ -66,7 +66,7 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
         "not be written, 2 for wrong usage. Where nobody reads the output, SIGPIPE ends it.");
     try {
         std::vector<std::string> reversed = guarded(arguments);
-        std::reverse(reversed.begin(), reversed.end());  // as CLI11 wants them
+        std::reverse(reversed.begin(), reversed.end());  // CLI11 expects the last one first
         app.parse(std::move(reversed));
     } catch (CLI::Error const& error) {
         return report(app, error, arguments);
@@ -74,7 +74,7 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     return chosen();
 }
 
-/// The end that a shell knows from other programs; returns where the signal is blocked.
+/// Ends the program as other programs end whose reader has gone. Returns where SIGPIPE is blocked.
 void endByPipeSignal() {
     std::signal(SIGPIPE, SIG_DFL);
     std::raise(SIGPIPE);
@@ -83,7 +83,7 @@ void endByPipeSignal() {
 }  // namespace
 
 ExitStatus runCommandLine(std::vector<std::string> const& arguments) {
-    // At its default, the signal would end the process with unfinished files left behind.
+    // The default action would end the process and leave unfinished files behind.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         return parseAndRun(arguments);

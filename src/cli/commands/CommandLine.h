@@ -7,8 +7,8 @@
 
 namespace kx {
 
-/// Runs kxjs with `arguments`, the program's name not among them, and returns its exit status.
-/// Messages go to standard error; nothing is thrown.
+/// Runs kxjs with `arguments`, without the program's name, and returns the exit status. Errors are
+/// reported on standard error; nothing is thrown.
 ExitStatus runCommandLine(std::vector<std::string> const& arguments);
 
 }  // namespace kx

@@ -22,12 +22,12 @@ struct DocsOptions {
     std::string directory;  ///< not empty: one page for each function there
 };
 
-// The documents name no character set; a browser that opens a file takes it from this mark. A
-// fragment gets none, since it becomes part of another page, and neither does standard output,
-// whose reader knows that everything here is UTF-8.
+// The documents do not name their encoding; browsers recognise a file as UTF-8 by this mark. A
+// fragment has none, since it becomes part of another page. Standard output has none either: its
+// reader expects UTF-8 from this program.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// What a file holds that a browser opens.
+/// The contents of a file for browsers.
 std::string fileText(std::u16string const& document) {
     return std::string(kByteOrderMark) + utf8FromUtf16(document);
 }

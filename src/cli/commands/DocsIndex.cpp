@@ -7,7 +7,7 @@
 namespace kx {
 namespace {
 
-// The styles are those of the functions' pages, so that the index reads like one of them.
+// The styles of the functions' pages, which the index is one of.
 constexpr std::u16string_view kHead =
     u"<!doctype html>\n"
     "<html>\n"
@@ -26,7 +26,7 @@ constexpr std::u16string_view kHead =
     "\t<h1>KxJsParser functions</h1>\n";
 constexpr std::u16string_view kFoot = u"\t</body>\n</html>\n";
 
-/// The texts are HTML already and are written as they are, as on the functions' pages.
+/// The catalogue's texts are HTML; they need no escapes.
 std::u16string entry(KxJsFunction const& function) {
     return u"\t\t\t<dt><b><a href='" + docsPageFile(function.getName()) + u"'>" +
            signatureOf(function) + u"</a></b></dt>\n" +  //
@@ -43,7 +43,7 @@ std::u16string docsIndexPage() {
         page += u"\t<div class='divSection'>\n\t\t<h3 class='titreBlock'>" + catalogue.title +
                 u"</h3>\n\t\t<dl>\n";
         for (KxJsFunction const& function : catalogue.functions) {
-            // The others have no page.
+            // Other functions have no page.
             if (function.isComplete()) page += entry(function);
         }
         page += u"\t\t</dl>\n\t</div>\n";

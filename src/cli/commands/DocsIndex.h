@@ -4,10 +4,10 @@
 
 namespace kx {
 
-/// The HTML page that links the pages of all documented functions, in the functions' own style.
+/// The HTML page with links to the pages of all documented functions.
 std::u16string docsIndexPage();
 
-/// The name of the file that holds the page of the function `name`.
+/// The file name of the page of the function `name`.
 std::u16string docsPageFile(std::u16string const& name);
 
 }  // namespace kx

@@ -51,7 +51,7 @@ void bind(KxJsParser& parser, std::vector<KxJsVariable> const& variables) {
 bool evaluate(KxJsParser& parser, Formula const& formula, bool isJavaScript) {
     FormulaRun const run = runFormula(parser, formula.text, isJavaScript);
     if (run.hasResult()) printLine(run.result);
-    // The result is out before the error text, and before a later formula that may take long.
+    // The result appears before the error text, and before a later formula that takes long.
     flushOutput();
     if (run.hasFailed) {
         if (!formula.place.empty()) reportError(formula.place + ":");

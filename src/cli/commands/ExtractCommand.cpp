@@ -24,7 +24,7 @@ struct ExtractOptions {
 ExitStatus runExtract(ExtractOptions const& options) {
     requireInput(options.formulas.empty(), "formula");
     Limits const limits = limitsFrom(options.limits);
-    // The searches make hosts of their own; this one keeps the memory limit of their thread.
+    // The searches create their own hosts. This host keeps the memory limit of the thread.
     KxJsParser limited;
     setLimits(limited, limits);
     bool hasFailed = false;

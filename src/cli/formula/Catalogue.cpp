@@ -10,9 +10,9 @@
 namespace kx {
 namespace {
 
-/// The number of letters to insert, remove or replace to make one name from the other.
+/// The Levenshtein distance: how many letters to insert, remove or replace.
 std::size_t editDistance(std::u16string const& from, std::u16string const& to) {
-    // One row of the usual table at a time: row[j] is the distance to the first j letters of `to`.
+    // One row of the table at a time: row[j] is the distance to the first j letters of `to`.
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < from.size(); ++i) {
@@ -53,7 +53,7 @@ std::u16string signatureOf(KxJsFunction const& function) {
 
 std::vector<std::u16string> namesNear(std::u16string const& name,
                                       std::vector<Catalogue> const& catalogues) {
-    // A third of the letters may be wrong; two letters or less match only exactly or as a part.
+    // A third of the letters may differ. One or two letters match only exactly or as a part.
     std::size_t const tolerance = name.size() / 3;
     std::vector<std::pair<std::size_t, std::u16string>> ranked;
     for (Catalogue const& catalogue : catalogues) {
@@ -65,7 +65,7 @@ std::vector<std::u16string> namesNear(std::u16string const& name,
             if (distance <= tolerance || contained) ranked.emplace_back(distance, known);
         }
     }
-    // Stable, so that equally near names keep the catalogue's order.
+    // Stable: names at the same distance keep the catalogue's order.
     std::stable_sort(ranked.begin(), ranked.end(),
                      [](auto const& a, auto const& b) { return a.first < b.first; });
     if (ranked.size() > kMostNames) ranked.resize(kMostNames);

@@ -13,14 +13,14 @@ struct Catalogue {
     std::vector<KxJsFunction> functions;
 };
 
-/// All built-in functions, in the order in which they are documented everywhere. Made once.
+/// All built-in functions, in the order of the documentation. Built once.
 std::vector<Catalogue> const& builtInCatalogues();
 
-/// How a call is written: "NAME(first, second)".
+/// The form of a call: "NAME(first, second)".
 std::u16string signatureOf(KxJsFunction const& function);
 
-/// The names that someone who wrote `name` may have meant, the nearest first, at most five: a few
-/// letters differ, or one name contains the other.
+/// At most five names that are similar to `name`, the most similar first: a few letters differ, or
+/// one name contains the other.
 std::vector<std::u16string> namesNear(std::u16string const& name,
                                       std::vector<Catalogue> const& catalogues);
 

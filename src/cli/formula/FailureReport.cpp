@@ -34,7 +34,7 @@ FailedLine lineAt(std::u16string_view text, Span place, bool isTyped) {
     std::size_t const from = std::min(place.start - start, shown.size());
     std::size_t const to = std::clamp(place.end - start, from, shown.size());
     line.marks = blanksUnder(shown.substr(0, from));
-    // A mistake at the end has no width, and is marked all the same.
+    // An error at the end of the line has no width; it gets one mark.
     std::size_t const width = displayWidth(shown.substr(from, to - from));
     line.marks.append(std::max<std::size_t>(width, 1), u'^');
     return line;

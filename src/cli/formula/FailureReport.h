@@ -9,21 +9,21 @@
 
 namespace kx {
 
-/// The line that a formula failed in, ready to be marked.
+/// The line that a formula failed in, and its marks.
 struct FailedLine {
-    bool isTyped = true;  ///< a line of the formula as it was typed, or else of its JavaScript
+    bool isTyped = true;  ///< the line is from the formula, not from its JavaScript
     std::size_t number = 1;
     std::u16string text;
-    std::u16string marks;  ///< carets under the mistake when printed below the text
+    std::u16string marks;  ///< carets; printed below the text, they mark the error
 };
 
-/// Where `formula` failed; nothing where no place is known. The place is one in the formula as it
-/// was typed wherever that is certain.
+/// Where `formula` failed; nothing where the place is unknown. The line comes from the formula as
+/// it was typed where the place is certain there, else from its JavaScript.
 std::optional<FailedLine> failedLine(std::u16string const& formula, FormulaRun const& run,
                                      KxJsFailure const* failure);
 
-/// What to show for a run that has failed: line, message, source line and carets as in the
-/// library's error texts, in terms of the formula as it was typed.
+/// The report of a failed run, in the form of the library's error texts: line number, message,
+/// source line, carets. Line and carets are those of failedLine().
 std::u16string failureReport(std::u16string const& formula, FormulaRun const& run,
                              KxJsFailure const* failure);
 

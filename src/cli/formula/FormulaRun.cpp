@@ -7,7 +7,7 @@ namespace kx {
 FormulaRun runFormula(KxJsParser& parser, std::u16string const& formula, bool isJavaScript) {
     FormulaRun run;
     run.javaScript = isJavaScript ? formula : Converter::_convert(formula.c_str());
-    // Not kept: thousands of formulas may come, and none of them again.
+    // The host does not keep the script: most formulas run once.
     run.result = parser.evaluate(run.javaScript, run.errorText);
     run.hasFailed = !run.errorText.empty();
     return run;

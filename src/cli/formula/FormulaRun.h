@@ -6,9 +6,9 @@
 
 namespace kx {
 
-/// What came of one formula.
+/// The outcome of one formula.
 struct FormulaRun {
-    std::u16string javaScript;  ///< what was run
+    std::u16string javaScript;  ///< the source that ran
     std::u16string result;
     std::u16string errorText;
     bool hasFailed = false;
@@ -17,7 +17,7 @@ struct FormulaRun {
     bool hasResult() const { return !hasFailed || !result.empty(); }
 };
 
-/// Converts `formula` unless it is JavaScript already, and runs it.
+/// Converts `formula`, unless it is JavaScript, and runs it.
 FormulaRun runFormula(KxJsParser& parser, std::u16string const& formula, bool isJavaScript);
 
 }  // namespace kx

@@ -26,7 +26,7 @@ void forEachInputLine(std::function<void(Formula const&)> const& use) {
             throw UsageError(place + ": zero byte at byte " + std::to_string(zero + 1));
         }
         std::u16string text = decodeArgument(line, place);
-        // Editors put it there; it is no part of the first formula.
+        // Some editors write this mark. It is not part of the formula.
         if (reader.lineNumber() == 1 && text.starts_with(kByteOrderMark)) text.erase(0, 1);
         use({std::move(text), place});
     }

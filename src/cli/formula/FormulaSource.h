@@ -6,23 +6,23 @@
 
 namespace kx {
 
-/// A formula and where it came from, for messages: "formula 2" or "standard input, line 7"; empty
-/// for a formula that is the only one.
+/// A formula and its origin for messages: "formula 2" or "standard input, line 7", or empty where
+/// there is only one formula.
 struct Formula {
     std::u16string text;
     std::string place;
 };
 
-/// Hands the formulas of a command to `use`, in order: its arguments, with the lines of standard
-/// input in the place of "-", or standard input alone where there are no arguments.
+/// Calls `use` for each formula of a command, in order. The formulas are the arguments; "-" stands
+/// for the lines of standard input, as does an empty list.
 ///
-/// Throws UsageError for text that is not UTF-8 and for a line with a zero byte, which would end
-/// the formula unseen. Arguments are checked before the first is used; standard input is used line
-/// by line as it comes and ends at the first bad line.
+/// Throws UsageError for text that is not UTF-8, and for a line with a zero byte, which would end
+/// the formula there. All arguments are checked before the first call. Standard input is read line
+/// by line; the first bad line ends it.
 void forEachFormula(std::vector<std::string> const& arguments,
                     std::function<void(Formula const&)> const& use);
 
-/// Decodes one argument; `what` names it in the UsageError that invalid UTF-8 throws.
+/// Decodes an argument from UTF-8. Throws UsageError, which calls the argument `what`.
 std::u16string decodeArgument(std::string const& argument, std::string const& what);
 
 }  // namespace kx

@@ -15,7 +15,7 @@ namespace kx {
 namespace {
 
 constexpr std::size_t kIndent = 2;
-// A few signatures are longer; their texts begin on the next line, so that the others stay close.
+// A few signatures are longer. Their texts begin on the next line.
 constexpr std::size_t kLastTextColumn = 34;
 
 std::u16string blanks(std::size_t count) {
@@ -63,7 +63,7 @@ void printTexts(KxJsFunction const& function) {
     }
 }
 
-/// Names are ASCII; letters beyond it match no name and need no upper case.
+/// Names are ASCII. Other letters match no name.
 std::u16string upperCase(std::u16string text) {
     for (char16_t& unit : text) {
         if (unit >= u'a' && unit <= u'z') unit = static_cast<char16_t>(unit - u'a' + u'A');

@@ -5,9 +5,8 @@
 
 namespace kx {
 
-/// The text that a browser would show for `html`: character references decoded, and line feeds,
-/// tabs and other control characters, which would disturb a terminal, written as escapes ("\n").
-/// An unknown or unfinished reference stays as it is.
+/// A text of the catalogues, which is HTML, for a terminal: the character references that occur
+/// there become characters, and line feeds and tabs become escapes ("\n").
 std::u16string plainTextFromHtml(std::u16string_view html);
 
 }  // namespace kx

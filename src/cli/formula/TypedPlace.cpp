@@ -19,7 +19,7 @@ std::size_t tokenEnd(std::u16string_view text, std::size_t start) {
     return end;
 }
 
-/// The words, quoted texts and single signs of a formula, in order.
+/// The tokens of a formula, in order: words, quoted texts and single other characters.
 class Tokens {
   public:
     explicit Tokens(std::u16string_view text) : text_(text) {
@@ -53,9 +53,9 @@ class Tokens {
     std::vector<Span> spans_;
 };
 
-/// The index of the token in `typed` that became the token `index` of `converted`: both texts are
-/// the same from their beginnings up to it or from it to their ends, or it is a word or a text that
-/// stands equally often in both.
+/// The index of the token in `typed` that became the token `index` of `converted`. There is one
+/// where both texts are the same from their beginnings up to the token, or from the token to their
+/// ends, or where the token is a word or a quoted text that occurs equally often in both.
 std::optional<std::size_t> partnerOf(Tokens const& typed, Tokens const& converted,
                                      std::size_t index) {
     std::u16string_view const wanted = converted.text(index);
@@ -101,7 +101,7 @@ std::optional<Span> typedPlace(std::u16string_view typed, std::u16string_view co
     if (!index) return std::nullopt;
     auto const partner = partnerOf(to, from, *index);
     if (!partner) return std::nullopt;
-    // What is marked ends with its first token: that the next ones follow there is not certain.
+    // Only the first token is marked: the next tokens may differ.
     std::size_t const end = std::min(part.end, from.at(*index).end);
     std::size_t const start = to.at(*partner).start + part.start - from.at(*index).start;
     return Span{start, start + end - part.start};

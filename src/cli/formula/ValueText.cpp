@@ -8,7 +8,7 @@ namespace {
 
 template <class Number>
 std::optional<Number> parsed(std::string_view text) {
-    // from_chars knows no plus sign, and must not read "+-5" as -5.
+    // from_chars accepts no plus sign. "+-5" stays invalid.
     if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     Number number{};
     auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -23,7 +23,7 @@ std::optional<std::int32_t> wholeNumberFrom(std::string_view text) {
 }
 
 std::optional<double> numberFrom(std::string_view text) {
-    // from_chars would also take the names of infinity and not-a-number, in any letter case.
+    // from_chars would also accept "inf" and "nan", in any letter case.
     if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
     return parsed<double>(text);
 }

@@ -24,11 +24,11 @@ fs::path directoryOf(fs::path const& path) {
     return path.has_parent_path() ? path.parent_path() : fs::path(".");
 }
 
-/// A directory for files that are not finished, removed with its owner, contents and all.
+/// A directory for unfinished files. The destructor removes it with its contents.
 class StagingDirectory {
   public:
-    /// Made inside `parent`, so that moving a file from it to there is one step on one file system.
-    /// `goal` is what the message names where it cannot be made.
+    /// Made inside `parent`, so that a file moves from one to the other in one step, on one file
+    /// system. An error names `goal`.
     StagingDirectory(fs::path const& parent, fs::path const& goal) {
         std::string pattern = (parent / ".kxjs-XXXXXX").string();
         if (::mkdtemp(pattern.data()) == nullptr) kx::throwWriteError(goal);
@@ -60,50 +60,6 @@ void moveInPlace(fs::path const& from, fs::path const& to) {
     if (error) throwWriteError(to, error);
 }
 
-/// Moves new files over old ones and can take it back.
-class Replacement {
-  public:
-    explicit Replacement(fs::path backups) : backups_(std::move(backups)) {}
-    Replacement(Replacement const&) = delete;
-    Replacement& operator=(Replacement const&) = delete;
-    ~Replacement() {
-        if (done_) return;
-        std::error_code ignored;  // an error is on its way already
-        for (Step const& step : steps_) {
-            if (step.backup) {
-                fs::rename(*step.backup, step.target, ignored);
-            } else {
-                fs::remove(step.target, ignored);
-            }
-        }
-    }
-
-    void replace(fs::path const& from, fs::path const& to) {
-        Step step{to, std::nullopt};
-        if (fs::exists(to)) {
-            step.backup = backups_ / to.filename();
-            std::error_code error;
-            fs::copy_file(to, *step.backup, error);
-            if (error) throwWriteError(to, error);
-        }
-        // Recorded first: no failure of memory can come between the move and its record. A step
-        // that was not taken is harmless to take back.
-        steps_.push_back(step);
-        moveInPlace(from, to);
-    }
-
-    void commit() { done_ = true; }
-
-  private:
-    struct Step {
-        fs::path target;
-        std::optional<fs::path> backup;  ///< none: there was no file
-    };
-    fs::path backups_;
-    std::vector<Step> steps_;
-    bool done_ = false;
-};
-
 void writeAll(fs::path const& directory, fs::path const& goal,
               std::vector<NamedFile> const& files) {
     for (NamedFile const& file : files) {
@@ -123,7 +79,7 @@ void makeDirectoryWith(fs::path const& directory, std::vector<NamedFile> const& 
 }  // namespace
 
 struct FileReplacement::State {
-    std::optional<StagingDirectory> staging;  ///< none: written in place
+    std::optional<StagingDirectory> staging;  ///< none: the target is written into
     fs::path target;
     std::optional<FileDescriptor> file;
 };
@@ -139,7 +95,7 @@ FileReplacement::FileReplacement(fs::path const& path) : state_(std::make_unique
         state_->file.emplace(FileDescriptor::open(path));
         return;
     }
-    // A link stays a link: the file that it names is the one to replace.
+    // A link stays a link; the file that it leads to is replaced.
     state_->target = exists ? fs::canonical(path) : path;
     state_->staging.emplace(directoryOf(state_->target), path);
     state_->file.emplace(FileDescriptor::create(state_->staging->path() / "file", path));
@@ -164,7 +120,7 @@ void replaceFile(fs::path const& path, std::string_view bytes) {
 }
 
 void replaceFiles(fs::path const& directory, std::vector<NamedFile> const& files) {
-    // "pages/" names the same directory as "pages", but has no last part of its own.
+    // "pages/" is the same directory as "pages", but has an empty last part.
     fs::path const goal = directory.has_filename() ? directory : directory.parent_path();
     std::error_code error;
     fs::file_status const status = fs::status(goal, error);
@@ -179,15 +135,8 @@ void replaceFiles(fs::path const& directory, std::vector<NamedFile> const& files
         }
     }
     StagingDirectory const staging(goal, goal);
-    fs::path const finished = staging.path() / "new";
-    fs::path const backups = staging.path() / "old";
-    fs::create_directory(finished, error);
-    if (!error) fs::create_directory(backups, error);
-    if (error) throwWriteError(goal, error);
-    writeAll(finished, goal, files);
-    Replacement replacement(backups);
-    for (NamedFile const& file : files) replacement.replace(finished / file.name, goal / file.name);
-    replacement.commit();
+    writeAll(staging.path(), goal, files);
+    for (NamedFile const& file : files) moveInPlace(staging.path() / file.name, goal / file.name);
 }
 
 }  // namespace kx

@@ -8,13 +8,13 @@
 
 namespace kx {
 
-/// Makes `bytes` the contents of `path`. A file that is there is replaced in one step, once the new
-/// one is written completely, and keeps its permissions; a failure leaves it as it was. A path that
-/// names a device or a pipe is written into. Throws WorkError with path and reason.
+/// Writes `bytes` to `path`. An existing file is replaced in one step, once the new one is
+/// complete; it keeps its permissions, and stays as it is when something fails. A device or a pipe
+/// is written into. Throws WorkError with path and reason.
 void replaceFile(std::filesystem::path const& path, std::string_view bytes);
 
-/// The same, piece by piece: the contents that take the place of `path` at commit(), and are
-/// dropped without it.
+/// The same, piece by piece: commit() replaces `path` by what was written. Without commit(), the
+/// destructor drops it.
 class FileReplacement {
   public:
     explicit FileReplacement(std::filesystem::path const& path);
@@ -35,10 +35,10 @@ struct NamedFile {
     std::string bytes;
 };
 
-/// Puts `files` into `directory`, which is made if only its last part is missing. All of them are
-/// written before the first one takes its place, and each takes its place in one step; when one
-/// cannot, those before it are taken back. Other files in the directory are left alone.
-/// Throws WorkError with path and reason.
+/// Puts `files` into `directory`, which is made where only its last part is missing. The files are
+/// moved there, in order, once all of them are complete; a full disk therefore changes nothing, and
+/// where a move fails, every file is still either the old one or the new one. Other files in the
+/// directory are left alone. Throws WorkError with path and reason.
 void replaceFiles(std::filesystem::path const& directory, std::vector<NamedFile> const& files);
 
 }  // namespace kx

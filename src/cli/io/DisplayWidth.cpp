@@ -9,7 +9,7 @@
 namespace kx {
 namespace {
 
-/// The width of the character at `at`, which is moved behind it.
+/// The width of the character at `at`. Moves `at` to the next character.
 std::size_t widthAt(std::u16string_view text, std::size_t& at) {
     char32_t const character = nextCharacter(text, at);
     useUtf8();

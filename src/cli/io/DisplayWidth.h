@@ -6,11 +6,11 @@
 
 namespace kx {
 
-/// Makes the C library treat characters as UTF-8, whatever the user's locale: kxjs reads and writes
-/// nothing else. Numbers and messages are left alone.
+/// Sets the C library's character encoding to UTF-8, whatever the user's locale, since kxjs reads
+/// and writes only UTF-8. Number formats and messages stay.
 void useUtf8();
 
-/// The number of columns that `text` takes on a terminal.
+/// The width of `text` on a terminal, in columns.
 std::size_t displayWidth(std::u16string_view text);
 
 /// White space as wide as `text`; tabs stay tabs.

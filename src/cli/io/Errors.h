@@ -4,25 +4,25 @@
 
 namespace kx {
 
-/// What kxjs gives back to the shell.
+/// The exit status of kxjs.
 enum ExitStatus : int {
     EXIT_STATUS_OK = 0,
     EXIT_STATUS_FAILED = 1,
     EXIT_STATUS_USAGE = 2,
-    EXIT_STATUS_READER_GONE = 141  // 128 and SIGPIPE, as shells write it
+    EXIT_STATUS_READER_GONE = 141  // 128 + SIGPIPE, as shells report it
 };
 
-/// The command line or the input asks for something that cannot be meant. Ends with status 2.
+/// The command line or the input is wrong. Ends with status 2.
 class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The work was asked for rightly and could not be done (files, pipes). Ends with status 1.
+/// A correct request that could not be carried out (files, pipes). Ends with status 1.
 class WorkError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Nobody reads standard output any more, as behind "| head". Ends as other programs do then.
+/// The reader of standard output has closed it, as "head" does. Ends by SIGPIPE.
 class ReaderGone : public std::runtime_error {
   public:
     ReaderGone() : std::runtime_error("nobody reads standard output any more") {}

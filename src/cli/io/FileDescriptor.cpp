@@ -13,7 +13,7 @@
 namespace kx {
 namespace {
 
-constexpr mode_t kEveryonesFile = 0666;  // the process's umask takes its part away
+constexpr mode_t kEveryonesFile = 0666;  // the umask removes its bits
 
 }  // namespace
 

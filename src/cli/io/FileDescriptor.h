@@ -6,14 +6,13 @@
 
 namespace kx {
 
-/// An open file that is closed with its owner. Every operation throws WorkError with a path and
-/// the system's reason.
+/// Owns an open file. Every operation throws WorkError with a path and the system's reason.
 class FileDescriptor {
   public:
-    /// Opens what is there, for writing.
+    /// Opens an existing file for writing.
     static FileDescriptor open(std::filesystem::path const& path);
-    /// Makes a new file, and throws where there is one. Errors name `goal`: the file that it is to
-    /// become, which is what the caller's user knows.
+    /// Creates a file that does not exist yet. Errors name `goal`, the file that it will become:
+    /// that is the path that the user knows.
     static FileDescriptor create(std::filesystem::path const& path,
                                  std::filesystem::path const& goal);
 
@@ -25,7 +24,7 @@ class FileDescriptor {
 
     void write(std::string_view bytes);
     void setPermissions(mode_t mode);
-    /// Returns when the contents are on the disk, so that no later step can overtake them.
+    /// Returns when the contents are on the disk. A later rename cannot reach it before them.
     void sync();
     void close();
 
@@ -35,7 +34,7 @@ class FileDescriptor {
     std::filesystem::path path_;
 };
 
-/// Throws the WorkError for the current errno.
+/// Throws WorkError for the current errno.
 [[noreturn]] void throwWriteError(std::filesystem::path const& path);
 
 }  // namespace kx

@@ -22,7 +22,7 @@ bool LineReader::next(std::string& line) {
     std::size_t searched = start_;
     std::size_t end = buffer_.find('\n', searched);
     while (end == std::string::npos && !atEnd_) {
-        // Bytes already looked at are not searched again, so that one very long line stays cheap.
+        // No byte is searched twice: the cost of a very long line stays linear.
         std::size_t const unread = buffer_.size() - start_;
         atEnd_ = !fill();
         searched = start_ + unread;

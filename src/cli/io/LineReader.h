@@ -6,17 +6,17 @@
 
 namespace kx {
 
-/// Reads a file descriptor line by line. A line ends at LF or CR LF, which are not part of it; the
-/// last one may end with the input.
+/// Reads a file descriptor line by line. A line ends at LF or CR LF, which are not part of it. The
+/// last line may lack its line end.
 class LineReader {
   public:
-    /// `beforeWaiting` is called before every read, which may wait: the moment to flush answers.
+    /// `beforeWaiting` is called before every read, which may block: it flushes pending output.
     LineReader(int fileDescriptor, std::function<void()> beforeWaiting);
 
-    /// Puts the next line into `line`; false at the end. Throws WorkError when reading fails.
+    /// Stores the next line in `line`; returns false at the end. Throws WorkError.
     bool next(std::string& line);
 
-    /// Number of the line that next() gave last, counted from 1.
+    /// The number of the line that next() returned last, from 1.
     std::size_t lineNumber() const { return lineNumber_; }
 
   private:
@@ -25,7 +25,7 @@ class LineReader {
     int fileDescriptor_;
     std::function<void()> beforeWaiting_;
     std::string buffer_;
-    std::size_t start_ = 0;  ///< where the next line begins in the buffer
+    std::size_t start_ = 0;  ///< of the next line in the buffer
     bool atEnd_ = false;
     std::size_t lineNumber_ = 0;
 };

@@ -36,7 +36,7 @@ std::string inOneLine(std::u16string const& text) {
 
 std::string quotable(std::u16string text) {
     if (text.size() > kShown) {
-        // Not between the halves of a surrogate pair.
+        // A surrogate pair is not cut.
         bool const isHalf = isHighSurrogate(text[kShown - 1]);
         text.resize(isHalf ? kShown - 1 : kShown);
         text += u'\u2026';

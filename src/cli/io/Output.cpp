@@ -44,7 +44,7 @@ bool isStandardOutput(std::string const& path) {
 
 void reportError(std::string_view message) {
     std::string const line = "kxjs: " + std::string(message) + "\n";
-    // Where standard error fails too, the exit status is all that is left to say it.
+    // Where standard error fails too, only the exit status reports the error.
     static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
 }
 

@@ -5,18 +5,18 @@
 
 namespace kx {
 
-/// A line on standard error that says how far a long work is. Shown only where that is a terminal.
+/// A line on standard error that shows the progress of a long job. Only a terminal shows it.
 class ProgressLine {
   public:
-    /// `total` is the size of the whole work in bytes; 0 where nobody knows.
+    /// `total` is the size of the whole job in bytes, or 0 where it is unknown.
     explicit ProgressLine(std::size_t total);
     ~ProgressLine();
     ProgressLine(ProgressLine const&) = delete;
     ProgressLine& operator=(ProgressLine const&) = delete;
 
-    /// Says that `records` records and `bytes` bytes are done. Cheap to call often.
+    /// Shows that `records` records and `bytes` bytes are done, at most ten times a second.
     void show(std::size_t records, std::size_t bytes);
-    /// Takes the line away, so that something else can be written.
+    /// Removes the line before other output.
     void clear();
 
   private:

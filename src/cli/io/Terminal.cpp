@@ -13,8 +13,7 @@ std::u16string wrap(std::u16string_view text, std::size_t indent, std::size_t wi
     std::u16string lines;
     std::size_t column = indent;
     while (!text.empty()) {
-        // A word is taken together with the blanks before it, so that runs of blanks inside a line
-        // stay as they are.
+        // A word and the blanks before it stay together, which keeps runs of blanks inside a line.
         std::size_t const start = std::min(text.find_first_not_of(u' '), text.size());
         std::size_t const end = std::min(text.find(u' ', start), text.size());
         if (column + end > width && column > indent) {

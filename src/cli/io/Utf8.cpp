@@ -7,9 +7,9 @@
 namespace kx {
 namespace {
 
-// One row per form of a character's bytes: the lead bytes it covers and what may follow the lead
-// byte directly. The narrower second-byte ranges shut out overlong forms (E0, F0), surrogates (ED)
-// and characters beyond U+10FFFF (F4).
+// One row per form of a character: a range of lead bytes, and the range of the byte after it. The
+// narrow ranges of that second byte exclude overlong forms (E0, F0), surrogates (ED) and characters
+// above U+10FFFF (F4).
 struct Form {
     unsigned char firstLead, lastLead;
     unsigned char firstSecond, lastSecond;
@@ -74,7 +74,7 @@ std::u16string utf16FromUtf8(std::string_view bytes) {
         for (std::size_t offset = 1; offset < form->length; ++offset) {
             unsigned char const first = offset == 1 ? form->firstSecond : 0x80;
             unsigned char const last = offset == 1 ? form->lastSecond : 0xBF;
-            // A cut sequence is reported where it begins: that is the byte to look at.
+            // The error of a truncated sequence is the position of its lead byte.
             if (at + offset == bytes.size()) throw InvalidUtf8(at + 1);
             auto const next = static_cast<unsigned char>(bytes[at + offset]);
             if (next < first || next > last) throw InvalidUtf8(at + 1);

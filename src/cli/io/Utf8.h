@@ -12,18 +12,18 @@ class InvalidUtf8 : public std::runtime_error {
   public:
     explicit InvalidUtf8(std::size_t position);
 
-    /// Position of the byte where the first malformed character begins, counted from 1.
+    /// The position of the first byte of the malformed character, from 1.
     std::size_t position() const { return position_; }
 
   private:
     std::size_t position_;
 };
 
-/// Decodes strictly: overlong forms, surrogates, characters beyond U+10FFFF and cut sequences throw
-/// InvalidUtf8, since a formula that was guessed at would give a wrong result.
+/// Decodes UTF-8. Throws InvalidUtf8 for overlong forms, surrogates, characters above U+10FFFF and
+/// truncated sequences: a repaired formula could have another result.
 std::u16string utf16FromUtf8(std::string_view bytes);
 
-/// Encodes; a surrogate without its partner becomes U+FFFD, since UTF-8 has no form for it.
+/// Encodes as UTF-8. A lone surrogate, which UTF-8 cannot express, becomes U+FFFD.
 std::string utf8FromUtf16(std::u16string_view text);
 
 }  // namespace kx

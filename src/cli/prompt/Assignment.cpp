@@ -1,6 +1,5 @@
 #include "cli/prompt/Assignment.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -20,11 +19,6 @@ std::u16string_view trimmed(std::u16string_view text) {
     return text;
 }
 
-bool isName(std::u16string_view text) {
-    return !text.empty() && mayBeNameStart(text.front()) &&
-           std::all_of(text.begin(), text.end(), mayBeNamePart);
-}
-
 }  // namespace
 
 std::optional<Assignment> assignmentFrom(std::u16string const& line) {
@@ -33,7 +27,7 @@ std::optional<Assignment> assignmentFrom(std::u16string const& line) {
     std::u16string_view const text = line;
     std::u16string_view const name = trimmed(text.substr(0, equals));
     std::u16string_view const behind = text.substr(equals + 1);
-    if (!isName(name) || trimmed(behind).empty()) return std::nullopt;
+    if (!mayBeName(name) || trimmed(behind).empty()) return std::nullopt;
     if (behind.front() == u'=' || behind.front() == u'>' || behind.front() == u'<') {
         return std::nullopt;
     }
@@ -57,7 +51,7 @@ std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
 
 namespace {
 
-/// Six decimals, as the library writes a double, would hide what formulas calculate with.
+/// All digits of the number. The library's own text of a double has six decimals only.
 std::u16string shortestText(double number) {
     std::array<char, 32> buffer;
     auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;

@@ -7,20 +7,20 @@
 
 namespace kx {
 
-/// A line of the prompt that gives a variable a value, "NAME = VALUE".
+/// A line that assigns a value to a variable: "NAME = VALUE".
 struct Assignment {
     std::u16string name;
-    std::u16string value;  ///< without blanks around it
+    std::u16string value;  ///< without white space around it
 };
 
-/// Nothing for any other line: "A == B" and "A => B" are formulas.
+/// The assignment on `line`; nothing where the line is a formula, such as "A == B" or "A => B".
 std::optional<Assignment> assignmentFrom(std::u16string const& line);
 
-/// The variable that a literal describes: a text in quotes without quotes in it, a number, true or
-/// false. Nothing for any other value.
+/// The variable for a literal value: a number, true, false, or a quoted text that contains neither
+/// that quote nor a backslash. Nothing for any other value, which is a formula.
 std::optional<KxJsVariable> literalVariable(Assignment const& assignment);
 
-/// "A = 5 (long)".
+/// The variable's name, value and type: "A = 5 (long)".
 std::u16string describeVariable(KxJsVariable const& variable);
 
 }  // namespace kx

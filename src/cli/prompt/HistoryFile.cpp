@@ -33,13 +33,13 @@ std::string contentsOf(std::filesystem::path const& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The part of `bytes` that is kept: its last lines.
+/// The last lines of `bytes`, within the limits.
 std::string_view tailOf(std::string_view bytes) {
     std::size_t lines = 0;
     for (std::size_t at = bytes.size(); at > 0; --at) {
         bool const isLineStart = bytes[at - 1] == '\n' && at < bytes.size();
         if ((isLineStart && ++lines == kMostLines) || bytes.size() - at >= kMostBytes) {
-            // What the limit of bytes cuts off is no whole line.
+            // The limit of bytes may cut a line; the tail begins after it.
             std::size_t const start = isLineStart ? at : bytes.find('\n', at) + 1;
             return bytes.substr(start);
         }
@@ -58,7 +58,7 @@ int openForAppending(std::filesystem::path const& path) {
 
 std::optional<std::filesystem::path> historyPath() {
     char const* const state = std::getenv("XDG_STATE_HOME");
-    // A relative path is to be ignored.
+    // The XDG rules ignore a relative path.
     if (state != nullptr && state[0] == '/') {
         return std::filesystem::path(state) / "kxjs" / "history";
     }
@@ -72,7 +72,7 @@ HistoryFile::HistoryFile(std::filesystem::path path) : path_(std::move(path)) {
     std::filesystem::create_directories(path_.parent_path(), error);
     if (error) throw WorkError(path_.parent_path().string() + ": " + error.message());
     int const descriptor = openForAppending(path_);
-    ::fchmod(descriptor, kOwnerOnly);  // one that was made by hand may be open to others
+    ::fchmod(descriptor, kOwnerOnly);  // others may be able to read an existing file
     ::close(descriptor);
 
     std::string const bytes = contentsOf(path_);
@@ -89,7 +89,7 @@ void HistoryFile::add(std::string const& line) {
     if (line.size() > kLongestLine) return;
     int const descriptor = openForAppending(path_);
     std::string const bytes = line + "\n";
-    // In one call, so that lines of two sessions do not mix.
+    // One call per line: lines of two sessions do not mix.
     ssize_t const written = ::write(descriptor, bytes.data(), bytes.size());
     int const code = errno;
     ::close(descriptor);

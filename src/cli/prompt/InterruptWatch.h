@@ -7,12 +7,12 @@
 
 namespace kx {
 
-/// While it lives, an interrupt (Ctrl-C) ends the formula that `parser` is running instead of the
-/// program. Ending a run takes locks, which a signal handler must not do, so a thread of its own
-/// waits for the signal. A formula that is inside a built-in call which never looks cannot be
-/// ended: the third interrupt in one run ends the program.
+/// While an object of this class exists, an interrupt (Ctrl-C) ends the formula that runs, and not
+/// the program. To end a run, locks are needed, which a signal handler must not take; a thread of
+/// this class waits for the signal instead. Some built-in calls cannot be ended; the third
+/// interrupt in one run therefore ends the program.
 ///
-/// Make it before anything that starts threads, so that none of them receives the signal.
+/// Create it before other threads start: they inherit the blocked signal.
 class InterruptWatch {
   public:
     InterruptWatch();
@@ -20,9 +20,9 @@ class InterruptWatch {
     InterruptWatch(InterruptWatch const&) = delete;
     InterruptWatch& operator=(InterruptWatch const&) = delete;
 
-    /// Interrupts from now on are meant for `parser`, which has to live as long.
+    /// From now on, interrupts end the run of `parser`, which has to outlive this object.
     void watch(KxJsParser& parser);
-    /// A run begins: interrupts are counted anew.
+    /// Resets the count of interrupts. Call it before each run.
     void beginRun() { interrupts_ = 0; }
 
   private:

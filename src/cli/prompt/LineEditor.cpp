@@ -78,7 +78,7 @@ struct LineEditor::State {
     }
 
     static unsigned char suspend([[maybe_unused]] EditLine* editor, [[maybe_unused]] wint_t key) {
-        std::raise(SIGTSTP);  // libedit's handler gives the terminal back first
+        std::raise(SIGTSTP);  // libedit's handler restores the terminal first
         return CC_REDISPLAY;
     }
 
@@ -119,14 +119,14 @@ LineEditor::LineEditor(std::u16string const& prompt, Completer completer)
     ::el_wset(editor, EL_CLIENTDATA, state_.get());
     ::el_wset(editor, EL_PROMPT, &State::promptOf);
     ::el_wset(editor, EL_EDITOR, L"emacs");
-    ::el_wset(editor, EL_SIGNAL, 1);  // suspending and resizing
+    ::el_wset(editor, EL_SIGNAL, 1);  // handle suspending and resizing
     ::el_wset(editor, EL_HIST, &::history_w, state_->history);
     ::el_wset(editor, EL_ADDFN, L"kxjs-complete", L"Complete a name", &State::complete);
     ::el_wset(editor, EL_ADDFN, L"kxjs-clear", L"Empty the line", &State::clear);
     ::el_wset(editor, EL_ADDFN, L"kxjs-suspend", L"Suspend the program", &State::suspend);
     ::el_wset(editor, EL_BIND, L"^I", L"kxjs-complete", nullptr);
     ::el_wset(editor, EL_BIND, L"^R", L"em-inc-search-prev", nullptr);
-    // While a line is edited, Ctrl-C and Ctrl-Z are keys like others.
+    // While a line is edited, Ctrl-C and Ctrl-Z are ordinary keys.
     ::el_wset(editor, EL_SETTY, L"-d", L"-isig", nullptr);
     ::el_wset(editor, EL_BIND, L"^C", L"kxjs-clear", nullptr);
     ::el_wset(editor, EL_BIND, L"^Z", L"kxjs-suspend", nullptr);
@@ -141,7 +141,7 @@ std::optional<std::u16string> LineEditor::readLine() {
     int count = 0;
     wchar_t const* const text = ::el_wgets(state_->editor, &count);
     if (text == nullptr || count <= 0) {
-        std::fputc('\n', stdout);  // the shell's prompt begins a line of its own
+        std::fputc('\n', stdout);  // the shell's prompt starts on a new line
         return std::nullopt;
     }
     std::wstring_view line(text, static_cast<std::size_t>(count));

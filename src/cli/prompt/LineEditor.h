@@ -8,17 +8,17 @@
 
 namespace kx {
 
-/// What the Tab key can put in the place of the word before the cursor.
+/// What the Tab key can replace the word before the cursor by.
 struct Completion {
     std::size_t wordLength = 0;  ///< characters before the cursor that are replaced
     std::vector<std::u16string> candidates;
 };
 
-/// Given the line up to the cursor.
+/// Called with the line up to the cursor.
 using Completer = std::function<Completion(std::u16string const& beforeCursor)>;
 
-/// Lines from the terminal, edited with the usual keys: cursor, history, completion. Ctrl-C empties
-/// the line. One at a time in a process; libedit behind it.
+/// Reads lines from the terminal with libedit: cursor keys, history, completion. Ctrl-C empties the
+/// line. A process can have one editor at a time.
 class LineEditor {
   public:
     LineEditor(std::u16string const& prompt, Completer completer);
@@ -26,10 +26,10 @@ class LineEditor {
     LineEditor(LineEditor const&) = delete;
     LineEditor& operator=(LineEditor const&) = delete;
 
-    /// The next line, without its end; nothing at the end of input (Ctrl-D).
+    /// The next line, without its line end; nothing at the end of input (Ctrl-D).
     std::optional<std::u16string> readLine();
 
-    /// Offers `line` to the keys that go back in history.
+    /// Adds `line` to the history that the cursor keys show.
     void remember(std::u16string const& line);
 
   private:

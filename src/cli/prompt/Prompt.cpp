@@ -10,6 +10,7 @@
 #include "cli/prompt/HistoryFile.h"
 #include "cli/prompt/InterruptWatch.h"
 #include "cli/prompt/LineEditor.h"
+#include "cli/prompt/NameCompletion.h"
 #include "cli/prompt/ReplSession.h"
 
 namespace kx {
@@ -18,7 +19,7 @@ namespace {
 constexpr char16_t const* kPrompt = u"kxjs> ";
 constexpr std::size_t kPromptWidth = 6;
 
-/// Runs a line; what is wrong with it ends neither the session nor the program.
+/// Runs a line. A usage error in it is reported and does not end the session.
 bool runLine(ReplSession& session, std::u16string const& line) {
     try {
         bool const isGood = session.run(line);
@@ -30,7 +31,8 @@ bool runLine(ReplSession& session, std::u16string const& line) {
     }
 }
 
-/// The lines of earlier sessions. A prompt works without them, so a failure is only said.
+/// The lines of this session and of earlier ones. The prompt works without a history file, so an
+/// error there is reported once and ends only the recording.
 class History {
   public:
     explicit History(LineEditor& editor) : editor_(editor) {
@@ -55,7 +57,7 @@ class History {
             last_ = utf16FromUtf8(line);
             editor_.remember(last_);
         } catch (InvalidUtf8 const&) {
-            // Somebody else has written it; there is nothing to bring back.
+            // The prompt writes UTF-8 only. Another program wrote this line; it is left out.
         }
     }
 
@@ -78,7 +80,9 @@ ExitStatus runAtTerminal(Limits const& limits) {
     InterruptWatch interrupts;
     ReplSession session(kPromptWidth, limits);
     interrupts.watch(session.parser());
-    LineEditor editor(kPrompt, [&](std::u16string const& text) { return session.complete(text); });
+    LineEditor editor(kPrompt, [&](std::u16string const& beforeCursor) {
+        return completeName(beforeCursor, session.variables());
+    });
     History history(editor);
     printLine(u":help explains this prompt, :quit leaves it.");
     flushOutput();
@@ -89,7 +93,7 @@ ExitStatus runAtTerminal(Limits const& limits) {
         interrupts.beginRun();
         runLine(session, *line);
     }
-    // Failures were seen and answered; only lines that nobody watches give a status.
+    // The user has seen the failures. Only lines that come from a file set the status.
     return EXIT_STATUS_OK;
 }
 

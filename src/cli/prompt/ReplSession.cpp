@@ -77,7 +77,7 @@ bool ReplSession::assign(Assignment const& assignment, std::u16string const& lin
 
 bool ReplSession::bind(KxJsVariable const& variable) {
     std::u16string const name = variable.getKey();
-    // A name that scripts cannot assign to would make every formula fail that holds it.
+    // Every formula that contains a name which scripts cannot assign to would fail.
     std::u16string ignored;
     if (parser_.parse(name + u"=0", ignored) < 0 || !parser_.addSetVariable(variable)) {
         reportError("a variable cannot have the name \"" + utf8FromUtf16(name) + "\"");
@@ -99,7 +99,7 @@ FormulaRun ReplSession::timedRun(std::u16string const& formula, std::u16string c
     FormulaRun run = runFormula(parser_, formula, false);
     auto const end = std::chrono::steady_clock::now();
     if (showsJavaScript_) printLine(u"JavaScript: " + run.javaScript);
-    // The result of an assignment is shown with the variable.
+    // An assignment prints the variable instead of the result.
     if (run.hasResult() && formula == line) printLine(run.result);
     if (showsTime_) printTime(end - start);
     flushOutput();
@@ -112,7 +112,7 @@ void ReplSession::report(std::u16string const& formula, std::u16string const& li
     auto const failed = failedLine(formula, run, failure);
     std::u16string const before = line.substr(0, line.rfind(formula));
     std::size_t const width = promptWidth_ + displayWidth(line);
-    // Below the typed line, as long as that is all in one row and nothing was printed since.
+    // Marks go below the typed line where it fits in one row and nothing was printed after it.
     if (failed && failed->isTyped && promptWidth_ > 0 && width < outputWidth() &&
         !run.hasResult() && !showsJavaScript_ && !showsTime_) {
         reportScriptError(std::u16string(promptWidth_, u' ') + blanksUnder(before) + failed->marks +

@@ -1,27 +1,26 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <string>
 
 #include "cli/formula/FormulaRun.h"
 #include "cli/formula/Limits.h"
 #include "cli/prompt/Assignment.h"
-#include "cli/prompt/LineEditor.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
 
-/// What a prompt knows between its lines: the host, its variables, and what is shown.
+/// The state of a prompt between lines: the host, its variables, and what to show.
 class ReplSession {
   public:
-    /// `promptWidth` is the number of columns before a typed line when it is still on the screen
-    /// above its errors; 0 where it is not. `limits` hold for every formula.
+    /// `promptWidth` is the width of the prompt before a typed line, or 0 where lines are not typed
+    /// at a terminal. Errors are marked below the typed line only at a terminal. `limits` hold for
+    /// each formula.
     ReplSession(std::size_t promptWidth, Limits const& limits);
 
-    /// Does what a line asks for: a formula, an assignment or a command. False when that failed;
-    /// what is wrong was then reported.
+    /// Runs a line: a formula, an assignment or a command. Returns false, after a report, when it
+    /// failed. Throws UsageError for a wrong argument of a command.
     bool run(std::u16string const& line);
 
     /// Whether ":quit" was entered.
@@ -29,8 +28,7 @@ class ReplSession {
 
     KxJsParser& parser() { return parser_; }
 
-    /// The names that can complete `beforeCursor`: functions, variables and commands.
-    Completion complete(std::u16string const& beforeCursor) const;
+    std::map<std::u16string, KxJsVariable> const& variables() const { return variables_; }
 
   private:
     bool runCommand(std::u16string const& name, std::u16string const& argument);

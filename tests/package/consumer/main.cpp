@@ -1,15 +1,8 @@
-// The smallest use of every installed header; the status tells whether the results are right.
+// The smallest use of everything that is installed; the status tells whether the results are right.
 
-#include <columns/KxJsColumns.h>
-#include <convert/Converter.h>
+#include <KxJs.h>
 #include <cstdint>
 #include <cstdio>
-#include <host/KxJsParser.h>
-#include <host/KxJsVariable.h>
-#include <library/Catalogues.h>
-#include <library/Export.h>
-#include <library/KxJsFunction.h>
-#include <library/Prelude.h>
 #include <string>
 
 int main() {

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <cstdint>
+
+namespace kx {
+
+/// Why a run was ended before its script was.
+enum class EndReason : std::uint8_t { none, timeLimit, memoryLimit, terminated };
+
+}  // namespace kx

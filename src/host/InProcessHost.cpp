@@ -1,0 +1,106 @@
+// The life of a host in this process: its context, the built-in functions, what it frees.
+#include "host/InProcessHost.h"
+
+#include <utility>
+
+#include "engine/InterruptibleBuiltins.h"
+#include "engine/Text.h"
+#include "engine/V8Compat.h"
+#include "host/KxJsParser.h"
+#include "host/LibraryScript.h"
+
+namespace kx {
+
+InProcessHost& inProcessHost(KxJsParser const& parser) {
+    return static_cast<InProcessHost&>(parser._backend());
+}
+
+InProcessHost::InProcessHost(Variables const& variables, std::u16string_view accessorName)
+    : record_(IsolateRecord::current()),
+      variables_(variables),
+      accessorName_(accessorName),
+      limits_(*record_) {
+    if (isOnItsThread()) createContext();
+}
+
+bool InProcessHost::isOnItsThread() const {
+    if (!record_->isCurrent()) return false;
+    record_->freePending();
+    return true;
+}
+
+void InProcessHost::createContext() {
+    v8::HandleScope const handles(isolate());
+    v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate());
+    shape->SetInternalFieldCount(1);
+    v8compat::setReadOnlyAccessor(isolate(), shape, toEngineString(isolate(), accessorName_),
+                                  Carriers::accessorGetter);
+    globalTemplate_ = makePersistent(record_->handles(), shape);
+    v8::Local<v8::Context> context = v8::Context::New(isolate(), interruptibleBuiltins(), shape);
+    // No script can run now: the stack is nearly used up, or the application is ending one.
+    if (context.IsEmpty()) context = v8::Context::New(isolate(), nullptr, shape);
+    if (context.IsEmpty()) return;
+    Carriers::leaveGlobalEmpty(context);
+    // Newer engines always offer it, and so does an engine that the application has started.
+    if (record_->isOwn()) {
+        v8::Local<v8::String> const name = toEngineString(isolate(), u"WebAssembly");
+        [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
+    }
+    context_ = makePersistent(record_->handles(), context);
+}
+
+void InProcessHost::installLibrary() {
+    v8::HandleScope const handles(isolate());
+    v8::Local<v8::Context> const entered = context();
+    v8::Context::Scope const scope(entered);
+    forgetFailure();
+    LimitedRun const run(limits_);
+    countScript();
+    v8::TryCatch const capture(isolate());
+    if (kx::installLibrary(*record_, entered)) return;
+    std::u16string const ignored =
+        reportException(capture, KxJsFailure::Kind::RUN_ERROR, {v8::Message::kNoScriptIdInfo, 0});
+}
+
+void InProcessHost::setMemoryLimit(std::size_t bytes) {
+    if (isOnItsThread()) record_->setMemoryLimit(bytes);
+}
+
+void InProcessHost::reset(Variables& variables, CompiledScripts& scripts) {
+    if (isUsable()) deleteGlobals();
+    std::list<HostResources> resources(1);
+    resources.front().scripts.reserve(scripts.size());
+    // Nothing fails from here on.
+    for (auto& script : scripts) resources.front().scripts.push_back(std::move(script));
+    scripts.clear();  // keeps its capacity: the next scripts are as many
+    resources.front().variables = std::exchange(variables, {});
+    release(std::move(resources));
+}
+
+void InProcessHost::deleteGlobals() {
+    std::u16string deletions;
+    for (auto const& [key, variable] : variables_) {
+        deletions.append(u"delete ").append(key).append(u";\n");
+    }
+    std::u16string ignored;
+    std::unique_ptr<CompiledScript> const script = compile(deletions, ignored);
+    // The script may call setters that scripts have defined: those are not to run when refused.
+    if (script != nullptr && !limits_.isRefused()) (void)run(*script, ignored);
+}
+
+void InProcessHost::releaseAll(Variables variables, CompiledScripts scripts) noexcept {
+    HostResources& resources = lastResources_.front();
+    resources.variables = std::move(variables);
+    resources.scripts = std::move(scripts);
+    resources.globalTemplate = std::move(globalTemplate_);
+    resources.context = std::move(context_);
+    release(std::move(lastResources_));
+}
+
+void InProcessHost::release(std::list<HostResources> resources) noexcept {
+    ++generation_;
+    resources.front().carriers = std::exchange(carriers_, Carriers());
+    record_->release(std::move(resources));
+}
+
+}  // namespace kx

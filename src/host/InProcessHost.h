@@ -1,0 +1,122 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <v8.h>
+
+#include "engine/PersistentHandle.h"
+#include "host/Carriers.h"
+#include "host/HostBackend.h"
+#include "host/HostResources.h"
+#include "host/IsolateRecord.h"
+#include "host/RunLimits.h"
+#include "host/V8Script.h"
+
+class KxJsParser;
+
+namespace kx {
+
+/// The backend that runs scripts in this process: one V8 context in the isolate of the thread that
+/// made it.
+///
+/// Beside the members of HostBackend, which are texts in and texts out, it has the steps of a run
+/// one by one, for evaluations that run a script many times: columns.
+class InProcessHost final : public HostBackend {
+  public:
+    /// `variables` are the caller's; `accessorName` is the property through which scripts read
+    /// them. Both outlive the host.
+    InProcessHost(Variables const& variables, std::u16string_view accessorName);
+
+    bool isOnItsThread() const override;
+    bool isUsable() const override { return isOnItsThread() && context_ != nullptr; }
+    void installLibrary() override;
+    std::unique_ptr<CompiledScript> compile(std::u16string_view source,
+                                            std::u16string& error) override;
+    std::u16string run(CompiledScript const& script, std::u16string& error) override;
+    void reset(Variables& variables, CompiledScripts& scripts) override;
+    void releaseAll(Variables variables, CompiledScripts scripts) noexcept override;
+    void variableWasSet() override { ++otherChanges_; }
+    void setTimeLimit(std::chrono::milliseconds limit) override { limits_.setTimeLimit(limit); }
+    void setMemoryLimit(std::size_t bytes) override;
+    void terminate() override { limits_.requestEnd(EndReason::terminated); }
+    EndReason endReason() const override { return limits_.endReason(); }
+
+    v8::Isolate* isolate() const { return record_->isolate(); }
+    v8::Local<v8::Context> context() const { return context_->get(isolate()); }
+    std::shared_ptr<IsolateRecord> const& record() const { return record_; }
+    RunLimits& limits() { return limits_; }
+    Variables const& variables() const { return variables_; }
+
+    /// What scripts read of `variable`, one of variables().
+    BoundVariable& bound(KxJsVariable const& variable) {
+        return carriers_.bound(variable, accessorName_, record_->handles());
+    }
+    std::u16string_view accessorName() const { return accessorName_; }
+
+    /// Runs `script` once, then its promise jobs. Where it has completed, `read` gets the
+    /// completion value, and the jobs that reading it may have left are run too. Whatever was
+    /// thrown, by `read` also, is in `capture`; see its HasTerminated() first. Belongs inside a
+    /// LimitedRun.
+    template <class Read>
+    void runOnce(CompiledScript const& script, v8::Local<v8::Context> context,
+                 v8::TryCatch const& capture, Read const& read) {
+        v8::Local<v8::Value> completion;
+        bool const hasCompleted = static_cast<V8Script const&>(script)
+                                      .forRun(isolate(), context)
+                                      ->Run(context)
+                                      .ToLocal(&completion);
+        if (!hasCompleted && capture.HasTerminated()) return;
+        record_->runPromiseJobs();
+        if (!hasCompleted || capture.HasTerminated()) return;
+        read(completion);
+        if (!completion->IsString() && completion->IsObject()) record_->runPromiseJobs();
+    }
+
+    /// Makes what a run of `script` has left in `capture` the last failure. Returns its error text.
+    std::u16string reportFailure(v8::TryCatch const& capture, CompiledScript const& script) {
+        return reportException(capture, KxJsFailure::Kind::RUN_ERROR,
+                               static_cast<V8Script const&>(script).callerSource());
+    }
+
+    /// Counts what may change the results of formulas that columns have looked at before: scripts
+    /// with effects alone, or those and everything else (variables, other evaluations).
+    /// @{
+    void countScript() { ++scriptsRun_; }
+    void countChange() { ++otherChanges_; }
+    std::uint64_t scriptsRun() const { return scriptsRun_; }
+    std::uint64_t changes() const { return scriptsRun_ + otherChanges_; }
+    /// @}
+
+    /// Changes with each reset(): scripts compiled before have lost their carriers.
+    std::uint64_t generation() const { return generation_; }
+
+  private:
+    void createContext();
+    std::u16string addWrapper(std::u16string_view source, v8::Local<v8::Context> context);
+    void deleteGlobals();
+    std::u16string reportException(v8::TryCatch const& capture, KxJsFailure::Kind kind,
+                                   CallerSource const& source);
+    void release(std::list<HostResources> resources) noexcept;
+
+    std::shared_ptr<IsolateRecord> record_;
+    Variables const& variables_;
+    std::u16string_view const accessorName_;
+    RunLimits limits_;
+    std::unique_ptr<PersistentHandle<v8::ObjectTemplate>> globalTemplate_;
+    std::unique_ptr<PersistentHandle<v8::Context>> context_;
+    Carriers carriers_;
+    std::uint64_t generation_ = 0;
+    std::uint64_t scriptsRun_ = 0;
+    std::uint64_t otherChanges_ = 0;
+    // For releaseAll(), which must not allocate.
+    std::list<HostResources> lastResources_ = std::list<HostResources>(1);
+};
+
+/// The backend of `parser`, which is one of this process.
+InProcessHost& inProcessHost(KxJsParser const& parser);
+
+}  // namespace kx

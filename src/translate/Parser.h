@@ -1,0 +1,97 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "translate/Operators.h"
+#include "translate/Scanner.h"
+#include "translate/Settings.h"
+#include "translate/SyntaxError.h"
+#include "translate/Tree.h"
+
+namespace kx::translate {
+
+/// Trees may be so high; functions that call themselves for each child are safe.
+inline constexpr std::uint16_t kMostHeight = 500;
+
+/// Something in a formula that the translation has no JavaScript for.
+struct Untranslatable {
+    std::u16string_view code;
+    Place place;
+    std::u16string text;
+};
+
+/// Operator-precedence parser: one loop for all binary operators, by the table of operators.
+class Parser {
+  public:
+    Parser(std::u16string_view source, Settings const& settings, Tree& tree,
+           std::vector<Untranslatable>& findings);
+
+    /// Fills the tree. Returns what is wrong where the text is no formula.
+    std::optional<SyntaxError> parse();
+
+  private:
+    /// A node, and its place with the parentheses around it.
+    struct Operand {
+        NodeIndex node = kNoNode;
+        std::uint32_t start = 0;
+        std::uint32_t end = 0;
+    };
+
+    /// Appends children to a node that is not made yet.
+    struct Children {
+        NodeIndex first = kNoNode;
+        NodeIndex last = kNoNode;
+        std::uint32_t count = 0;
+        std::uint16_t height = 0;
+    };
+
+    Operand whole(Place part);
+    Operand expression(Binding least);
+    Operand prefix();
+    Operand operand();
+    Operand suffixes(Operand operand);
+    Operand sign(Token const& token);
+    Operand negation(Token const& token);
+    Operand increment(Token const& token);
+    Operand parenthesis(Token const& token);
+    Operand list(Operand first);
+    Operand brace(Token const& token);
+    Operand block(Token const& opening);
+    Operand macro(Token const& token);
+    Operand object(Token const& token);
+    Operand name(Token const& first);
+    Operand call(Token const& name);
+    Operand typeOf(Token const& name, Children const& arguments);
+    Operand leaf(Token const& token, NodeKind kind);
+    Operand binary(Operand const& left, Token const& sign);
+    bool isPostfix(Token const& increment);
+    Children arguments(Token::Type closing);
+
+    Token peek();
+    void take(Token const& token);
+    bool takeIf(Token::Type type);
+    Token expectName(std::u16string_view where);
+    void expect(Token::Type type, std::u16string_view sign);
+    void append(Children& children, Operand const& child);
+    Operand add(Node node, Children const& children, std::uint32_t start);
+    Operand addUntranslatable(std::u16string_view code, std::u16string_view text, Place sign,
+                              Children const& children, std::uint32_t start);
+    void storeUpperCase(Node& node, std::u16string_view text);
+    Node& node(Operand const& operand) { return tree_.nodes[operand.node]; }
+    std::u16string described(Token const& token) const;
+    [[noreturn]] void failExpected(std::u16string_view what, Token const& found) const;
+    void descend();
+
+    Settings const& settings_;
+    Tree& tree_;
+    std::vector<Untranslatable>& findings_;
+    Scanner scanner_;
+    Token peeked_;
+    bool isPeeked_ = false;
+    std::uint32_t end_ = 0;    // of what was taken last
+    std::uint32_t depth_ = 0;  // of nested calls of prefix()
+};
+
+}  // namespace kx::translate
