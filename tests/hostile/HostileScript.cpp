@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "support/EngineVersion.h"
+#include "support/EngineWords.h"
 
 namespace {
 
