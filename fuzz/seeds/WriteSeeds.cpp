@@ -119,6 +119,19 @@ void addFiles(Seeds& seeds) {
     }
 }
 
+/// Steps of a worker: turn, length, more, rest. The first is its report that it is ready.
+void addChannelWords(Seeds& seeds) {
+    std::string const ready{0, 2, 0, 0};
+    for (char const turn : {0, 1, 2, 3, -1}) {
+        for (char length = 0; length < 8; ++length) {
+            for (char const more : {0, 1, 4}) {
+                std::string const step{turn, length, more, 7};
+                seeds.add({ready, step, ready, step, step});
+            }
+        }
+    }
+}
+
 void writeAll(fs::path const& top) {
     Seeds convert(top, "convert");
     Seeds run(top, "run");
@@ -145,6 +158,8 @@ void writeAll(fs::path const& top) {
     addTexts(text);
     Seeds csv(top, "csv");
     addFiles(csv);
+    Seeds channel(top, "channel");
+    addChannelWords(channel);
 }
 
 }  // namespace

@@ -27,5 +27,5 @@ class NaiveConverter {
 
   private:
     struct Engine;
-    std::unique_ptr<Engine> engine;
+    std::unique_ptr<Engine> engine_;
 };

@@ -72,7 +72,7 @@ TEST(Pattern, InsertsGroups) {
 /// A pattern of the accepted class over a small alphabet, most of which clash with themselves.
 class PatternGenerator {
   public:
-    explicit PatternGenerator(std::uint64_t seed) : random(seed) {}
+    explicit PatternGenerator(std::uint64_t seed) : random_(seed) {}
 
     std::u16string pattern() {
         std::u16string result;
@@ -89,7 +89,7 @@ class PatternGenerator {
     }
 
   private:
-    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random() % bound); }
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random_() % bound); }
 
     std::u16string item() {
         static constexpr auto atoms = std::to_array<std::u16string_view>(
@@ -105,7 +105,7 @@ class PatternGenerator {
         return u"(" + item() + item() + (below(2) == 0 ? u"|" + item() : u"") + u")";
     }
 
-    std::mt19937_64 random;
+    std::mt19937_64 random_;
 };
 
 TEST(Pattern, MatchesAsTheEngineDoes) {

@@ -1,0 +1,83 @@
+#include "worker/WorkerEnd.h"
+
+#include <cstring>
+#include <sched.h>
+#include <unistd.h>
+
+#include "isolated/Futex.h"
+
+namespace kx {
+
+WorkerEnd::WorkerEnd(std::byte* memory, int bell)
+    : memory_(memory), words_(channelWords(memory)), bell_(bell) {}
+
+void WorkerEnd::receive(std::vector<std::byte>& message) {
+    message.clear();
+    while (true) {
+        awaitTurn();
+        std::byte const* const bytes = applicationPart(memory_);
+        message.insert(message.end(), bytes, bytes + words_.application.length.load());
+        if (words_.application.more.load() == 0) return;
+        sendPart({}, false);
+    }
+}
+
+void WorkerEnd::send(std::span<std::byte const> message) {
+    while (message.size() > kChannelPart) {
+        sendPart(message.first(kChannelPart), true);
+        message = message.subspan(kChannelPart);
+        awaitTurn();
+    }
+    sendPart(message, false);
+}
+
+void WorkerEnd::awaitInterrupt() {
+    while (words_.interrupts.load() == interrupts_) waitForChange(words_.interrupts, interrupts_);
+    interrupts_ = words_.interrupts.load();
+}
+
+void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
+    if (!bytes.empty()) std::memcpy(workerPart(memory_), bytes.data(), bytes.size());
+    ChannelLane& lane = words_.worker;
+    lane.length.store(static_cast<std::uint32_t>(bytes.size()), std::memory_order_relaxed);
+    lane.more.store(hasMore ? 1 : 0, std::memory_order_relaxed);
+    lane.cpu.store(static_cast<std::uint32_t>(sched_getcpu()), std::memory_order_relaxed);
+    lane.turn.store(++turn_);
+    if (words_.application.sleeps.load() == 0) return;
+    char const ring = 0;
+    [[maybe_unused]] ssize_t const written = write(bell_, &ring, 1);
+}
+
+void WorkerEnd::awaitTurn() {
+    auto const begin = SpinBudget::Clock::now();
+    if (sharesProcessor() && budget_.isSpinning() && begin >= nextStep_) stepAside();
+    if (!budget_.spin([this] { return hasTurn(); }, [this] { return sharesProcessor(); })) {
+        words_.worker.sleeps.store(1);
+        while (!hasTurn()) waitForChange(words_.application.turn, turn_ - 1);
+        words_.worker.sleeps.store(0, std::memory_order_relaxed);
+    }
+    budget_.note(SpinBudget::Clock::now() - begin);
+}
+
+/// Whether the application has answered; the worker's message n with number n.
+bool WorkerEnd::hasTurn() const { return words_.application.turn.load() == turn_; }
+
+bool WorkerEnd::sharesProcessor() const {
+    return words_.application.cpu.load(std::memory_order_relaxed) ==
+           static_cast<std::uint32_t>(sched_getcpu());
+}
+
+/// Moves this thread to another processor, where there is one. The kernel wakes a thread where its
+/// waker runs, and two that spin for each other on one processor would stay there, each waiting for
+/// the other's time to be up. Not more often than the kernel moves threads itself.
+void WorkerEnd::stepAside() {
+    nextStep_ = SpinBudget::Clock::now() + std::chrono::milliseconds(1);
+    cpu_set_t allowed;
+    if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) return;
+    cpu_set_t others = allowed;
+    CPU_CLR(static_cast<unsigned>(sched_getcpu()), &others);
+    if (CPU_COUNT(&others) == 0 || sched_setaffinity(0, sizeof others, &others) != 0) return;
+    sched_setaffinity(0, sizeof allowed, &allowed);
+}
+
+}  // namespace kx

@@ -1,0 +1,155 @@
+#include "worker/Zygote.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <span>
+#include <string_view>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include "isolated/ChannelMemory.h"
+#include "isolated/DetachedSpawn.h"
+#include "isolated/Handover.h"
+#include "isolated/SharedMemory.h"
+#include "worker/MemoryCeiling.h"
+#include "worker/WorkerProcess.h"
+#include "worker/WorkerService.h"
+
+namespace kx {
+
+namespace {
+
+/// The signal mask while the zygote waits: only then does the end of a child interrupt it.
+sigset_t watchChildren() {
+    struct sigaction action {};
+    action.sa_handler = [](int) {};
+    sigaction(SIGCHLD, &action, nullptr);
+    sigset_t children;
+    sigemptyset(&children);
+    sigaddset(&children, SIGCHLD);
+    sigset_t before;
+    sigprocmask(SIG_BLOCK, &children, &before);
+    return before;
+}
+
+/// One descriptor for each worker that lives.
+void allowManyDescriptors() {
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+}  // namespace
+
+int Zygote::run() {
+    allowManyDescriptors();
+    if (chdir("/") != 0) return 1;
+    service_.prepareZygote();
+    waitMask_ = watchChildren();
+    makeSpare();
+    std::string_view const version = service_.version();
+    if (!sendPacket(kZygoteSocket, std::as_bytes(std::span(version)))) return 1;
+    while (serveOnce()) {
+    }
+    // The workers are sent SIGKILL when this process is gone.
+    return 0;
+}
+
+/// Waits for something to do, and does it. False when the application is gone.
+bool Zygote::serveOnce() {
+    std::vector<pollfd> waited = {{kZygoteSocket, POLLIN, 0}, {kZygoteLifeline, POLLIN, 0}};
+    for (Child const& child : children_) waited.push_back({child.leash.get(), POLLIN, 0});
+    if (ppoll(waited.data(), waited.size(), nullptr, &waitMask_) < 0) {
+        if (errno != EINTR) return false;
+        reap();
+        return true;
+    }
+    auto child = children_.begin();
+    for (std::size_t i = 2; i < waited.size(); ++i) {
+        auto const next = std::next(child);
+        if (waited[i].revents != 0 && !obeyLeash(*child)) end(child);
+        child = next;
+    }
+    if (waited[1].revents != 0) return false;
+    return waited[0].revents == 0 || answerRequest();
+}
+
+bool Zygote::answerRequest() {
+    ZygoteRequest request{};
+    if (!receiveValue(kZygoteSocket, request, 0)) return false;
+    if (!spare_) makeSpare();
+    ZygoteAnswer const answer{spareError_};
+    if (!spare_) return sendPacket(kZygoteSocket, packetOf(answer));
+    std::array<int, 2> leash = {-1, -1};
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, leash.data()) != 0) return false;
+    OwnedDescriptor const theirs(leash[1]);
+    children_.push_back({spare_->process, OwnedDescriptor(leash[0])});
+    std::array<int, kWorkerDescriptors> const descriptors = {spare_->memory.get(),
+                                                             spare_->bell.get(), theirs.get()};
+    bool const isSent = sendPacket(kZygoteSocket, packetOf(answer), descriptors);
+    spare_.reset();
+    makeSpare();
+    return isSent;
+}
+
+/// Leaves `spare_` empty, with the reason in `spareError_`, where there can be none.
+void Zygote::makeSpare() {
+    try {
+        SharedMemory memory = SharedMemory::create(kChannelSize);
+        std::array<int, 2> bell = {-1, -1};
+        if (pipe2(bell.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+            spareError_ = errno;
+            return;
+        }
+        OwnedDescriptor heard(bell[0]);
+        OwnedDescriptor const rung(bell[1]);
+        pid_t const zygote = getpid();
+        pid_t const process = fork();
+        if (process == 0) runWorker(service_, memory.data(), rung.get(), zygote);
+        spareError_ = process < 0 ? errno : 0;
+        if (process < 0) return;
+        spare_.emplace(Spare{process, memory.takeDescriptor(), std::move(heard)});
+    } catch (std::system_error const& failure) {
+        spareError_ = failure.code().value();
+    }
+}
+
+/// False when the application lets go of the worker.
+bool Zygote::obeyLeash(Child& child) {
+    LeashRequest request;
+    if (!receiveValue(child.leash.get(), request, 0)) return false;
+    LeashReport const report{LeashReport::Kind::LIMITED,
+                             limitMemory(child.process, request.memoryLimit)};
+    return sendPacket(child.leash.get(), packetOf(report));
+}
+
+void Zygote::end(std::list<Child>::iterator child) {
+    kill(child->process, SIGKILL);
+    waitpid(child->process, nullptr, 0);
+    children_.erase(child);
+}
+
+/// Tells of the workers that have ended.
+void Zygote::reap() {
+    int status = 0;
+    for (pid_t process = 0; (process = waitpid(-1, &status, WNOHANG)) > 0;) {
+        if (spare_ && spare_->process == process) spare_.reset();
+        auto const isIt = [process](Child const& child) { return child.process == process; };
+        auto const child = std::find_if(children_.begin(), children_.end(), isIt);
+        if (child == children_.end()) continue;
+        sendPacket(child->leash.get(), packetOf(LeashReport{LeashReport::Kind::ENDED, status}));
+        children_.erase(child);
+    }
+}
+
+}  // namespace kx
