@@ -18,6 +18,10 @@ constexpr std::size_t kMostArrayElements = v8::BigUint64Array::kMaxLength;
 constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 #endif
 
+/// Whether the engine crashes, rather than throws, when it is called from far beyond the limit of
+/// the stack that it was told.
+constexpr bool kCrashesBeyondStackLimit = V8_MAJOR_VERSION >= 13;
+
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and the engine has no public question for it.
 bool isEngineRunning();

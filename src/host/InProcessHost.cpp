@@ -25,6 +25,7 @@ InProcessHost::InProcessHost(Variables const& variables, std::u16string_view acc
 
 bool InProcessHost::isOnItsThread() const {
     if (!record_->isCurrent()) return false;
+    record_->followStack();
     record_->freePending();
     return true;
 }

@@ -50,7 +50,7 @@ constexpr auto spaces = std::to_array<char16_t>(
     {u' ', u' ', u' ', u' ', u'\t', u'\n', u'\r', u'\v', u'\f', u'\u00a0', u'\u1680', u'\u2000',
      u'\u200a', u'\u2028', u'\u2029', u'\u202f', u'\u205f', u'\u3000', u'\ufeff'});
 
-// Everything that a pattern knows by name, and the nearest of what it does not.
+// The characters that patterns hold, and similar ones that they do not hold.
 constexpr auto units =
     u"()()(),,^^..''\"\"\\\\<>=*/ \t\n\r\u2028\u00a00123456789abcdegilmnoprstxANDORTXLSFUEIVM"
     u"\u017f\u212a\u0130\u0131\u180e\u200b\x85\u00e9\xd800\xdc00\uffff\x1"sv;

@@ -4,8 +4,8 @@
 #include <random>
 #include <string>
 
-/// Makes formulas that reach into the corners of the conversion: expressions of the language
-/// first, then damaged. The same seed makes the same formulas on every machine.
+/// Generates formulas for comparisons: expressions of the older language, most of them damaged at
+/// random places. The same seed generates the same formulas on every machine.
 class FormulaGenerator {
   public:
     explicit FormulaGenerator(std::uint64_t seed) : random_(seed) {}

@@ -1,4 +1,4 @@
-// The rule engine by itself, beyond the patterns that the rules need today.
+// Patterns and matching by themselves, also with patterns that no rule has.
 #include <array>
 #include <gtest/gtest.h>
 #include <random>
@@ -69,7 +69,8 @@ TEST(Pattern, InsertsGroups) {
     EXPECT_EQ(replaced(u"ab", u"a", u"$0"), u"$0b");
 }
 
-/// A pattern of the accepted class over a small alphabet, most of which clash with themselves.
+/// Generates supported patterns, and texts, over a small alphabet. In most patterns, neighbours
+/// match the same units.
 class PatternGenerator {
   public:
     explicit PatternGenerator(std::uint64_t seed) : random_(seed) {}
@@ -117,7 +118,7 @@ TEST(Pattern, MatchesAsTheEngineDoes) {
         try {
             kx::Pattern const compiled(pattern);
         } catch (std::invalid_argument const&) {
-            continue;  // matches the empty text, or has too many groups or loops
+            continue;  // it can match the empty text, or has too many loops
         }
         ++accepted;
         for (int texts = 0; texts < 5; ++texts) {

@@ -1,5 +1,5 @@
-// The conversion is linear in the length of the formula, whatever the formula: counted in steps of
-// the matcher, units looked at and units copied.
+// The cost of a conversion is linear in the length of the formula, whatever the formula. It is not
+// measured as time: the workspace counts units read and written, items matched and calls looked at.
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
