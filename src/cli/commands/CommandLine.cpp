@@ -57,7 +57,8 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     app.set_version_flag("--version", "kxjs " KXJS_VERSION " (V8 " KXJS_V8_VERSION ")");
     app.require_subcommand(1);
     for (auto const add :
-         {addEval, addBatch, addConvert, addExtract, addFunctions, addDocs, addRepl}) {
+         {addEval, addBatch, addConvert, addTranslate, addCheck, addExtract, addFunctions,
+                           addDocs, addRepl}) {
         add(app, chosen);
     }
     removeGuards(app);
