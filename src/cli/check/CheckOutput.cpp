@@ -23,11 +23,12 @@ std::string summaryText(Summary const& summary) {
         share.insert(0, share.size() < 7 ? 7 - share.size() : 0, ' ');
         return line + share + " %\n";
     };
-    std::string text = std::to_string(summary.count()) +
-                       (summary.count() == 1 ? " formula\n" : " formulas\n");
+    std::string text =
+        std::to_string(summary.count()) + (summary.count() == 1 ? " formula\n" : " formulas\n");
     for (std::size_t i = 0; i < kVerdictCount; ++i) {
         auto const verdict = static_cast<KxJsTranslator::Verdict>(i);
-        if (summary.countOf(verdict) > 0) text += row(verdictName(verdict), summary.countOf(verdict));
+        if (summary.countOf(verdict) > 0)
+            text += row(verdictName(verdict), summary.countOf(verdict));
     }
     auto const codes = summary.codes();
     if (!codes.empty()) text += "formulas with a finding\n";
@@ -39,7 +40,8 @@ std::string summaryText(Summary const& summary) {
 
 void CheckOutput::begin() {
     if (options_.isCsv) {
-        printLine(u"line,formula,verdict,code,position,length,text,javascript,rewrite,formula_rewritten");
+        printLine(
+            u"line,formula,verdict,code,position,length,text,javascript,rewrite,formula_rewritten");
     }
     if (options_.isJson) printLine(u"[");
 }
@@ -85,8 +87,8 @@ void CheckOutput::writeText(std::u16string const& formula, std::size_t line,
     text.append(verdictName(check.verdict)).append(": ").append(utf8FromUtf16(formula));
     text += '\n';
     for (KxJsTranslator::Damage const& damage : check.damages) {
-        text += "    " + utf8FromUtf16(damage.code) + " at " +
-                std::to_string(damage.position + 1) + ": " + utf8FromUtf16(damage.text) + '\n';
+        text += "    " + utf8FromUtf16(damage.code) + " at " + std::to_string(damage.position + 1) +
+                ": " + utf8FromUtf16(damage.text) + '\n';
     }
     if (!check.rewrite.empty()) {
         text += "    write: " + utf8FromUtf16(check.rewrite) + '\n';

@@ -13,8 +13,7 @@ class CheckOutput {
     explicit CheckOutput(CheckOptions const& options) : options_(options) {}
 
     void begin();
-    void write(std::u16string const& formula, std::size_t line,
-               KxJsTranslator::Check const& check);
+    void write(std::u16string const& formula, std::size_t line, KxJsTranslator::Check const& check);
     /// The summary goes to standard error where standard output has data for programs.
     void end(Summary const& summary);
 

@@ -37,7 +37,7 @@ class CheckRun {
         if (!isFile) {
             std::size_t number = 0;
             forEachFormula(options_.formulas,
-                           [&](Formula const& formula) { check(formula.text, ++number); });
+                           [&](Formula const& formula) { checkLine(formula.text, ++number); });
         } else {
             readFile();
         }
@@ -94,24 +94,26 @@ class CheckRun {
     }
 
     /// Blank lines are no formulas.
+    void checkLine(std::u16string const& formula, std::size_t line) {
+        if (formula.find_first_not_of(u" \t\r") != std::u16string::npos) check(formula, line);
+    }
+
     void checkBytes(std::string_view bytes, std::size_t line, std::size_t read,
                     std::string const& name) {
-        if (bytes.find_first_not_of(" \t\r") == std::string_view::npos) return;
         std::u16string formula;
         try {
             formula = utf16FromUtf8(bytes);
         } catch (InvalidUtf8 const&) {
             throw WorkError(name + ", line " + std::to_string(line) + ": not UTF-8");
         }
-        check(formula, line);
+        checkLine(formula, line);
         progress_->show(summary_.count(), read);
     }
 
     void check(std::u16string const& formula, std::size_t line) {
         KxJsTranslator::Check const check = translator_.check(formula);
         summary_.add(check);
-        bool const isShown =
-            options_.isAll || check.verdict != KxJsTranslator::Verdict::SAME;
+        bool const isShown = options_.isAll || check.verdict != KxJsTranslator::Verdict::SAME;
         if (isShown && progress_ && !options_.isCsv && !options_.isJson) progress_->clear();
         if (isShown) output_.write(formula, line, check);
         if (report_) report_->add(formula, line, check);

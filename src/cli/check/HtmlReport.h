@@ -11,8 +11,7 @@ namespace kx {
 /// marked in place and what to write instead.
 class HtmlReport {
   public:
-    void add(std::u16string const& formula, std::size_t line,
-             KxJsTranslator::Check const& check);
+    void add(std::u16string const& formula, std::size_t line, KxJsTranslator::Check const& check);
     /// The page. Call it once.
     std::string finish(Summary const& summary);
 

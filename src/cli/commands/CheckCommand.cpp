@@ -28,16 +28,15 @@ void addCheck(CLI::App& app, Command& chosen) {
         check->add_option("--column", options->check.column,
                           "The input is CSV with a header; the formulas are in this column");
     column->type_name("NAME");
-    CLI::Option* const csv = check->add_flag("--csv", options->check.isCsv,
-                                             "Print CSV, a record for each finding");
-    CLI::Option* const json = check->add_flag("--json", options->check.isJson,
-                                              "Print JSON, an object for each formula");
+    CLI::Option* const csv =
+        check->add_flag("--csv", options->check.isCsv, "Print CSV, a record for each finding");
+    CLI::Option* const json =
+        check->add_flag("--json", options->check.isJson, "Print JSON, an object for each formula");
     json->excludes(csv);
     CLI::Option* const html =
         check->add_option("--html", options->check.html, "Write a report to look at and filter");
     html->type_name("FILE");
-    check->add_flag("--all", options->check.isAll,
-                    "Print formulas that keep their meaning too");
+    check->add_flag("--all", options->check.isAll, "Print formulas that keep their meaning too");
     addTranslatorOptions(*check, options->translator);
     addFormulas(*check, options->check.formulas);
     check->footer(

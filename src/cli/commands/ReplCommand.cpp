@@ -19,7 +19,8 @@ void addRepl(CLI::App& app, Command& chosen) {
         "no\n"
         "terminal, its lines are read without a prompt, and the exit status is 1 if one failed.\n"
         "What was typed is kept in $XDG_STATE_HOME/kxjs/history (~/.local/state).");
-    repl->callback([=, &chosen] { chosen = [=] { return runPrompt(limitsFrom(*limits), *language); }; });
+    repl->callback(
+        [=, &chosen] { chosen = [=] { return runPrompt(limitsFrom(*limits), *language); }; });
 }
 
 }  // namespace kx

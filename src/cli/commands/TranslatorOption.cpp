@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "cli/commands/CommonOptions.h"
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Errors.h"
 
@@ -29,35 +30,27 @@ KxJsTranslator::Variable variableFrom(std::string const& argument) {
 }  // namespace
 
 void addTranslatorOptions(CLI::App& command, TranslatorOptions& options) {
-    command
-        .add_option("--variable", options.variables,
-                    "A variable in its own case; KIND is text, number or logical")
-        ->type_name("NAME[=KIND]")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command
-        .add_option("--function", options.functions, "A function that the application defines")
-        ->type_name("NAME")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    options.variables =
+        addRepeatable(command, "--variable", "NAME[=KIND]",
+                      "A variable in its own case; KIND is text, number or logical");
+    options.functions =
+        addRepeatable(command, "--function", "NAME", "A function that the application defines");
     command
         .add_option("--date-format", options.dateFormat,
                     "How dates are written and read; default: YYYY-MM-DD")
         ->type_name("FORMAT");
-    command.add_flag("--exact", options.isExact,
-                     "Compare texts in full, but for trailing blanks");
-    command.add_flag("--strict", options.isStrict,
-                     "Refuse names that no --variable gives");
+    command.add_flag("--exact", options.isExact, "Compare texts in full, but for trailing blanks");
+    command.add_flag("--strict", options.isStrict, "Refuse names that no --variable gives");
 }
 
 KxJsTranslator translatorFrom(TranslatorOptions const& options) {
     KxJsTranslator::Options translation;
     translation.exact = options.isExact;
     translation.strict = options.isStrict;
-    for (std::string const& variable : options.variables) {
+    for (std::string const& variable : options.variables->results()) {
         translation.variables.push_back(variableFrom(variable));
     }
-    for (std::string const& function : options.functions) {
+    for (std::string const& function : options.functions->results()) {
         translation.functions.push_back(decodeArgument(function, "function"));
     }
     if (!options.dateFormat.empty()) {

@@ -1,20 +1,20 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "translate/KxJsTranslator.h"
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace kx {
 
 /// What the commands that read the older language by its grammar are told of it.
 struct TranslatorOptions {
-    std::vector<std::string> variables;  ///< NAME or NAME=KIND
-    std::vector<std::string> functions;
+    CLI::Option const* variables = nullptr;  ///< NAME or NAME=KIND
+    CLI::Option const* functions = nullptr;
     std::string dateFormat;
     bool isExact = false;
     bool isStrict = false;

@@ -65,8 +65,7 @@ std::u16string failureReport(std::u16string const& formula, FormulaRun const& ru
     if (!line) return run.errorText;
     return u"Error in line: " + utf16FromUtf8(std::to_string(line->number)) +
            (line->isTyped ? u"" : u" of the formula's JavaScript") + u"\n" +
-           failureMessage(run, failure) +
-           u"\n" + line->text + u"\n" + line->marks + u"\n";
+           failureMessage(run, failure) + u"\n" + line->text + u"\n" + line->marks + u"\n";
 }
 
 }  // namespace kx
