@@ -59,9 +59,8 @@ ExitStatus runDocs(DocsOptions const& options) {
     }
     bool const standalone = !options.isFragment;
     std::u16string const document =
-        options.isTranslated
-            ? docsDocument(cataloguesOf(true), standalone, options.hasExamples)
-            : KxJsParser::_getUserDocumentation(standalone, options.hasExamples);
+        options.isTranslated ? docsDocument(cataloguesOf(true), standalone, options.hasExamples)
+                             : KxJsParser::_getUserDocumentation(standalone, options.hasExamples);
     if (options.file.empty() || options.file == "-" || isStandardOutput(options.file)) {
         print(document);
         flushOutput();
