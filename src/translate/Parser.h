@@ -61,6 +61,7 @@ class Parser {
     [[gnu::noinline]] Operand brace(Token const& token);
     [[gnu::noinline]] Operand block(Token const& opening);
     [[gnu::noinline]] Operand macro(Token const& token);
+    [[gnu::noinline]] void member(Children& children);
     [[gnu::noinline]] Operand object(Token const& token);
     Operand nameOrCall(Token const& word);
     Operand call(Token const& name);
