@@ -124,8 +124,11 @@ TEST(Syntax, RefusesTooDeepTreesAndNoOthers) {
     };
     EXPECT_EQ(findings(chain(500)), "");
     EXPECT_EQ(findings(chain(501)), "SYNTAX 1001+1: formula too deeply nested");
-    std::string const open(1000, '(');
-    EXPECT_EQ(findings(open + "1" + std::string(1000, ')')), "");
+    auto const nested = [](std::size_t levels) {
+        return std::string(levels, '(') + "1" + std::string(levels, ')');
+    };
+    EXPECT_EQ(findings(nested(600)), "");
+    EXPECT_EQ(findings(nested(602)), "SYNTAX 601+0: formula too deeply nested");
 }
 
 TEST(Syntax, LongTextsOfOneKindEndInAFinding) {
