@@ -293,12 +293,14 @@ Parser::Operand Parser::macro(Token const& token) {
         append(children, parenthesis(next));
     } else {
         take(expectName(u"behind \"&\""));
-        // A point ends the name; digits behind it are part of the text that is put together.
+        // A point ends the name; a word behind it is part of the text that is put together.
         std::u16string_view const rest = scanner_.source().substr(scanner_.position());
         if (rest.starts_with(u".")) {
             std::size_t length = 1;
-            while (length < rest.size() && isDigit(rest[length])) ++length;
-            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length));
+            scanner_.setPosition(scanner_.position() + 1);
+            bool const isOperator = scanner_.operation().type == Type::binary;
+            while (!isOperator && length < rest.size() && isNamePart(rest[length])) ++length;
+            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length) - 1);
             end_ = scanner_.position();
             isPeeked_ = false;
         }

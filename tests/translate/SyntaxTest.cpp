@@ -68,12 +68,13 @@ TEST(Syntax, CollectsWhatHasNoTranslation) {
     for (Row const& row : {
              Row{"&X", "MACRO 0+1: a text that is evaluated at run time"},
              {"&(X)", "MACRO 0+1: a text that is evaluated at run time"},
-             {"&X.Y", "SYNTAX 3+1: an operator or the end expected, found \"Y\""},
              {"EVALUATE(X)", "MACRO 0+8: a text that is evaluated at run time"},
              {"{|x| x+1}", "BLOCK 0+1: a code block"},
              {"{||1}", "BLOCK 0+1: a code block"},
              {"{||}", "BLOCK 0+1: a code block"},
              {"A&X", "MACRO 1+1: a text that is evaluated at run time"},
+             {"&X.Y", "MACRO 0+1: a text that is evaluated at run time"},
+             {"&X.AND .T.", "MACRO 0+1: a text that is evaluated at run time"},
              {"&X.1 + 1", "MACRO 0+1: a text that is evaluated at run time"},
              {"A:&X",
               "OBJECT 1+1: a member of an object; "
