@@ -13,7 +13,8 @@ namespace {
 
 using Type = Token::Type;
 
-constexpr std::uint32_t kMostNesting = 1000;
+// Together with what a level takes of the stack: less than half a megabyte.
+constexpr std::uint32_t kMostNesting = 600;
 
 constexpr Binding tighter(Binding binding) {
     return static_cast<Binding>(static_cast<int>(binding) + 1);
@@ -159,7 +160,7 @@ Parser::Operand Parser::operand() {
                                      u"a date whose order of day and month depends on a setting",
                                      token.place, {}, token.place.start);
         case Type::word:
-            return suffixes(name(token));
+            return suffixes(nameOrCall(token));
         case Type::negation:
             return negation(token);
         case Type::plus:
@@ -274,9 +275,11 @@ Parser::Operand Parser::block(Token const& opening) {
         if (!takeIf(Type::comma)) break;
     }
     expect(Type::bar, u"\"|\"");
-    do {
-        append(children, expression(Binding::none));
-    } while (takeIf(Type::comma));
+    if (scanner_.operand().type != Type::closeBrace) {
+        do {
+            append(children, expression(Binding::none));
+        } while (takeIf(Type::comma));
+    }
     expect(Type::closeBrace, u"\"}\"");
     return addUntranslatable(u"BLOCK", u"a code block", opening.place, children,
                              opening.place.start);
@@ -290,9 +293,14 @@ Parser::Operand Parser::macro(Token const& token) {
         append(children, parenthesis(next));
     } else {
         take(expectName(u"behind \"&\""));
-        // A point ends the name; what follows is part of the text that is put together.
-        if (scanner_.source().substr(scanner_.position()).starts_with(u".")) {
+        // A point ends the name; a word behind it is part of the text that is put together.
+        std::u16string_view const rest = scanner_.source().substr(scanner_.position());
+        if (rest.starts_with(u".")) {
+            std::size_t length = 1;
             scanner_.setPosition(scanner_.position() + 1);
+            bool const isOperator = scanner_.operation().type == Type::binary;
+            while (!isOperator && length < rest.size() && isNamePart(rest[length])) ++length;
+            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length) - 1);
             end_ = scanner_.position();
             isPeeked_ = false;
         }
@@ -307,15 +315,24 @@ Parser::Operand Parser::object(Token const& token) {
         failExpected(u"an operand", token);
     }
     take(token);
-    take(expectName(u"of a member"));
-    return addUntranslatable(u"OBJECT", u"a member of an object", token.place, {},
+    Children children;
+    member(children);
+    return addUntranslatable(u"OBJECT", u"a member of an object", token.place, children,
                              token.place.start);
+}
+
+/// The name behind ":" or ".", or a macro that stands for it.
+void Parser::member(Children& children) {
+    Token const next = scanner_.operand();
+    if (next.type == Type::macro) {
+        append(children, macro(next));
+    } else {
+        take(expectName(u"of a member"));
+    }
 }
 
 /// A variable, with what "->" and "." put in front of it; or a call.
 Parser::Operand Parser::name(Token const& first) {
-    take(first);
-    if (peek().type == Type::open) return call(first);
     Node made;
     made.kind = NodeKind::name;
     made.sign = first.place;
@@ -327,11 +344,13 @@ Parser::Operand Parser::name(Token const& first) {
         bool const isArrow = link.type == Type::arrow;
         take(link);
         Token const next = scanner_.operand();
-        if (isArrow && (next.type == Type::open || next.type == Type::macro)) {
+        if ((isArrow && next.type == Type::open) || next.type == Type::macro) {
             Children children;
             append(children, prefix());
-            return addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
-                                     link.place, children, first.place.start);
+            return isArrow ? addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
+                                               link.place, children, first.place.start)
+                           : addUntranslatable(u"OBJECT", u"a member of an object", link.place,
+                                               children, first.place.start);
         }
         take(expectName(isArrow ? u"behind \"->\"" : u"behind the point"));
         std::u16string_view const prefix = tree_.text(made);
@@ -382,15 +401,24 @@ Parser::Operand Parser::name(Token const& first) {
 }
 
 Parser::Operand Parser::call(Token const& name) {
+    take(peek());
+    Children const children = arguments(Type::close);
+    return finishCall(name, children);
+}
+
+Parser::Operand Parser::nameOrCall(Token const& word) {
+    take(word);
+    return peek().type == Type::open ? call(word) : name(word);
+}
+
+Parser::Operand Parser::finishCall(Token const& name, Children const& children) {
     Node made;
     made.kind = NodeKind::call;
     made.sign = name.place;
     storeUpperCase(made, scanner_.text(name.place));
     std::u16string const upper(tree_.text(made));
-    take(peek());
     bool const isChoice = upper == u"IIF" || upper == u"IF";
     FunctionName const meaning = isChoice ? FunctionName{} : findFunction(upper);
-    Children const children = arguments(Type::close);
     if (isChoice) {
         made.kind = NodeKind::choice;
         return add(made, children, name.place.start);
@@ -486,8 +514,8 @@ Parser::Operand Parser::suffixes(Operand operand) {
             case Type::colon:
                 if (!hasMembers) return operand;
                 take(token);
-                take(expectName(u"of a member"));
                 append(children, operand);
+                member(children);
                 operand = addUntranslatable(u"OBJECT", u"a member of an object", token.place,
                                             children, operand.start);
                 break;
@@ -509,6 +537,17 @@ Parser::Operand Parser::suffixes(Operand operand) {
                 operand.end = end_;
                 node(operand).place.end = end_;
                 break;
+            case Type::macro: {
+                // "NAME&X": the name is put together at run time.
+                bool const isName = hasMembers && !node(operand).isParenthesized &&
+                                    node(operand).kind != NodeKind::call &&
+                                    node(operand).kind != NodeKind::choice;
+                if (!isName || token.place.start != operand.end) return operand;
+                Operand const macroName = macro(token);
+                node(macroName).place.start = operand.start;
+                operand = {macroName.node, operand.start, macroName.end};
+                break;
+            }
             default:
                 return operand;
         }
@@ -517,38 +556,39 @@ Parser::Operand Parser::suffixes(Operand operand) {
 
 /// Up to and with the closing sign. Missing ones are nodes too, but for "()".
 Parser::Children Parser::arguments(Type closing) {
-    std::u16string_view const sign = closing == Type::close        ? u"\")\""
-                                     : closing == Type::closeBrace ? u"\"}\""
-                                                                   : u"\"]\"";
     Children children;
     isPeeked_ = false;
-    if (Token const next = scanner_.operand(); next.type == closing) {
-        take(next);
+    if (scanner_.operand().type == closing) {
+        take(scanner_.operand());
         return children;
     }
-    for (;;) {
-        Token const next = scanner_.operand();
-        bool const isOmitted = next.type == Type::comma || next.type == closing;
-        if (isOmitted) {
-            Node omitted;
-            omitted.kind = NodeKind::omitted;
-            end_ = next.place.start;
-            append(children, add(omitted, {}, next.place.start));
-        } else {
-            append(children, expression(Binding::none));
-        }
-        Token const separator = peek();
-        if (separator.type == Type::comma) {
-            take(separator);
-            continue;
-        }
-        if (separator.type != closing) {
-            std::u16string expected = u"an operator, \",\" or ";
-            failExpected(expected.append(sign), separator);
-        }
-        take(separator);
-        return children;
+    do {
+        Type const next = scanner_.operand().type;
+        append(children, next == Type::comma || next == closing ? omittedArgument()
+                                                                : expression(Binding::none));
+    } while (takeIf(Type::comma));
+    closeArguments(closing);
+    return children;
+}
+
+Parser::Operand Parser::omittedArgument() {
+    Node omitted;
+    omitted.kind = NodeKind::omitted;
+    end_ = scanner_.operand().place.start;
+    return add(omitted, {}, end_);
+}
+
+void Parser::closeArguments(Type closing) {
+    Token const found = peek();
+    if (found.type == closing) {
+        take(found);
+        return;
     }
+    std::u16string expected = u"an operator, \",\" or ";
+    failExpected(expected.append(closing == Type::close        ? u"\")\""
+                                 : closing == Type::closeBrace ? u"\"}\""
+                                                               : u"\"]\""),
+                 found);
 }
 
 Token Parser::peek() {

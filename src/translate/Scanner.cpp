@@ -162,11 +162,10 @@ void Scanner::skipBlanks(bool behindOperand) {
             ++position_;
         } else if (unit == u';') {
             if (!skipContinuation()) return;
-        } else if ((unit == u'&' && next == u'&') || (unit == u'/' && next == u'/')) {
-            skipLine();
         } else if (unit == u'/' && next == u'*') {
             skipComment();
-        } else if (unit == u'*' && !behindOperand && isFirstOfLine()) {
+        } else if ((unit == u'&' && next == u'&') || (unit == u'/' && next == u'/') ||
+                   (unit == u'*' && !behindOperand && isFirstOfLine())) {
             skipLine();
         } else {
             return;
@@ -467,6 +466,8 @@ Token Scanner::operation() {
             return make(Type::closeBrace, 1);
         case u'|':
             return make(Type::bar, 1);
+        case u'&':
+            return make(Type::macro, 1);
         case u'.': {
             Token const dotted = dottedOperand();
             return dotted.type == Type::binary ? dotted : make(Type::point, 1);
