@@ -41,8 +41,8 @@ class Host {
 
 /// Runs one by one in a new host, this many bytes further down the stack.
 Results oneByOne(ColumnTable const& table, std::u16string const& source, std::size_t depth = 0) {
-    auto* const room = static_cast<char volatile*>(alloca(depth + 1));
-    room[0] = 0;
+    auto* const used = static_cast<char volatile*>(alloca(depth + 1));
+    used[0] = 0;
     Host host;
     return table.oneByOne(host.get(), source);
 }

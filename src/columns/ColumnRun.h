@@ -34,7 +34,7 @@ class ColumnRun {
 
     /// Moves the texts of the records from `first`, which the last block began with, to `last`,
     /// where it stopped, to `results`.
-    void takeTexts(std::size_t first, std::size_t last, std::u16string* results);
+    void moveTexts(std::size_t first, std::size_t last, std::u16string* results);
 
   private:
     static constexpr std::size_t kStaged = 1024;

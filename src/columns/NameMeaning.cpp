@@ -15,8 +15,8 @@ using namespace std::string_view_literals;
 
 constexpr std::array kConstants = {u"true"sv, u"false"sv,    u"null"sv,
                                    u"NaN"sv,  u"Infinity"sv, u"undefined"sv};
-constexpr std::array kEngineFunctions = {u"Boolean"sv,  u"isFinite"sv,   u"isNaN"sv, u"Number"sv,
-                                         u"parseInt"sv, u"parseFloat"sv, u"String"sv};
+constexpr std::array kStandardFunctions = {u"Boolean"sv,  u"isFinite"sv,   u"isNaN"sv, u"Number"sv,
+                                           u"parseInt"sv, u"parseFloat"sv, u"String"sv};
 constexpr std::array kEvaluating = {u"IIF"sv, u"COND"sv};
 
 /// Depends on Function.prototype.toString and on all globals, which the checks do not cover.
@@ -79,18 +79,18 @@ bool isFunctionOf(v8::Local<v8::Value> value, int scriptId, std::u16string_view 
 bool evaluatesTexts(std::u16string_view name) { return isIn(kEvaluating, name); }
 
 NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name, int libraryId) {
-    constexpr int kEngine = v8::UnboundScript::kNoScriptId;
+    constexpr int kNoScript = v8::UnboundScript::kNoScriptId;
     if (isIn(kConstants, name)) return NameMeaning::constant;
     v8::Local<v8::Value> const value = globalValue(context, name);
-    if (name == u"Math") return value->IsObject() ? NameMeaning::engine : NameMeaning::unknown;
-    if (isIn(kEngineFunctions, name)) {
-        return isFunctionOf(value, kEngine, name) ? NameMeaning::engine : NameMeaning::unknown;
+    if (name == u"Math") return value->IsObject() ? NameMeaning::standard : NameMeaning::unknown;
+    if (isIn(kStandardFunctions, name)) {
+        return isFunctionOf(value, kNoScript, name) ? NameMeaning::standard : NameMeaning::unknown;
     }
     if (name == kListing || !isFunctionOf(value, libraryId, name)) return NameMeaning::unknown;
     if (!evaluatesTexts(name)) return NameMeaning::catalogue;
     // These two give what V8's eval makes of their conditions.
-    return isFunctionOf(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
-                                                                         : NameMeaning::unknown;
+    return isFunctionOf(globalValue(context, u"eval"), kNoScript, u"eval") ? NameMeaning::evaluating
+                                                                           : NameMeaning::unknown;
 }
 
 }  // namespace kx

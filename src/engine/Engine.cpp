@@ -20,7 +20,7 @@ bool start() {
     [[maybe_unused]] int const ignored = pthread_atfork(
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
     registerInterruptibleBuiltins();
-    if (v8compat::isEngineRunning()) return false;
+    if (v8compat::isV8Running()) return false;
     // The library's only thread is the watchdog's, which runs no script. V8 needs none either.
     v8::V8::SetFlagsFromString("--single-threaded");
     // The limits do not see its memory, and formulas do not need it.

@@ -20,7 +20,7 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and V8 has no public question for it.
-bool isEngineRunning();
+bool isV8Running();
 
 /// A template property that scripts can read and not write.
 void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,
@@ -56,7 +56,7 @@ inline v8::Local<v8::Value> prototypeOf(v8::Local<v8::Object> object) {
 #endif
 }
 
-/// Copies the code units of `text` to `target`, which has room for text->Length() of them.
+/// Copies the code units of `text` to `target`, which holds text->Length() of them.
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);
 
 }  // namespace kx::v8compat

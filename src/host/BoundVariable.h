@@ -40,11 +40,11 @@ class BoundVariable {
     v8::Local<v8::Value> value(v8::Isolate* isolate);
 
   private:
-    /// Calls `take` with a std::int32_t, a double, a bool or a handle of V8's string.
-    template <class Take>
-    void visit(v8::Isolate* isolate, Take const& take);
-    template <class Take>
-    void visitText(v8::Isolate* isolate, Take const& take);
+    /// Calls `use` with a std::int32_t, a double, a bool or a handle of V8's string.
+    template <class Use>
+    void visit(v8::Isolate* isolate, Use const& use);
+    template <class Use>
+    void visitText(v8::Isolate* isolate, Use const& use);
     bool areLastUnits(std::u16string_view units) const;
 
     KxJsVariable const& variable_;

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Compares with the engine's own conversion.
+/// Compares with V8's own conversion.
 class NumberText : public testing::Test {
   protected:
     void expectEnginesText(double number) {
@@ -25,7 +25,7 @@ class NumberText : public testing::Test {
         std::u16string const text = kx::numberToText(number);
         if (text != expected) {
             ADD_FAILURE() << std::hexfloat << number << " is "
-                          << std::string(text.begin(), text.end()) << ", the engine writes "
+                          << std::string(text.begin(), text.end()) << ", V8 writes "
                           << std::string(expected.begin(), expected.end());
         }
     }

@@ -51,7 +51,7 @@ ExitStatus runExtract(ExtractOptions const& options) {
 
 void addExtract(CLI::App& app, Command& chosen) {
     CLI::App* const extract =
-        app.add_subcommand("extract", "Print the names that formulas use and nobody defines");
+        app.add_subcommand("extract", "Print the names that formulas use and nothing defines");
     auto const options = std::make_shared<ExtractOptions>();
     extract->add_flag("--js", options->isJavaScript,
                       "The formulas are JavaScript; do not convert them");

@@ -20,8 +20,8 @@ BSTR makeBstr(char16_t const* text);
 ///                    result);
 ///
 /// The caller gets either all texts of a call or none: until keep() the pointer holds null, as an
-/// out-parameter of a failed call must, and the text belongs to this object. A text that nobody
-/// received is the allocated empty one. A null pointer drops the text.
+/// out-parameter of a failed call must, and the text belongs to this object. A text that was
+/// never received is the allocated empty one. A null pointer drops the text.
 class OutText {
   public:
     explicit OutText(BSTR* destination);
@@ -35,7 +35,7 @@ class OutText {
     void keep();
 
   private:
-    static BridgeResult KX_BRIDGE_CALL take(void* target, char16_t const* text);
+    static BridgeResult KX_BRIDGE_CALL receive(void* target, char16_t const* text);
 
     BSTR* destination_;
     BSTR text_ = nullptr;
