@@ -144,7 +144,7 @@ v8::Local<v8::Value> ColumnRun::textArray(Column const& column, std::size_t firs
     v8::EscapableHandleScope handles(isolate_);
     elements_.clear();
     for (std::size_t record = first; record < last; ++record) {
-        elements_.emplace_back(toEngineString(isolate_, seenText(column.text(record))));
+        elements_.emplace_back(toV8String(isolate_, seenText(column.text(record))));
     }
     return handles.Escape(v8::Array::New(isolate_, elements_.data(), elements_.size()));
 }

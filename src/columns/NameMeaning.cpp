@@ -34,7 +34,7 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::Value> value;
     if (!context->Global()
-             ->GetRealNamedProperty(context, toEngineName(isolate, name))
+             ->GetRealNamedProperty(context, toV8Name(isolate, name))
              .ToLocal(&value)) {
         return v8::Undefined(isolate);
     }
@@ -49,7 +49,7 @@ std::optional<std::vector<v8::Local<v8::Value>>> unshadowedValues(
     std::u16string list = u"[";
     for (std::u16string const& name : names) list.append(name).append(u",");
     list += u"]";
-    v8::Local<v8::String> const text = toEngineString(isolate, list);
+    v8::Local<v8::String> const text = toV8String(isolate, list);
     v8::Local<v8::Script> script;
     v8::Local<v8::Value> found;
     if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&script) ||
@@ -72,8 +72,7 @@ bool isFunctionOf(v8::Local<v8::Value> value, int scriptId, std::u16string_view 
     if (!value->IsFunction()) return false;
     auto const function = value.As<v8::Function>();
     if (function->ScriptId() != scriptId || !function->GetName()->IsString()) return false;
-    return fromEngineString(v8::Isolate::GetCurrent(), function->GetName().As<v8::String>()) ==
-           name;
+    return fromV8String(v8::Isolate::GetCurrent(), function->GetName().As<v8::String>()) == name;
 }
 
 bool evaluatesTexts(std::u16string_view name) { return isIn(kEvaluating, name); }

@@ -22,7 +22,7 @@ BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view a
 
 v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
     if (carrierName_.isEmpty()) {
-        carrierName_.hold(toEngineName(isolate, carrierNameFor(variable_.getKey())));
+        carrierName_.hold(toV8Name(isolate, carrierNameFor(variable_.getKey())));
     }
     return carrierName_.get(isolate);
 }
@@ -50,11 +50,11 @@ void BoundVariable::visitText(v8::Isolate* isolate, Use const& use) {
     if (!areLastUnits(units)) {
         lastUnits_ = units;
         lastText_.drop();
-        use(toEngineString(isolate, seenText(units)));
+        use(toV8String(isolate, seenText(units)));
         return;
     }
     if (lastText_.isEmpty()) {
-        lastText_.hold(toEngineString(isolate, seenText(units)));
+        lastText_.hold(toV8String(isolate, seenText(units)));
     }
     if (!lastText_.isEmpty()) use(lastText_.get(isolate));
 }

@@ -69,7 +69,7 @@ TEST(Text, hasNoEngineStringBeyondItsLimit) {
     // Refused by its length alone, before a single unit is read.
     char16_t const unit = u'x';
     std::u16string_view const text(&unit, static_cast<std::size_t>(v8::String::kMaxLength) + 1);
-    EXPECT_TRUE(kx::toEngineString(v8::Isolate::GetCurrent(), text).IsEmpty());
+    EXPECT_TRUE(kx::toV8String(v8::Isolate::GetCurrent(), text).IsEmpty());
 }
 
 }  // namespace

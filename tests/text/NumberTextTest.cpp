@@ -19,9 +19,9 @@ class NumberText : public testing::Test {
     void expectEnginesText(double number) {
         v8::HandleScope const handles(isolate_);
         std::u16string const expected =
-            kx::fromEngineString(isolate_, v8::Number::New(isolate_, number)
-                                               ->ToString(isolate_->GetCurrentContext())
-                                               .ToLocalChecked());
+            kx::fromV8String(isolate_, v8::Number::New(isolate_, number)
+                                           ->ToString(isolate_->GetCurrentContext())
+                                           .ToLocalChecked());
         std::u16string const text = kx::numberToText(number);
         if (text != expected) {
             ADD_FAILURE() << std::hexfloat << number << " is "
