@@ -39,6 +39,9 @@ Parser::Parser(std::u16string_view source, Settings const& settings, Tree& tree,
 
 std::optional<SyntaxError> Parser::parse() {
     tree_.clear();
+    // Formulas have about so many nodes; long ones grow as they need.
+    constexpr std::size_t kMostReserved = 64;
+    tree_.nodes.reserve(std::min(scanner_.source().size() / 2 + 4, kMostReserved));
     try {
         if (scanner_.source().size() >= kNoNode / 2) {
             throw SyntaxError{{0, 0}, u"the formula is too long"};
@@ -415,7 +418,7 @@ Parser::Operand Parser::call(Token const& name) {
         case FunctionName::Meaning::unknown:
             if (settings_.functions.find(upper) == settings_.functions.end()) {
                 text = u"unknown function " + upper;
-                findings_.push_back({u"FUNCTION_UNKNOWN", name.place, text});
+                findings_.push_back({u"FUNCTION_UNKNOWN", name.place, kNoNode, text});
             } else {
                 made.callee = Callee::host;
             }
@@ -622,7 +625,8 @@ Parser::Operand Parser::add(Node node, Children const& children, std::uint32_t s
 Parser::Operand Parser::addUntranslatable(std::u16string_view code, std::u16string_view text,
                                           Place sign, Children const& children,
                                           std::uint32_t start) {
-    findings_.push_back({code, sign, std::u16string(text)});
+    findings_.push_back(
+        {code, sign, static_cast<NodeIndex>(tree_.nodes.size()), std::u16string(text)});
     Node made;
     made.kind = NodeKind::untranslatable;
     made.sign = sign;

@@ -19,6 +19,7 @@ inline constexpr std::uint16_t kMostHeight = 500;
 struct Untranslatable {
     std::u16string_view code;
     Place place;
+    NodeIndex node = kNoNode;
     std::u16string text;
 };
 

@@ -2,11 +2,11 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/formula/FailureReport.h"
 #include "cli/formula/FunctionHelp.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 #include "cli/prompt/ReplSession.h"
-#include "convert/Converter.h"
 
 namespace kx {
 namespace {
@@ -53,7 +53,12 @@ bool ReplSession::help(std::u16string const& function) {
 
 bool ReplSession::showJavaScript(std::u16string const& formula) {
     if (!formula.empty()) {
-        printLine(Converter::_convert(formula.c_str()));
+        FormulaRun const read = reader().read(formula);
+        if (read.hasFailed) {
+            reportScriptError(failureReport(formula, read, nullptr));
+            return false;
+        }
+        printLine(read.javaScript);
         return true;
     }
     showsJavaScript_ = !showsJavaScript_;

@@ -90,10 +90,11 @@ class Checked {
             });
             return;
         }
+        std::vector<bool> isExplained(tree_.nodes.size());
+        for (Found const& each : found_) isExplained[each.node] = true;
         for (NodeIndex const text : comparison.changedTexts()) {
-            bool const isKnown = std::any_of(found_.begin(), found_.end(),
-                                             [&](Found const& each) { return each.node == text; });
-            if (!isKnown) found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
+            if (isExplained[text]) continue;
+            found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
         }
         if (!has(isFatal)) addUnexplained();
     }
@@ -115,17 +116,16 @@ class Checked {
         found_.push_back({code, root, {0, static_cast<std::uint32_t>(formula_.size())}});
     }
 
+    /// Texts stand in the tree in their order in the formula.
     bool isOutsideOfTexts(std::u16string_view sign) const {
-        for (std::size_t at = formula_.find(sign); at != formula_.npos;
-             at = formula_.find(sign, at + 1)) {
-            bool const isInText =
-                std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [at](Node const& node) {
-                    return node.kind == NodeKind::text && node.place.start <= at &&
-                           at < node.place.end;
-                });
-            if (!isInText) return true;
+        std::size_t at = formula_.find(sign);
+        for (Node const& node : tree_.nodes) {
+            if (at == formula_.npos) return false;
+            if (node.kind != NodeKind::text || node.place.end <= at) continue;
+            if (at < node.place.start) return true;
+            at = formula_.find(sign, node.place.end);
         }
-        return false;
+        return at != formula_.npos;
     }
 
     bool hasComment() const {
@@ -170,9 +170,12 @@ class Checked {
         CheckFinding finding;
         finding.code = found.code == Code::untranslatable ? found.name : text.name;
         finding.place = found.place;
-        finding.written = trimmed(Converter::_convert(
-            std::u16string(formula_.substr(node.place.start, node.place.end - node.place.start))
-                .c_str()));
+        constexpr std::uint32_t kLongestShown = 200;
+        if (node.place.end - node.place.start <= kLongestShown) {
+            std::u16string const part(
+                formula_.substr(node.place.start, node.place.end - node.place.start));
+            finding.written = trimmed(Converter::_convert(part.c_str()));
+        }
         finding.text.append(text.written).append(u"; meant: ").append(text.meant);
         std::u16string rewriting = rewriter.rewrite(found.node);
         // Where the whole is proved, its parts are.
