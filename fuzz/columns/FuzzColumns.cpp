@@ -78,8 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::mt19937_64 random(data[0]);
     ColumnTable table(random);
     // Some have names of members.
-    for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"})
+    for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"}) {
         table.add(name, ColumnTable::Range::small);
+    }
 
     Results const expected = oneByOne(table, source);
     Host host;

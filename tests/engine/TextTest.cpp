@@ -12,9 +12,9 @@ TEST(Text, convertsThereAndBack) {
     v8::HandleScope const handles(v8::Isolate::GetCurrent());
     for (std::u16string const text :
          {u"", u"a", u"Grüße", u"中文", u"\U0001F600", u"\xD800 lone", u"\xDC00"}) {
-        v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
-        EXPECT_EQ(engineText->Length(), static_cast<int>(text.size()));
-        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), text);
+        v8::Local<v8::String> const v8Text = KxJsParser::_convertStdStringToV8String(text);
+        EXPECT_EQ(v8Text->Length(), static_cast<int>(text.size()));
+        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(v8Text), text);
     }
 }
 
@@ -22,9 +22,9 @@ TEST(Text, endsAtTheFirstZero) {
     ScriptHost host;
     v8::HandleScope const handles(v8::Isolate::GetCurrent());
     std::u16string const text(u"ab\0cd", 5);
-    v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
-    EXPECT_EQ(engineText->Length(), 5);
-    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), u"ab");
+    v8::Local<v8::String> const v8Text = KxJsParser::_convertStdStringToV8String(text);
+    EXPECT_EQ(v8Text->Length(), 5);
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(v8Text), u"ab");
 }
 
 TEST(Text, isEmptyForAnEmptyHandle) {
