@@ -42,9 +42,10 @@ class BoundVariable {
   private:
     /// Calls `use` with a std::int32_t, a double, a bool or a handle of V8's string.
     template <class Use>
-    void visit(v8::Isolate* isolate, Use const& use);
+    void visit(v8::Isolate* isolate, Use use);
+    // Not inlined: without it, numbers need no stack frame.
     template <class Use>
-    void visitText(v8::Isolate* isolate, Use const& use);
+    [[gnu::noinline]] void visitText(v8::Isolate* isolate, Use use);
     bool areLastUnits(std::u16string_view units) const;
 
     KxJsVariable const& variable_;

@@ -81,7 +81,7 @@ ExitStatus runAtTerminal(Limits const& limits, LanguageOptions const& language) 
     ReplSession session(kPromptWidth, limits, language);
     interrupts.watch(session.parser());
     LineEditor editor(kPrompt, [&](std::u16string const& beforeCursor) {
-        return completeName(beforeCursor, session.variables());
+        return completeName(beforeCursor, session.variables(), cataloguesOf(language.isTranslated));
     });
     History history(editor);
     printLine(u":help explains this prompt, :quit leaves it.");

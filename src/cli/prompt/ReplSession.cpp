@@ -18,8 +18,8 @@
 namespace kx {
 namespace {
 
-bool isBuiltIn(std::u16string const& name) {
-    for (Catalogue const& catalogue : builtInCatalogues()) {
+bool isIn(std::vector<Catalogue> const& catalogues, std::u16string const& name) {
+    for (Catalogue const& catalogue : catalogues) {
         for (KxJsFunction const& function : catalogue.functions) {
             if (function.getName() == name) return true;
         }
@@ -69,7 +69,7 @@ bool ReplSession::evaluateOrAssign(std::u16string const& line) {
 }
 
 bool ReplSession::assign(Assignment const& assignment, std::u16string const& line) {
-    if (isBuiltIn(assignment.name)) {
+    if (isIn(builtInCatalogues(), assignment.name)) {
         reportError(utf8FromUtf16(assignment.name) + " is a built-in function");
         return false;
     }

@@ -47,7 +47,7 @@ bool ReplSession::help(std::u16string const& function) {
         printLine(kHelp);
         return true;
     }
-    printFunction(utf8FromUtf16(function));
+    printFunction(utf8FromUtf16(function), cataloguesOf(language_.isTranslated));
     return true;
 }
 

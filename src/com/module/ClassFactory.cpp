@@ -38,7 +38,7 @@ STDMETHODIMP_(ULONG) ClassFactory::Release() {
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* pUnkOuter, REFIID riid, void** ppvObj) {
     if (ppvObj == nullptr) return E_POINTER;
     *ppvObj = nullptr;
-    // An aggregating object needs the inner object's own IUnknown, and may ask for nothing else.
+    // COM asks for the inner object of an aggregate by IID_IUnknown only.
     if (pUnkOuter != nullptr && riid != IID_IUnknown) return CLASS_E_NOAGGREGATION;
     return creator_(pUnkOuter, riid, ppvObj);
 }

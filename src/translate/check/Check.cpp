@@ -19,9 +19,9 @@ bool isFatal(Code code) {
            code != Code::functionUnknown && code != Code::nilName && code != Code::memberDot;
 }
 
-bool differs(Code code) {
-    return code == Code::functionDiffers || code == Code::textCompare || code == Code::textMinus;
-}
+bool differs(Code code) { return code == Code::functionDiffers || code == Code::textCompare; }
+
+bool isTextMinus(Code code) { return code == Code::textMinus; }
 
 bool isUnknown(Code code) {
     return code == Code::functionUnknown || code == Code::nilName || code == Code::memberDot ||
@@ -100,6 +100,7 @@ class Checked {
     }
 
     Verdict verdictOfFunctions() const {
+        if (has(isTextMinus)) return Verdict::changed;
         if (has(isUnknown)) return Verdict::unknown;
         return has(differs) ? Verdict::differs : Verdict::same;
     }

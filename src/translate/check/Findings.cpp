@@ -250,7 +250,9 @@ class Finder {
                                                                          : Code::equalsAssigns;
         }
         bool const isCall = target->kind == NodeKind::call || target->kind == NodeKind::choice;
-        return isCall && !target->isParenthesized ? Code::equalsCall : Code::equalsInvalid;
+        bool const becomesOperator = isCall && target->function != nullptr &&
+                                     std::u16string_view(target->function->row.name) == u"MOD";
+        return isCall && !becomesOperator ? Code::equalsCall : Code::equalsInvalid;
     }
 
     /// The rule for powers takes digits, one unit and digits on each side.

@@ -104,7 +104,7 @@ Rewriter::Part Rewriter::render(NodeIndex index) {
         case NodeKind::nil:
             return operandPart(u"null");
         case NodeKind::name:
-            return codes_[index] == 0 ? copy(index) : impossible();
+            return renderName(index);
         case NodeKind::negation:
             return renderNegation(index);
         case NodeKind::binary:
@@ -143,6 +143,13 @@ Rewriter::Part Rewriter::copy(NodeIndex index) {
     }
     whole.text += source_.substr(at, node.place.end - at);
     return whole;
+}
+
+/// A word inside a name is found between blanks only.
+Rewriter::Part Rewriter::renderName(NodeIndex index) {
+    if (codes_[index] == 0) return copy(index);
+    if (!has(index, Code::nameDamaged)) return impossible();
+    return operandPart(inParentheses(std::u16string(written(tree_.nodes[index].place))));
 }
 
 Rewriter::Part Rewriter::renderNegation(NodeIndex index) {

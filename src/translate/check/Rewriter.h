@@ -37,6 +37,7 @@ class Rewriter {
     Part renderEqual(Node const& node);
     Part renderCompared(Node const& node, std::u16string_view sign);
     Part renderGreaterOrEqual(Node const& node);
+    Part renderName(NodeIndex index);
     Part renderNegation(NodeIndex index);
     Part renderText(NodeIndex index);
     Part renderCall(NodeIndex index);

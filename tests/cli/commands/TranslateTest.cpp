@@ -80,6 +80,20 @@ TEST(Translated, RunsForEachRecord) {
     EXPECT_EQ(kxjs({"batch", "--translated", "&a"}, "A\n1\n").status, 1);
 }
 
+TEST(Translated, ExplainsItsFunctions) {
+    EXPECT_THAT(kxjs({"functions", "--translated"}).out, HasSubstr("\n  STRZERO("));
+    EXPECT_THAT(kxjs({"functions", "--translated", "padl"}).out,
+                HasSubstr("PADL(value, width, fill)\n"));
+    EXPECT_EQ(kxjs({"functions", "padl"}).status, 2);
+}
+
+TEST(Translated, DocumentsItsFunctions) {
+    Outcome const outcome = kxjs({"docs", "--translated", "--examples"});
+    EXPECT_THAT(outcome.out, HasSubstr("PADL(7, 3, \"0\") &rarr; 007"));
+    EXPECT_THAT(outcome.out, testing::StartsWith("<!doctype html>"));
+    EXPECT_EQ(outcome.status, 0);
+}
+
 TEST(Translated, RunsAtThePrompt) {
     Outcome const outcome =
         kxjs({"repl", "--translated"}, "Price = 5\nIIF(PRICE=5,'yes','no')\n:js price=1\n");
