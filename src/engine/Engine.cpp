@@ -1,7 +1,6 @@
 #include "engine/Engine.h"
 
 #include <atomic>
-#include <memory>
 #include <pthread.h>
 
 #include <libplatform/libplatform.h>

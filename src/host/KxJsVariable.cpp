@@ -1,6 +1,5 @@
 #include "host/KxJsVariable.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
