@@ -61,6 +61,7 @@ class Parser {
     Operand brace(Token const& token);
     Operand block(Token const& opening);
     Operand macro(Token const& token);
+    void member(Children& children);
     Operand object(Token const& token);
     Operand name(Token const& first);
     Operand call(Token const& name);

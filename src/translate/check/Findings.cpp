@@ -379,6 +379,10 @@ std::vector<Found> findDamage(Tree const& tree, std::u16string_view source,
                           : obstacle.code == u"TYPE_TEXT"    ? Code::typeTypeof
                                                              : Code::untranslatable;
         found.push_back({code, obstacle.node, obstacle.place, obstacle.code});
+        // EVAL, which the rules misspell.
+        if (obstacle.code == u"MACRO" && isNameStart(source[obstacle.place.start])) {
+            found.push_back({Code::functionBroken, obstacle.node, obstacle.place});
+        }
     }
     return found;
 }
