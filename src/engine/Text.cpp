@@ -49,8 +49,10 @@ std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
     if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
     // What runs a script needs a context, and so does the exception for a symbol.
     if (context.IsEmpty() && (value->IsObject() || value->IsSymbol())) return {};
+    // Newer versions of V8 convert nothing without a context.
+    v8::Local<v8::Context> const any = context.IsEmpty() ? v8::Context::New(isolate) : context;
     v8::Local<v8::String> text;
-    if (!value->ToString(context).ToLocal(&text)) return {};
+    if (any.IsEmpty() || !value->ToString(any).ToLocal(&text)) return {};
     return fromV8String(isolate, text);
 }
 

@@ -121,12 +121,12 @@ class Checked {
     bool isOutsideOfTexts(std::u16string_view sign) const {
         std::size_t at = formula_.find(sign);
         for (Node const& node : tree_.nodes) {
-            if (at == formula_.npos) return false;
+            if (at == std::u16string_view::npos) return false;
             if (node.kind != NodeKind::text || node.place.end <= at) continue;
             if (at < node.place.start) return true;
             at = formula_.find(sign, node.place.end);
         }
-        return at != formula_.npos;
+        return at != std::u16string_view::npos;
     }
 
     bool hasComment() const {
@@ -154,15 +154,30 @@ class Checked {
     void report() {
         if (found_.empty()) return;
         Rewriter rewriter(tree_, formula_, settings_, found_);
-        auto const root = static_cast<NodeIndex>(tree_.nodes.size() - 1);
-        std::u16string whole = rewriter.rewrite(root);
-        if (!whole.empty()) {
-            Node const& node = tree_.nodes[root];
-            whole = std::u16string(formula_.substr(0, node.place.start)) + whole +
-                    std::u16string(formula_.substr(node.place.end));
-            if (isProved(whole)) result_.rewriting = std::move(whole);
+        rewriteWhole(rewriter);
+        if (result_.rewriting.empty() && hasParenthesisInText()) {
+            rewriter.codeParentheses();
+            rewriteWhole(rewriter);
         }
         for (Found const& each : found_) result_.findings.push_back(findingOf(each, rewriter));
+    }
+
+    void rewriteWhole(Rewriter& rewriter) {
+        auto const root = static_cast<NodeIndex>(tree_.nodes.size() - 1);
+        std::u16string whole = rewriter.rewrite(root);
+        if (whole.empty()) return;
+        Node const& node = tree_.nodes[root];
+        whole = std::u16string(formula_.substr(0, node.place.start)) + whole +
+                std::u16string(formula_.substr(node.place.end));
+        if (isProved(whole)) result_.rewriting = std::move(whole);
+    }
+
+    bool hasParenthesisInText() const {
+        return std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [this](Node const& node) {
+            return node.kind == NodeKind::text &&
+                   formula_.substr(node.sign.start, node.sign.end - node.sign.start)
+                           .find_first_of(u"()") != std::u16string_view::npos;
+        });
     }
 
     CheckFinding findingOf(Found const& found, Rewriter& rewriter) const {
@@ -179,8 +194,10 @@ class Checked {
         }
         finding.text.append(text.written).append(u"; meant: ").append(text.meant);
         std::u16string rewriting = rewriter.rewrite(found.node);
-        // Where the whole is proved, its parts are.
-        if (!rewriting.empty() && (!result_.rewriting.empty() || isProved(rewriting))) {
+        // Where the whole is proved, its parts are. The only part is the whole.
+        bool const isKept = !result_.rewriting.empty() ||
+                            (found_.size() > 1 && !rewriting.empty() && isProved(rewriting));
+        if (isKept && !rewriting.empty()) {
             finding.rewritten = node.place;
             finding.rewriting = std::move(rewriting);
         }

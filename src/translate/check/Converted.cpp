@@ -74,7 +74,9 @@ class Patcher {
         std::size_t const behind = skipBlanks(close + 1);
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
         bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
-        if (isAssigned && (isEmpty || holdsNames(at + 1, close))) return patchPattern(at, close);
+        if (isAssigned && !isBlock) {
+            return (isEmpty || holdsNames(at + 1, close)) && patchPattern(at, close);
+        }
         if (isEmpty && close == at + 1) {
             text_.replace(at, 2, u"(0)");
         } else {
