@@ -38,8 +38,9 @@ std::vector<std::string> formulas() {
          {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {
         for (KxJsFunction const& function : catalogue) {
             for (std::u16string const& text : function.getExamples()) {
-                if (auto const example = kx::test::splitExample(text))
+                if (auto const example = kx::test::splitExample(text)) {
                     all.push_back(bytesOf(example->call));
+                }
             }
         }
     }
@@ -67,8 +68,9 @@ class Seeds {
     /// An input that concatenates these parts.
     void add(std::initializer_list<std::string_view> parts) {
         std::ofstream file(directory_ / std::to_string(count_++), std::ios::binary);
-        for (std::string_view const part : parts)
+        for (std::string_view const part : parts) {
             file.write(part.data(), static_cast<std::streamsize>(part.size()));
+        }
         if (!file.flush()) throw std::runtime_error("cannot write into " + directory_.string());
     }
 
@@ -114,8 +116,9 @@ void addFiles(Seeds& seeds) {
          {"NAME,PRICE\nbolt,1.5\nnut,2\n", "a;b\r\n\"x;y\";\"say \"\"no\"\"\"\r\n",
           "a,b\r1,2\r\r3,", "\xef\xbb\xbf\ta\tb\n\"two\nlines\"\t3", "\"not closed\n", "a\"b,c\n",
           "\"a\"b\n", "-12", "007", "1.5e-3", "true", "a\x1f,c\x1e\"d\"\x1f\x1f\x1e"}) {
-        for (int choice = 0; choice < 8; ++choice)
+        for (int choice = 0; choice < 8; ++choice) {
             seeds.add({std::string{static_cast<char>(choice), '\x03', '\x10'}, file});
+        }
     }
 }
 
@@ -148,12 +151,14 @@ void writeAll(fs::path const& top) {
     Seeds run(top, "run");
     Seeds extract(top, "extract");
     Seeds columns(top, "columns");
+    Seeds translate(top, "translate");
     // Steps are described where they are read; a piece of a literal ends where the next letter
     // would count as a hexadecimal digit.
     std::string const bound = "vA=5\x1evS=some text\x1e";
     std::string const convertAndRun = "c";
     for (std::string const& formula : formulas()) {
         convert.add({formula});
+        translate.add({formula});
         run.add({bound, convertAndRun, formula, "\x1ex0\x1er\x1e", convertAndRun, formula});
         extract.add({std::string(1, '\0'), formula});
         columns.add({formula.substr(0, 1), std::string(1, '\0'), formula});

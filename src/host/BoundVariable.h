@@ -63,11 +63,12 @@ class BoundVariable {
     /// @}
 
   private:
-    /// Calls `take` with a std::int32_t, a double, a bool or a handle of V8's string.
-    template <class Take>
-    void visit(v8::Isolate* isolate, Take const& take);
-    template <class Take>
-    void visitText(v8::Isolate* isolate, Take const& take);
+    /// Calls `use` with a std::int32_t, a double, a bool or a handle of V8's string.
+    template <class Use>
+    void visit(v8::Isolate* isolate, Use use);
+    // Not inlined: without it, numbers need no stack frame.
+    template <class Use>
+    [[gnu::noinline]] void visitText(v8::Isolate* isolate, Use use);
     bool areLastUnits(std::u16string_view units) const;
 
     KxJsVariable const& variable_;

@@ -64,7 +64,7 @@ void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::Object
             continue;
         }
         variable->globals().isAssignmentPending = false;
-        v8::Local<v8::String> const name = toEngineName(isolate, variable->key());
+        v8::Local<v8::String> const name = toV8Name(isolate, variable->key());
         if (name.IsEmpty()) continue;
         [[maybe_unused]] auto const isSet =
             context->Global()->Set(context, name, variable->keptValue(isolate));
@@ -76,8 +76,8 @@ void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::Object
 void DeferredEffects::applyMatch(v8::Local<v8::Context> context) {
     v8::Isolate* const isolate = context->GetIsolate();
     bool const all = goesThroughAll(pattern_);
-    v8::Local<v8::String> const text = toEngineString(isolate, expressionOf(pattern_));
-    v8::Local<v8::String> const subject = toEngineString(isolate, subject_);
+    v8::Local<v8::String> const text = toV8String(isolate, expressionOf(pattern_));
+    v8::Local<v8::String> const subject = toV8String(isolate, subject_);
     pattern_ = Match::Pattern::none;
     v8::Local<v8::RegExp> expression;
     if (!v8::RegExp::New(context, text, all ? v8::RegExp::kGlobal : v8::RegExp::kNone)

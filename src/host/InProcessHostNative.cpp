@@ -65,7 +65,7 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
     if (script.compiled() == nullptr) {
         v8::HandleScope const handles(isolate());
         WrappedSource const& source = script.source();
-        v8::Local<v8::String> const text = toEngineString(isolate(), source.text);
+        v8::Local<v8::String> const text = toV8String(isolate(), source.text);
         v8::Local<v8::Script> compiled;
         if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&compiled)) {
             return nullptr;
@@ -104,7 +104,7 @@ void InProcessHost::noteEffects(ScriptEffects const& effects, v8::Local<v8::Cont
     for (std::u16string const& name : effects.unlessPlain) {
         v8::Local<v8::Value> value;
         bool const isRead =
-            context->Global()->Get(context, toEngineName(isolate(), name)).ToLocal(&value);
+            context->Global()->Get(context, toV8Name(isolate(), name)).ToLocal(&value);
         hadEffects_ = hadEffects_ || !isRead || value->IsObject();
     }
 }

@@ -51,7 +51,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
     applyDeferred(entered);
     defineCarriers(wrapped, entered);
     v8::TryCatch const capture(isolate());
-    v8::Local<v8::String> const text = toEngineString(isolate(), wrapped.text);
+    v8::Local<v8::String> const text = toV8String(isolate(), wrapped.text);
     if (text.IsEmpty()) {
         error = u"The source is longer than the engine allows";
         noteFailure(KxJsFailure::Kind::COMPILE_ERROR, error);
@@ -109,11 +109,10 @@ std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& 
     // A copy: what the script calls in an application's isolate may reset the host.
     prepare(script, context);
     CallerSource const source = callerSourceOf(script);
-    std::u16string result;
-    runOnce(script, context, capture, [&](v8::Local<v8::Value> completion) {
-        // Calls the value's own toString, which can fail as the script can.
-        result = textOfValue(isolate(), context, completion);
-    });
+    v8::Local<v8::Value> const completion = runOnce(script, context, capture);
+    // Calls the value's own toString, which can fail as the script can.
+    std::u16string result = textOfValue(isolate(), context, completion);
+    if (!completion.IsEmpty()) endConversion(completion);
     if (!capture.HasCaught()) return result;
     error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
     return {};

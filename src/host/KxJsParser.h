@@ -125,7 +125,7 @@ class KXJS_API KxJsParser {
     /// nothing happens. Any thread may call, as long as the host lives.
     void terminate();
 
-    /// The names that `source` uses and nobody defines, in the order in which runs fail on them.
+    /// The names that `source` uses and nothing defines, in the order in which runs fail on them.
     /// The source is run in a host of its own, once for each name, with the names found so far
     /// bound to a blank. `error` receives a text where `source` does not compile. A source that
     /// makes up names at run time never ends: give a time limit.

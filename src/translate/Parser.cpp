@@ -3,29 +3,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "translate/Functions.h"
 #include "translate/Kinds.h"
 #include "translate/Letters.h"
-#include "translate/ReservedWords.h"
 
 namespace kx::translate {
 namespace {
 
-using Type = Token::Type;
-
-constexpr std::uint32_t kMostNesting = 1000;
-
 constexpr Binding tighter(Binding binding) {
     return static_cast<Binding>(static_cast<int>(binding) + 1);
-}
-
-bool isReserved(std::u16string_view upperCaseName) {
-    return upperCaseName == u"KX" || upperCaseName == u"OURACCESSOR";
-}
-
-bool mayHaveMembers(NodeKind kind) {
-    return kind == NodeKind::name || kind == NodeKind::call || kind == NodeKind::untranslatable ||
-           kind == NodeKind::choice;
 }
 
 }  // namespace
@@ -39,6 +24,9 @@ Parser::Parser(std::u16string_view source, Settings const& settings, Tree& tree,
 
 std::optional<SyntaxError> Parser::parse() {
     tree_.clear();
+    // Formulas have about so many nodes; long ones grow as they need.
+    constexpr std::size_t kMostReserved = 64;
+    tree_.nodes.reserve(std::min(scanner_.source().size() / 2 + 4, kMostReserved));
     try {
         if (scanner_.source().size() >= kNoNode / 2) {
             throw SyntaxError{{0, 0}, u"the formula is too long"};
@@ -156,7 +144,7 @@ Parser::Operand Parser::operand() {
                                      u"a date whose order of day and month depends on a setting",
                                      token.place, {}, token.place.start);
         case Type::word:
-            return suffixes(name(token));
+            return suffixes(nameOrCall(token));
         case Type::negation:
             return negation(token);
         case Type::plus:
@@ -225,327 +213,6 @@ Parser::Operand Parser::increment(Token const& token) {
     append(children, prefix());
     return addUntranslatable(u"ASSIGNMENT", u"a variable is changed", token.place, children,
                              token.place.start);
-}
-
-Parser::Operand Parser::parenthesis(Token const& token) {
-    take(token);
-    Operand inner = expression(Binding::none);
-    if (peek().type == Type::comma) inner = list(inner);
-    expect(Type::close, u"\")\"");
-    node(inner).isParenthesized = true;
-    return {inner.node, token.place.start, end_};
-}
-
-Parser::Operand Parser::list(Operand first) {
-    Children children;
-    append(children, first);
-    Place const sign = peek().place;
-    while (takeIf(Type::comma)) append(children, expression(Binding::none));
-    return addUntranslatable(u"LIST", u"several values in parentheses", sign, children,
-                             first.start);
-}
-
-/// An array or a block: dates in braces are tokens.
-Parser::Operand Parser::brace(Token const& token) {
-    take(token);
-    Token const next = scanner_.operand();
-    if (next.type == Type::bar) return block(token);
-    std::u16string_view const rest = scanner_.source().substr(scanner_.position());
-    Children children;
-    if (rest.starts_with(u"=>")) {
-        Token arrow = next;
-        arrow.place.end = arrow.place.start + 2;
-        take(arrow);
-        expect(Type::closeBrace, u"\"}\"");
-    } else {
-        children = arguments(Type::closeBrace);
-    }
-    return addUntranslatable(u"ARRAY", u"an array", token.place, children, token.place.start);
-}
-
-Parser::Operand Parser::block(Token const& opening) {
-    take(scanner_.operand());
-    Children children;
-    while (peek().type != Type::bar) {
-        append(children, expression(Binding::none));
-        if (!takeIf(Type::comma)) break;
-    }
-    expect(Type::bar, u"\"|\"");
-    do {
-        append(children, expression(Binding::none));
-    } while (takeIf(Type::comma));
-    expect(Type::closeBrace, u"\"}\"");
-    return addUntranslatable(u"BLOCK", u"a code block", opening.place, children,
-                             opening.place.start);
-}
-
-Parser::Operand Parser::macro(Token const& token) {
-    take(token);
-    Token const next = scanner_.operand();
-    Children children;
-    if (next.type == Type::open) {
-        append(children, parenthesis(next));
-    } else {
-        take(expectName(u"behind \"&\""));
-        // A point ends the name; what follows is part of the text that is put together.
-        if (scanner_.source().substr(scanner_.position()).starts_with(u".")) {
-            scanner_.setPosition(scanner_.position() + 1);
-            end_ = scanner_.position();
-            isPeeked_ = false;
-        }
-    }
-    return addUntranslatable(u"MACRO", u"a text that is evaluated at run time", token.place,
-                             children, token.place.start);
-}
-
-/// ".member" and "::member".
-Parser::Operand Parser::object(Token const& token) {
-    if (token.type == Type::colon && token.place.end - token.place.start != 2) {
-        failExpected(u"an operand", token);
-    }
-    take(token);
-    take(expectName(u"of a member"));
-    return addUntranslatable(u"OBJECT", u"a member of an object", token.place, {},
-                             token.place.start);
-}
-
-/// A variable, with what "->" and "." put in front of it; or a call.
-Parser::Operand Parser::name(Token const& first) {
-    take(first);
-    if (peek().type == Type::open) return call(first);
-    Node made;
-    made.kind = NodeKind::name;
-    made.sign = first.place;
-    storeUpperCase(made, scanner_.text(first.place));
-    bool isFirst = true;
-    for (;; isFirst = false) {
-        Token const link = peek();
-        if (link.type != Type::arrow && link.type != Type::point) break;
-        bool const isArrow = link.type == Type::arrow;
-        take(link);
-        Token const next = scanner_.operand();
-        if (isArrow && (next.type == Type::open || next.type == Type::macro)) {
-            Children children;
-            append(children, prefix());
-            return addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
-                                     link.place, children, first.place.start);
-        }
-        take(expectName(isArrow ? u"behind \"->\"" : u"behind the point"));
-        std::u16string_view const prefix = tree_.text(made);
-        bool const isDropped =
-            isFirst && (prefix == u"M" || (isArrow && (prefix == u"MEMVAR" || prefix == u"FIELD" ||
-                                                       prefix == u"_FIELD")));
-        if (isDropped) {
-            tree_.texts.resize(made.textStart);
-            made.textLength = 0;
-        } else {
-            tree_.texts += u'$';
-            ++made.textLength;
-        }
-        (isArrow ? made.hasArrow : made.hasPoint) = true;
-        std::u16string_view const part =
-            scanner_.source().substr(next.place.start, end_ - next.place.start);
-        for (char16_t const unit : part) tree_.texts += upperCase(unit);
-        made.textLength += static_cast<std::uint32_t>(part.size());
-    }
-    if (peek().type == Type::open) {
-        Token const open = peek();
-        take(open);
-        Children const children = arguments(Type::close);
-        bool const isObject = !made.hasArrow;
-        return addUntranslatable(isObject ? u"OBJECT" : u"ALIAS_EXPRESSION",
-                                 isObject ? u"a method of an object" : u"a function of a work area",
-                                 first.place, children, first.place.start);
-    }
-    if (isReserved(tree_.text(made))) {
-        std::u16string text = u"the name ";
-        text.append(tree_.text(made)).append(u" is reserved");
-        return addUntranslatable(u"RESERVED_NAME", text, first.place, {}, first.place.start);
-    }
-    auto const known = settings_.variables.find(tree_.text(made));
-    if (known != settings_.variables.end()) {
-        if (isReservedWord(known->second.key)) {
-            std::u16string text = u"the name ";
-            text.append(known->second.key).append(u" is a reserved word of JavaScript");
-            return addUntranslatable(u"RESERVED_NAME", text, first.place, {}, first.place.start);
-        }
-        made.valueKind = known->second.kind;
-    } else if (settings_.isStrict) {
-        std::u16string text = u"unknown name ";
-        text.append(tree_.text(made));
-        return addUntranslatable(u"NAME_UNKNOWN", text, first.place, {}, first.place.start);
-    }
-    return add(made, {}, first.place.start);
-}
-
-Parser::Operand Parser::call(Token const& name) {
-    Node made;
-    made.kind = NodeKind::call;
-    made.sign = name.place;
-    storeUpperCase(made, scanner_.text(name.place));
-    std::u16string const upper(tree_.text(made));
-    take(peek());
-    bool const isChoice = upper == u"IIF" || upper == u"IF";
-    FunctionName const meaning = isChoice ? FunctionName{} : findFunction(upper);
-    Children const children = arguments(Type::close);
-    if (isChoice) {
-        made.kind = NodeKind::choice;
-        return add(made, children, name.place.start);
-    }
-    if (upper == u"TYPE") return typeOf(name, children);
-    std::u16string text;
-    switch (meaning.meaning) {
-        case FunctionName::Meaning::language:
-            made.callee = Callee::language;
-            made.function = meaning.function;
-            break;
-        case FunctionName::Meaning::installed:
-            made.callee = Callee::installed;
-            break;
-        case FunctionName::Meaning::cases:
-            made.callee = Callee::cases;
-            break;
-        case FunctionName::Meaning::evaluation:
-            return addUntranslatable(u"MACRO", u"a text that is evaluated at run time", name.place,
-                                     children, name.place.start);
-        case FunctionName::Meaning::ambiguous:
-            text = u"several functions begin with " + upper;
-            return addUntranslatable(u"AMBIGUOUS_NAME", text, name.place, children,
-                                     name.place.start);
-        case FunctionName::Meaning::unknown:
-            if (settings_.functions.find(upper) == settings_.functions.end()) {
-                text = u"unknown function " + upper;
-                findings_.push_back({u"FUNCTION_UNKNOWN", name.place, text});
-            } else {
-                made.callee = Callee::host;
-            }
-            break;
-    }
-    return add(made, children, name.place.start);
-}
-
-/// TYPE of a text literal: the expression in the text is parsed where it stands.
-Parser::Operand Parser::typeOf(Token const& name, Children const& arguments) {
-    bool const isText = arguments.count == 1 &&
-                        tree_.nodes[arguments.first].kind == NodeKind::text &&
-                        !tree_.nodes[arguments.first].isEscaped;
-    if (!isText) {
-        return addUntranslatable(u"TYPE_TEXT", u"TYPE of what is no text literal", name.place,
-                                 arguments, name.place.start);
-    }
-    Place const content = tree_.nodes[arguments.first].sign;
-    std::uint32_t const end = end_;
-    std::uint32_t const depth = depth_;
-    Scanner const outer = scanner_;
-    std::size_t const findingCount = findings_.size();
-    std::size_t const nodeCount = tree_.nodes.size();
-    Children children;
-    try {
-        append(children, whole(content));
-    } catch (SyntaxError const& error) {
-        if (depth_ > kMostNesting) throw;
-        // Its evaluation would fail: the kind is "U", and there is no child.
-        scanner_ = outer;
-        isPeeked_ = false;
-        depth_ = depth;
-        findings_.resize(findingCount);
-        tree_.nodes.resize(nodeCount);
-        children = {};
-    }
-    end_ = end;
-    Node made;
-    made.kind = NodeKind::type;
-    made.sign = name.place;
-    made.valueKind = Kind::text;
-    return add(made, children, name.place.start);
-}
-
-/// What follows an operand and binds more tightly than every operator.
-Parser::Operand Parser::suffixes(Operand operand) {
-    for (;;) {
-        Token const token = peek();
-        bool const hasMembers = mayHaveMembers(node(operand).kind) || node(operand).isParenthesized;
-        Children children;
-        switch (token.type) {
-            case Type::bracket: {
-                append(children, operand);
-                take(token);
-                Children const keys = arguments(Type::closeBracket);
-                tree_.nodes[operand.node].nextSibling = keys.first;
-                children.last = keys.last;
-                children.count += keys.count;
-                children.height = std::max(children.height, keys.height);
-                operand = addUntranslatable(u"ARRAY", u"an element of an array", token.place,
-                                            children, operand.start);
-                break;
-            }
-            case Type::point:
-            case Type::colon:
-                if (!hasMembers) return operand;
-                take(token);
-                take(expectName(u"of a member"));
-                append(children, operand);
-                operand = addUntranslatable(u"OBJECT", u"a member of an object", token.place,
-                                            children, operand.start);
-                break;
-            case Type::arrow:
-                if (!hasMembers) return operand;
-                take(token);
-                append(children, operand);
-                append(children, prefix());
-                operand = addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
-                                            token.place, children, operand.start);
-                break;
-            case Type::open:
-                if (node(operand).kind != NodeKind::untranslatable ||
-                    node(operand).isParenthesized) {
-                    return operand;
-                }
-                take(token);
-                arguments(Type::close);
-                operand.end = end_;
-                node(operand).place.end = end_;
-                break;
-            default:
-                return operand;
-        }
-    }
-}
-
-/// Up to and with the closing sign. Missing ones are nodes too, but for "()".
-Parser::Children Parser::arguments(Type closing) {
-    std::u16string_view const sign = closing == Type::close        ? u"\")\""
-                                     : closing == Type::closeBrace ? u"\"}\""
-                                                                   : u"\"]\"";
-    Children children;
-    isPeeked_ = false;
-    if (Token const next = scanner_.operand(); next.type == closing) {
-        take(next);
-        return children;
-    }
-    for (;;) {
-        Token const next = scanner_.operand();
-        bool const isOmitted = next.type == Type::comma || next.type == closing;
-        if (isOmitted) {
-            Node omitted;
-            omitted.kind = NodeKind::omitted;
-            end_ = next.place.start;
-            append(children, add(omitted, {}, next.place.start));
-        } else {
-            append(children, expression(Binding::none));
-        }
-        Token const separator = peek();
-        if (separator.type == Type::comma) {
-            take(separator);
-            continue;
-        }
-        if (separator.type != closing) {
-            std::u16string expected = u"an operator, \",\" or ";
-            failExpected(expected.append(sign), separator);
-        }
-        take(separator);
-        return children;
-    }
 }
 
 Token Parser::peek() {
@@ -622,7 +289,8 @@ Parser::Operand Parser::add(Node node, Children const& children, std::uint32_t s
 Parser::Operand Parser::addUntranslatable(std::u16string_view code, std::u16string_view text,
                                           Place sign, Children const& children,
                                           std::uint32_t start) {
-    findings_.push_back({code, sign, std::u16string(text)});
+    findings_.push_back(
+        {code, sign, static_cast<NodeIndex>(tree_.nodes.size()), std::u16string(text)});
     Node made;
     made.kind = NodeKind::untranslatable;
     made.sign = sign;

@@ -15,10 +15,15 @@ namespace kx::translate {
 /// Trees may be so high; functions that call themselves for each child are safe.
 inline constexpr std::uint16_t kMostHeight = 500;
 
+/// Parentheses, signs and calls may be nested so deep: with what a level takes of the stack, that
+/// is little more than half a megabyte.
+inline constexpr std::uint32_t kMostNesting = 600;
+
 /// Something in a formula that the translation has no JavaScript for.
 struct Untranslatable {
     std::u16string_view code;
     Place place;
+    NodeIndex node = kNoNode;
     std::u16string text;
 };
 
@@ -32,6 +37,8 @@ class Parser {
     std::optional<SyntaxError> parse();
 
   private:
+    using Type = Token::Type;
+
     /// A node, and its place with the parentheses around it.
     struct Operand {
         NodeIndex node = kNoNode;
@@ -54,34 +61,43 @@ class Parser {
     Operand suffixes(Operand operand);
     Operand sign(Token const& token);
     Operand negation(Token const& token);
-    Operand increment(Token const& token);
+    [[gnu::noinline]] Operand increment(Token const& token);
     Operand parenthesis(Token const& token);
-    Operand list(Operand first);
-    Operand brace(Token const& token);
-    Operand block(Token const& opening);
-    Operand macro(Token const& token);
-    Operand object(Token const& token);
-    Operand name(Token const& first);
+    [[gnu::noinline]] Operand list(Operand first);
+    [[gnu::noinline]] Operand brace(Token const& token);
+    [[gnu::noinline]] Operand block(Token const& opening);
+    [[gnu::noinline]] Operand macro(Token const& token);
+    [[gnu::noinline]] void member(Children& children);
+    [[gnu::noinline]] Operand object(Token const& token);
+    Operand nameOrCall(Token const& word);
     Operand call(Token const& name);
-    Operand typeOf(Token const& name, Children const& arguments);
-    Operand leaf(Token const& token, NodeKind kind);
+    Children arguments(Type closing);
+    // Functions that call themselves by way of others have small frames; what needs large ones is
+    // kept out of them.
+    [[gnu::noinline]] Operand name(Token const& first);
+    [[gnu::noinline]] Operand finishCall(Token const& name, Children const& children);
+    [[gnu::noinline]] Operand omittedArgument();
+    [[gnu::noinline]] void closeArguments(Type closing);
+    [[gnu::noinline]] Operand typeOf(Token const& name, Children const& arguments);
+    [[gnu::noinline]] Operand leaf(Token const& token, NodeKind kind);
     Operand binary(Operand const& left, Token const& sign);
     bool isPostfix(Token const& increment);
-    Children arguments(Token::Type closing);
 
     Token peek();
     void take(Token const& token);
-    bool takeIf(Token::Type type);
+    bool takeIf(Type type);
     Token expectName(std::u16string_view where);
-    void expect(Token::Type type, std::u16string_view sign);
+    void expect(Type type, std::u16string_view sign);
     void append(Children& children, Operand const& child);
-    Operand add(Node node, Children const& children, std::uint32_t start);
-    Operand addUntranslatable(std::u16string_view code, std::u16string_view text, Place sign,
-                              Children const& children, std::uint32_t start);
+    [[gnu::noinline]] Operand add(Node node, Children const& children, std::uint32_t start);
+    [[gnu::noinline]] Operand addUntranslatable(std::u16string_view code, std::u16string_view text,
+                                                Place sign, Children const& children,
+                                                std::uint32_t start);
     void storeUpperCase(Node& node, std::u16string_view text);
     Node& node(Operand const& operand) { return tree_.nodes[operand.node]; }
     std::u16string described(Token const& token) const;
-    [[noreturn]] void failExpected(std::u16string_view what, Token const& found) const;
+    [[noreturn, gnu::noinline]] void failExpected(std::u16string_view what,
+                                                  Token const& found) const;
     void descend();
 
     Settings const& settings_;

@@ -6,6 +6,7 @@
 #include "ScriptHost.h"
 #include "engine/Text.h"
 #include "host/ErrorText.h"
+#include "support/EngineWords.h"
 
 namespace {
 
@@ -41,7 +42,7 @@ TEST(ErrorText, isTheExceptionAloneWithoutAPlace) {
     v8::Context::Scope const entered(context);
     v8::TryCatch capture(isolate);
     capture.SetCaptureMessage(false);
-    isolate->ThrowException(v8::Exception::Error(kx::toEngineString(isolate, u"lost")));
+    isolate->ThrowException(v8::Exception::Error(kx::toV8String(isolate, u"lost")));
     ASSERT_TRUE(capture.HasCaught());
     auto const failure = kx::scriptFailureOf(isolate, context, capture);
     ASSERT_TRUE(failure.has_value());
@@ -77,7 +78,7 @@ TEST_P(ComposedError, isAsRecorded) {
     Golden const golden = readGolden(GetParam());
     ScriptHost host;
     host.bind(u"price", 5);
-    EXPECT_EQ(host.run(golden.source).error, golden.error);
+    EXPECT_EQ(host.run(golden.source).error, inEnginesWords(golden.error));
 }
 
 INSTANTIATE_TEST_SUITE_P(files, ComposedError,

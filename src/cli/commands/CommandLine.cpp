@@ -56,14 +56,14 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     CLI::App app("Evaluates formulas of an older upper-case language and JavaScript.", "kxjs");
     app.set_version_flag("--version", "kxjs " KXJS_VERSION " (V8 " KXJS_V8_VERSION ")");
     app.require_subcommand(1);
-    for (auto const add :
-         {addEval, addBatch, addConvert, addExtract, addFunctions, addDocs, addRepl}) {
+    for (auto const add : {addEval, addBatch, addConvert, addTranslate, addCheck, addExtract,
+                           addFunctions, addDocs, addRepl}) {
         add(app, chosen);
     }
     removeGuards(app);
     app.footer(
         "Input and output are UTF-8. Exit status: 0, 1 when a formula failed or an output could\n"
-        "not be written, 2 for wrong usage. Where nobody reads the output, SIGPIPE ends it.");
+        "not be written, 2 for wrong usage. Where nothing reads the output, SIGPIPE ends it.");
     try {
         std::vector<std::string> reversed = guarded(arguments);
         std::reverse(reversed.begin(), reversed.end());  // CLI11 expects the last one first

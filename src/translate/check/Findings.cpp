@@ -108,7 +108,7 @@ class Finder {
         std::u16string_view const digits = written(node.place);
         std::size_t const count = std::min(digits.find_first_not_of(u"0123456789"), digits.size());
         if (count < 2 || digits[0] != u'0') return;
-        bool const isOctal = digits.substr(0, count).find_first_of(u"89") == digits.npos;
+        bool const isOctal = digits.substr(0, count).find_first_of(u"89") == std::u16string_view::npos;
         bool const isChanged =
             digits.substr(0, count).find_first_not_of(u'0') < count - 1 || count < digits.size();
         if (isOctal && isChanged) add(Code::leadingZero, index, node.place);
@@ -121,7 +121,7 @@ class Finder {
             return;
         }
         std::u16string_view const content = written(node.sign);
-        if (content.find(u'\\') != content.npos || node.isEscaped) {
+        if (content.find(u'\\') != std::u16string_view::npos || node.isEscaped) {
             add(Code::textBackslash, index, node.place);
         }
         std::u16string folded(1, source_[node.place.start]);
@@ -179,7 +179,7 @@ class Finder {
         std::u16string_view const sign = written(node.sign);
         bool const isWord = sign != u"!";
         bool const isConverted = isWord && hasBlanksAround(node.sign) &&
-                                 sign.find_first_of(u" \t\u00A0") == sign.npos &&
+                                 sign.find_first_of(u" \t\u00A0") == std::u16string_view::npos &&
                                  !position.isBehindNegation;
         if (isWord && !isConverted) add(Code::notPlace, index, node.sign);
         bool const isPower = operand.kind == NodeKind::binary && operand.op == Operator::power;
@@ -209,7 +209,7 @@ class Finder {
                 break;
             case Operator::logicalAnd:
             case Operator::logicalOr:
-                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != sign.npos) {
+                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != std::u16string_view::npos) {
                     add(Code::logicBlanks, index, node.sign);
                 }
                 break;
@@ -250,7 +250,9 @@ class Finder {
                                                                          : Code::equalsAssigns;
         }
         bool const isCall = target->kind == NodeKind::call || target->kind == NodeKind::choice;
-        return isCall && !target->isParenthesized ? Code::equalsCall : Code::equalsInvalid;
+        bool const becomesOperator = isCall && target->function != nullptr &&
+                                     std::u16string_view(target->function->row.name) == u"MOD";
+        return isCall && !becomesOperator ? Code::equalsCall : Code::equalsInvalid;
     }
 
     /// The rule for powers takes digits, one unit and digits on each side.
@@ -260,7 +262,7 @@ class Finder {
         auto const isPlain = [this](Node const& number) {
             std::u16string_view const digits = written(number.place);
             return number.kind == NodeKind::number && !number.isParenthesized &&
-                   isDigit(digits[0]) && digits.find_first_not_of(u"0123456789.") == digits.npos;
+                   isDigit(digits[0]) && digits.find_first_not_of(u"0123456789.") == std::u16string_view::npos;
         };
         if (!isPlain(left) || !isPlain(right)) return false;
         std::uint32_t const start = left.place.start;
@@ -335,16 +337,6 @@ class Finder {
     OperatorScan scan_;
 };
 
-/// The node that begins nearest to what was found, for findings that have only a place.
-NodeIndex nodeAt(Tree const& tree, Place place) {
-    for (NodeIndex i = 0; i < tree.nodes.size(); ++i) {
-        if (tree.nodes[i].sign.start == place.start && tree.nodes[i].sign.end == place.end) {
-            return i;
-        }
-    }
-    return static_cast<NodeIndex>(tree.nodes.size() - 1);
-}
-
 }  // namespace
 
 TextLength textLength(Tree const& tree, Node const& node) {
@@ -386,7 +378,11 @@ std::vector<Found> findDamage(Tree const& tree, std::u16string_view source,
         Code const code = obstacle.code.starts_with(u"DATE") ? Code::dateLiteral
                           : obstacle.code == u"TYPE_TEXT"    ? Code::typeTypeof
                                                              : Code::untranslatable;
-        found.push_back({code, nodeAt(tree, obstacle.place), obstacle.place, obstacle.code});
+        found.push_back({code, obstacle.node, obstacle.place, obstacle.code});
+        // EVAL, which the rules misspell.
+        if (obstacle.code == u"MACRO" && isNameStart(source[obstacle.place.start])) {
+            found.push_back({Code::functionBroken, obstacle.node, obstacle.place});
+        }
     }
     return found;
 }
