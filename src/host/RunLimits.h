@@ -64,7 +64,4 @@ class LimitedRun {
     std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched
 };
 
-/// The error text of a script that ran longer than `limit`.
-std::u16string timeLimitText(std::chrono::milliseconds limit);
-
 }  // namespace kx

@@ -1,0 +1,156 @@
+#include "isolated/IsolatedHost.h"
+
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+#include "host/EndText.h"
+
+namespace kx {
+
+namespace {
+
+using Ending = SupervisedWorker::Ending;
+
+/// More than compiling everything again takes.
+constexpr std::chrono::seconds kRestoration{30};
+
+std::u16string textOfEnd(Ending ending, std::chrono::milliseconds limit,
+                         std::u16string const& status) {
+    switch (ending) {
+        case Ending::TIME_LIMIT:
+            return timeLimitText(limit) + u", and its worker process was replaced";
+        case Ending::TERMINATED:
+            return std::u16string(kTerminatedText) + u", and its worker process was replaced";
+        case Ending::LIED:
+            return u"The script was ended: its worker process sent what makes no sense";
+        default:
+            return u"The script was ended: its worker process ended" +
+                   (status.empty() ? u"" : u" (" + status + u")");
+    }
+}
+
+std::u16string wide(char const* text) {
+    std::u16string result;
+    for (; *text != '\0'; ++text) result += static_cast<unsigned char>(*text);
+    return result;
+}
+
+}  // namespace
+
+IsolatedHost::IsolatedHost(Variables const& variables, KxJsIsolation const& isolation)
+    : log_(variables), worker_(isolation) {}
+
+void IsolatedHost::installLibrary() {
+    log_.noteLibrary();
+    std::u16string ignored;
+    if (!prepare(ignored)) return;
+    request_.put(Command::INSTALL);
+    if (exchange(1, log_.timeLimit(), ignored)) conclude(ignored);
+}
+
+std::unique_ptr<CompiledScript> IsolatedHost::compile(std::u16string_view source,
+                                                      std::u16string& error) {
+    if (!prepare(error)) return nullptr;
+    auto script = std::make_unique<IsolatedScript>(log_, source, log_.keysIn(source));
+    request_.put(Command::COMPILE);
+    request_.put(script->number());
+    request_.putText(source);
+    if (!exchange(1, log_.timeLimit(), error) || !conclude(error).isDone) return nullptr;
+    return script;
+}
+
+std::u16string IsolatedHost::run(CompiledScript const& script, std::u16string& error) {
+    if (!prepare(error)) return {};
+    request_.put(Command::RUN);
+    request_.put(static_cast<IsolatedScript const&>(script).number());
+    if (!exchange(1, log_.timeLimit(), error)) return {};
+    return std::move(conclude(error).text);
+}
+
+void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
+    // A worker that is not there has nothing to forget.
+    std::u16string ignored;
+    if (isOnItsThread() && worker_.isThere() && prepare(ignored)) {
+        request_.put(Command::RESET);
+        if (exchange(1, log_.timeLimit(), ignored)) conclude(ignored);
+    } else {
+        worker_.giveUp();
+    }
+    log_.noteReset();
+    scripts.clear();
+    variables.clear();
+}
+
+void IsolatedHost::releaseAll(Variables /*variables*/, CompiledScripts /*scripts*/) noexcept {}
+
+void IsolatedHost::setMemoryLimit(std::size_t bytes) {
+    if (isOnItsThread()) log_.setMemoryLimit(bytes);
+}
+
+/// Begins request_ with what the worker has to know. False, and a text in `error`, where there is
+/// no worker.
+bool IsolatedHost::prepare(std::u16string& error) {
+    forgetFailure();
+    endReason_ = EndReason::none;
+    request_.clear();
+    if (!worker_.isThere() && !restore(error)) return false;
+    log_.putChanges(request_);
+    return true;
+}
+
+bool IsolatedHost::restore(std::u16string& error) {
+    try {
+        worker_.start();
+    } catch (std::runtime_error const& failure) {  // a std::system_error is one
+        error = u"The script was not run: there is no worker process: " + wide(failure.what());
+        endReason_ = EndReason::workerEnded;
+        noteFailure(KxJsFailure::Kind::WORKER_ENDED, error);
+        return false;
+    }
+    bool const isRestored = exchange(log_.putAll(request_), kRestoration, error);
+    request_.clear();
+    return isRestored;
+}
+
+/// Sends request_ and reads as many results. False, and a text in `error`, where the worker has
+/// ended; it is replaced at the next call.
+bool IsolatedHost::exchange(std::size_t results, std::chrono::milliseconds limit,
+                            std::u16string& error) {
+    Ending ending = worker_.call(request_.bytes(), reply_, limit);
+    if (ending == Ending::ANSWERED && !readResults(results)) {
+        worker_.giveUp();
+        ending = Ending::LIED;
+    }
+    if (ending == Ending::ANSWERED) return true;
+    noteEnd(ending, limit, error);
+    return false;
+}
+
+bool IsolatedHost::readResults(std::size_t count) {
+    results_.clear();
+    MessageReader reader(reply_);
+    for (std::size_t i = 0; i < count; ++i) results_.push_back(takeResult(reader));
+    return reader.isRight();
+}
+
+/// Makes the only result what the host's caller sees.
+CommandResult& IsolatedHost::conclude(std::u16string& error) {
+    CommandResult& result = results_.front();
+    if (result.error) error = std::move(*result.error);
+    endReason_ = result.endReason;
+    if (result.failure) {
+        noteFailure(result.failure->kind, {}) = std::move(*result.failure);
+    }
+    return result;
+}
+
+void IsolatedHost::noteEnd(Ending ending, std::chrono::milliseconds limit, std::u16string& error) {
+    error = textOfEnd(ending, limit, worker_.lastEnd());
+    endReason_ = ending == Ending::TIME_LIMIT   ? EndReason::timeLimit
+                 : ending == Ending::TERMINATED ? EndReason::terminated
+                                                : EndReason::workerEnded;
+    noteFailure(KxJsFailure::Kind::WORKER_ENDED, error);
+}
+
+}  // namespace kx
