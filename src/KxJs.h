@@ -1,7 +1,7 @@
 #pragma once
 
-/// Everything that the library offers to C++ programs, in one inclusion. Each header can be included
-/// by itself too.
+/// Everything that the library offers to C++ programs, in one inclusion. Each header can be
+/// included by itself too.
 
 #include "columns/KxJsColumns.h"
 #include "convert/Converter.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "columns/ColumnEvaluation.h"
+#include "columns/InProcessColumns.h"
 
 KxJsColumns::SharedText::SharedText(std::u16string text) {
     text.shrink_to_fit();  // there may be millions
@@ -15,37 +15,37 @@ std::u16string const& KxJsColumns::SharedText::str() const {
 }
 
 KxJsColumns::KxJsColumns(KxJsParser& host)
-    : _mEvaluation(std::make_unique<kx::ColumnEvaluation>(host)) {}
+    : _mColumns(std::make_unique<kx::InProcessColumns>(host)) {}
 KxJsColumns::~KxJsColumns() = default;
 
 void KxJsColumns::bind(std::u16string const& name, double const* values) {
-    _mEvaluation->bind(name, values);
+    _mColumns->bind(name, values);
 }
 void KxJsColumns::bind(std::u16string const& name, std::int32_t const* values) {
-    _mEvaluation->bind(name, values);
+    _mColumns->bind(name, values);
 }
 void KxJsColumns::bind(std::u16string const& name, bool const* values) {
-    _mEvaluation->bind(name, values);
+    _mColumns->bind(name, values);
 }
 void KxJsColumns::bind(std::u16string const& name, std::u16string const* values) {
-    _mEvaluation->bind(name, values);
+    _mColumns->bind(name, values);
 }
 void KxJsColumns::bind(std::u16string const& name, std::u16string_view const* values) {
-    _mEvaluation->bind(name, values);
+    _mColumns->bind(name, values);
 }
 
 bool KxJsColumns::compile(std::u16string const& source, std::u16string& error) {
-    return _mEvaluation->compile(source, error);
+    return _mColumns->compile(source, error);
 }
 
 KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, std::u16string* results) {
-    return _mEvaluation->evaluate(count, results);
+    return _mColumns->evaluate(count, results);
 }
 KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, double* results) {
-    return _mEvaluation->evaluate(count, results);
+    return _mColumns->evaluate(count, results);
 }
 KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, bool* results) {
-    return _mEvaluation->evaluate(count, results);
+    return _mColumns->evaluate(count, results);
 }
 
-void KxJsColumns::setProgress(Progress progress) { _mEvaluation->setProgress(std::move(progress)); }
+void KxJsColumns::setProgress(Progress progress) { _mColumns->setProgress(std::move(progress)); }

@@ -3,23 +3,23 @@
 #include <array>
 #include <string_view>
 
-/// The rules of the conversion as data: one table for each pass, in the order of application.
+/// The rules of the conversion, one table for each pass, in the order in which they are applied.
 ///
-/// Each later rule sees what the earlier ones wrote, so the order of the lines is behaviour. So is
-/// every odd pattern: names have no word boundary, a dot in front of a word stands for any
-/// character, an argument ends at the first closing parenthesis. Formulas in use depend on what
-/// falls out of it; nothing here is to be tidied.
+/// Each rule sees what the rules before it wrote, so the order of the lines matters. Several rules
+/// look wrong: names have no word boundary, the dots of `.AND.` match any character, an argument
+/// ends at the first closing parenthesis. Formulas in use depend on the results. Do not correct
+/// anything here.
 namespace kx {
 
-/// Every match of the pattern, an ECMAScript regular expression matched without regard to case,
-/// gives way to the replacement, in which "$1" to "$9" stand for the captured groups.
+/// Replaces every match of an ECMAScript regular expression, whatever the case of letters. In the
+/// replacement, "$1" to "$9" stand for the captured groups.
 struct RegexRule {
     std::u16string_view pattern;
     std::u16string_view replacement;
 };
 
-/// A step of the operator pass: a regex rule, or a literal operator that is exact in case and
-/// leaves quoted text alone.
+/// One step of the operator pass: a regex rule, or a literal operator. A literal operator is
+/// compared with regard to case, and quoted text is left alone.
 struct OperatorStep {
     enum class Kind : unsigned char { regex, literal } kind;
     std::u16string_view from;
@@ -89,7 +89,8 @@ inline constexpr auto kStringRules = std::to_array<RegexRule>({
     {uR"((STUFF|INSERT)\s*\(([^)]+)\))", u" INSERT($2) "},
 });
 
-/// The rule for a built-in function of the name N is N + tail, replaced by N + "(".
+/// The rule that spells a built-in function N: the pattern is N and the first text, the replacement
+/// is N and the second.
 inline constexpr std::u16string_view kCallTailPattern = uR"(\s*\()";
 inline constexpr std::u16string_view kCallTail = u"(";
 

@@ -6,19 +6,17 @@
 
 #include "text/WhiteSpace.h"
 
-/// The alphabet that patterns are matched over.
+/// The alphabet of patterns: the ASCII characters, and three classes of all other code units.
 ///
-/// Patterns hold ASCII characters and the classes `\s`, `\d` and `.` only, so two code units beyond
-/// ASCII that belong to the same of three classes are alike to every pattern. Patterns are matched
-/// without regard to case; under ECMAScript's folding no character beyond ASCII ever equals an
-/// ASCII one, so a letter in a pattern stands for two symbols, its capital and its small form.
+/// Patterns hold only ASCII characters and `\s`, `\d` and `.`, so they cannot tell two units of the
+/// same class apart. Case is ignored for ASCII letters alone. ECMAScript never takes a character
+/// beyond ASCII for an ASCII one, unless a pattern has the flag "u".
 namespace kx {
 
 using Symbol = std::uint8_t;
 
-inline constexpr Symbol kWideSpace = 128;  ///< white space beyond ASCII
-inline constexpr Symbol kWideLineEnd =
-    129;  ///< U+2028, U+2029: white space, and not matched by "."
+inline constexpr Symbol kWideSpace = 128;    ///< white space beyond ASCII
+inline constexpr Symbol kWideLineEnd = 129;  ///< U+2028 and U+2029, which `.` does not match
 inline constexpr Symbol kWideOther = 130;
 inline constexpr std::size_t kSymbolCount = 131;
 
@@ -44,6 +42,6 @@ using SymbolSet = std::bitset<kSymbolCount>;
 SymbolSet whiteSpaceSet();                 ///< `\s`
 SymbolSet digitSet();                      ///< `\d`
 SymbolSet anyButLineEndSet();              ///< `.`
-SymbolSet literalSet(char16_t asciiUnit);  ///< the character, in both cases if it is a letter
+SymbolSet literalSet(char16_t asciiUnit);  ///< a letter in both cases
 
 }  // namespace kx

@@ -7,7 +7,7 @@ namespace {
 using kx::fill;
 using kx::withLineBreaks;
 
-constexpr std::u16string_view fragmentTemplate =
+constexpr std::u16string_view kFragmentTemplate =
     uR"html(
 <div style='margin-bottom:10px;' id='{{name}}'>
 	<b>{{name}}({{parameter names}})</b><br/>
@@ -18,12 +18,12 @@ constexpr std::u16string_view fragmentTemplate =
 </div>
 )html";
 
-constexpr std::u16string_view parameterTemplate =
+constexpr std::u16string_view kParameterTemplate =
     uR"html(
 	<span style='color:purple;'>&rarr; Parameter</span> {{name}} = {{description}}<br/>
 )html";
 
-constexpr std::u16string_view examplesTemplate =
+constexpr std::u16string_view kExamplesTemplate =
     uR"html(
 	<i>Example :</i>
 	<div style='margin-left:22px;'>
@@ -31,7 +31,7 @@ constexpr std::u16string_view examplesTemplate =
 	</div>
 )html";
 
-constexpr std::u16string_view exampleTemplate =
+constexpr std::u16string_view kExampleTemplate =
     uR"html(
 		{{example}}<br/>
 )html";
@@ -39,7 +39,7 @@ constexpr std::u16string_view exampleTemplate =
 std::u16string parameterLines(KxJsFunction const& function) {
     std::u16string lines;
     for (auto const& [name, description] : function.getParameters()) {
-        lines += fill(parameterTemplate,
+        lines += fill(kParameterTemplate,
                       {{u"name", name}, {u"description", withLineBreaks(description)}});
     }
     return lines;
@@ -49,21 +49,21 @@ std::u16string examplesBlock(KxJsFunction const& function) {
     if (function.getExamples().empty()) return {};
     std::u16string lines;
     for (std::u16string const& example : function.getExamples()) {
-        lines += fill(exampleTemplate, {{u"example", example}});
+        lines += fill(kExampleTemplate, {{u"example", example}});
     }
-    return fill(examplesTemplate, {{u"examples", lines}});
+    return fill(kExamplesTemplate, {{u"examples", lines}});
 }
 
 }  // namespace
 
 std::u16string KxJsFunction::toHtmlFragment(bool withExample) const {
-    return fill(fragmentTemplate,
+    return fill(kFragmentTemplate,
                 {
-                    {u"name", name},
+                    {u"name", name_},
                     {u"parameter names", kx::joinParameterNames(*this, u", ")},
-                    {u"description", withLineBreaks(description)},
+                    {u"description", withLineBreaks(description_)},
                     {u"parameters", parameterLines(*this)},
-                    {u"return description", withLineBreaks(returnDescription)},
+                    {u"return description", withLineBreaks(returnDescription_)},
                     {u"examples", withExample ? examplesBlock(*this) : std::u16string()},
                 });
 }

@@ -7,8 +7,8 @@ namespace {
 using kx::fill;
 using kx::withLineBreaks;
 
-// rel='toTranslate' marks every text that whoever publishes the page may want to translate.
-constexpr std::u16string_view pageTemplate =
+// rel='toTranslate' marks the texts that a publisher of the page may want to translate.
+constexpr std::u16string_view kPageTemplate =
     uR"html(
 <!doctype html>
 <html>
@@ -52,13 +52,13 @@ constexpr std::u16string_view pageTemplate =
 	</body>
 </html>)html";
 
-constexpr std::u16string_view parameterTemplate =
+constexpr std::u16string_view kParameterTemplate =
     uR"html(
 			<dt><b>{{name}}</b></dt>
 			<dd><span rel='toTranslate'>{{description}}</span></dd>
 )html";
 
-constexpr std::u16string_view examplesTemplate =
+constexpr std::u16string_view kExamplesTemplate =
     uR"html(
 	<div class='divSection' id='examples'>
 		<h3 class='titreBlock'>Examples</h3>
@@ -66,14 +66,14 @@ constexpr std::u16string_view examplesTemplate =
 	</div>
 )html";
 
-constexpr std::u16string_view exampleTemplate =
+constexpr std::u16string_view kExampleTemplate =
     uR"html(
 		<div class='exampleBlock'>
 			<pre>{{example}}</pre>
 		</div>
 )html";
 
-/// "( a , b )", and "( )" without parameters: wider than in the fragment.
+/// Returns "( a , b )", or "( )" without parameters. A page has more blanks than a fragment.
 std::u16string spacedSignature(KxJsFunction const& function) {
     if (function.getParameters().empty()) return u"( )";
     return u"( " + kx::joinParameterNames(function, u" , ") + u" )";
@@ -82,7 +82,7 @@ std::u16string spacedSignature(KxJsFunction const& function) {
 std::u16string parameterList(KxJsFunction const& function) {
     std::u16string list;
     for (auto const& [name, description] : function.getParameters()) {
-        list += fill(parameterTemplate,
+        list += fill(kParameterTemplate,
                      {{u"name", name}, {u"description", withLineBreaks(description)}});
     }
     return list;
@@ -92,21 +92,21 @@ std::u16string examplesBlock(KxJsFunction const& function) {
     if (function.getExamples().empty()) return {};
     std::u16string blocks;
     for (std::u16string const& example : function.getExamples()) {
-        blocks += fill(exampleTemplate, {{u"example", example}});
+        blocks += fill(kExampleTemplate, {{u"example", example}});
     }
-    return fill(examplesTemplate, {{u"examples", blocks}});
+    return fill(kExamplesTemplate, {{u"examples", blocks}});
 }
 
 }  // namespace
 
 std::u16string KxJsFunction::toHtmlPage() const {
-    return fill(pageTemplate, {
-                                  {u"name", name},
-                                  {u"category", category},
-                                  {u"description", withLineBreaks(description)},
-                                  {u"signature", spacedSignature(*this)},
-                                  {u"parameters", parameterList(*this)},
-                                  {u"return description", withLineBreaks(returnDescription)},
-                                  {u"examples", examplesBlock(*this)},
-                              });
+    return fill(kPageTemplate, {
+                                   {u"name", name_},
+                                   {u"category", category_},
+                                   {u"description", withLineBreaks(description_)},
+                                   {u"signature", spacedSignature(*this)},
+                                   {u"parameters", parameterList(*this)},
+                                   {u"return description", withLineBreaks(returnDescription_)},
+                                   {u"examples", examplesBlock(*this)},
+                               });
 }

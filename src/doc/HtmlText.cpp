@@ -3,13 +3,13 @@
 namespace kx {
 
 std::u16string withLineBreaks(std::u16string_view text) {
-    constexpr std::u16string_view lineEnd = u"\r\n";
+    constexpr std::u16string_view kLineEnd = u"\r\n";
     std::u16string converted;
     std::size_t begin = 0;
-    for (std::size_t end = text.find(lineEnd); end != std::u16string_view::npos;
-         end = text.find(lineEnd, begin)) {
+    for (std::size_t end = text.find(kLineEnd); end != std::u16string_view::npos;
+         end = text.find(kLineEnd, begin)) {
         converted.append(text.substr(begin, end - begin)).append(u"<br/>");
-        begin = end + lineEnd.size();
+        begin = end + kLineEnd.size();
     }
     return converted.append(text.substr(begin));
 }

@@ -7,11 +7,11 @@
 
 namespace kx {
 
-/// `text` with "<br/>" for every carriage return and line feed that stand together; single ones
-/// stay. Nothing else is escaped: the functions' texts are HTML.
+/// Returns `text` with "<br/>" in place of every pair of a carriage return and a line feed. Single
+/// ones stay. Nothing is escaped, as the texts of functions are HTML.
 std::u16string withLineBreaks(std::u16string_view text);
 
-/// The names of the parameters with `separator` between them.
+/// Returns the names of the parameters with `separator` between them.
 std::u16string joinParameterNames(KxJsFunction const& function, std::u16string_view separator);
 
 }  // namespace kx

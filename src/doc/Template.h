@@ -6,19 +6,22 @@
 
 namespace kx {
 
-struct Hole {
+/// A text that replaces "{{name}}" in a template.
+struct Placeholder {
     std::u16string_view name;
     std::u16string_view text;
 };
 
-/// Fills the holes of a template, a piece of HTML with names in doubled braces:
+/// Returns a template of HTML with its placeholders replaced:
 ///
 ///     fill(u"<b>{{name}}</b>", {{u"name", u"ROUND"}})   // <b>ROUND</b>
 ///
-/// So that templates can be laid out like the pages they make, the line feed that begins a
-/// template is not part of it, and a hole with a line for itself takes the whole line: its text
-/// brings its own line ends, or none where it is empty. Texts are written as they are, what looks
-/// like a hole in them included. A hole that is not named stays visible.
-std::u16string fill(std::u16string_view html, std::initializer_list<Hole> holes);
+/// Two rules allow templates that are laid out like the HTML they produce. A line feed at the start
+/// of the template is removed. A placeholder that is alone on its line replaces the line feed
+/// behind it as well, so an empty text leaves no empty line.
+///
+/// Texts are inserted as they are, without a search for placeholders in them. A placeholder without
+/// a text stays.
+std::u16string fill(std::u16string_view html, std::initializer_list<Placeholder> placeholders);
 
 }  // namespace kx

@@ -6,7 +6,7 @@
 namespace kx {
 namespace {
 
-constexpr std::u16string_view documentTemplate =
+constexpr std::u16string_view kDocumentTemplate =
     uR"html(
 <!doctype html>
 <html>
@@ -18,7 +18,7 @@ constexpr std::u16string_view documentTemplate =
 	</body>
 </html>)html";
 
-constexpr std::u16string_view functionsTemplate =
+constexpr std::u16string_view kFunctionsTemplate =
     uR"html(
 	<h1>Mathematical functions</h1>
 {{mathematical}}
@@ -51,13 +51,14 @@ std::vector<std::pair<std::u16string, std::u16string>> userDocumentationPages() 
 }
 
 std::u16string userDocumentation(Catalogues const& catalogues, bool standalone, bool withExample) {
-    std::u16string functions = fill(
-        functionsTemplate, {
-                               {u"mathematical", fragments(catalogues.mathematical, withExample)},
-                               {u"string", fragments(catalogues.string, withExample)},
-                               {u"miscellaneous", fragments(catalogues.miscellaneous, withExample)},
-                           });
-    return standalone ? fill(documentTemplate, {{u"functions", functions}}) : functions;
+    std::u16string functions =
+        fill(kFunctionsTemplate,
+             {
+                 {u"mathematical", fragments(catalogues.mathematical, withExample)},
+                 {u"string", fragments(catalogues.string, withExample)},
+                 {u"miscellaneous", fragments(catalogues.miscellaneous, withExample)},
+             });
+    return standalone ? fill(kDocumentTemplate, {{u"functions", functions}}) : functions;
 }
 
 std::vector<std::pair<std::u16string, std::u16string>> userDocumentationPages(

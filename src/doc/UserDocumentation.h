@@ -14,19 +14,23 @@ struct Catalogues {
     std::vector<KxJsFunction> miscellaneous;
 };
 
-/// All built-in functions on one page: three headings with the functions' fragments below.
-/// `standalone` makes it a document with head and body tags, otherwise it is made to be put into
-/// another page. `withExample` adds the examples. Needs no engine; any number of threads may call.
+/// Returns the documentation of all built-in functions as one HTML text, in three sections.
+///
+/// If `standalone` is set, this is a complete page, otherwise a part to be put into a page. The
+/// examples are left out unless `withExample` is set. V8 is not needed. Any number of threads may
+/// call at the same time.
 std::u16string userDocumentation(bool standalone, bool withExample);
 
-/// One page for each built-in function: its name and its page, in the catalogues' order.
-/// Needs no engine; any number of threads may call.
+/// Returns a name and a complete HTML page for each built-in function, in the order of the
+/// catalogues. V8 is not needed. Any number of threads may call at the same time.
 std::vector<std::pair<std::u16string, std::u16string>> userDocumentationPages();
 
-/// The same for any functions. Incomplete records are left out; a name that occurs twice has two
-/// pages.
+/// The same for other functions. Incomplete records are left out. Two records of the same name get
+/// two pages.
+/// @{
 std::u16string userDocumentation(Catalogues const& catalogues, bool standalone, bool withExample);
 std::vector<std::pair<std::u16string, std::u16string>> userDocumentationPages(
     Catalogues const& catalogues);
+/// @}
 
 }  // namespace kx

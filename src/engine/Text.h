@@ -21,8 +21,8 @@ std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text
 /// search where nothing is found.
 bool contains(std::u16string_view text, char16_t unit);
 
-/// The text of any value, as scripts convert it. Empty where the conversion throws, and for an object
-/// or symbol without a context. The exception is left to the caller's v8::TryCatch.
+/// The text of any value, as scripts convert it. Empty where the conversion throws, and for an
+/// object or symbol without a context. The exception is left to the caller's v8::TryCatch.
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
                            v8::Local<v8::Value> value);
 

@@ -9,6 +9,7 @@
 #include <v8.h>
 
 #include "engine/PersistentHandle.h"
+#include "host/BoundVariable.h"
 #include "host/Carriers.h"
 #include "host/HostBackend.h"
 #include "host/HostResources.h"

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "engine/Text.h"
-#include "host/BoundVariable.h"
 #include "host/ErrorText.h"
 #include "host/Failure.h"
 #include "host/InProcessHost.h"

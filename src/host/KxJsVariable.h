@@ -14,9 +14,8 @@ class BoundVariable;
 /// A pointer that is no text of this library, such as char const*. The language would convert it to
 /// bool.
 template <class T>
-concept PointerButNoText =
-    (std::is_pointer_v<T> ||
-     std::is_member_pointer_v<T>)&&!std::is_convertible_v<T, char16_t const*>;
+concept PointerButNoText = std::disjunction_v<std::is_pointer<T>, std::is_member_pointer<T>> &&
+    !std::is_convertible_v<T, char16_t const*>;
 }  // namespace kx
 
 /// A named value that a host application hands to its scripts.

@@ -1,11 +1,12 @@
 /// @file
-/// The built-in functions, one list per catalogue.
+/// The built-in functions, in one list for each catalogue.
 ///
-/// Lists are in the order in which documentation shows them, and every record in them is complete.
+/// The lists are in the order in which documentation shows the functions. Every record in them is
+/// complete. Each call builds a new list, which the caller owns and may change.
 ///
 ///     for (KxJsFunction const& function : buildMathFunctions()) show(function.getName());
 ///
-/// Errors: std::bad_alloc only. Threads: nothing is shared; any thread may call.
+/// Errors: std::bad_alloc only. Threads: nothing is shared, so any thread may call at any time.
 #pragma once
 
 #include <vector>
@@ -13,11 +14,11 @@
 #include "library/Export.h"
 #include "library/KxJsFunction.h"
 
-/// The 14 functions of the category "mathematical functions", in a new list that the caller owns.
+/// Returns the functions of the category "mathematical functions", from ROUND to EXP.
 KXJS_API std::vector<KxJsFunction> buildMathFunctions();
 
-/// The 40 functions of the category "String functions", in a new list that the caller owns.
+/// Returns the functions of the category "String functions", from LTRIM to LEN.
 KXJS_API std::vector<KxJsFunction> buildStringFunctions();
 
-/// The 9 functions of the category "miscellaneous functions", in a new list that the caller owns.
+/// Returns the functions of the category "miscellaneous functions", from IIF to LISTFUNCT.
 KXJS_API std::vector<KxJsFunction> buildMiscFunctions();

@@ -12,11 +12,11 @@ struct ParameterRow {
     char16_t const* description;
 };
 
-/// The texts of one built-in function, as they stand in a catalogue's table.
+/// The texts of one built-in function, as a row of a catalogue's table.
 ///
-/// Users have read these texts for years and formulas depend on the bodies, so a row is never
-/// tidied up: misspellings, doubled blanks and copied descriptions stay as they are. Descriptions
-/// and examples are ready for HTML, hence "&rarr;".
+/// Formulas depend on the bodies, and applications show the other texts. So nothing in a row is
+/// corrected: misspellings, doubled blanks and copied descriptions stay. Descriptions and examples
+/// are HTML, hence "&rarr;".
 struct FunctionRow {
     char16_t const* name;
     std::initializer_list<ParameterRow> parameters;
@@ -26,13 +26,13 @@ struct FunctionRow {
     std::initializer_list<char16_t const*> examples;
 };
 
-/// Tables are constants: they take no work at start-up and may be read by any thread.
+/// A table is a constant: it needs no work at start-up, and any thread may read it.
 using FunctionTable = std::initializer_list<FunctionRow>;
 
-/// A new record with the texts of `row`, under the title `category`.
+/// Returns a new record with the texts of `row` and with the title `category`.
 KxJsFunction buildRecord(char16_t const* category, FunctionRow const& row);
 
-/// New records with the texts of `tables`, one table after the other, under the title `category`.
+/// Returns new records with the texts of all `tables` in order and with the title `category`.
 std::vector<KxJsFunction> buildRecords(char16_t const* category,
                                        std::initializer_list<FunctionTable> tables);
 

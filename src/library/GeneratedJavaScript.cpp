@@ -4,9 +4,9 @@
 
 namespace {
 
-// Stands first in every generated function. It refuses a call without any argument where the
-// function declares parameters; parameters missing at the end are left to the body.
-constexpr std::u16string_view missingArgumentGuard =
+// The first statement of every generated function. It refuses a call without any argument if the
+// function has parameters. The body deals with arguments that are missing at the end.
+constexpr std::u16string_view kMissingArgumentGuard =
     u"if(arguments.length == 0 && arguments.callee.length != 0) "
     u"throw ReferenceError(arguments.callee.name + ' missing argument');\r\n";
 
@@ -21,19 +21,19 @@ std::u16string formalParameters(std::vector<KxJsFunction::Parameter> const& para
 
 }  // namespace
 
-// LISTFUNCT takes the declaration apart again when formulas call it: everything up to the first
-// ")" is the head, everything from there to the first "{" the comment. Its output is what users
-// see, so this layout stays as it is, down to the kind of line ends.
+// The built-in LISTFUNCT splits this text: up to the first ")" it is the head of the function, from
+// there to the first "{" the comment. Users see what it returns, so the layout and the line ends
+// must stay as they are.
 std::u16string KxJsFunction::toJavaScript() const {
-    std::u16string text = u"function " + name + u"(" + formalParameters(parameters) + u")\r\n";
+    std::u16string text = u"function " + name_ + u"(" + formalParameters(parameters_) + u")\r\n";
     text += u"/**\r\n";
-    text += u" * " + description + u"\r\n";
-    for (auto const& parameter : parameters) {
+    text += u" * " + description_ + u"\r\n";
+    for (auto const& parameter : parameters_) {
         text += u" * \\param " + parameter.first + u" " + parameter.second + u"\r\n";
     }
-    text += u" * \\return " + returnDescription + u"\r\n";
+    text += u" * \\return " + returnDescription_ + u"\r\n";
     text += u" */{";
-    text += missingArgumentGuard;
-    text += body + u"}\n";
+    text += kMissingArgumentGuard;
+    text += body_ + u"}\n";
     return text;
 }

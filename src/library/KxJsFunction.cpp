@@ -22,43 +22,43 @@ bool isDocumentation(std::u16string_view text) {
 
 bool KxJsFunction::setName(std::u16string text) {
     if (!isFunctionName(text)) return false;
-    name = std::move(text);
+    name_ = std::move(text);
     return true;
 }
 
 bool KxJsFunction::setDescription(std::u16string text) {
     if (!isDocumentation(text)) return false;
-    description = std::move(text);
+    description_ = std::move(text);
     return true;
 }
 
 bool KxJsFunction::setReturnDescription(std::u16string text) {
     if (!isDocumentation(text)) return false;
-    returnDescription = std::move(text);
+    returnDescription_ = std::move(text);
     return true;
 }
 
 bool KxJsFunction::setBody(std::u16string text) {
     if (text.empty() || text.front() == u'{') return false;
-    body = std::move(text);
+    body_ = std::move(text);
     return true;
 }
 
 bool KxJsFunction::addParameter(Parameter parameter) {
     if (parameter.first.empty() || !isDocumentation(parameter.second)) return false;
-    parameters.push_back(std::move(parameter));
+    parameters_.push_back(std::move(parameter));
     return true;
 }
 
 bool KxJsFunction::addExample(std::u16string text) {
     if (!isDocumentation(text)) return false;
-    examples.push_back(std::move(text));
+    examples_.push_back(std::move(text));
     return true;
 }
 
-void KxJsFunction::setCategory(std::u16string text) { category = std::move(text); }
+void KxJsFunction::setCategory(std::u16string text) { category_ = std::move(text); }
 
 bool KxJsFunction::isComplete() const {
-    return !name.empty() && !description.empty() && !returnDescription.empty() && !body.empty() &&
-           !examples.empty();
+    return !name_.empty() && !description_.empty() && !returnDescription_.empty() &&
+           !body_.empty() && !examples_.empty();
 }

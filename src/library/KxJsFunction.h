@@ -6,12 +6,7 @@
 
 #include "library/Export.h"
 
-/// One built-in function: what formulas call, what the engine runs and what users read.
-///
-/// A record is a plain value. The writing operations check what is said beside each of them and
-/// return false, leaving the record as it was, where it does not hold. They are no parser: that no
-/// text holds the end of a comment, an asterisk and a slash, that names are identifiers and that
-/// the body is JavaScript is up to the caller, or the generated text does not compile:
+/// The record of one built-in function: its JavaScript, and what documentation says about it.
 ///
 ///     KxJsFunction round;
 ///     round.setName(u"ROUND");
@@ -22,60 +17,70 @@
 ///     round.addExample(u"ROUND(10.523) &rarr; 10.52");
 ///     std::u16string declaration = round.toJavaScript();
 ///
+/// A record is a plain value: copies are independent. All texts are UTF-16. Descriptions and
+/// examples are HTML.
+///
+/// The functions that set or add a text check it. If it is refused, they return false and the
+/// record stays as it was. They do not parse the text. These are up to the caller, or the generated
+/// JavaScript does not compile: the name and the parameter names are identifiers, the body is
+/// JavaScript, and no description ends a comment with an asterisk and a slash.
+///
 /// Errors: std::bad_alloc only.
-/// Threads: a record may be used by any thread, by one at a time; reading concurrently is fine.
+/// Threads: any thread may use a record, but only one at a time may change it.
 class KXJS_API KxJsFunction {
   public:
-    using Parameter = std::pair<std::u16string, std::u16string>;  ///< name, description
+    using Parameter = std::pair<std::u16string, std::u16string>;  ///< name and description
 
-    /// Accepts a non-empty name without lower-case letters a to z and without white space.
+    /// Sets the name. Refused are an empty name and one with a letter a to z or white space.
     bool setName(std::u16string text);
-    /// Accepts a non-empty text without "{": the function listing cuts a function's text at its
-    /// first brace, so none may stand before the body's.
+    /// Sets the description. Refused are an empty text and one with "{": the built-in LISTFUNCT
+    /// shows the text of a function up to its first "{", which has to be that of the body.
     bool setDescription(std::u16string text);
-    /// Accepts what setDescription accepts.
+    /// Sets the description of the result. Refused is what setDescription() refuses.
     bool setReturnDescription(std::u16string text);
-    /// Accepts a non-empty text that does not begin with "{". Later braces are allowed.
+    /// Sets the body, without its braces. Refused are an empty text and one that begins with "{".
     bool setBody(std::u16string text);
-    /// Accepts a non-empty name and a non-empty description without "{"; appends.
+    /// Appends a parameter. Refused are an empty name, an empty description and one with "{".
     bool addParameter(Parameter parameter);
-    /// Accepts a non-empty text without "{"; appends.
+    /// Appends an example. Refused are an empty text and one with "{".
     bool addExample(std::u16string text);
-    /// Stores the title of the catalogue that the record belongs to. Any text is accepted.
+    /// Sets the title of the catalogue that the record belongs to. Any text is accepted.
     void setCategory(std::u16string text);
 
-    /// Each returns a field as it was stored. The reference lives as long as the record and is
-    /// valid until the field is next written.
+    /// Return the texts as they were set. A reference is valid until the text is set again, and as
+    /// long as the record exists.
     /// @{
-    std::u16string const& getName() const { return name; }
-    std::u16string const& getDescription() const { return description; }
-    std::u16string const& getReturnDescription() const { return returnDescription; }
-    std::u16string const& getBody() const { return body; }
-    std::vector<Parameter> const& getParameters() const { return parameters; }
-    std::vector<std::u16string> const& getExamples() const { return examples; }
-    std::u16string const& getCategory() const { return category; }
+    std::u16string const& getName() const { return name_; }
+    std::u16string const& getDescription() const { return description_; }
+    std::u16string const& getReturnDescription() const { return returnDescription_; }
+    std::u16string const& getBody() const { return body_; }
+    std::vector<Parameter> const& getParameters() const { return parameters_; }
+    std::vector<std::u16string> const& getExamples() const { return examples_; }
+    std::u16string const& getCategory() const { return category_; }
     /// @}
 
-    /// Whether the record has a name, both descriptions, a body and at least one example. Only
-    /// complete records are installed, documented and listed.
+    /// Returns whether the record has a name, both descriptions, a body and at least one example.
+    /// Only complete records are installed in contexts, documented and listed.
     bool isComplete() const;
 
-    /// The JavaScript declaration of the function, with its documentation comment and a guard
-    /// that refuses a call without any argument when the function has parameters.
+    /// Returns the JavaScript declaration of the function. It holds the documentation as a comment.
+    /// If the function has parameters, a call without any argument throws a ReferenceError.
     std::u16string toJavaScript() const;
 
-    /// The function's documentation as a block to be stacked with others on one page.
+    /// Returns the documentation of the function as a block of HTML, to be put below others on one
+    /// page. The examples are left out unless `withExample` is set. (Defined in `doc`.)
     std::u16string toHtmlFragment(bool withExample) const;
 
-    /// The function's documentation as a complete page with its own style sheet.
+    /// Returns the documentation of the function, with its examples, as an HTML page of its own.
+    /// (Defined in `doc`.)
     std::u16string toHtmlPage() const;
 
   private:
-    std::u16string description;
-    std::u16string returnDescription;
-    std::u16string name;
-    std::u16string body;
-    std::vector<Parameter> parameters;
-    std::vector<std::u16string> examples;
-    std::u16string category;
+    std::u16string description_;
+    std::u16string returnDescription_;
+    std::u16string name_;
+    std::u16string body_;
+    std::vector<Parameter> parameters_;
+    std::vector<std::u16string> examples_;
+    std::u16string category_;
 };

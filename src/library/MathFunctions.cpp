@@ -4,7 +4,7 @@
 namespace {
 
 constexpr kx::FunctionTable mathFunctions = {
-    // The result is a text: toFixed() keeps the digits that were asked for.
+    // The result is a string: toFixed() keeps the number of digits.
     {
         .name = u"ROUND",
         .parameters{
@@ -37,7 +37,7 @@ constexpr kx::FunctionTable mathFunctions = {
             u"LOG(10.5, 10) &rarr; 1.021189299069938",
         },
     },
-    // TRUNCATE and FRAC cut the decimal text of the number, so no rounding error shows.
+    // TRUNCATE and FRAC cut the decimal text of the number. Arithmetic would show rounding errors.
     {
         .name = u"TRUNCATE",
         .parameters{

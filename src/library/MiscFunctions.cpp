@@ -123,7 +123,7 @@ constexpr kx::FunctionTable miscFunctions = {
             u"BETWEEN('z','a','c') &rarr; false",
         },
     },
-    // An n2 that is no number is replaced by n1, unlike n1 and n3, which are kept.
+    // If n2 is not a number, n1 replaces it. n1 and n3 are kept, whatever they are.
     {
         .name = u"BUMP",
         .parameters{
@@ -162,8 +162,8 @@ constexpr kx::FunctionTable miscFunctions = {
             u"INLIST(20,1,2,3,4) &rarr; false",
         },
     },
-    // Takes the declarations that KxJsFunction::toJavaScript() writes apart again. Needs the two
-    // functions that the prelude defines.
+    // Splits the declarations that KxJsFunction::toJavaScript() writes. Needs the two functions
+    // toString of the prelude.
     {
         .name = u"LISTFUNCT",
         .parameters{},

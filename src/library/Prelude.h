@@ -1,5 +1,5 @@
 /// @file
-/// What every context runs beside the built-in functions.
+/// The JavaScript that every context runs in addition to the built-in functions.
 #pragma once
 
 #include <string>
@@ -7,11 +7,14 @@
 
 #include "library/Export.h"
 
-/// The six JavaScript statements that stand between the string and the miscellaneous functions in
-/// every context: the string methods that the functions' bodies call, and the replacement of
-/// Function.prototype.toString. Each ends in a line feed.
+/// Returns the statements of the prelude in order. Each is one line and ends in a line feed.
+///
+/// The prelude defines the methods ltrim, rtrim, trim, left and right of strings, which the bodies
+/// of built-in functions call. It also replaces Function.prototype.toString: a function that is
+/// converted to text is called, and its result is converted instead. Every context runs the prelude
+/// behind the string functions and before the miscellaneous ones.
 ///
 ///     for (std::u16string const& statement : buildPrelude()) script += statement;
 ///
-/// Errors: std::bad_alloc only. Threads: nothing is shared; any thread may call.
+/// Errors: std::bad_alloc only. Threads: nothing is shared, so any thread may call at any time.
 KXJS_API std::vector<std::u16string> buildPrelude();

@@ -199,7 +199,7 @@ constexpr FunctionTable stringClassification = {
             u"ISPUNCT('\tab') &rarr; false",
         },
     },
-    // 0x1f does not count, although the return description names it.
+    // 0x1f is not a control character here, although the return description names it.
     {
         .name = u"ISCNTRL",
         .parameters{

@@ -3,7 +3,7 @@
 namespace kx {
 
 constexpr FunctionTable stringExtraction = {
-    // LEFT and RIGHT call the methods that the prelude gives to strings.
+    // LEFT and RIGHT call string methods that the prelude defines.
     {
         .name = u"LEFT",
         .parameters{
@@ -83,7 +83,8 @@ constexpr FunctionTable stringExtraction = {
             u"LOCATE('hello','helllooo') &rarr; -1",
         },
     },
-    // The text that is counted comes first, the searched one second: the reverse of LOCATE.
+    // The first parameter is the text to count, the second the text to search. LOCATE has them in
+    // the other order.
     {
         .name = u"OCCURS",
         .parameters{

@@ -3,7 +3,7 @@
 namespace kx {
 
 constexpr FunctionTable stringFormatting = {
-    // LTRIM, RTRIM and ALLTRIM call the methods that the prelude gives to strings.
+    // LTRIM, RTRIM and ALLTRIM call string methods that the prelude defines.
     {
         .name = u"LTRIM",
         .parameters{
@@ -46,7 +46,7 @@ constexpr FunctionTable stringFormatting = {
             u"TALLRIM('abc') &rarr; 'abc'",
         },
     },
-    // STR and STRZ cut with TRUNCATE of the mathematical functions.
+    // STR and STRZ call TRUNCATE of the mathematical functions.
     {
         .name = u"STR",
         .parameters{

@@ -4,7 +4,7 @@
 
 namespace kx {
 
-// The string catalogue in five tables, in the order in which the catalogue lists them.
+// The five tables of the string catalogue, in its order.
 extern FunctionTable const stringFormatting;            ///< LTRIM to RPAD
 extern FunctionTable const stringExtraction;            ///< LEFT to IOCCURS
 extern FunctionTable const stringClassification;        ///< ISALPHA to ISASCII

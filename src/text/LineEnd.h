@@ -12,7 +12,7 @@ constexpr bool isLineEnd(char16_t unit) {
     return unit == u'\n' || unit == u'\r' || unit == u'\u2028' || unit == u'\u2029';
 }
 
-/// The start of the line behind the one that `start` lies in; npos where that is the last line.
+/// The start of the next line behind the position `start`, or npos if there is none.
 constexpr std::size_t nextLine(std::u16string_view text, std::size_t start) {
     std::size_t const end = text.find_first_of(kLineEnds, start);
     if (end == std::u16string_view::npos) return end;

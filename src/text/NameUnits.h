@@ -6,9 +6,11 @@
 
 namespace kx {
 
-/// The code units of names in JavaScript. Up to U+024F, the end of the Latin letters, the answers
-/// are exact. Beyond, exact answers need the tables of Unicode: "Latin" says no to everything
-/// there, "mayBe" says yes to everything but white space, punctuation and signs.
+/// Which code units can be part of a name in JavaScript.
+///
+/// Up to U+024F, the end of the Latin letters, the answers are exact. Exact answers beyond would
+/// need the tables of Unicode. There, the "Latin" functions return false for every unit, and the
+/// "mayBe" functions return true for all but white space, punctuation and signs.
 /// @{
 constexpr bool isLatinNameStart(char16_t unit) {
     if (unit < 0x80) {

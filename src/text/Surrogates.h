@@ -6,21 +6,22 @@
 
 namespace kx {
 
-/// The two halves of a character beyond U+FFFF in UTF-16.
+/// Whether a code unit is the first or the second of the two that stand for a character beyond
+/// U+FFFF.
 /// @{
 constexpr bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 /// @}
 
-/// The character that begins at `at`, which is moved behind it. A half without its partner is
-/// given as it is. Precondition: at < text.size().
+/// Returns the character at the position `at` and moves `at` behind it. A surrogate without its
+/// partner is returned as it is. Precondition: at < text.size().
 constexpr char32_t nextCharacter(std::u16string_view text, std::size_t& at) {
     char16_t const unit = text[at++];
     if (!isHighSurrogate(unit) || at == text.size() || !isLowSurrogate(text[at])) return unit;
     return 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{text[at++]} - 0xDC00);
 }
 
-/// Appends a character up to U+10FFFF, as two units beyond U+FFFF.
+/// Appends a character up to U+10FFFF. One beyond U+FFFF becomes two units.
 constexpr void appendCharacter(std::u16string& text, char32_t character) {
     if (character < 0x10000) {
         text += static_cast<char16_t>(character);

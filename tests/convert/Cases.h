@@ -4,7 +4,7 @@
 #include <initializer_list>
 #include <string>
 
-/// A text and what becomes of it.
+/// A text and the text that a function makes of it.
 struct Case {
     std::u16string text;
     std::u16string expected;

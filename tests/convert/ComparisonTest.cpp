@@ -30,7 +30,7 @@ std::u16string applyPass(Pass pass, std::u16string text) {
             return ConverterPasses::strings(text);
         case Pass::spelling:
             return ConverterPasses::spelling(text);
-        case Pass::fold:  // the last step of a conversion, which has no operation of its own
+        case Pass::fold:  // Converter has no function for it
             break;
     }
     kx::foldWhiteSpace(text);
@@ -39,7 +39,7 @@ std::u16string applyPass(Pass pass, std::u16string text) {
 
 class Comparison : public testing::Test {
   protected:
-    /// The text behind a pass, on which both converters agree or the test fails.
+    /// Returns the result of one pass. The test fails if the two converters differ.
     std::u16string afterPass(int pass, std::u16string const& text) {
         std::u16string result = naive.apply(static_cast<Pass>(pass), text);
         EXPECT_EQ(applyPass(static_cast<Pass>(pass), text), result)
@@ -61,7 +61,7 @@ TEST_F(Comparison, AgreesOnGeneratedFormulas) {
         EXPECT_EQ(Converter::_convert(formula.c_str()), text)
             << "from " << testing::PrintToString(formula);
         if (text != formula) ++changed;
-        // A pass also has to be right on a text that the passes before it have not seen.
+        // Compare one pass also on a text that the passes before it have not changed.
         afterPass(static_cast<int>(i % NaiveConverter::passCount), formula);
     }
     EXPECT_GT(changed, count / 2);
@@ -78,7 +78,7 @@ TEST_F(Comparison, AgreesOnOperatorReplacements) {
     for (int i = 0; i < 100000 && !HasFailure(); ++i) {
         std::u16string const text = textOf(14);
         std::u16string const op = textOf(2) + u"ab\\"[random() % 3];
-        // A replacement that is longer by more than one would be read again, perhaps without end.
+        // A replacement that is longer by two or more is scanned again, perhaps without end.
         std::u16string const replacement = textOf(op.size() + 1);
         EXPECT_EQ(ConverterPasses::replaceOperator(text, op, replacement),
                   naive.replaceOperator(text, op, replacement))

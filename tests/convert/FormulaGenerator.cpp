@@ -50,7 +50,7 @@ constexpr auto spaces = std::to_array<char16_t>(
     {u' ', u' ', u' ', u' ', u'\t', u'\n', u'\r', u'\v', u'\f', u'\u00a0', u'\u1680', u'\u2000',
      u'\u200a', u'\u2028', u'\u2029', u'\u202f', u'\u205f', u'\u3000', u'\ufeff'});
 
-// Everything that a pattern knows by name, and the nearest of what it does not.
+// The characters that patterns hold, and similar ones that they do not hold.
 constexpr auto units =
     u"()()(),,^^..''\"\"\\\\<>=*/ \t\n\r\u2028\u00a00123456789abcdegilmnoprstxANDORTXLSFUEIVM"
     u"\u017f\u212a\u0130\u0131\u180e\u200b\x85\u00e9\xd800\xdc00\uffff\x1"sv;
@@ -58,13 +58,13 @@ constexpr auto units =
 }  // namespace
 
 std::u16string FormulaGenerator::next() {
-    text.clear();
+    text_.clear();
     if (oneIn(6))
         soup();
     else
         expression(4);
     while (oneIn(2)) mutate();
-    return text;
+    return text_;
 }
 
 void FormulaGenerator::expression(int depth) {
@@ -94,9 +94,9 @@ void FormulaGenerator::operand(int depth) {
             quoted();
             break;
         case 4:
-            text += u'(';
+            text_ += u'(';
             expression(depth - 1);
-            text += u')';
+            text_ += u')';
             break;
         default:
             call(depth);
@@ -104,22 +104,22 @@ void FormulaGenerator::operand(int depth) {
 }
 
 void FormulaGenerator::call(int depth) {
-    if (oneIn(10)) text += pick(atoms);
+    if (oneIn(10)) text_ += pick(atoms);
     inAnyCase(std::u16string(pick(names)));
     if (oneIn(4)) space();
-    text += u'(';
+    text_ += u'(';
     for (std::size_t arguments = below(4); arguments > 0; --arguments) {
         expression(depth - 1);
-        if (arguments > 1) text += u',';
+        if (arguments > 1) text_ += u',';
     }
-    if (!oneIn(20)) text += u')';
+    if (!oneIn(20)) text_ += u')';
 }
 
 void FormulaGenerator::power() {
     do {
         number();
         if (oneIn(4)) space();
-        text += oneIn(5) ? u"**" : u"^";
+        text_ += oneIn(5) ? u"**" : u"^";
         if (oneIn(4)) space();
     } while (oneIn(3));
     number();
@@ -128,24 +128,24 @@ void FormulaGenerator::power() {
 void FormulaGenerator::number() {
     static constexpr auto separators = u"...., ^-\nx\u2028"sv;
     for (std::size_t digits = 1 + below(3); digits > 0; --digits)
-        text += static_cast<char16_t>(u'0' + below(10));
+        text_ += static_cast<char16_t>(u'0' + below(10));
     while (oneIn(3)) {
-        text += pick(separators);
+        text_ += pick(separators);
         for (std::size_t digits = below(3); digits > 0; --digits)
-            text += static_cast<char16_t>(u'0' + below(10));
+            text_ += static_cast<char16_t>(u'0' + below(10));
     }
 }
 
 void FormulaGenerator::quoted() {
     char16_t const quote = oneIn(2) ? u'"' : u'\'';
-    text += quote;
+    text_ += quote;
     for (std::size_t length = below(5); length > 0; --length) {
         if (oneIn(3))
-            text += pick(operators);
+            text_ += pick(operators);
         else
-            text += pick(units);
+            text_ += pick(units);
     }
-    text += quote;
+    text_ += quote;
 }
 
 void FormulaGenerator::soup() {
@@ -157,14 +157,14 @@ void FormulaGenerator::soup() {
     }
     for (std::size_t length = below(40); length > 0; --length) {
         if (few)
-            text += pick(palette);
+            text_ += pick(palette);
         else
-            text += pick(units);
+            text_ += pick(units);
     }
 }
 
 void FormulaGenerator::space() {
-    do text += pick(spaces);
+    do text_ += pick(spaces);
     while (oneIn(4));
 }
 
@@ -178,28 +178,28 @@ void FormulaGenerator::inAnyCase(std::u16string word) {
         bool const isCapital = unit >= u'A' && unit <= u'Z';
         if (isCapital && (style == 1 || (style == 2 && oneIn(2)))) unit += 32;
     }
-    text += word;
+    text_ += word;
 }
 
 void FormulaGenerator::mutate() {
-    std::size_t const place = below(text.size() + 1);
+    std::size_t const place = below(text_.size() + 1);
     switch (below(6)) {
         case 0:
-            text.insert(place, 1, pick(units));
+            text_.insert(place, 1, pick(units));
             break;
         case 1:
-            text.erase(place, 1 + below(3));
+            text_.erase(place, 1 + below(3));
             break;
         case 2:
-            if (place < text.size()) text[place] = pick(units);
+            if (place < text_.size()) text_[place] = pick(units);
             break;
         case 3:  // a piece of the text once more, somewhere else
-            text.insert(place, text.substr(below(text.size() + 1), below(12)));
+            text_.insert(place, text_.substr(below(text_.size() + 1), below(12)));
             break;
         case 4:  // a long run
-            if (oneIn(4)) text.insert(place, below(60), pick(units));
+            if (oneIn(4)) text_.insert(place, below(60), pick(units));
             break;
         default:
-            text.insert(place, pick(names));
+            text_.insert(place, pick(names));
     }
 }

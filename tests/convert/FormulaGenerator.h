@@ -4,16 +4,16 @@
 #include <random>
 #include <string>
 
-/// Makes formulas that reach into the corners of the conversion: expressions of the language
-/// first, then damaged. The same seed makes the same formulas on every machine.
+/// Generates formulas for comparisons: expressions of the older language, most of them damaged at
+/// random places. The same seed generates the same formulas on every machine.
 class FormulaGenerator {
   public:
-    explicit FormulaGenerator(std::uint64_t seed) : random(seed) {}
+    explicit FormulaGenerator(std::uint64_t seed) : random_(seed) {}
 
     std::u16string next();
 
   private:
-    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random() % bound); }
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random_() % bound); }
     bool oneIn(std::size_t bound) { return below(bound) == 0; }
     template <class List>
     auto const& pick(List const& list) {
@@ -32,6 +32,6 @@ class FormulaGenerator {
     void inAnyCase(std::u16string word);
     void mutate();
 
-    std::mt19937_64 random;
-    std::u16string text;
+    std::mt19937_64 random_;
+    std::u16string text_;
 };

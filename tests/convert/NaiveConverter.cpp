@@ -95,21 +95,21 @@ struct NaiveConverter::Engine {
     v8::Global<v8::Context> context;
 };
 
-NaiveConverter::NaiveConverter() : engine(std::make_unique<Engine>()) {}
+NaiveConverter::NaiveConverter() : engine_(std::make_unique<Engine>()) {}
 NaiveConverter::~NaiveConverter() = default;
 
 std::u16string NaiveConverter::apply(Pass pass, std::u16string_view text) {
-    return engine->call("applyPass", static_cast<int>(pass), {text});
+    return engine_->call("applyPass", static_cast<int>(pass), {text});
 }
 
 std::u16string NaiveConverter::replaceOperator(std::u16string_view text, std::u16string_view op,
                                                std::u16string_view replacement) {
-    return engine->call("replaceOperator", -1, {text, op, replacement});
+    return engine_->call("replaceOperator", -1, {text, op, replacement});
 }
 
 std::u16string NaiveConverter::replace(std::u16string_view text, std::u16string_view pattern,
                                        std::u16string_view replacement) {
-    return engine->call("replace", -1, {text, pattern, replacement});
+    return engine_->call("replace", -1, {text, pattern, replacement});
 }
 
 std::u16string NaiveConverter::convert(std::u16string_view text) {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// A second implementation of the conversion to compare the library with: the rules typed anew as
-/// JavaScript regular expressions (data/naive-converter.js) and run by the engine itself.
+/// A second implementation of the conversion, to compare the library with. Its rules are JavaScript
+/// regular expressions that were typed anew (data/naive-converter.js). V8 runs them.
 class NaiveConverter {
   public:
     enum class Pass { operators, math, misc, strings, spelling, fold };
@@ -27,5 +27,5 @@ class NaiveConverter {
 
   private:
     struct Engine;
-    std::unique_ptr<Engine> engine;
+    std::unique_ptr<Engine> engine_;
 };

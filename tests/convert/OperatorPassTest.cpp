@@ -35,7 +35,7 @@ TEST(OperatorPass, AcceptsAnyCharacterOnEachSideOfAWord) {
 }
 
 TEST(OperatorPass, DoesNotTakeALineEndForTheCharacterBesideAWord) {
-    // The plain form applies where the character beside the word is white space itself.
+    // The form without dots matches if the character beside the word is white space.
     expectAll(operators, {
                              {u" \nNOT\n ", u"  !  "},
                              {u" \u2028NOT\u2028 ", u"  !  "},
@@ -148,8 +148,7 @@ TEST(OperatorPass, LetsLaterStepsSeeWhatEarlierStepsWrote) {
 }
 
 TEST(OperatorPass, FoldsOnlyAsciiLetters) {
-    // The long s and the Kelvin sign fold to s and k elsewhere, but not in patterns without the
-    // Unicode flag.
+    // U+017F is a small s in patterns with the flag "u" only.
     expectUnchanged(operators, {u"FAL\u017fE", u"fal\u017fe"});
 }
 

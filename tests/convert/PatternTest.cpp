@@ -1,4 +1,4 @@
-// The rule engine by itself, beyond the patterns that the rules need today.
+// Patterns and matching by themselves, also with patterns that no rule has.
 #include <array>
 #include <gtest/gtest.h>
 #include <random>
@@ -69,10 +69,11 @@ TEST(Pattern, InsertsGroups) {
     EXPECT_EQ(replaced(u"ab", u"a", u"$0"), u"$0b");
 }
 
-/// A pattern of the accepted class over a small alphabet, most of which clash with themselves.
+/// Generates supported patterns, and texts, over a small alphabet. In most patterns, neighbours
+/// match the same units.
 class PatternGenerator {
   public:
-    explicit PatternGenerator(std::uint64_t seed) : random(seed) {}
+    explicit PatternGenerator(std::uint64_t seed) : random_(seed) {}
 
     std::u16string pattern() {
         std::u16string result;
@@ -89,7 +90,7 @@ class PatternGenerator {
     }
 
   private:
-    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random() % bound); }
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random_() % bound); }
 
     std::u16string item() {
         static constexpr auto atoms = std::to_array<std::u16string_view>(
@@ -105,7 +106,7 @@ class PatternGenerator {
         return u"(" + item() + item() + (below(2) == 0 ? u"|" + item() : u"") + u")";
     }
 
-    std::mt19937_64 random;
+    std::mt19937_64 random_;
 };
 
 TEST(Pattern, MatchesAsTheEngineDoes) {
@@ -117,7 +118,7 @@ TEST(Pattern, MatchesAsTheEngineDoes) {
         try {
             kx::Pattern const compiled(pattern);
         } catch (std::invalid_argument const&) {
-            continue;  // matches the empty text, or has too many groups or loops
+            continue;  // it can match the empty text, or has too many loops
         }
         ++accepted;
         for (int texts = 0; texts < 5; ++texts) {

@@ -16,9 +16,9 @@ TEST(ReplaceOperator, ReplacesOutsideQuotesOnly) {
              Line{u"'a<>b'<>c", u"<>", u"!=", u"'a<>b'!=c"},
              Line{u"\"a<>b\"<>c", u"<>", u"!=", u"\"a<>b\"!=c"},
              Line{u"x'a<>b", u"<>", u"!=", u"x'a<>b"},
-             // Either quote ends what the other began.
+             // A quote of one kind ends text that a quote of the other kind began.
              Line{u"'a\"<>b", u"<>", u"!=", u"'a\"!=b"},
-             // A quote after a backslash does not count, except at the start, where none can be.
+             // A quote behind a backslash does not count.
              Line{u"'a\\'<>b'<>c", u"<>", u"!=", u"'a\\'<>b'!=c"},
              Line{u"a\\'<>b", u"<>", u"!=", u"a\\'!=b"},
              Line{u"a\\\\'<>b", u"<>", u"!=", u"a\\\\'!=b"},
@@ -34,7 +34,7 @@ TEST(ReplaceOperator, StopsBeforeTheLastPlaceWhereTheOperatorFits) {
              Line{u"\\", u"\\", u"/", u"\\"},
              Line{u"a\\", u"\\", u"/", u"a\\"},
              Line{u"\\a", u"\\", u"/", u"/a"},
-             // The place is that of the text as it is by then.
+             // The text as it is by then decides where that is.
              Line{u"****", u"**", u"^", u"^**"},
              Line{u"**a**b", u"**", u"^", u"^a**b"},
              Line{u"**ab**c", u"**", u"^", u"^ab^c"},
@@ -48,7 +48,7 @@ TEST(ReplaceOperator, SkipsTheUnitAfterAReplacement) {
     for (Line const& line : {
              Line{u"a\\\\b", u"\\", u"/", u"a/\\b"},
              Line{u"<><><>a", u"<>", u"!=", u"!=<>!=a"},
-             // A quote in that place opens nothing.
+             // A quote there begins no quoted text.
              Line{u"<>'<>a", u"<>", u"!=", u"!='!=a"},
              Line{u"\\'a\\b", u"\\", u"/", u"/'a/b"},
              // With a shorter replacement two units are skipped.

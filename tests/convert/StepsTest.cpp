@@ -1,5 +1,5 @@
-// The conversion is linear in the length of the formula, whatever the formula: counted in steps of
-// the matcher, units looked at and units copied.
+// The cost of a conversion is linear in the length of the formula, whatever the formula. It is not
+// measured as time: the workspace counts units read and written, items matched and calls looked at.
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -81,15 +81,17 @@ TEST(Steps, DoubleWithTheLengthOfTheFormula) {
         std::size_t const once = stepsFor(family.make(10000));
         std::size_t const twice = stepsFor(family.make(20000));
         EXPECT_LE(static_cast<double>(twice), 2.2 * static_cast<double>(once)) << family.name;
-        EXPECT_GE(static_cast<double>(twice), 1.8 * static_cast<double>(once)) << family.name;
     }
 }
 
 TEST(Steps, AreBoundedForEachUnit) {
-    // No family comes near: this is the constant of the linear growth, not only its exponent.
+    // The upper bound is for the constant of the linear growth; no family comes near. The lower one
+    // shows that the steps are counted: every unit is read at least once.
     for (NamedFamily const& family : families) {
         std::u16string const formula = family.make(10000);
-        EXPECT_LE(stepsFor(formula) / formula.size(), 300U) << family.name;
+        std::size_t const steps = stepsFor(formula);
+        EXPECT_LE(steps / formula.size(), 300U) << family.name;
+        EXPECT_GE(steps, formula.size()) << family.name;
     }
 }
 

@@ -8,30 +8,20 @@ namespace {
 using kx::test::golden;
 using kx::test::toUtf8;
 
-struct Shape {
-    KxJsFunction function;
-    std::string name;
-};
-
-std::vector<Shape> shapesOfSignatures() {
-    return {
-        {kx::test::builtIn(u"LISTFUNCT"), "no-parameters"},
-        {kx::test::builtIn(u"SQRT"), "one-parameter"},
-        {kx::test::builtIn(u"SUBSTR"), "several-parameters"},
-    };
+TEST(HtmlFragment, OfAFunctionWithAndWithoutParameters) {
+    EXPECT_EQ(toUtf8(kx::test::builtIn(u"SUBSTR").toHtmlFragment(false)),
+              golden("fragment-several-parameters.html"));
+    EXPECT_EQ(toUtf8(kx::test::builtIn(u"LISTFUNCT").toHtmlFragment(false)),
+              golden("fragment-no-parameters.html"));
 }
 
-TEST(HtmlFragment, OfEverySignatureWithAndWithoutExamples) {
-    for (auto const& [function, name] : shapesOfSignatures()) {
-        EXPECT_EQ(toUtf8(function.toHtmlFragment(false)), golden("fragment-" + name + ".html"));
-        EXPECT_EQ(toUtf8(function.toHtmlFragment(true)),
-                  golden("fragment-" + name + "-examples.html"));
-    }
+TEST(HtmlFragment, WithExamples) {
+    EXPECT_EQ(toUtf8(kx::test::builtIn(u"SUBSTR").toHtmlFragment(true)),
+              golden("fragment-several-parameters-examples.html"));
 }
 
-TEST(HtmlFragment, HasNoExampleBlockWhereThereIsNoExample) {
+TEST(HtmlFragment, HasNoExampleBlockWithoutExamples) {
     KxJsFunction const function = kx::test::functionWithoutExamples();
-    EXPECT_EQ(toUtf8(function.toHtmlFragment(true)), golden("fragment-without-examples.html"));
     EXPECT_EQ(function.toHtmlFragment(true), function.toHtmlFragment(false));
 }
 
@@ -40,7 +30,7 @@ TEST(HtmlFragment, BreaksLinesOfDescriptionsOnly) {
               golden("fragment-line-breaks-examples.html"));
 }
 
-TEST(HtmlFragment, TakesTextsThatLookLikeHolesAsTheyAre) {
+TEST(HtmlFragment, TakesTextsThatLookLikePlaceholdersAsTheyAre) {
     KxJsFunction function;
     function.setName(u"{{0}}");
     function.addParameter({u"{{description}}", u"d"});
@@ -53,26 +43,22 @@ TEST(HtmlFragment, TakesTextsThatLookLikeHolesAsTheyAre) {
               u"</div>\n");
 }
 
-TEST(HtmlPage, OfEverySignature) {
-    for (auto const& [function, name] : shapesOfSignatures()) {
-        EXPECT_EQ(toUtf8(function.toHtmlPage()), golden("page-" + name + ".html"));
-    }
+TEST(HtmlPage, OfAFunctionWithAndWithoutParameters) {
+    EXPECT_EQ(toUtf8(kx::test::builtIn(u"SUBSTR").toHtmlPage()),
+              golden("page-several-parameters.html"));
+    EXPECT_EQ(toUtf8(kx::test::builtIn(u"LISTFUNCT").toHtmlPage()),
+              golden("page-no-parameters.html"));
 }
 
-TEST(HtmlPage, HasNoExamplesBlockWhereThereIsNoExample) {
-    EXPECT_EQ(toUtf8(kx::test::functionWithoutExamples().toHtmlPage()),
-              golden("page-without-examples.html"));
+TEST(HtmlPage, HasNoExampleBlockWithoutExamples) {
+    constexpr char16_t const* block = u"<div class='divSection' id='examples'>";
+    EXPECT_EQ(kx::test::functionWithoutExamples().toHtmlPage().find(block), std::u16string::npos);
+    EXPECT_NE(kx::test::builtIn(u"SUBSTR").toHtmlPage().find(block), std::u16string::npos);
 }
 
 TEST(HtmlPage, BreaksLinesOfDescriptionsOnly) {
     EXPECT_EQ(toUtf8(kx::test::functionWithLineBreaks().toHtmlPage()),
               golden("page-line-breaks.html"));
-}
-
-TEST(HtmlPage, WithoutParametersKeepsAnEmptyList) {
-    std::u16string const page = kx::test::builtIn(u"LISTFUNCT").toHtmlPage();
-    EXPECT_NE(page.find(u"<b>LISTFUNCT</b> ( )\n"), std::u16string::npos);
-    EXPECT_NE(page.find(u"\t\t<dl>\n\t\t</dl>\n"), std::u16string::npos);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace kx::test {
 
-/// An expected output: the bytes of a file in the directory golden beside the tests.
+/// Returns an expected output: the bytes of a file in the directory golden.
 inline std::string golden(std::string const& file) {
     return readBytes(std::string(KXJS_GOLDEN_FILES "/") + file);
 }

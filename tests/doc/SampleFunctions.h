@@ -6,7 +6,7 @@
 
 namespace kx::test {
 
-/// Complete but for its examples, so documentation of several functions leaves it out.
+/// Returns a function that is incomplete only because it has no examples.
 inline KxJsFunction functionWithoutExamples() {
     KxJsFunction function;
     function.setName(u"BARE");
@@ -17,7 +17,7 @@ inline KxJsFunction functionWithoutExamples() {
     return function;
 }
 
-/// Has line ends of all kinds wherever a text may hold them.
+/// Returns a function with line ends of all kinds in all of its texts.
 inline KxJsFunction functionWithLineBreaks() {
     KxJsFunction function;
     function.setName(u"LINES");
@@ -32,7 +32,7 @@ inline KxJsFunction functionWithLineBreaks() {
     return function;
 }
 
-/// The built-in function `name`, or an empty record.
+/// Returns the built-in function `name`, or an empty record.
 inline KxJsFunction builtIn(std::u16string const& name) {
     for (auto const& catalogue :
          {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {

@@ -10,29 +10,35 @@ namespace {
 using kx::test::golden;
 using kx::test::toUtf8;
 
-TEST(UserDocumentation, AsADocumentOrToBeEmbeddedWithAndWithoutExamples) {
-    EXPECT_EQ(toUtf8(kx::userDocumentation(true, false)), golden("document.html"));
-    EXPECT_EQ(toUtf8(kx::userDocumentation(true, true)), golden("document-examples.html"));
-    EXPECT_EQ(toUtf8(kx::userDocumentation(false, false)), golden("embedded.html"));
-    EXPECT_EQ(toUtf8(kx::userDocumentation(false, true)), golden("embedded-examples.html"));
+TEST(UserDocumentation, AsADocument) {
+    EXPECT_EQ(toUtf8(kx::userDocumentation(true, true)), golden("document.html"));
 }
 
-TEST(UserDocumentation, ToBeEmbeddedHasNoTagsOfADocument) {
-    std::u16string const html = kx::userDocumentation(false, true);
-    EXPECT_TRUE(html.starts_with(u"\t<h1>Mathematical functions</h1>\n<div "));
-    EXPECT_TRUE(html.ends_with(u"</div>\n"));
-    for (char16_t const* tag : {u"<!doctype", u"<html", u"<head", u"<body", u"</body", u"</html"}) {
-        EXPECT_EQ(html.find(tag), std::u16string::npos) << testing::PrintToString(tag);
+TEST(UserDocumentation, WithoutExamplesHasTheFragmentsWithoutThem) {
+    std::u16string const html = kx::userDocumentation(true, false);
+    EXPECT_EQ(html.find(u"<i>Example :</i>"), std::u16string::npos);
+    for (KxJsFunction const& function : buildStringFunctions())
+        EXPECT_NE(html.find(function.toHtmlFragment(false)), std::u16string::npos)
+            << testing::PrintToString(function.getName());
+}
+
+TEST(UserDocumentation, ToBeEmbeddedIsTheBodyOfTheDocument) {
+    for (bool const withExample : {false, true}) {
+        std::u16string const document = kx::userDocumentation(true, withExample);
+        constexpr std::u16string_view begin = u"<body>\n";
+        constexpr std::u16string_view end = u"\t</body>";
+        std::size_t const first = document.find(begin) + begin.size();
+        EXPECT_EQ(kx::userDocumentation(false, withExample),
+                  document.substr(first, document.rfind(end) - first));
     }
 }
 
-TEST(UserDocumentation, AsOnePagePerFunction) {
-    std::string pages;
-    for (auto const& [name, page] : kx::userDocumentationPages()) {
-        pages += "==== " + toUtf8(name) + "\n" + toUtf8(page) + "\n";
-    }
-    EXPECT_EQ(pages, golden("pages.txt"));
-    EXPECT_EQ(kx::userDocumentationPages().size(), 63U);
+TEST(UserDocumentation, AsOnePagePerFunctionInTheOrderOfTheCatalogues) {
+    std::vector<std::pair<std::u16string, std::u16string>> expected;
+    for (auto const& build : {buildMathFunctions, buildStringFunctions, buildMiscFunctions})
+        for (KxJsFunction const& function : build())
+            expected.emplace_back(function.getName(), function.toHtmlPage());
+    EXPECT_EQ(kx::userDocumentationPages(), expected);
 }
 
 constexpr char16_t const* headings =

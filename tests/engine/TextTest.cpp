@@ -42,6 +42,27 @@ TEST(Text, convertsAnyValue) {
     EXPECT_EQ(KxJsParser::_convertV8StringToStdString(number), u"2.5");
 }
 
+TEST(Text, isEmptyForAnObjectWithoutAContext) {
+    ScriptHost host;
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
+    v8::HandleScope const handles(isolate);
+    v8::Local<v8::Context> const context = v8::Context::New(isolate);
+    v8::Local<v8::Value> object;
+    {
+        v8::Context::Scope const entered(context);
+        object = v8::Array::New(isolate, 2);
+        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(object), u",");
+    }
+    ASSERT_FALSE(isolate->InContext());
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(object), u"");
+    v8::Local<v8::Value> const others[] = {
+        v8::Symbol::New(isolate), v8::Number::New(isolate, 2.5), v8::Null(isolate),
+        v8::True(isolate),        v8::BigInt::New(isolate, 3),   v8::Undefined(isolate)};
+    std::u16string all;
+    for (auto const other : others) all += KxJsParser::_convertV8StringToStdString(other) + u';';
+    EXPECT_EQ(all, u";2.5;null;true;3;undefined;");
+}
+
 TEST(Text, hasNoEngineStringBeyondItsLimit) {
     ScriptHost host;
     v8::HandleScope const handles(v8::Isolate::GetCurrent());

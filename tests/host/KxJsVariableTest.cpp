@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
+#include <type_traits>
 
 #include "host/KxJsVariable.h"
 
@@ -28,6 +29,38 @@ TEST(KxJsVariable, hasTheTypeOfItsConstructor) {
     EXPECT_EQ(KxJsVariable(kKey, std::u16string(u"1")).getType(), 3);
     EXPECT_EQ(KxJsVariable(kKey, false).getType(), 4);
     EXPECT_EQ(KxJsVariable(kKey, false).getKey(), kKey);
+}
+
+template <class Value>
+concept SetsValue = requires(KxJsVariable& variable, Value value) {
+    variable.setValue(value);
+};
+template <class Value>
+constexpr bool kIsMadeFrom = std::is_constructible_v<KxJsVariable, std::u16string, Value>;
+template <class Value>
+constexpr bool kIsTaken = SetsValue<Value>&& kIsMadeFrom<Value>;
+template <class Value>
+constexpr bool kIsRefused = !SetsValue<Value> && !kIsMadeFrom<Value>;
+
+struct Member {
+    int field;
+};
+
+// Pointers to anything but UTF-16 text would become true.
+TEST(KxJsVariable, doesNotCompileWithOtherPointers) {
+    static_assert(kIsRefused<char const*> && kIsRefused<char*> && kIsRefused<char const(&)[5]>);
+    static_assert(kIsRefused<wchar_t const*> && kIsRefused<char8_t const*>);
+    static_assert(kIsRefused<void*> && kIsRefused<int*> && kIsRefused<std::u16string*>);
+    static_assert(kIsRefused<char16_t const* const*> && kIsRefused<char16_t volatile*>);
+    static_assert(kIsRefused<void (*)()> && kIsRefused<int Member::*>);
+    static_assert(kIsTaken<char16_t const*> && kIsTaken<char16_t*>);
+    static_assert(kIsTaken<char16_t const(&)[5]> && kIsTaken<std::u16string>);
+    static_assert(kIsTaken<std::int32_t> && kIsTaken<double> && kIsTaken<bool>);
+    char16_t text[] = u"text";
+    KxJsVariable variable(kKey, text);
+    EXPECT_EQ(variable.getStrValue(), u"text");
+    variable.setValue(&text[1]);
+    EXPECT_EQ(variable.getStrValue(), u"ext");
 }
 
 TEST(KxJsVariable, keepsTheOtherFieldsAtTheirDefaults) {

@@ -86,8 +86,8 @@ TEST(GeneratedJavaScript, OfAnEmptyRecordIsItsFrame) {
               u"function ()\r\n/**\r\n * \r\n * \\return \r\n */{" GUARD u"}\n");
 }
 
-// The file holds what every context runs: mathematical functions, string functions, prelude,
-// miscellaneous functions.
+// The file is the script that every context runs: mathematical functions, string functions, the
+// prelude, miscellaneous functions.
 TEST(GeneratedJavaScript, OfAllBuiltInsIsUnchanged) {
     std::u16string script;
     for (KxJsFunction const& function : buildMathFunctions()) script += function.toJavaScript();

@@ -6,14 +6,13 @@
 
 namespace kx::test {
 
-/// The two halves of a documented example, ready to be compared: running `call` and converting
-/// its value to text must give `result`.
+/// The two halves of a documented example. The text of the value of `call` must be `result`.
 struct Example {
     std::u16string call;
     std::u16string result;
 };
 
-/// Control characters stand in the examples as themselves, where a JavaScript text needs escapes.
+/// Replaces control characters, which examples hold as they are, by JavaScript escapes.
 inline std::u16string escapeControlCharacters(std::u16string_view text) {
     std::u16string escaped;
     for (char16_t unit : text) {
@@ -37,11 +36,11 @@ inline bool isDecimalFraction(std::u16string_view text) {
            text.rfind(u'.') == point;
 }
 
-/// The text that JavaScript gives for a result as the documentation writes it:
-///   'abc'                    quotes around a text are not part of it
-///   10.50                    a number's text has no trailing zeros
-///   Math.E                   a constant stands for its value
-///   false (char code ...)    a remark in parentheses is not part of the result
+/// Returns the JavaScript text of a result that the documentation writes in its own way:
+///   'abc'                    the quotes are removed
+///   10.50                    trailing zeros are removed
+///   Math.E                   the constant is replaced by its value
+///   false (char code ...)    the remark in parentheses is removed
 inline std::u16string resultText(std::u16string_view stated) {
     if (stated.size() >= 2 && stated.front() == u'\'' && stated.back() == u'\'') {
         return std::u16string(stated.substr(1, stated.size() - 2));
@@ -57,7 +56,7 @@ inline std::u16string resultText(std::u16string_view stated) {
     return std::u16string(stated);
 }
 
-/// Splits "CALL(...) &rarr; result"; nothing for a text without the arrow.
+/// Splits "CALL(...) &rarr; result". Returns nothing for a text without the arrow.
 inline std::optional<Example> splitExample(std::u16string_view example) {
     constexpr std::u16string_view arrow = u" &rarr; ";
     auto const position = example.find(arrow);

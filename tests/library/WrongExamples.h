@@ -5,8 +5,8 @@
 
 namespace kx::test {
 
-/// An example of the catalogues that does not do what it says, and why it stays: the texts are
-/// part of the documentation that users know.
+/// An example of the catalogues whose result is not what it says. It stays, because the texts of
+/// the catalogues are never changed.
 struct WrongExample {
     std::u16string_view example;
     std::u16string_view actual;  ///< the result when run; empty where it cannot be run

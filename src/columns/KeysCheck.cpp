@@ -1,8 +1,8 @@
-#include "columns/ColumnKeys.h"
+#include "columns/KeysCheck.h"
 
 #include <algorithm>
 
-#include "columns/ColumnNames.h"
+#include "columns/NameMeaning.h"
 #include "engine/Text.h"
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
@@ -12,7 +12,7 @@ namespace kx {
 
 namespace {
 
-/// Of keys that are more than a name, such as "A.B", the line may do anything.
+/// For a key that is more than a name, such as "A.B", the prologue line may do anything.
 bool isName(std::u16string_view key) {
     return !key.empty() && isLatinNameStart(key.front()) &&
            std::all_of(key.begin(), key.end(), isLatinNamePart);
@@ -26,9 +26,8 @@ bool isPlainGlobal(v8::Local<v8::Context> context, v8::Local<v8::String> name) {
                v8::None;
 }
 
-/// Whether reading the accessor calls the host's getter. To scripts it looks like a plain property,
-/// and they can define another in its place, which is one to the engine too, or a pair of
-/// functions.
+/// Whether reading the accessor calls the host's getter. A script can define another property in
+/// its place: to V8, the host's is the one that has a callback and, in its descriptor, a value.
 bool hasOwnAccessor(v8::Local<v8::Context> context, v8::Local<v8::Object> carrier,
                     v8::Local<v8::String> accessor) {
     v8::Local<v8::Value> descriptor;
@@ -63,30 +62,13 @@ bool isBoundAsMade(v8::Local<v8::Context> context, std::u16string const& key,
            hasOwnAccessor(context, carrier.As<v8::Object>(), toEngineName(isolate, accessorName));
 }
 
-bool areCarriersInFront(v8::Local<v8::Context> context, std::vector<std::u16string> const& keys) {
-    v8::Isolate* const isolate = context->GetIsolate();
-    v8::HandleScope const handles(isolate);
-    v8::TryCatch const ignored(isolate);
-    std::u16string list;
-    for (std::u16string const& key : keys) {
-        list += (list.empty() ? u"[" : u",") + carrierNameFor(key);
-    }
-    if (list.empty()) return true;
-    v8::Local<v8::String> const text = toEngineString(isolate, list + u"]");
-    v8::Local<v8::Script> script;
-    v8::Local<v8::Value> found;
-    if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&script) ||
-        !script->Run(context).ToLocal(&found)) {
-        return false;
-    }
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        v8::Local<v8::Value> carrier;
-        if (!found.As<v8::Array>()->Get(context, static_cast<std::uint32_t>(i)).ToLocal(&carrier) ||
-            !carrier->StrictEquals(globalValue(context, carrierNameFor(keys[i])))) {
-            return false;
-        }
-    }
-    return true;
+bool areCarriersUnshadowed(v8::Local<v8::Context> context,
+                           std::vector<std::u16string> const& keys) {
+    if (keys.empty()) return true;
+    v8::HandleScope const handles(context->GetIsolate());
+    std::vector<std::u16string> names;
+    for (std::u16string const& key : keys) names.push_back(carrierNameFor(key));
+    return unshadowedValues(context, names).has_value();
 }
 
 }  // namespace kx

@@ -1,7 +1,8 @@
-#include "columns/ColumnNames.h"
+#include "columns/NameMeaning.h"
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "engine/Text.h"
@@ -18,7 +19,7 @@ constexpr std::array kEngineFunctions = {u"Boolean"sv,  u"isFinite"sv,   u"isNaN
                                          u"parseInt"sv, u"parseFloat"sv, u"String"sv};
 constexpr std::array kEvaluating = {u"IIF"sv, u"COND"sv};
 
-/// Takes the engine's own conversion of functions apart, and looks at all globals.
+/// Depends on Function.prototype.toString and on all globals, which the checks do not cover.
 constexpr std::u16string_view kListing = u"LISTFUNCT";
 
 template <class List>
@@ -38,6 +39,33 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
         return v8::Undefined(isolate);
     }
     return value;
+}
+
+std::optional<std::vector<v8::Local<v8::Value>>> unshadowedValues(
+    v8::Local<v8::Context> context, std::vector<std::u16string> const& names) {
+    v8::Isolate* const isolate = context->GetIsolate();
+    v8::TryCatch const ignored(isolate);
+    // An array of what the names stand for in a script.
+    std::u16string list = u"[";
+    for (std::u16string const& name : names) list.append(name).append(u",");
+    list += u"]";
+    v8::Local<v8::String> const text = toEngineString(isolate, list);
+    v8::Local<v8::Script> script;
+    v8::Local<v8::Value> found;
+    if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&script) ||
+        !script->Run(context).ToLocal(&found)) {
+        return std::nullopt;
+    }
+    std::vector<v8::Local<v8::Value>> values(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (!found.As<v8::Array>()
+                 ->Get(context, static_cast<std::uint32_t>(i))
+                 .ToLocal(&values[i]) ||
+            !values[i]->StrictEquals(globalValue(context, names[i]))) {
+            return std::nullopt;
+        }
+    }
+    return values;
 }
 
 bool isFunctionOf(v8::Local<v8::Value> value, int scriptId, std::u16string_view name) {

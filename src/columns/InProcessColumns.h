@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "columns/Column.h"
+#include "columns/ColumnFormula.h"
+#include "columns/KxJsColumns.h"
+#include "host/InProcessHost.h"
+
+namespace kx {
+
+/// What a KxJsColumns does over a host of this process: it holds the columns and the compiled
+/// formula.
+class InProcessColumns {
+  public:
+    explicit InProcessColumns(KxJsParser& parser);
+    ~InProcessColumns();
+    InProcessColumns(InProcessColumns const&) = delete;
+    InProcessColumns& operator=(InProcessColumns const&) = delete;
+
+    void bind(std::u16string const& name, Column::Values values);
+    bool compile(std::u16string const& source, std::u16string& error);
+    KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results);
+    void setProgress(KxJsColumns::Progress progress);
+
+  private:
+    void refuseWhileEvaluating() const;
+    void release(std::list<HostResources> resources) noexcept;
+    bool bindToHost(std::u16string& error);
+
+    KxJsParser& parser_;
+    InProcessHost& host_;
+    std::shared_ptr<IsolateRecord> const record_;  // which may be left when the host is gone
+    std::vector<Column> columns_;
+    KxJsColumns::Progress progress_;
+    std::unique_ptr<ColumnFormula> formula_;
+    bool isEvaluating_ = false;
+    std::list<HostResources> lastResources_;  // for the destructor, which must not allocate
+};
+
+}  // namespace kx

@@ -1,0 +1,68 @@
+#include "columns/RecordResults.h"
+
+#include <algorithm>
+#include <limits>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+#include "engine/Text.h"
+
+namespace kx {
+
+namespace {
+
+constexpr std::u16string_view kNaN = u"NaN";
+
+}  // namespace
+
+KxJsColumns::SharedText RecordResults::RecentTexts::shared(std::u16string text) {
+    auto const known = std::find(texts_.begin(), texts_.end(), std::u16string_view(text));
+    if (known != texts_.end()) return *known;
+    next_ = (next_ + 1) % texts_.size();
+    return texts_[next_] = KxJsColumns::SharedText(std::move(text));
+}
+
+void RecordResults::convert(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                            v8::Local<v8::Value> completion) {
+    std::size_t const record = next();
+    if (auto* const* texts = std::get_if<std::u16string*>(&results_)) {
+        std::u16string& text = (*texts)[record];
+        text = textOfValue(isolate, context, completion);
+        if (text.find(kNaN) != std::u16string::npos) noteNotANumber();
+    } else if (auto* const* numbers = std::get_if<double*>(&results_)) {
+        (*numbers)[record] =
+            completion->NumberValue(context).FromMaybe(std::numeric_limits<double>::quiet_NaN());
+    } else {
+        std::get<bool*>(results_)[record] = completion->BooleanValue(isolate);
+    }
+}
+
+void RecordResults::fail(std::u16string error, KxJsFailure const& failure) {
+    std::visit([&](auto* results) { results[next()] = {}; }, results_);
+    if (auto* const* numbers = std::get_if<double*>(&results_)) {
+        (*numbers)[next()] = std::numeric_limits<double>::quiet_NaN();
+    }
+    outcome_.failures.push_back({next(), texts_.shared(std::move(error)),
+                                 texts_.shared(failure.message), failure.line, failure.column,
+                                 failure.endColumn});
+}
+
+void RecordResults::endBlock(ColumnRun& run, std::size_t last) {
+    auto* const* const texts = std::get_if<std::u16string*>(&results_);
+    if (texts == nullptr) {
+        outcome_.records = last;
+        return;
+    }
+    run.takeTexts(next(), last, *texts);
+    for (; next() < last; endRecord()) {
+        if ((*texts)[next()].find(kNaN) != std::u16string::npos) noteNotANumber();
+    }
+}
+
+void RecordResults::noteNotANumber() {
+    if (notANumber_.empty()) notANumber_ = KxJsColumns::SharedText(u"Not A Number");
+    outcome_.failures.push_back({next(), notANumber_, notANumber_});
+}
+
+}  // namespace kx

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include <v8.h>
+
+#include "columns/Column.h"
+#include "columns/ColumnRun.h"
+#include "columns/KxJsColumns.h"
+#include "host/KxJsFailure.h"
+
+namespace kx {
+
+/// Where an evaluation puts what became of its records: results in the application's memory,
+/// failures in the outcome, whose number of records says which one is next.
+class RecordResults {
+  public:
+    RecordResults(ColumnResults const& results, KxJsColumns::Outcome& outcome)
+        : results_(results), outcome_(outcome) {}
+
+    ColumnResults const& target() const { return results_; }
+    std::size_t next() const { return outcome_.records; }
+    void endRecord() { ++outcome_.records; }
+
+    /// Converts `completion`, the value of the next record. What that throws is in the caller's
+    /// v8::TryCatch.
+    void convert(v8::Isolate* isolate, v8::Local<v8::Context> context,
+                 v8::Local<v8::Value> completion);
+
+    /// The next record has failed.
+    void fail(std::u16string error, KxJsFailure const& failure);
+
+    /// The records up to `last` were evaluated by the last block of `run`.
+    void endBlock(ColumnRun& run, std::size_t last);
+
+  private:
+    /// Shares equal texts: the records of an evaluation fail for few reasons, mostly.
+    class RecentTexts {
+      public:
+        KxJsColumns::SharedText shared(std::u16string text);
+
+      private:
+        std::array<KxJsColumns::SharedText, 16> texts_;
+        std::size_t next_ = 0;
+    };
+
+    void noteNotANumber();
+
+    ColumnResults const& results_;
+    KxJsColumns::Outcome& outcome_;
+    RecentTexts texts_;
+    KxJsColumns::SharedText notANumber_;
+};
+
+}  // namespace kx
