@@ -16,9 +16,21 @@ IsolatedScript::~IsolatedScript() { log_.leave(*this); }
 
 std::uint32_t HostLog::enter(IsolatedScript const& script) {
     // Leaving may not allocate.
-    released_.reserve(released_.size() + scripts_.size() + 1);
-    scripts_.emplace(++lastScript_, &script);
-    return lastScript_;
+    released_.reserve(released_.size() + scripts_.size() + columns_ + 1);
+    std::uint32_t const number = newNumber();
+    scripts_.emplace(number, &script);
+    return number;
+}
+
+std::uint32_t HostLog::enterColumns() {
+    released_.reserve(released_.size() + scripts_.size() + columns_ + 1);
+    ++columns_;
+    return newNumber();
+}
+
+void HostLog::leaveColumns(std::uint32_t number) noexcept {
+    --columns_;
+    released_.push_back(number);
 }
 
 void HostLog::leave(IsolatedScript const& script) noexcept {

@@ -35,8 +35,8 @@ class IsolatedScript final : public CompiledScript {
     std::vector<std::u16string> const keys_;
 };
 
-/// What a worker has to know of an isolated host: limits, library, variables, scripts. It writes the
-/// commands that tell a worker what has changed, or a new worker everything.
+/// What a worker has to know of an isolated host: limits, library, variables, scripts. It writes
+/// the commands that tell a worker what has changed, or a new worker everything.
 class HostLog {
   public:
     /// `variables` are the host's.
@@ -52,6 +52,12 @@ class HostLog {
     /// Forgets variables and scripts, before the host does.
     void noteReset() noexcept;
 
+    /// Numbers for columns, from the same series as those of scripts.
+    /// @{
+    std::uint32_t enterColumns();
+    void leaveColumns(std::uint32_t number) noexcept;
+    /// @}
+
     /// The keys of bound variables that occur in `source`.
     std::vector<std::u16string> keysIn(std::u16string_view source) const;
 
@@ -64,6 +70,7 @@ class HostLog {
   private:
     friend class IsolatedScript;
 
+    std::uint32_t newNumber() { return ++lastNumber_; }
     std::uint32_t enter(IsolatedScript const& script);
     void leave(IsolatedScript const& script) noexcept;
 
@@ -76,7 +83,8 @@ class HostLog {
     bool hasLibrary_ = false;
     bool haveLimitsChanged_ = false;
     std::map<std::uint32_t, IsolatedScript const*> scripts_;
-    std::uint32_t lastScript_ = 0;
+    std::uint32_t lastNumber_ = 0;
+    std::size_t columns_ = 0;
     std::vector<std::uint32_t> released_;
     std::array<KxJsVariable const*, kMostChanges> changed_{};
     std::size_t changes_ = 0;

@@ -46,7 +46,7 @@ void IsolatedHost::installLibrary() {
     std::u16string ignored;
     if (!prepare(ignored)) return;
     request_.put(Command::INSTALL);
-    if (exchange(1, log_.timeLimit(), ignored)) conclude(ignored);
+    exchange(ignored);
 }
 
 std::unique_ptr<CompiledScript> IsolatedHost::compile(std::u16string_view source,
@@ -56,7 +56,8 @@ std::unique_ptr<CompiledScript> IsolatedHost::compile(std::u16string_view source
     request_.put(Command::COMPILE);
     request_.put(script->number());
     request_.putText(source);
-    if (!exchange(1, log_.timeLimit(), error) || !conclude(error).isDone) return nullptr;
+    auto const result = exchange(error);
+    if (!result || !result->isDone) return nullptr;
     return script;
 }
 
@@ -64,8 +65,8 @@ std::u16string IsolatedHost::run(CompiledScript const& script, std::u16string& e
     if (!prepare(error)) return {};
     request_.put(Command::RUN);
     request_.put(static_cast<IsolatedScript const&>(script).number());
-    if (!exchange(1, log_.timeLimit(), error)) return {};
-    return std::move(conclude(error).text);
+    auto result = exchange(error);
+    return result ? std::move(result->text) : std::u16string();
 }
 
 void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
@@ -73,10 +74,11 @@ void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
     std::u16string ignored;
     if (isOnItsThread() && worker_.isThere() && prepare(ignored)) {
         request_.put(Command::RESET);
-        if (exchange(1, log_.timeLimit(), ignored)) conclude(ignored);
+        exchange(ignored);
     } else {
         worker_.giveUp();
     }
+    ++resets_;
     log_.noteReset();
     scripts.clear();
     variables.clear();
@@ -108,41 +110,53 @@ bool IsolatedHost::restore(std::u16string& error) {
         noteFailure(KxJsFailure::Kind::WORKER_ENDED, error);
         return false;
     }
-    bool const isRestored = exchange(log_.putAll(request_), kRestoration, error);
+    ++workers_;
+    std::size_t const results = log_.putAll(request_);
+    auto reader = send(kRestoration, error);
+    if (!reader) return false;
+    // What cannot be done again says so when it is used.
+    for (std::size_t i = 0; i < results; ++i) takeResult(*reader);
     request_.clear();
-    return isRestored;
+    return checkEnd(*reader, error);
 }
 
-/// Sends request_ and reads as many results. False, and a text in `error`, where the worker has
-/// ended; it is replaced at the next call.
-bool IsolatedHost::exchange(std::size_t results, std::chrono::milliseconds limit,
-                            std::u16string& error) {
-    Ending ending = worker_.call(request_.bytes(), reply_, limit);
-    if (ending == Ending::ANSWERED && !readResults(results)) {
-        worker_.giveUp();
-        ending = Ending::LIED;
-    }
-    if (ending == Ending::ANSWERED) return true;
+/// Sends the request_, of which the last command is the only one that is answered, and makes the
+/// result what the host's caller sees. Nothing, and a text in `error`, where the worker has ended;
+/// it is replaced at the next call.
+std::optional<CommandResult> IsolatedHost::exchange(std::u16string& error) {
+    auto reader = send(log_.timeLimit(), error);
+    if (!reader) return std::nullopt;
+    CommandResult result = takeResult(*reader);
+    if (!checkEnd(*reader, error)) return std::nullopt;
+    conclude(result, error);
+    return result;
+}
+
+std::optional<MessageReader> IsolatedHost::send(std::chrono::milliseconds limit,
+                                                std::u16string& error) {
+    Ending const ending = worker_.call(request_.bytes(), reply_, limit);
+    if (ending == Ending::ANSWERED) return MessageReader(reply_);
     noteEnd(ending, limit, error);
+    return std::nullopt;
+}
+
+/// Whether the reply was as a worker writes it. One that was not is the worker's last.
+bool IsolatedHost::checkEnd(MessageReader const& reader, std::u16string& error) {
+    if (reader.isRight()) return true;
+    worker_.giveUp();
+    noteEnd(Ending::LIED, {}, error);
     return false;
 }
 
-bool IsolatedHost::readResults(std::size_t count) {
-    results_.clear();
-    MessageReader reader(reply_);
-    for (std::size_t i = 0; i < count; ++i) results_.push_back(takeResult(reader));
-    return reader.isRight();
-}
-
-/// Makes the only result what the host's caller sees.
-CommandResult& IsolatedHost::conclude(std::u16string& error) {
-    CommandResult& result = results_.front();
+void IsolatedHost::conclude(CommandResult& result, std::u16string& error) {
     if (result.error) error = std::move(*result.error);
     endReason_ = result.endReason;
-    if (result.failure) {
-        noteFailure(result.failure->kind, {}) = std::move(*result.failure);
-    }
-    return result;
+    if (result.failure) noteFailure(result.failure->kind, {}) = std::move(*result.failure);
+}
+
+void IsolatedHost::terminate() {
+    isTerminated_ = true;
+    worker_.terminate();
 }
 
 void IsolatedHost::noteEnd(Ending ending, std::chrono::milliseconds limit, std::u16string& error) {

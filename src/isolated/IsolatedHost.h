@@ -1,16 +1,19 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
 #include "host/HostBackend.h"
-#include "isolated/HostLog.h"
 #include "host/KxJsIsolation.h"
+#include "isolated/HostLog.h"
 #include "isolated/Protocol.h"
 #include "isolated/SupervisedWorker.h"
 
@@ -37,16 +40,34 @@ class IsolatedHost final : public HostBackend {
     }
     void setTimeLimit(std::chrono::milliseconds limit) override { log_.setTimeLimit(limit); }
     void setMemoryLimit(std::size_t bytes) override;
-    void terminate() override { worker_.terminate(); }
+    void terminate() override;
     EndReason endReason() const override { return endReason_; }
     KxJsSandbox const* sandbox() const override { return &worker_.sandbox(); }
 
-  private:
+    /// For columns, which send requests of their own: begins one, sends it and takes the reply.
+    /// Each gives false or nothing, and a text in `error`, where the worker ends.
+    /// @{
     bool prepare(std::u16string& error);
+    MessageWriter& request() { return request_; }
+    std::optional<MessageReader> send(std::chrono::milliseconds limit, std::u16string& error);
+    bool checkEnd(MessageReader const& reader, std::u16string& error);
+    void conclude(CommandResult& result, std::u16string& error);
+    HostLog& log() { return log_; }
+    /// @}
+
+    /// Changes with each worker, and with each reset().
+    std::uint64_t workers() const { return workers_; }
+    std::uint64_t resets() const { return resets_; }
+
+    /// An evaluation that takes several calls: between them too, terminate() is remembered.
+    /// @{
+    void beginEvaluation() { isTerminated_ = false; }
+    bool isTerminated() const { return isTerminated_; }
+    /// @}
+
+  private:
     bool restore(std::u16string& error);
-    bool exchange(std::size_t results, std::chrono::milliseconds limit, std::u16string& error);
-    bool readResults(std::size_t count);
-    CommandResult& conclude(std::u16string& error);
+    std::optional<CommandResult> exchange(std::u16string& error);
     void noteEnd(SupervisedWorker::Ending ending, std::chrono::milliseconds limit,
                  std::u16string& error);
 
@@ -56,7 +77,9 @@ class IsolatedHost final : public HostBackend {
     EndReason endReason_ = EndReason::none;
     MessageWriter request_;
     std::vector<std::byte> reply_;
-    std::vector<CommandResult> results_;
+    std::uint64_t workers_ = 1;
+    std::uint64_t resets_ = 0;
+    std::atomic<bool> isTerminated_ = false;
 };
 
 }  // namespace kx

@@ -64,8 +64,8 @@ void putVariable(MessageWriter& writer, KxJsVariable const& variable) {
         case KxJsVariable::TYPE_OF_VAR_DOUBLE:
             return writer.put(variable.getDoubleValue());
         case KxJsVariable::TYPE_OF_VAR_STRING:
-            return writer.putText(
-                std::u16string_view(variable.getStrValue()).substr(0, KxJsVariable::kMaxTextLength));
+            return writer.putText(std::u16string_view(variable.getStrValue())
+                                      .substr(0, KxJsVariable::kMaxTextLength));
         case KxJsVariable::TYPE_OF_VAR_BOOLEAN:
             return writer.put(variable.getBooleanValue());
         case KxJsVariable::TYPE_OF_VAR_UNDEFINED:
@@ -105,8 +105,8 @@ CommandResult takeResult(MessageReader& reader) {
     result.isDone = reader.takeBool();
     result.text = reader.takeText();
     if (reader.takeBool()) result.error = reader.takeText();
-    result.endReason = static_cast<EndReason>(
-        reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
+    result.endReason =
+        static_cast<EndReason>(reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
     if (reader.takeBool()) result.failure = takeFailure(reader);
     return result;
 }

@@ -14,20 +14,21 @@ namespace kx {
 /// What library and worker call themselves. They have to be of one build of the protocol.
 char const* protocolVersion();
 
-/// A request is a sequence of commands. The last four are answered, in their order.
+/// A request is a sequence of commands. Those from INSTALL on are answered, in their order.
 enum class Command : std::uint8_t {
-    SET_VARIABLE,  ///< key, type, value
-    RELEASE,       ///< id of a script
-    TIME_LIMIT,    ///< milliseconds, 64 bits
-    MEMORY_LIMIT,  ///< bytes, 64 bits
-    INSTALL,       ///< nothing
-    RESET,         ///< nothing
-    COMPILE,       ///< id, source
-    RUN            ///< id
+    SET_VARIABLE,     ///< key, type, value
+    RELEASE,          ///< id of a script or of columns
+    TIME_LIMIT,       ///< milliseconds, 64 bits
+    MEMORY_LIMIT,     ///< bytes, 64 bits
+    INSTALL,          ///< nothing
+    RESET,            ///< nothing
+    COMPILE,          ///< id, source
+    RUN,              ///< id
+    COMPILE_COLUMNS,  ///< id, number of columns, name and type of each, source
+    RUN_COLUMNS       ///< id, type of results, number of records, values of each column
 };
-inline constexpr std::uint8_t kLastCommand = static_cast<std::uint8_t>(Command::RUN);
 
-/// What came of one of those four.
+/// What came of one of those, except RUN_COLUMNS.
 struct CommandResult {
     bool isDone = false;  ///< COMPILE: whether there is a script now
     std::u16string text;  ///< RUN: the text of the completion value

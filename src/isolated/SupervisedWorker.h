@@ -34,8 +34,8 @@ class SupervisedWorker {
     /// Starts one in place of one that is not there any more. Throws as the constructor.
     void start();
 
-    /// Sends `request` and gets the `reply`. `limit` is the time that the worker may take by itself;
-    /// 0 is none. After any other ending than ANSWERED the worker is not there any more.
+    /// Sends `request` and gets the `reply`. `limit` is the time that the worker may take by
+    /// itself; 0 is none. After any other ending than ANSWERED the worker is not there any more.
     Ending call(std::span<std::byte const> request, std::vector<std::byte>& reply,
                 std::chrono::milliseconds limit);
     /// Ends a worker of which a reply has turned out to be a lie.

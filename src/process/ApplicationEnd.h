@@ -35,7 +35,8 @@ class ApplicationEnd {
     void announce() { calls_.fetch_add(1); }
     /// Sends `message`, which was announced. The worker's last one must have been received.
     Outcome send(std::span<std::byte const> message, Deadline& deadline);
-    /// Asks the worker to end its work for the message that was announced last. Any thread may call.
+    /// Asks the worker to end its work for the message that was announced last. Any thread may
+    /// call.
     void interrupt();
 
   private:

@@ -23,7 +23,8 @@ struct alignas(128) ChannelLane {
 struct ChannelWords {
     ChannelLane application;
     ChannelLane worker;
-    alignas(128) std::atomic<std::uint32_t> endedCall;  ///< number of the message whose work is to end
+    alignas(
+        128) std::atomic<std::uint32_t> endedCall;  ///< number of the message whose work is to end
 };
 
 static_assert(std::atomic<std::uint32_t>::is_always_lock_free);

@@ -59,9 +59,12 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
         case Command::SET_VARIABLE:
             host_->addSetVariable(takeVariable(request));
             break;
-        case Command::RELEASE:
-            scripts_.erase(request.take<std::uint32_t>());
+        case Command::RELEASE: {
+            auto const number = request.take<std::uint32_t>();
+            scripts_.erase(number);
+            columns_.erase(number);
             break;
+        }
         case Command::TIME_LIMIT:
             host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
             break;
@@ -82,6 +85,15 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
         }
         case Command::RUN:
             putResult(reply, run(request.take<std::uint32_t>()));
+            break;
+        case Command::COMPILE_COLUMNS: {
+            auto const number = request.take<std::uint32_t>();
+            WorkerColumns& columns = columns_.try_emplace(number, *host_).first->second;
+            putResult(reply, withOutcome(columns.compile(request)));
+            break;
+        }
+        case Command::RUN_COLUMNS:
+            columns_.at(request.take<std::uint32_t>()).run(request, reply);
             break;
     }
 }

@@ -9,6 +9,7 @@
 #include "host/KxJsParser.h"
 #include "isolated/Message.h"
 #include "isolated/Protocol.h"
+#include "worker/WorkerColumns.h"
 #include "worker/WorkerService.h"
 
 namespace kx {
@@ -31,6 +32,7 @@ class FormulaService final : public WorkerService {
 
     std::unique_ptr<KxJsParser> host_;
     std::map<std::uint32_t, std::unique_ptr<CompiledScript>> scripts_;
+    std::map<std::uint32_t, WorkerColumns> columns_;
 };
 
 }  // namespace kx
