@@ -3,6 +3,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "host/HostBackend.h"
+
 namespace kx {
 
 namespace {
