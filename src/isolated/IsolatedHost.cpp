@@ -70,16 +70,15 @@ std::u16string IsolatedHost::run(CompiledScript const& script, std::u16string& e
 }
 
 void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
-    // A worker that is not there has nothing to forget.
+    // A worker that is not there has no globals.
     std::u16string ignored;
-    if (isOnItsThread() && worker_.isThere() && prepare(ignored)) {
+    bool const isOwnThread = isOnItsThread();
+    if (isOwnThread && worker_.isThere() && prepare(ignored)) {
         request_.put(Command::RESET);
         exchange(ignored);
-    } else {
-        worker_.giveUp();
     }
     ++resets_;
-    log_.noteReset();
+    log_.noteReset(isOwnThread);
     scripts.clear();
     variables.clear();
 }

@@ -1,6 +1,7 @@
 #include "worker/FormulaService.h"
 
 #include <chrono>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -11,17 +12,8 @@ namespace kx {
 
 namespace {
 
-/// What functions of the engine read of the system when they run first: time zones and what belongs
-/// to languages.
-constexpr char16_t const* kFirstCalls =
-    u"new Date(0).toString() + new Date().toLocaleString() +"
-    u"new Intl.DateTimeFormat('en', {timeZone: 'Europe/Paris'}).format(0) +"
-    u"(1234.5).toLocaleString() + 'a'.localeCompare('b') + 'i'.toLocaleUpperCase() +"
-    u"'\\u00e9'.normalize('NFD') + new Intl.ListFormat('en').format(['a']) +"
-    u"new Intl.PluralRules('en').select(1) + new Intl.RelativeTimeFormat('en').format(1, 'day') +"
-    u"new Intl.DisplayNames('en', {type: 'region'}).of('FR') +"
-    u"[...new Intl.Segmenter('en', {granularity: 'word'}).segment('a b')].length +"
-    u"/\\p{L}/u.test('a') + Math.random()";
+/// What functions of the engine read of the system when they run first: the time zone.
+constexpr char16_t const* kFirstCalls = u"new Date(0).toString() + new Date(0).toLocaleString()";
 
 /// What an error text is before a call that may leave it alone.
 std::u16string const kUntouched = u"\uffff";
@@ -33,13 +25,9 @@ void FormulaService::prepareZygote() { startEngine(); }
 void FormulaService::prepareWorker() {
     // The zygote has started the engine and no more, so everything of it came along.
     forkedChild = false;
-    {
-        KxJsParser first;
-        first.initialize();
-        std::u16string ignored;
-        first.evaluate(kFirstCalls, ignored);
-    }
     host_ = std::make_unique<KxJsParser>();
+    std::u16string ignored;
+    host_->evaluate(kFirstCalls, ignored);
 }
 
 void FormulaService::serve(WorkerEnd& end) {
@@ -74,6 +62,11 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
         case Command::INSTALL:
             host_->initialize();
             putResult(reply, withOutcome({}));
+            break;
+        case Command::FORGET:
+            // The library has a way for this that is taken on foreign threads only.
+            std::thread([this] { host_->reset(); }).join();
+            scripts_.clear();
             break;
         case Command::RESET:
             putResult(reply, reset());
