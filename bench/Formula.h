@@ -17,7 +17,7 @@ struct Variable {
     double numberAt(std::uint64_t run) const { return number + step * static_cast<double>(run); }
 };
 
-/// One piece of work, said in the language of every peer that can say it. All texts are ASCII.
+/// One piece of work in the language of every peer that can do it. All texts are ASCII.
 struct Formula {
     std::string javaScript;
     std::string lua = {};       ///< empty where the work cannot be said
@@ -29,7 +29,7 @@ struct Formula {
 std::string unseen(std::string const& pattern, std::uint64_t number);
 
 std::u16string widen(std::string const& ascii);
-/// Anything else than ASCII becomes a question mark.
+/// Anything but ASCII becomes a question mark.
 std::string narrow(std::u16string const& text);
 
 }  // namespace bench

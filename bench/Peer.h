@@ -16,12 +16,12 @@ using Nanoseconds = std::chrono::nanoseconds;
 
 enum class Task : std::uint8_t { makeHosts, parse, execute, oneShot, convert };
 
-/// One way to evaluate formulas. An object holds at most one formula in use, so every case has
-/// peers of its own; what an engine has once per process or thread, they share.
+/// One way to evaluate formulas. An object has at most one current formula, so every case has peers
+/// of its own. They share what an engine has once per process or thread.
 ///
-/// The operations do `count` pieces of work and return the time that these took, without what they
-/// need before and after. `first` numbers the pieces, so that no two calls do the same work twice.
-/// Every piece of work ends with the text of a result in the application's hands.
+/// The operations do `count` pieces of work and return the time of these alone, without setup and
+/// cleanup. `first` numbers the pieces, so that no two calls do the same work. Every piece ends
+/// with the text of a result in the application's memory.
 class Peer {
   public:
     virtual ~Peer() = default;
@@ -34,10 +34,10 @@ class Peer {
     virtual Nanoseconds makeHosts(std::uint64_t /*count*/) { throw cannot(); }
     /// The result of `javaScript` in the last host made.
     virtual std::string resultInLastHost(std::string const& /*javaScript*/) { throw cannot(); }
-    /// Gives them up.
+    /// Destroys them.
     virtual void dropHosts() {}
 
-    /// Binds the variables of `formula` and makes it the formula in use.
+    /// Binds the variables of `formula` and makes it the current formula.
     virtual void use(Formula const& formula) = 0;
     /// Compiles it, for execute().
     virtual void compile() = 0;
@@ -46,11 +46,11 @@ class Peer {
     virtual Nanoseconds execute(std::uint64_t first, std::uint64_t count) = 0;
     /// Compiles unseen formulas made from the one in use, and keeps them.
     virtual Nanoseconds parse(std::uint64_t first, std::uint64_t count) = 0;
-    /// For each unseen formula: hands over the variables' values, compiles, runs once.
+    /// For each unseen formula: sets the variables' values, compiles, runs once.
     virtual Nanoseconds oneShot(std::uint64_t first, std::uint64_t count) = 0;
     /// Runs what parse() compiled last.
     virtual void executeParsed() = 0;
-    /// Gives up what parse() and oneShot() have compiled.
+    /// Discards what parse() and oneShot() have compiled.
     virtual void forget() = 0;
 
     /// Converts `text` from the older language.
@@ -58,15 +58,15 @@ class Peer {
         throw cannot();
     }
 
-    /// The text that the last piece of work has given.
+    /// The result of the last piece of work.
     virtual std::string result() const = 0;
 
   protected:
     static std::logic_error cannot() { return std::logic_error("not what this peer can do"); }
 };
 
-/// The processor time of the calling thread. Unlike the time of day it does not count what other
-/// processes do meanwhile, and no peer works on a second thread while it is measured.
+/// The processor time of the calling thread. It does not include other processes, and no peer works
+/// on a second thread while it is measured.
 inline Nanoseconds threadTime() {
     timespec now{};
     if (clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now) != 0) throw std::runtime_error("no clock");

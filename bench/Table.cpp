@@ -104,7 +104,7 @@ void printTable(std::ostream& out, std::vector<Case> const& cases,
                         goalText(row, figures)});
         for (std::string const& peer : others) {
             bool const isAbsent = absences.contains(peer);
-            // Where raw V8 has no part, the library is the measure.
+            // Rows without raw V8 are relative to the library.
             rows.back().push_back(
                 isAbsent ? "not installed"
                          : ratioText(figures.median(row.title, peer), raw != 0 ? raw : library));

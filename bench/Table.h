@@ -10,8 +10,7 @@
 
 namespace bench {
 
-/// What has been measured: for a row and a peer, the nanoseconds that one piece of work took, once
-/// for every round.
+/// The measurements: for a row and a peer, the nanoseconds of one piece of work in every round.
 class Figures {
   public:
     void add(std::string const& row, std::string const& peer, double nanoseconds);
@@ -22,7 +21,7 @@ class Figures {
     std::map<std::pair<std::string, std::string>, std::vector<double>> rounds_;
 };
 
-/// Why a peer is not in the table, for each that is not.
+/// For each peer that is not in the table, why.
 using Absences = std::map<std::string, std::string>;
 
 /// Prints the rows that have figures as a Markdown table: raw V8's time and the library's, the

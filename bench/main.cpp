@@ -72,8 +72,8 @@ class Collector final : public benchmark::BenchmarkReporter {
 };
 
 void measure(benchmark::State& state, Measurement& measurement) {
-    // Numbers are not used twice, not in another row either: engines remember what they compiled.
-    // Peers know nothing of each other, so each has its own; so have rows without new formulas.
+    // No number is used twice, not even in another row: engines cache what they compiled. Every
+    // peer counts by itself, and so does every row without new formulas.
     static std::map<std::pair<std::string, bool>, std::uint64_t> used;
     bench::Task const task = measurement.row->task;
     bool const isUnseen = task == bench::Task::parse || task == bench::Task::oneShot;

@@ -3,8 +3,8 @@
 #   V8_ROOT   a hint: the directory that holds include/ and lib/. Without it, the copy that
 #             scripts/setup unpacks under build/v8 is used where there is one.
 #
-# Defines the target V8::V8, or ends the configuration. Headers are taken from beside the library that was found, never from
-# elsewhere: a Node.js of another vendor may have put the headers of another V8 on the default path.
+# Defines the target V8::V8, or ends the configuration. Headers come from the directory of the library
+# only: another vendor's Node.js may have put the headers of another V8 on the default path.
 
 set(_v8_hints "")
 if(V8_ROOT)
@@ -15,7 +15,7 @@ if(DEFINED ENV{V8_ROOT})
 endif()
 list(APPEND _v8_hints ${CMAKE_CURRENT_LIST_DIR}/../build/v8/usr)
 
-# What was found elsewhere is not what another hint asks for.
+# A new hint starts a new search.
 if(DEFINED V8_SEARCHED AND NOT V8_SEARCHED STREQUAL _v8_hints)
     unset(V8_LIBRARY CACHE)
     unset(V8_INCLUDE_DIR CACHE)

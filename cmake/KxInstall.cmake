@@ -1,6 +1,6 @@
-# What `cmake --install` puts where: library, public headers, kxjs with its manual page and
-# completion, the CMake package KxJsParser and the pkg-config module kxjsparser. Nothing in it names
-# the prefix, so the result can be moved.
+# The files that `cmake --install` installs: library, public headers, kxjs with its manual page and
+# completion, the CMake package KxJsParser and the pkg-config module kxjsparser. No file names the
+# prefix, so the result can be moved.
 #
 # The components: `library` to run applications, `development` to build them, `program` is kxjs.
 
@@ -28,7 +28,7 @@ foreach(header IN LISTS _headers)
     )
 endforeach()
 
-# The loader finds a system's libnode by itself; one that stands elsewhere is named in the library.
+# The loader finds the system's libnode. The path of another one is stored in the library.
 get_filename_component(_v8_directory ${V8_LIBRARY} DIRECTORY)
 get_filename_component(_v8_directory ${_v8_directory} REALPATH)
 set(_v8_rpath ${_v8_directory})

@@ -1,5 +1,5 @@
-# The modules of the source tree. Each is compiled once, as an object library. Only the module that links
-# V8 finds V8's headers; which modules include which others, the test structure.modules looks after.
+# The modules of the source tree. Each is compiled once, as an object library. Only modules that link
+# V8 find V8's headers. The test structure.modules checks which modules include which.
 
 add_library(kx_options INTERFACE)
 target_compile_features(kx_options INTERFACE cxx_std_20)

@@ -72,8 +72,8 @@ This package holds kxjs, which evaluates and converts formulas, lists the
 variables that they need, and explains the built-in functions."
 )
 
-# dpkg-shlibdeps asks for the packages of the shared libraries that the files need. It finds the
-# engine in an unpacked package by the package's own control files, which scripts/setup leaves beside
+# dpkg-shlibdeps asks for the packages of the shared libraries that the files need. It finds
+# V8 in an unpacked package by the control files of the package, which scripts/setup keeps beside
 # it; kxjs's dependency on the library is stated above.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src ${_v8_rpath})
 

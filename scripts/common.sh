@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Sourced by the other scripts.
 
-# The top of the source tree, wherever the caller stands.
+# The top of the source tree.
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 
 say() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }
@@ -15,8 +15,8 @@ die() {
 # usage: the comment at the head of the script that runs, which is its help.
 usage() { sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$0"; }
 
-# help_first ARGUMENT...: shows the help and ends, where the first argument asks for it. Before any
-# work, so that whoever looks something up waits for nothing.
+# help_first ARGUMENT...: shows the help and ends, if the first argument asks for it. Call it before
+# any work.
 help_first() {
     case "${1:-}" in
         -h | --help) usage && exit 0 ;;
@@ -63,7 +63,7 @@ build() {
     (cd "$root" && cmake --build --preset "$preset" "$@")
 }
 
-# build_quietly PRESET TARGET...: says nothing when there is nothing to do, all when it fails.
+# build_quietly PRESET TARGET...: prints nothing when there is nothing to do, and all when it fails.
 build_quietly() {
     local preset=$1
     shift

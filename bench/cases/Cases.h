@@ -14,17 +14,17 @@ struct Case {
     std::string title;
     Task task = Task::execute;
     Formula formula;
-    /// Pieces of work in one timed stretch: enough for the clock, few enough to be kept.
+    /// Pieces of work in one timed stretch: enough for the clock, few enough for the memory.
     std::uint64_t batch = 1;
-    /// Gets the peer ready; not timed.
+    /// Prepares the peer; not timed.
     std::function<void(Peer&)> prepare;
     /// One timed stretch.
     std::function<Nanoseconds(Peer&, std::uint64_t first, std::uint64_t count)> work;
-    /// The results that every peer must have in common; not timed.
+    /// The results, which must be the same for every peer; not timed.
     std::function<std::string(Peer&)> results;
-    /// What the library may take at most, in raw V8's time; 0 where raw V8 has no part.
+    /// The library's goal as a multiple of raw V8's time; 0 where there is none.
     double goal = 0;
-    /// Or in time; 0 where the goal is another.
+    /// The library's goal as a time; 0 where there is none.
     double goalNanoseconds = 0;
     /// The row whose work is half of this one's: at most 2.2 times its time is the goal.
     std::string twiceOf = {};

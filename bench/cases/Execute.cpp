@@ -38,7 +38,7 @@ std::vector<Case> executeCases() {
     numbers.lua = "return A*B+1.5";
     numbers.variables = {{.name = "A", .number = 3.25}, {.name = "B", .number = 7.125}};
 
-    // No peer can answer from a cache of texts, as the engine does for a number that it has seen.
+    // So no peer can take the text from a cache, as V8 does for a number that it has seen.
     Formula changing = numbers;
     changing.variables.front().step = 0.37;
 

@@ -27,7 +27,7 @@ struct ColumnData {
     std::vector<std::u16string> wideTexts;
 };
 
-/// A formula made ready for columns: a call evaluates all records.
+/// A compiled formula for columns: a call evaluates all records.
 using ColumnWork = std::function<void()>;
 
 /// Empty where the engine cannot do it.

@@ -27,7 +27,7 @@ using namespace bench;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::array<std::size_t, 3> kSizes = {1, 1000, 1000000};
-/// What one stretch handles at least, so that it is longer than the clock's step.
+/// The least number of records in one stretch, so that it is longer than the clock's step.
 constexpr std::size_t kLeastRecords = 20000;
 
 std::vector<ColumnFormula> const kFormulas = {
@@ -121,7 +121,7 @@ void measure(ColumnFormula const& formula, std::size_t count, int rounds) {
     std::fflush(stdout);
 }
 
-/// Nothing where what was asked for is no number of rounds.
+/// Nothing if the argument is no number of rounds.
 std::optional<int> roundsFrom(int count, char** arguments) {
     if (count < 2) return 11;
     std::string_view const text = arguments[1];

@@ -18,7 +18,7 @@ std::unique_ptr<Peer> makeLuaJitPeer();
 /// Null where the machine has no `node`.
 std::unique_ptr<Peer> makeNodePeer();
 
-/// A peer and where it is to be found.
+/// A peer and how to make it.
 struct PeerEntry {
     std::string name;
     std::string package;                        ///< what to install, where the peer is missing

@@ -1,4 +1,4 @@
-// The engine as directly as it can be used: what any wrapper would have to do, and nothing else.
+// V8 used directly: only what every wrapper must do.
 // Scripts begin with the same prologue as the library's and read variables through the same
 // accessor; there is no capture of exceptions, no limit, no error text.
 #include <vector>
@@ -11,7 +11,7 @@ namespace bench {
 
 namespace {
 
-/// An isolate of its own, beside the library's, with the engine's defaults.
+/// An isolate beside the library's, with V8's defaults.
 v8::Isolate* sharedIsolate() {
     static v8::Isolate* const isolate = [] {
         makeLibraryPeer()->use({});  // starts the engine

@@ -1,4 +1,4 @@
-// Evaluates whatever the fuzzer makes over columns, and compares with records run one by one.
+// Evaluates generated formulas over columns, and compares with records run one by one.
 //
 // The first byte chooses the columns' types and values, the second whether the source is converted
 // before.
@@ -39,7 +39,7 @@ class Host {
     KxJsParser host_;
 };
 
-/// One by one in a new host, so many bytes further down the stack.
+/// Runs one by one in a new host, this many bytes further down the stack.
 Results oneByOne(ColumnTable const& table, std::u16string const& source, std::size_t depth = 0) {
     auto* const room = static_cast<char volatile*>(alloca(depth + 1));
     room[0] = 0;
@@ -47,8 +47,8 @@ Results oneByOne(ColumnTable const& table, std::u16string const& source, std::si
     return table.oneByOne(host.get(), source);
 }
 
-/// Whether results of a source are others each time: the clock, chance, and where in it the stack
-/// is full, which depends on how deep the caller is.
+/// Whether a source may give another result each time: it depends on the clock, on chance, or on
+/// where the stack ends, which depends on the caller.
 bool isFickle(ColumnTable const& table, std::u16string const& source, Results const& results) {
     for (std::size_t depth = 1; depth < 4096; depth = depth * 3 + 10) {
         if (oneByOne(table, source, depth) != results) return true;
@@ -77,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::u16string const source = data[1] % 2 == 0 ? Converter::_convert(text.c_str()) : text;
     std::mt19937_64 random(data[0]);
     ColumnTable table(random);
-    // Some are called like members.
+    // Some have names of members.
     for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"})
         table.add(name, ColumnTable::Range::small);
 

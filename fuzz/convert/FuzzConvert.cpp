@@ -1,4 +1,4 @@
-// Compares the converter with the naive one on whatever the fuzzer makes, pass by pass.
+// Compares the converter with the naive one on generated input, pass by pass.
 #include <cstdint>
 #include <string>
 

@@ -1,4 +1,4 @@
-// Looks for the free variables of whatever the fuzzer makes, for a short time each.
+// Extracts the free variables of generated sources, for a short time each.
 //
 // The first byte says whether the source is converted before.
 #include <chrono>
@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds kTimeLimit{100};
 constexpr std::size_t kMemoryLimit = std::size_t{32} << 20;
 constexpr std::u16string_view kUntouched = u"untouched";
 
-/// Makes the limit hold for the hosts that extraction makes.
+/// The limit holds for the hosts that extraction makes.
 KxJsParser& hostOfLimit() {
     static KxJsParser host;
     host.setMemoryLimit(kMemoryLimit);

@@ -1,4 +1,4 @@
-// Lets hosts parse and execute whatever the fuzzer makes, under small limits.
+// Hosts parse and execute generated sources, under small limits.
 //
 // The input is a list of steps, one to a line (0x1e ends a line, since sources have line breaks).
 // The first byte of a line says what is done:
@@ -32,7 +32,7 @@ constexpr std::size_t kMemoryLimit = std::size_t{32} << 20;
 constexpr std::size_t kMostSteps = 12;
 constexpr std::u16string_view kUntouched = u"untouched";
 
-/// The lines of a source, as JavaScript ends them.
+/// The lines of a source by the line ends of JavaScript.
 std::vector<std::u16string> linesOf(std::u16string const& source) {
     std::vector<std::u16string> lines(1);
     for (std::size_t i = 0; i < source.size(); ++i) {
@@ -48,7 +48,7 @@ std::vector<std::u16string> linesOf(std::u16string const& source) {
     return lines;
 }
 
-/// A failure's place lies in the source, or is none.
+/// A failure's place is in the source, or there is none.
 void checkPlace(KxJsFailure const& failure, std::u16string const& source) {
     if (failure.line == 0) {
         check(failure.column == 0 && failure.endColumn == 0, "no place is no place at all");
@@ -114,7 +114,7 @@ class FuzzedHost {
         sources_.clear();
     }
 
-    /// Whatever scripts have done to the context, what needs nothing of it works.
+    /// Operations that do not need the context work, whatever scripts did to it.
     void checkUsable() {
         reset();  // a key may be a number, and occur here
         host_.setTimeLimit(std::chrono::milliseconds::zero());
@@ -123,7 +123,7 @@ class FuzzedHost {
         check(index == count_, "a used host parses");
         checkEqual(host_.execute(index, error), u"42", "a used host's result");
         checkEqual(error, u"", "a used host's error");
-        // A setter that a script has put in a variable's place runs when the host ends.
+        // A setter that a script put in a variable's place runs when the host ends.
         host_.setTimeLimit(kTimeLimit);
     }
 

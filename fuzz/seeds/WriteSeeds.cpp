@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The hostile scripts that the engine cannot survive are no seeds.
+/// Scripts that V8 cannot survive are no seeds.
 constexpr std::string_view kImpossible = "impossible";
 constexpr std::uintmax_t kLongestScript = 2000;
 
@@ -64,7 +64,7 @@ class Seeds {
         fs::create_directories(directory_);
     }
 
-    /// An input of these parts, one behind the other.
+    /// An input that concatenates these parts.
     void add(std::initializer_list<std::string_view> parts) {
         std::ofstream file(directory_ / std::to_string(count_++), std::ios::binary);
         for (std::string_view const part : parts)

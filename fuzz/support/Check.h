@@ -7,7 +7,7 @@
 
 namespace kx::fuzz {
 
-/// Ends the process, which the fuzzer then counts as a finding, and says why.
+/// Prints why and ends the process, which the fuzzer counts as a finding.
 [[noreturn]] inline void fail(std::string_view what) {
     std::cerr << "finding: " << what << std::endl;
     std::abort();

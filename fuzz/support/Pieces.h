@@ -9,8 +9,8 @@
 
 namespace kx::fuzz {
 
-/// A new descriptor that gives `bytes` in reads of `piece` bytes each, so that the places where a
-/// reader starts anew are the fuzzer's too.
+/// A new descriptor whose reads return `bytes` in pieces of `piece` bytes, so that the fuzzer also
+/// chooses where a reader's blocks end.
 inline int inPieces(std::string_view bytes, std::size_t piece) {
     constexpr int kMostPieces = 100;  // the socket holds no more, and would wait for ever
     std::array<int, 2> ends{};

@@ -1,8 +1,8 @@
-// Runs a target on inputs that are there, without a fuzzer.
+// Runs a target on existing inputs, without a fuzzer.
 //
 //     fuzz_NAME [--every N] PATH...    files, and directories of files, of which every Nth is taken
 //
-// A target that finds a mistake ends the process; the last line then says with which input.
+// A target that finds a mistake ends the process; the last line names the input.
 #include <algorithm>
 #include <csignal>
 #include <cstddef>
@@ -25,7 +25,7 @@ constexpr std::size_t kLongest = 600;  // as scripts/fuzz has it: longer ones ar
 
 std::string current;
 
-/// Says which input it was: a target ends by abort() where it finds a mistake.
+/// Names the input: a target that finds a mistake calls abort().
 void tellInput(int /*signal*/) {
     [[maybe_unused]] auto const count = ::write(STDERR_FILENO, current.data(), current.size());
 }

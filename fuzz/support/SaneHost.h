@@ -7,8 +7,8 @@
 
 namespace kx::fuzz {
 
-/// A host that never sees the fuzzer's input. Hosts of a thread share their engine isolate, so
-/// what one of them has broken shows here.
+/// A host that never runs the fuzzer's input. Hosts of a thread share an isolate, so damage that
+/// another host did shows here.
 class SaneHost {
   public:
     SaneHost() {

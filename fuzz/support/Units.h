@@ -6,8 +6,8 @@
 
 namespace kx::fuzz {
 
-/// A text from a fuzzer's bytes: each is a code unit; those from 0x80 on stand for the units beyond
-/// ASCII that matter, so that dictionaries and small steps reach everything.
+/// A text from a fuzzer's bytes, a code unit each. Bytes from 0x80 on stand for interesting units
+/// beyond ASCII, so that dictionaries and small mutations reach them.
 inline std::u16string textOf(std::string_view bytes) {
     static constexpr std::array<char16_t, 16> kWide{
         u'\u00a0', u'\u1680', u'\u2000', u'\u200a', u'\u2028', u'\u2029', u'\u202f', u'\u205f',
@@ -21,7 +21,7 @@ inline std::u16string textOf(std::string_view bytes) {
     return text;
 }
 
-/// The next code unit of two bytes each: everything is reached, though only by large steps.
+/// A code unit of two bytes each: reaches every unit, but only by large mutations.
 inline std::u16string wideTextOf(std::string_view bytes) {
     std::u16string text;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {

@@ -1,5 +1,5 @@
-// Binds variables of any key, type and value, and compares what scripts read of them with what they
-// are specified to read.
+// Binds variables of any key, type and value, and compares what scripts read with what they must
+// read.
 //
 // Input: a byte of choices, a byte that says how often the key is repeated, a length byte, the key,
 // the value. Texts are wide or narrow (support/Units.h) as the choices say.
@@ -76,7 +76,7 @@ KxJsVariable variableOf(Input const& input, unsigned int choice) {
     }
 }
 
-/// What a script sees of a text.
+/// The part of a text that scripts see.
 std::u16string seen(std::u16string text) {
     text.resize(std::min(text.size(), kSeenUnits));
     return text.substr(0, text.find(u'\0'));
@@ -149,7 +149,7 @@ void checkValue(std::u16string const& result, KxJsVariable const& variable) {
                            "a special number");
                 break;
             }
-            // The shortest text is the engine's affair; that it is this number is not.
+            // Which shortest text V8 writes is not checked; that it is this number is.
             std::string const digits(result.begin(), result.end());
             char* end = nullptr;
             check(!digits.empty() && std::strtod(digits.c_str(), &end) == number && *end == '\0',
@@ -167,13 +167,13 @@ void checkByName(Reader& reader, Input const& input) {
     KxJsParser& host = reader.host();
     std::u16string error;
     std::int32_t const value = host.parse(input.key, error);
-    // The engine's own conversion, beside the library's.
+    // V8's own conversion, beside the library's.
     std::int32_t const text = host.parse(u"''+" + input.key, error);
     check(value == 0 && text == 1, "a variable's name is a script");
     for (unsigned int change = 0; change < 3; ++change) {
         KxJsVariable const variable = variableOf(input, (input.choices >> change) + change);
         check(host.addSetVariable(variable), "a bound key can be set again");
-        // A text that is read again is no longer the engine's newest.
+        // A text that is read again is no longer V8's newest.
         for (int times = 0; times < 3; ++times) {
             std::u16string const result = reader.execute(value);
             checkValue(result, variable);
@@ -186,7 +186,7 @@ void checkByName(Reader& reader, Input const& input) {
                "a variable after a reset");
 }
 
-/// Reads by carrier, the way that keys which are no names leave.
+/// Reads by carrier, as needed for keys that are no names.
 void checkByCarrier(Reader& reader, Input const& input, KxJsVariable const& variable) {
     static std::u16string const source =
         u"(function(all){for(var i=0;i<all.length;i++){var c=all[i];"
@@ -194,7 +194,7 @@ void checkByCarrier(Reader& reader, Input const& input, KxJsVariable const& vari
         u"return '='+this[c].ouraccessor}}return 'none'})(Object.getOwnPropertyNames(this))";
     if (source.find(input.key) != std::u16string::npos) return;
     std::u16string error;
-    // Makes the carrier whether it compiles or not.
+    // Makes the carrier, even where the source does not compile.
     static_cast<void>(reader.host().parse(u"/*" + input.key + u"*/", error));
     std::u16string const result = reader.run(source);
     check(result.starts_with(u'='), "every key has a carrier");

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "columns/ColumnTexts.h"
+#include "engine/V8Compat.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
@@ -119,7 +120,7 @@ bool ColumnEvaluation::runOneByOne() {
 void ColumnEvaluation::choosePath() {
     path_ = Path::slow;
     // The last record takes the slow path anyway.
-    if (count_ - results_.next() < 2 || count_ > v8::TypedArray::kMaxLength) return;
+    if (count_ - results_.next() < 2 || count_ > v8compat::kMostArrayElements) return;
     auto const names = formula_.bindings(context_, columns_);
     if (!names) return;
     fastFrom_ = results_.next();

@@ -20,9 +20,9 @@ std::u16string reading(Column const& column, std::u16string const& name) {
     return name + u"[i]";
 }
 
-// Anything but these goes the slow way, by the loop's failure: making it a text, a number or a
-// truth value may run scripts. The length is bounded so that the results of a block do not need
-// memory that the same records would not need one by one.
+// For any other value the loop fails, and the record runs one by one: converting it may run
+// scripts. The length is bounded so that the results of a block do not need memory that the same
+// records would not need one by one.
 constexpr std::u16string_view kStoreText =
     u"const j=i-base;"
     u"if(typeof r==='number'){numbers[j]=r;kinds[j]=0;}"

@@ -26,7 +26,7 @@ struct ColumnBindings {
 /// arguments.
 class ColumnKernel {
   public:
-    /// Compiles in the entered context; null where the engine refuses.
+    /// Compiles in the entered context. Null where V8 refuses.
     static std::unique_ptr<ColumnKernel> make(OwnHandles& all, v8::Local<v8::Context> context,
                                               std::u16string_view expression,
                                               ColumnBindings const& bindings,
@@ -42,13 +42,14 @@ class ColumnKernel {
     v8::Local<v8::Function> formula(v8::Isolate* isolate) const {
         return handles_[1]->get(isolate);
     }
-    /// What stands for the built-in function `name`, which evaluates texts: the same for everything
-    /// that is no text, and a failure for texts, which have to be evaluated in the right place.
+    /// What the formula calls in place of the built-in function `name`, which evaluates texts. It
+    /// gives the same for all other values, and fails for a text: that has to be evaluated by the
+    /// script.
     v8::Local<v8::Function> evaluating(v8::Isolate* isolate, std::u16string_view name) const {
         return handles_[name == u"IIF" ? 2 : 3]->get(isolate);
     }
 
-    /// Gives up the handles.
+    /// Moves the handles to `resources`.
     void release(HostResources& resources) noexcept;
 
   private:

@@ -107,7 +107,7 @@ ColumnRun::Stop ColumnRun::block(std::size_t& first, std::size_t last) {
              ->Call(context_, v8::Undefined(isolate_), static_cast<int>(arguments_.size()),
                     arguments_.data())
              .ToLocal(&text)) {
-        // Where the stack is all but used up, even the loop's own call fails.
+        // Where the stack is nearly used up, even the loop's own call fails.
         return capture.HasTerminated() ? Stop::ended : Stop::failed;
     }
     if (!kinds_.empty()) {

@@ -13,7 +13,8 @@
 
 namespace kx {
 
-/// One evaluation by a kernel. Stands inside the evaluation's handle scope and context.
+/// One evaluation by a kernel. Lives inside the evaluation's handle scope, with the context
+/// entered.
 class ColumnRun {
   public:
     /// `constants` are the values of the host's variables that the bindings name.

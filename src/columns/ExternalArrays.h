@@ -7,8 +7,8 @@
 
 namespace kx {
 
-/// Typed arrays over memory that the engine does not own. They are detached at the end, so that
-/// whoever still holds one finds it empty. They belong to the handle scope around.
+/// Typed arrays over memory that V8 does not own. The destructor detaches them: what still refers
+/// to one then finds it empty. Lives inside a handle scope.
 class ExternalArrays {
   public:
     explicit ExternalArrays(v8::Isolate* isolate) : isolate_(isolate) {}
@@ -16,7 +16,7 @@ class ExternalArrays {
     ExternalArrays(ExternalArrays const&) = delete;
     ExternalArrays& operator=(ExternalArrays const&) = delete;
 
-    /// An array over `count` values at `values`. What only reads may be given what is constant.
+    /// An array over `count` values at `values`. Scripts must only read where those are constant.
     /// @{
     v8::Local<v8::Value> over(double const* values, std::size_t count);
     v8::Local<v8::Value> over(std::int32_t const* values, std::size_t count);

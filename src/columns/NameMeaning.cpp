@@ -88,7 +88,7 @@ NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name
     }
     if (name == kListing || !isFunctionOf(value, libraryId, name)) return NameMeaning::unknown;
     if (!evaluatesTexts(name)) return NameMeaning::catalogue;
-    // These two give what the engine's eval makes of their conditions.
+    // These two give what V8's eval makes of their conditions.
     return isFunctionOf(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
                                                                          : NameMeaning::unknown;
 }

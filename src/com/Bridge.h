@@ -48,7 +48,7 @@ struct BridgeParser;
 
 /// The operations. Each runs on the calling thread and leaves its results alone unless it is
 /// done; receivers are called before it returns. `stackLow` and `stackHigh` are the bounds of the
-/// calling thread's stack: under Wine only the Windows side knows them, and the engine needs them
+/// calling thread's stack: under Wine only the Windows side knows them, and V8 needs them
 /// to end a recursion before the stack does.
 struct Bridge {
     BridgeResult(KX_BRIDGE_CALL* create)(void const* stackLow, void const* stackHigh,

@@ -1,5 +1,5 @@
-// Compiled without run-time type information, which the engine's library lacks: a class derived
-// from one of the engine's would not link otherwise.
+// Compiled without run-time type information, which V8's library lacks: a class derived
+// from one of V8's would not link otherwise.
 #include "engine/CountingAllocator.h"
 
 #include <algorithm>

@@ -8,8 +8,8 @@
 
 namespace kx {
 
-/// Allocates the memory of array buffers, which lies outside the engine's heap, and counts it. A
-/// buffer that would exceed the limit is refused: the engine turns that into a RangeError.
+/// Allocates the memory of array buffers, which is outside V8's heap, and counts it. A buffer that
+/// would exceed the limit is refused: scripts get a RangeError.
 class CountingAllocator : public v8::ArrayBuffer::Allocator {
   public:
     virtual std::size_t bytesInUse() const = 0;

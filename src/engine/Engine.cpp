@@ -21,12 +21,11 @@ bool start() {
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
     registerInterruptibleBuiltins();
     if (v8compat::isEngineRunning()) return false;
-    // Nothing but the watchdog runs on a thread of the library's own, and that runs no script; so
-    // the engine needs no threads either.
+    // The library's only thread is the watchdog's, which runs no script. V8 needs none either.
     v8::V8::SetFlagsFromString("--single-threaded");
-    // Its memory is invisible to the limits, and formulas have no use for it.
+    // The limits do not see its memory, and formulas do not need it.
     v8::V8::SetFlagsFromString("--no-expose-wasm");
-    // Kept for ever: scripts may still run while the process destroys its static objects.
+    // Never destroyed: scripts may run while the process destroys its static objects.
     static v8::Platform* const platform =
         v8::platform::NewSingleThreadedDefaultPlatform().release();
     v8::V8::InitializePlatform(platform);

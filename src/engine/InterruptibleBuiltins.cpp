@@ -1,5 +1,5 @@
-// Compiled without run-time type information, which the engine's library lacks: a class derived
-// from one of the engine's would not link otherwise.
+// Compiled without run-time type information, which V8's library lacks: a class derived
+// from one of V8's would not link otherwise.
 #include "engine/InterruptibleBuiltins.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ constexpr std::uint32_t kManyElements = 1U << 16;
 constexpr int kOrdinaryChain = 16;
 
 /// The length that an object other than an array has or claims by itself. Runs no script: a length
-/// that only a script would tell counts as endless. `ofTypedArrays` is the engine's getter.
+/// that only a script would tell counts as endless. `ofTypedArrays` is V8's getter.
 std::optional<double> ownLength(v8::Local<v8::Context> context, v8::Local<v8::Object> object,
                                 v8::Local<v8::Object> receiver,
                                 v8::Local<v8::Value> ofTypedArrays) {

@@ -1,5 +1,5 @@
-// Compiled without run-time type information, which the engine's library lacks: a class derived
-// from one of the engine's would not link otherwise.
+// Compiled without run-time type information, which V8's library lacks: a class derived
+// from one of V8's would not link otherwise.
 #include "engine/IsolateEndNotice.h"
 
 #include <memory>
@@ -36,7 +36,7 @@ void notifyAtIsolateEnd(v8::Isolate* isolate, std::function<void()> action) {
     auto notice = std::make_unique<EndNotice>(std::move(action));
     v8::Local<v8::String> text;
     if (!v8::String::NewExternalOneByte(isolate, notice.get()).ToLocal(&text)) return;
-    (void)notice.release();  // the engine's now
+    (void)notice.release();  // V8's now
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     v8::Eternal<v8::String> const keptToTheEnd(isolate, text);
 }

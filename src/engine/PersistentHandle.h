@@ -12,7 +12,7 @@ namespace kx {
 template <class T>
 class PersistentHandle;
 
-/// The handles that the library holds in one isolate. The engine has handles for its own objects,
+/// The handles that the library holds in one isolate. V8 has handles for its own objects,
 /// too, and MemoryWatch has to tell them apart, so the library's are counted where they are made.
 class OwnHandles {
   public:
@@ -31,8 +31,8 @@ class OwnHandles {
     std::size_t count_ = 0;
 };
 
-/// Keeps one engine object alive, or, made weak, knows of it until it is collected. Destroying the
-/// handle disposes of it in the engine, so it must not be destroyed after its isolate: see
+/// Keeps one V8 object alive, or, made weak, knows of it until it is collected. Destroying the
+/// handle disposes of it in V8, so it must not be destroyed after its isolate: see
 /// IsolateRecord.
 template <class T>
 class PersistentHandle {

@@ -29,8 +29,8 @@ void RunControl::requestEnd(EndReason reason) {
     if (state_.compare_exchange_strong(expected, State::requesting)) {
         reason_.store(reason, std::memory_order_release);
     } else {
-        // Asked for before, and still running: the engine has met the first request and gone on
-        // with something else that the script has left, such as its promise jobs.
+        // Requested before, and still running: V8 has met the first request, and goes on with
+        // something else that the script has left, such as promise jobs.
         expected = State::requested;
         if (!state_.compare_exchange_strong(expected, State::requesting)) return;
     }

@@ -11,14 +11,13 @@ namespace kx {
 
 /// Ends the run of one host, from any thread, and makes sure that it ends that run only.
 ///
-/// The engine's request to terminate is a flag of the isolate: it stays up until some script meets
-/// it. So a request is only made while a run is known to go on, and whoever made it must have
-/// finished before the run may end; the end then takes the flag down again. A run without a
-/// request pays two atomic operations.
+/// V8's request to terminate is a flag of the isolate, which stays set until some script meets it.
+/// So a request is only made during a run, the run does not end before the request is complete, and
+/// the end clears the flag again. A run without a request costs two atomic operations.
 class RunControl {
   public:
-    /// The host's thread: a run begins. Runs of one host may nest; the outermost counts. Returns
-    /// whether this is it.
+    /// The host's thread: a run begins. Runs of one host may nest. Returns whether this is the
+    /// outermost, which is the one that counts.
     bool begin(v8::Isolate* isolate);
 
     /// The host's thread: the run has ended. Waits for a request that is just being made. Returns

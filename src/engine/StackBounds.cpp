@@ -7,7 +7,7 @@ namespace kx {
 
 namespace {
 
-// What the engine's C++ code, and callbacks into this library, may use below the limit.
+// What V8's C++ code, and callbacks into this library, may use below the limit.
 constexpr std::uintptr_t kReserve = std::uintptr_t{160} * 1024;
 
 // A thread with an unlimited stack still ends a recursion within reasonable time.

@@ -17,12 +17,11 @@ struct StackBounds {
 /// threads another runtime has made. Both null takes the report back.
 KXJS_API void setThreadStackBounds(void const* low, void const* high);
 
-/// The reported bounds, else those that the C library knows. Both 0 where nobody knows.
+/// The reported bounds, or those that the C library knows. Both 0 where they are unknown.
 StackBounds threadStackBounds();
 
-/// The address that scripts must not grow the stack beyond. Below it the engine's own C++ code
-/// still finds room: scripts are checked against the limit, that code is not. 0 where the bounds
-/// are unknown.
+/// The address beyond which scripts must not grow the stack. Some stack is left below it for V8's
+/// C++ code, which V8 does not check against the limit. 0 where the bounds are unknown.
 std::uintptr_t scriptStackLimit(StackBounds bounds);
 
 }  // namespace kx

@@ -44,7 +44,7 @@ bool contains(std::u16string_view text, char16_t unit) {
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,
                            v8::Local<v8::Value> value) {
     if (value.IsEmpty()) return {};
-    // Asked for first, because the engine answers this without a call.
+    // Asked for first, because V8 answers this without a call.
     if (value->IsString()) return fromEngineString(isolate, value.As<v8::String>());
     if (value->IsNumber()) return numberToText(value.As<v8::Number>()->Value());
     // What runs a script needs a context, and so does the exception for a symbol.

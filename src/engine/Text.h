@@ -7,11 +7,11 @@
 
 namespace kx {
 
-/// A new engine string of the same code units. Empty where `text` is longer than the engine
+/// A new V8 string of the same code units. Empty where `text` is longer than V8
 /// allows (v8::String::kMaxLength).
 v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text);
 
-/// The same as the name of a property, which the engine finds faster.
+/// The same as the name of a property, which V8 finds faster.
 v8::Local<v8::String> toEngineName(v8::Isolate* isolate, std::u16string_view text);
 
 /// The code units of `text` up to its first U+0000. An empty handle gives the empty text.

@@ -4,8 +4,8 @@
 
 #include <v8-version.h>
 
-// Exported by every libnode though no public header declares it. Weak, so that an engine without
-// it still links; such an engine must then be started by this library.
+// Exported by every libnode though no public header declares it. Weak, so that a V8 without
+// it still links; such a V8 must then be started by this library.
 namespace v8::debug {
 __attribute__((weak)) v8::Platform* GetCurrentPlatform();
 }

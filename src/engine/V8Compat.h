@@ -7,8 +7,8 @@
 
 #include <v8.h>
 
-/// The engine calls whose form differs between the V8 versions that this library builds with, or
-/// that need knowledge of a version. Everything else in the room is written once.
+/// The calls that differ between the versions of V8 that this library builds with. Everything else
+/// in the library is the same for all versions.
 namespace kx::v8compat {
 
 /// No typed array has more elements than this, whatever they are.
@@ -19,7 +19,7 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 #endif
 
 /// Whether the application has started V8 in this process by itself. Starting it a second time
-/// ends the process, and the engine has no public question for it.
+/// ends the process, and V8 has no public question for it.
 bool isEngineRunning();
 
 /// A template property that scripts can read and not write.
@@ -29,7 +29,7 @@ void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> tar
 /// The aligned pointer in the internal field `index` of `object`; null where none was ever set and
 /// the object is no global object.
 inline void* alignedPointerOrNull(v8::Local<v8::Object> object, int index) {
-    // What a field holds at first is a tagged reference, whose lowest bit is set.
+    // A field that was never set holds a tagged reference, whose lowest bit is set.
     void* const pointer = object->GetAlignedPointerFromInternalField(index);
     return (reinterpret_cast<std::uintptr_t>(pointer) & 1) == 0 ? pointer : nullptr;
 }

@@ -9,11 +9,12 @@ namespace kx {
 
 namespace {
 
-/// A run that goes on after it was asked to end has found something else to do.
+/// A run that goes on after a request does something that the script has left, such as promise
+/// jobs.
 constexpr std::chrono::milliseconds kAskAgainAfter{20};
 
-/// Keeps the application's signals away from threads that are started meanwhile: it handles them in
-/// threads of its own choice.
+/// Blocks all signals in threads that are started meanwhile: the application chooses the threads
+/// that handle its signals.
 class SignalsBlocked {
   public:
     SignalsBlocked() {
@@ -32,7 +33,7 @@ class SignalsBlocked {
 }  // namespace
 
 std::shared_ptr<Watchdog> Watchdog::acquire() {
-    // Never destroyed: hosts that are static objects let go of the watchdog very late.
+    // Never destroyed: hosts that are static objects release the watchdog at exit.
     static auto& mutex = *new std::mutex;
     static auto& current = *new std::weak_ptr<Watchdog>;
     std::lock_guard const lock(mutex);
@@ -69,8 +70,8 @@ void Watchdog::watch(RunControl& control, Clock::time_point deadline) {
         isFirst = deadline < sleepsUntil_;
         if (isFirst) sleepsUntil_ = deadline;
     }
-    // Most runs end long before their deadline, and the next one's is later than what the thread
-    // sleeps for already: waking it is the exception.
+    // Most runs end long before their deadline, and the thread sleeps until an earlier one already:
+    // it is rarely woken.
     if (isFirst) changed_.notify_one();
 }
 

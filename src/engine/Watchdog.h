@@ -11,13 +11,13 @@
 
 namespace kx {
 
-/// Ends runs that take too long. One for the process, with one thread, alive only while some host
-/// has a time limit.
+/// Ends runs that take too long. The process has one, with one thread, while some host has a time
+/// limit.
 class Watchdog {
   public:
     using Clock = std::chrono::steady_clock;
 
-    /// The watchdog, which lives until the last holder lets it go. Any thread.
+    /// The watchdog of the process, which lives as long as somebody holds it. Any thread.
     static std::shared_ptr<Watchdog> acquire();
 
     Watchdog();
@@ -28,7 +28,7 @@ class Watchdog {
     /// Ends the run of `control` at `deadline`, unless it is given up before. Any thread.
     void watch(RunControl& control, Clock::time_point deadline);
 
-    /// Returns only when the run of `control` cannot be ended from here any more.
+    /// Stops watching the run of `control`. After the return it is not ended any more.
     void giveUp(RunControl& control);
 
   private:

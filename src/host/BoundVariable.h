@@ -15,9 +15,8 @@ std::u16string carrierNameFor(std::u16string const& key);
 
 /// What scripts read of one variable: its value at the moment of reading.
 ///
-/// Most texts stay the same from run to run, so the engine's string for a text is kept once the
-/// text has been read a second time. Holds a handle: see IsolateRecord for where it may be
-/// destroyed.
+/// Most texts stay the same from run to run. So V8's string of a text is kept once the text has
+/// been read a second time. Holds handles: see IsolateRecord for where they may be destroyed.
 class BoundVariable {
   public:
     BoundVariable(KxJsVariable const& variable, std::u16string_view accessorName,
@@ -28,7 +27,7 @@ class BoundVariable {
     /// Where the variable is read.
     OwnHandles& handles() { return handles_; }
 
-    /// carrierNameFor() the variable's key. Empty where it is longer than the engine allows.
+    /// carrierNameFor() the variable's key. Empty where it is longer than V8 allows.
     v8::Local<v8::String> carrierName(v8::Isolate* isolate);
 
     /// The line in front of a script that reads the variable through its carrier.

@@ -50,8 +50,7 @@ void Carriers::cutAll(v8::Isolate* isolate) {
     variables_.clear();
 }
 
-// The getter cannot look at the field of a global object that was never set, unlike at those of
-// other objects.
+// The getter cannot tell that a global object's field was never set, as it can for other objects.
 void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
     v8::Local<v8::Object> const proxy = context->Global();
     carryNothing(proxy);
@@ -67,8 +66,8 @@ BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view
     return *bound;
 }
 
-// Every parse makes new carriers and the collector takes most of them; sweeping only when the
-// list has doubled keeps the cost of each carrier constant.
+// Every parse makes new carriers, and most are collected. The list is swept only when it has
+// doubled, so that a carrier costs constant time.
 void Carriers::forgetCollected() {
     if (carriers_.size() < collectAt_) return;
     std::erase_if(carriers_, [](auto const& carrier) { return carrier->isEmpty(); });
@@ -83,7 +82,7 @@ void Carriers::accessorGetter(v8::Local<v8::Name> /*property*/,
     try {
         variable->read(info.GetIsolate(), info.GetReturnValue());
     } catch (std::bad_alloc const&) {
-        // No exception of C++ may pass through the engine: the script gets one of its own.
+        // A C++ exception must not pass through V8: the script gets one of JavaScript.
         info.GetIsolate()->ThrowError("Not enough memory for the value of a variable");
     }
 }

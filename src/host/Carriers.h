@@ -18,9 +18,9 @@ class BoundVariable;
 /// The objects through which scripts read a host's variables: each carries the address of one
 /// BoundVariable in its internal field 0, where the accessor's getter finds it.
 ///
-/// A script may keep a carrier beyond the life of its variable, so the list of all carriers is
-/// kept (weakly: it does not keep them alive), and letting the variables go cuts the connection
-/// first. A carrier without a variable reads as undefined.
+/// A script may keep a carrier longer than its variable lives. So all carriers are known (by weak
+/// handles, which do not keep them alive), and are cut from their variables before the variables
+/// are destroyed. A carrier without a variable reads as undefined.
 class Carriers {
   public:
     Carriers();
@@ -32,7 +32,7 @@ class Carriers {
     BoundVariable& bound(KxJsVariable const& variable, std::u16string_view accessorName,
                          OwnHandles& handles);
 
-    /// A new instance of `shape` that carries `variable`, or an empty handle where the engine
+    /// A new instance of `shape` that carries `variable`, or an empty handle where V8
     /// cannot make one.
     v8::Local<v8::Object> make(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
                                BoundVariable& variable);

@@ -12,8 +12,8 @@ namespace kx {
 
 namespace {
 
-/// Keeps the engine's first block of handles: without an outermost scope that holds one, every run
-/// would allocate a block and free it.
+/// Keeps V8's first block of handles. Without an outermost scope that has a handle, each run would
+/// allocate a block and free it.
 class OutermostHandles {
   public:
     explicit OutermostHandles(v8::Isolate* isolate)
@@ -90,7 +90,7 @@ class ApplicationIsolates {
         if (record == nullptr) {
             auto made = std::make_shared<IsolateRecord>(isolate);
             notifyAtIsolateEnd(isolate, [isolate] { instance().forget(isolate); });
-            record = std::move(made);  // not before its end is sure to be noticed
+            record = std::move(made);  // only now: a record must learn of its isolate's end
         }
         return record;
     }
@@ -116,7 +116,7 @@ class ApplicationIsolates {
 
 std::shared_ptr<IsolateRecord> IsolateRecord::current() {
     if (isForkedChild()) return std::make_shared<IsolateRecord>(nullptr);
-    startEngine();  // before it runs, asking for the current isolate reads a stranger's memory
+    startEngine();  // TryGetCurrent() is only valid once V8 is initialized
     v8::Isolate* const isolate = v8::Isolate::TryGetCurrent();
     bool const isThreadOwn = threadIsolate != nullptr && threadIsolate->holds(isolate);
     if (isolate == nullptr || isThreadOwn) return ensureThreadIsolate().entered();

@@ -20,7 +20,7 @@ std::u16string composeErrorText(ScriptFailure const& failure) {
 std::optional<ScriptFailure> scriptFailureOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
                                              v8::TryCatch const& capture) {
     v8::HandleScope const handles(isolate);
-    // The exception's own toString may throw in turn; that second exception has no reader.
+    // The exception's own toString may throw too. That second exception is ignored.
     v8::TryCatch const second(isolate);
     ScriptFailure failure;
     failure.exception = textOfValue(isolate, context, capture.Exception());

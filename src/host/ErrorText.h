@@ -22,8 +22,8 @@ struct ScriptFailure {
 /// ends with CR LF.
 std::u16string composeErrorText(ScriptFailure const& failure);
 
-/// The exception that `capture` holds. One whose own text cannot be made has the empty text.
-/// Nothing where making the text runs a script that has to be terminated.
+/// The exception that `capture` holds. Its text is empty where it cannot be converted to one.
+/// Nothing where the conversion ran a script that was ended.
 std::optional<ScriptFailure> scriptFailureOf(v8::Isolate* isolate, v8::Local<v8::Context> context,
                                              v8::TryCatch const& capture);
 

@@ -36,7 +36,7 @@ std::u16string_view lineOf(std::u16string_view text, int number) {
     return text.substr(start, text.find_first_of(kLineEnds, start) - start);
 }
 
-/// What is known by its first column is marked to the end of the name that begins there.
+/// Of what V8 knows by its first column only, the name that begins there is marked.
 int endOfName(std::u16string_view line, int start) {
     auto at = static_cast<std::size_t>(start);
     while (at < line.size() && mayBeNamePart(line[at])) ++at;
@@ -70,7 +70,7 @@ void placeMessage(v8::Isolate* isolate, v8::Local<v8::Context> context,
     int const line = message->GetLineNumber(context).FromMaybe(0);
     int const start = message->GetStartColumn();
     int end = message->GetEndColumn();
-    // Of what fails as it runs, the engine knows no more than where it begins.
+    // Of a failure at run time, V8 knows where it begins only.
     if (failure.kind == KxJsFailure::Kind::RUN_ERROR && start >= 0 && end == start + 1) {
         end = endOfName(lineOf(text, line), start);
     }
@@ -82,7 +82,7 @@ void placeMessage(v8::Isolate* isolate, v8::Local<v8::Context> context,
 void locateFailure(v8::Isolate* isolate, v8::Local<v8::Context> context,
                    v8::Local<v8::Message> message, CallerSource const& source,
                    KxJsFailure& failure) {
-    // What does not compile has no number yet, and lies in the source by itself.
+    // What does not compile has no script number yet, and is always in the source.
     bool const isInSource = failure.kind == KxJsFailure::Kind::COMPILE_ERROR ||
                             message->GetScriptOrigin().ScriptId() == source.scriptId;
     if (isInSource) placeMessage(isolate, context, message, source.prologueLength, failure);
@@ -108,7 +108,7 @@ void locateFailure(v8::Isolate* isolate, v8::Local<v8::Context> context,
                 place(text, frame.line, start, end, prologueLines, failure);
                 failure.isInCall = failure.line > 0;
             }
-            // A variable's getter is no place of the caller's.
+            // The prologue is not the caller's text.
             if (frame.line <= prologueLines) continue;
             frame.line -= prologueLines;
         }

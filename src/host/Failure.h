@@ -9,7 +9,7 @@
 
 namespace kx {
 
-/// How many calls the engine notes for an exception.
+/// How many calls V8 notes for an exception.
 constexpr int kFrameLimit = 32;
 
 /// A script as its caller wrote it: the text behind a prologue of `prologueLength` code units.

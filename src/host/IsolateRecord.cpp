@@ -9,9 +9,9 @@ namespace kx {
 
 namespace {
 
-/// Handles whose isolate is gone cannot be disposed of: touching one ends the process. They are
-/// kept here, reachable and unused, for the rest of the process. Only an application that disposes
-/// of its isolate before its hosts pays for this, with a few bytes per host.
+/// Handles whose isolate is gone. Disposing of one would end the process, so they are kept here,
+/// unused, until the process ends. This happens only where an application disposes of its isolate
+/// before its hosts, and takes a few bytes for each host.
 struct AbandonedHandles {
     std::mutex mutex;
     std::list<HostResources> resources;
@@ -20,13 +20,13 @@ struct AbandonedHandles {
 
 AbandonedHandles& abandoned() {
     static auto* const instance = new AbandonedHandles;  // never destroyed, nor its handles
-    static auto* const inForkedChild =
-        new AbandonedHandles;  // the other's mutex may be locked for ever
+    // Another one, since the mutex of the first may have been locked during the fork.
+    static auto* const inForkedChild = new AbandonedHandles;
     return isForkedChild() ? *inForkedChild : *instance;
 }
 
 void abandon(std::list<HostResources>& dead) {
-    for (HostResources& resources : dead) resources.variables.clear();  // no carrier reads them now
+    for (HostResources& resources : dead) resources.variables.clear();  // no script reads them now
     std::lock_guard const lock(abandoned().mutex);
     abandoned().resources.splice(abandoned().resources.end(), dead);
 }
@@ -35,18 +35,18 @@ v8::Isolate* makeIsolate(v8::ArrayBuffer::Allocator& allocator) {
     v8::Isolate::CreateParams parameters;
     parameters.array_buffer_allocator = &allocator;
     parameters.constraints.set_max_old_generation_size_in_bytes(MemoryWatch::kHardLimit);
-    // Without histograms the engine asks for them again and again, behind a mutex.
+    // Without a histogram, V8 calls this again and again, and locks a mutex each time.
     parameters.create_histogram_callback = [](char const*, int, int, std::size_t) -> void* {
         static char anyAddress;
         return &anyAddress;
     };
     parameters.add_histogram_sample_callback = [](void*, int) {};
     v8::Isolate* const isolate = v8::Isolate::New(parameters);
-    // So that a script that was ended does not go on in its promise jobs: see runPromiseJobs().
+    // Otherwise a script that was ended would go on in its promise jobs: see runPromiseJobs().
     isolate->SetMicrotasksPolicy(v8::MicrotasksPolicy::kExplicit);
-    // Nobody could wake a formula that waits.
+    // Nothing could wake a formula that waits.
     isolate->SetAllowAtomicsWait(false);
-    // So that an exception from a built-in function tells the caller's line.
+    // For the caller's line where a built-in function throws.
     isolate->SetCaptureStackTraceForUncaughtExceptions(true, kFrameLimit);
     return isolate;
 }
@@ -75,11 +75,11 @@ IsolateRecord::IsolateRecord()
 IsolateRecord::~IsolateRecord() {
     if (isForkedChild()) {
         isolateIsGone();
-        (void)allocator_.release();  // whose buffers the engine has
+        (void)allocator_.release();  // V8 has buffers of it
         return;
     }
     if (allocator_ == nullptr) return;
-    // The thread and every host are gone, so nobody can run a script in the isolate any more.
+    // The thread and all hosts are gone, so no script can run in the isolate any more.
     v8::Isolate* const mine = isolate();
     {
         v8::Isolate::Scope const entered(mine);
@@ -97,7 +97,7 @@ void IsolateRecord::runPromiseJobs() {
 void IsolateRecord::dropPromiseJobs() {
     if (allocator_ == nullptr) return;
     v8::HandleScope const handles(isolate());
-    isolate()->TerminateExecution();  // so that the first job ends the round, and clears the rest
+    isolate()->TerminateExecution();  // ends the first job, and with it drops the others
     isolate()->PerformMicrotaskCheckpoint();
 }
 
@@ -112,10 +112,10 @@ void IsolateRecord::setMemoryLimit(std::size_t bytes) {
 void IsolateRecord::release(std::list<HostResources> resources) noexcept {
     if (isCurrent()) {
         freeResources(isolate(), resources);
-        if (memory_ != nullptr) memory_->hasReleased();
+        if (memory_ != nullptr) memory_->somethingWasReleased();
         return;
     }
-    if (isForkedChild()) {  // where the mutex may be locked for ever
+    if (isForkedChild()) {  // the mutex may have been locked during the fork
         abandon(resources);
         return;
     }
@@ -136,7 +136,7 @@ void IsolateRecord::freePendingNow() {
         hasPending_.store(false, std::memory_order_relaxed);
     }
     freeResources(isolate(), pending);
-    if (memory_ != nullptr) memory_->hasReleased();
+    if (memory_ != nullptr) memory_->somethingWasReleased();
 }
 
 void IsolateRecord::isolateIsGone() {
@@ -149,7 +149,7 @@ void IsolateRecord::isolateIsGone() {
         try {
             abandoned().libraries.push_back(std::move(libraryScript_));
         } catch (std::bad_alloc const&) {
-            (void)libraryScript_.release();  // kept all the same, if out of reach
+            (void)libraryScript_.release();  // leaked: it cannot be disposed of either
         }
     }
 }

@@ -15,18 +15,19 @@
 
 namespace kx {
 
-/// One isolate that hosts live in: either the application's, used as it is, or one that this
-/// library made for a thread that had none.
+/// One isolate that hosts use: the application's, or one that this library made for a thread that
+/// had none.
 ///
-/// An isolate's handles may only be touched on its thread, and not at all once it is disposed of;
-/// hosts, however, may be destroyed anywhere and at any time. The record stands between the two:
-/// release() frees at once on the right thread, keeps for later on another, and abandons what an
-/// isolate has left behind that is already gone.
+/// An isolate's handles may be disposed of on its thread only, and not after the isolate. Hosts may
+/// be destroyed on any thread and at any time. release() therefore frees their handles at once on
+/// the isolate's thread, keeps them for later on another thread, and abandons them where the
+/// isolate is gone.
 ///
-/// A library-made isolate lives as long as somebody holds its record: the thread and every host.
+/// An isolate that the library made lives as long as its record, which its thread and all its hosts
+/// share.
 class IsolateRecord {
   public:
-    /// The record of the calling thread's current isolate. Starts the engine and makes an isolate
+    /// The record of the calling thread's current isolate. Starts V8 and makes an isolate
     /// for the thread where there is none. In a forked child, one without an isolate.
     static std::shared_ptr<IsolateRecord> current();
 
@@ -53,7 +54,7 @@ class IsolateRecord {
     /// Whether the library has made the isolate.
     bool isOwn() const { return allocator_ != nullptr; }
 
-    /// Takes what a host gives up and frees it as soon as that is possible.
+    /// Frees what a host no longer needs, now or as soon as that is possible.
     void release(std::list<HostResources> resources) noexcept;
 
     /// Frees what other threads have released. Called with the isolate current, often.
@@ -64,13 +65,13 @@ class IsolateRecord {
     /// The built-in functions, compiled once for the isolate. Empty on the first call.
     std::unique_ptr<PersistentHandle<v8::UnboundScript>>& libraryScript() { return libraryScript_; }
 
-    /// Runs what the script that has just ended left to do. The application's isolates do that by
-    /// themselves, or as the application has told them.
+    /// Runs the promise jobs that the last script has left. In an isolate of the application, they
+    /// run as the application has set it up.
     void runPromiseJobs();
 
-    /// Drops what a script that was ended left to do: it would run with the next one. Leaves a
-    /// request to terminate behind. The application's isolates keep their jobs, which may be the
-    /// application's own.
+    /// Drops the promise jobs of a script that was ended, which would run with the next one. Leaves
+    /// a request to terminate behind. In an isolate of the application nothing is dropped: the jobs
+    /// may be the application's.
     void dropPromiseJobs();
 
     /// The watch over the isolate's memory; null for an application's isolate without a limit.

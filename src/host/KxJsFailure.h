@@ -4,10 +4,9 @@
 #include <string>
 #include <vector>
 
-/// What went wrong in the last parse(), execute() or initialize() of a host, in a form that an
-/// application can point at. It tells the same failure as the error text does, with places in the
-/// source as the caller wrote it: the lines that bound variables put in front of a script are taken
-/// off.
+/// What went wrong in the last call of a host, with its place in the source as the caller wrote it.
+/// The error text tells the same failure, but counts the lines that bound variables add in front of
+/// a script. docs/errors.md compares the two.
 ///
 ///     if (KxJsFailure const* failure = parser.lastFailure(); failure && failure->line > 0)
 ///         editor.underline(failure->line, failure->column, failure->endColumn);
@@ -33,19 +32,12 @@ struct KxJsFailure {
     Kind kind = Kind::RUN_ERROR;
     std::u16string message;  ///< the exception's text, as in the error text
 
-    /// The place in the caller's source: lines and columns count from 1, columns in UTF-16 code
-    /// units, and `endColumn` is the first one behind the mistake, on the same line; behind the
-    /// name or word that begins there, where no more is known than its beginning. For an exception
-    /// from elsewhere (a built-in function, another script, evaluated text) it is the call in the
-    /// source that led there, and `isInCall` says so. All three are 0 where no place is known: for
-    /// limits, and for an exception from elsewhere in an application's own isolate that captures no
-    /// stack traces.
-    /// @{
-    std::int32_t line = 0;
-    std::int32_t column = 0;
-    std::int32_t endColumn = 0;
+    std::int32_t line = 0;       ///< in the caller's source, from 1; 0 where no place is known
+    std::int32_t column = 0;     ///< of the mistake's begin, from 1, in UTF-16 code units; or 0
+    std::int32_t endColumn = 0;  ///< the first column behind the mistake, on the same line; or 0
+    /// The exception comes from elsewhere (a built-in function, another script, evaluated text),
+    /// and the place is the call in the source that led there.
     bool isInCall = false;
-    /// @}
     std::u16string sourceLine;  ///< the text of that line, without its end
 
     /// The calls, innermost first; empty where none were captured. At most 32.

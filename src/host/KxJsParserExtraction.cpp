@@ -29,7 +29,7 @@ std::vector<std::u16string> extractNames(KxJsParser& host, std::u16string const&
         error = kx::kWrongThread;
         return names;
     }
-    // The catch clause turns the engine's message about a missing name into the script's result.
+    // The catch clause turns V8's message about a missing name into the script's result.
     std::u16string const wrapped = u"try{" + source + u";}catch(e){e.message;};";
     host.initialize();
     while (!time.isUp()) {

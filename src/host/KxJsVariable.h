@@ -18,7 +18,7 @@ concept PointerButNoText = std::disjunction_v<std::is_pointer<T>, std::is_member
     !std::is_convertible_v<T, char16_t const*>;
 }  // namespace kx
 
-/// A named value that a host application hands to its scripts.
+/// A named value that an application gives to its scripts.
 ///
 /// A variable has one field for each type and a tag that says which one is current. Reading never
 /// converts: getLongValue() of a text variable is the number that was last stored, or 0.

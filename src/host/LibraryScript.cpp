@@ -18,8 +18,8 @@ void append(std::u16string& text, std::vector<KxJsFunction> const& catalogue) {
     }
 }
 
-/// The compiled form of the built-in functions, which isolates take over from one another: reading
-/// it is faster than compiling the text.
+/// The compiled form of the built-in functions, which isolates share: reading it is faster than
+/// compiling the text.
 class CodeCache {
   public:
     /// Never destroyed: isolates may be made while static objects are destroyed.
@@ -28,15 +28,15 @@ class CodeCache {
         return *cache;
     }
 
-    /// What an earlier isolate has left. The engine reads it in place, so it stays as it is.
+    /// Null until an isolate has made it. V8 reads it in place, so it never changes.
     std::unique_ptr<v8::ScriptCompiler::CachedData> find() {
         std::lock_guard const lock(mutex_);
         if (data_ == nullptr) return nullptr;
         return std::make_unique<v8::ScriptCompiler::CachedData>(data_->data, data_->length);
     }
 
-    /// Keeps the compiled form. Not the first time: most processes have one isolate, and would make
-    /// it for nobody.
+    /// Keeps the compiled form, from the second isolate on: most processes have one isolate, and no
+    /// other would use it.
     void offer(v8::Local<v8::UnboundScript> script) {
         std::lock_guard const lock(mutex_);
         if (++offers_ == 2) data_.reset(v8::ScriptCompiler::CreateCodeCache(script));
@@ -48,12 +48,12 @@ class CodeCache {
     std::unique_ptr<v8::ScriptCompiler::CachedData> data_;
 };
 
-/// Empty where a limit ends it, or the stack.
+/// Empty where a limit ends the compilation, or the stack is used up.
 v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
     using Compiler = v8::ScriptCompiler;
     std::unique_ptr<Compiler::CachedData> cached = CodeCache::instance().find();
     auto const how = cached == nullptr ? Compiler::kNoCompileOptions : Compiler::kConsumeCodeCache;
-    // Owns the cached data. An engine that works with other settings rejects it, and compiles.
+    // Owns the cached data. With other settings V8 rejects it, and compiles.
     Compiler::Source source(toEngineString(isolate, libraryText()), cached.release());
     v8::Local<v8::UnboundScript> script;
     if (!Compiler::CompileUnboundScript(isolate, &source, how).ToLocal(&script)) return script;

@@ -19,9 +19,9 @@ std::u16string assembleLibrary(std::vector<KxJsFunction> const& math,
 /// The text of the built-in functions. Made once per process.
 std::u16string const& libraryText();
 
-/// Defines the built-in functions in the entered context. Returns false where not all of them are
-/// defined, with the exception for whoever catches: a limit has ended it, the stack is nearly used
-/// up, or scripts have locked the context's globals.
+/// Defines the built-in functions in the entered context. Returns false where not all of them could
+/// be defined: a limit has ended it, the stack is nearly used up, or scripts have locked the
+/// context's globals. The exception is left to the caller's v8::TryCatch.
 bool installLibrary(IsolateRecord& record, v8::Local<v8::Context> context);
 
 }  // namespace kx

@@ -84,7 +84,7 @@ void LimitedRun::end() {
     if (memory == nullptr || outer_ != nullptr) return;
     if (reason == EndReason::memoryLimit) {
         limits_.wasEndedForMemory_ = true;
-        memory->collect();
+        memory->collectAfterRun();
     } else if (memory->endRun()) {
         limits_.wasEndedForMemory_ = true;
     }

@@ -5,7 +5,7 @@
 
 namespace kx {
 
-/// The time that a search of many runs may take in all.
+/// The time limit of a search that consists of many runs.
 class SearchTime {
   public:
     /// 0 is no limit.

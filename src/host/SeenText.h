@@ -6,7 +6,8 @@
 
 namespace kx {
 
-/// Of a text, the units that scripts may see, and what they see of it: up to its first zero.
+/// firstUnits() is as much of a text as scripts may see; seenText() is what they see, which also
+/// ends at the first zero.
 /// @{
 inline std::u16string_view firstUnits(std::u16string_view text) {
     return text.substr(0, KxJsVariable::kMaxTextLength);

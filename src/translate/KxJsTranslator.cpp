@@ -9,6 +9,7 @@
 #include "translate/Parser.h"
 #include "translate/RunTimePart.h"
 #include "translate/Settings.h"
+#include "translate/check/Check.h"
 
 namespace translate = kx::translate;
 
@@ -130,6 +131,27 @@ KxJsTranslator::Translation KxJsTranslator::translate(std::u16string_view formul
         translation.javaScript = translate::emit(tree, formula, data_->settings);
     }
     return translation;
+}
+
+KxJsTranslator::Check KxJsTranslator::check(std::u16string_view formula) const {
+    translate::CheckResult result = translate::check(formula, data_->settings);
+    Check check;
+    check.verdict = static_cast<Verdict>(result.verdict);
+    check.javaScript = std::move(result.javaScript);
+    check.rewrite = std::move(result.rewriting);
+    for (translate::CheckFinding& finding : result.findings) {
+        Damage damage;
+        damage.code = finding.code;
+        damage.position = finding.place.start;
+        damage.length = finding.place.end - finding.place.start;
+        damage.text = std::move(finding.text);
+        damage.javaScript = std::move(finding.written);
+        damage.rewrite = std::move(finding.rewriting);
+        damage.rewritePosition = finding.rewritten.start;
+        damage.rewriteLength = finding.rewritten.end - finding.rewritten.start;
+        check.damages.push_back(std::move(damage));
+    }
+    return check;
 }
 
 std::u16string const& KxJsTranslator::runTimePart() { return translate::runTimePart(); }

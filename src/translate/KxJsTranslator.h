@@ -82,6 +82,40 @@ class KXJS_API KxJsTranslator {
         std::vector<std::u16string> variables;
     };
 
+    /// What the exact conversion, Converter, does to a formula; from best to worst.
+    enum class Verdict : unsigned char {
+        SAME,          ///< keeps its meaning
+        DIFFERS,       ///< keeps its shape, but a function or a comparison of texts means another
+        UNKNOWN,       ///< keeps its shape, but fails when it runs: something is not defined
+        CHANGED,       ///< compiles to something else
+        FAILS,         ///< does not compile
+        NOT_A_FORMULA  ///< is none of the older language
+    };
+
+    /// One thing that the exact conversion does to a formula, or may do.
+    struct Damage {
+        std::u16string code;       ///< a name such as "EQUALS_ASSIGNS"; docs/translation.md has all
+        std::size_t position = 0;  ///< from the formula's start
+        std::size_t length = 0;
+        std::u16string text;        ///< what happens, and what was meant; in English
+        std::u16string javaScript;  ///< what the conversion makes of the part
+        /// What to write instead of the formula's part from `rewritePosition` on, so that the
+        /// conversion keeps the meaning; empty where nothing is known to.
+        std::u16string rewrite;
+        std::size_t rewritePosition = 0;
+        std::size_t rewriteLength = 0;
+    };
+
+    /// What check() found.
+    struct Check {
+        Verdict verdict = Verdict::SAME;
+        std::u16string javaScript;    ///< as Converter gives it
+        std::vector<Damage> damages;  ///< in order; one of the code "SYNTAX" for no formula
+        /// The whole formula as it may be written for the exact conversion; empty where nothing is
+        /// known to keep its meaning, and where it is good as it is.
+        std::u16string rewrite;
+    };
+
     /// A translator with the options' defaults.
     KxJsTranslator();
     /// Throws std::invalid_argument for a date format without year, month and day, each once.
@@ -95,6 +129,14 @@ class KXJS_API KxJsTranslator {
     /// The JavaScript of `formula`, or why there is none: it is no formula, or contains what is
     /// evaluated, assigned or addressed at run time only.
     Translation translate(std::u16string_view formula) const;
+
+    /// Whether the exact conversion keeps what `formula` means. The tree of the formula is compared
+    /// with that of the converted JavaScript; nothing runs. Rewritings are converted and compared
+    /// the same way before they are told. Kinds of variables allow it to judge more comparisons.
+    ///
+    ///     auto const check = translator.check(u"IIF(B=2,'x','y')");
+    ///     // check.verdict: CHANGED; check.rewrite: IIF(B==2,'x','y')
+    Check check(std::u16string_view formula) const;
 
     /// The script that makes translations run in a context, for KxJsParser::evaluate(). A host
     /// needs it once, before or after variables are bound; reset() keeps what it defines. Running

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 /// Lets one allocation of the library fail, as if there were no memory, while it lives. Only what
-/// code of libKxJsParser asks for counts, directly or through the standard library: the engine
+/// code of libKxJsParser asks for counts, directly or through the standard library: V8
 /// would end the process.
 class FailingNew {
   public:

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# When scripts configure a build directory again, with CMake replaced by its arguments.
+# Tests when the scripts configure a build directory again. A program that prints its arguments
+# replaces CMake.
 #
 #   configure.sh SOURCE-DIRECTORY WORK-DIRECTORY
 set -euo pipefail

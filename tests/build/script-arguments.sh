@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every script looks at its arguments before it installs, configures or builds anything.
+# Every script checks its arguments before it installs, configures or builds anything.
 #
 #   script-arguments.sh SOURCE-DIRECTORY WORK-DIRECTORY
 set -euo pipefail
@@ -11,7 +11,7 @@ fail() {
     exit 1
 }
 
-# What scripts do their work with; here it only leaves a note that it was called.
+# The programs that scripts call; here each only notes that it was called.
 rm -rf "$work"
 mkdir -p "$work/bin" "$work/installed"
 called="$work/called"
@@ -26,7 +26,7 @@ for tool in apt-cache apt-get clang-format clang-tidy cmake cpack ctest doxygen 
     ln -s tool "$work/bin/$tool"
 done
 
-# expect STATUS SCRIPT ARGUMENT...: leaves what the script says in $said.
+# expect STATUS SCRIPT ARGUMENT...: puts what the script prints into $said.
 expect() {
     local expected=$1 script=$2 status=0
     shift 2

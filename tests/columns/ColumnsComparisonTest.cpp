@@ -50,7 +50,8 @@ class Comparison {
         compared_ += expected.size();
     }
 
-    /// An empty statement behind it sends a formula the slow way, with the same numbers.
+    /// With an empty statement behind it, a formula runs record by record, and gives the same
+    /// numbers.
     void compareNumbers(ColumnTable const& table, std::u16string const& source) {
         SCOPED_TRACE(kx::test::toUtf8(source));
         forget();
@@ -166,7 +167,7 @@ TEST(ColumnsComparison, holdsForGeneratedFormulas) {
     EXPECT_GT(comparison.compared() - comparison.failing(), 10000U);
 }
 
-// Columns take the place of what the engine and the built-in functions have under their names, so
+// Columns take the place of what V8 and the built-in functions have under their names, so
 // each formula has hosts of its own.
 TEST(ColumnsComparison, holdsForColumnsThatAreCalledLikeGlobals) {
     std::mt19937_64 random(23);

@@ -1,5 +1,5 @@
-// Scripts see no difference between the engine's built-in functions and those that a limit can end.
-// Each file in data/builtins describes what it sees, in a context of the engine's and in a host's.
+// Scripts see no difference between V8's built-in functions and those that a limit can end.
+// Each file in data/builtins describes what it sees, in a context of V8's and in a host's.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -29,7 +29,7 @@ std::u16string textOf(v8::Isolate* isolate, v8::Local<v8::Value> value) {
     return {reinterpret_cast<char16_t const*>(*units), static_cast<std::size_t>(units.length())};
 }
 
-/// What `source` says in a context that has the engine's own functions, and a global object of the
+/// What `source` says in a context that has V8's own functions, and a global object of the
 /// kind that hosts have.
 std::u16string inTheEngine(std::string const& source) {
     v8::Isolate* const isolate = v8::Isolate::GetCurrent();
@@ -49,7 +49,7 @@ std::u16string inTheEngine(std::string const& source) {
     return u"failed: " + textOf(isolate, capture.Exception());
 }
 
-/// Without the library's functions: its prelude replaces one of the engine's.
+/// Without the library's functions: its prelude replaces one of V8's.
 std::u16string inAHost(std::string const& source) {
     KxJsParser host;
     host.setMemoryLimit(std::size_t{2} << 30);

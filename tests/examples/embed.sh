@@ -1,5 +1,5 @@
 #!/bin/sh
-# Builds examples/embed outside the source tree, as its reader would, and prints what it prints.
+# Builds examples/embed outside the source tree, as a user does, and runs it.
 #
 #   embed.sh cmake|make EXAMPLE PREFIX LIBDIR COMPILER
 set -eu
@@ -8,7 +8,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 cp -r "$2" "$work/embed"
-# make and pkg-config live without blanks in paths.
+# make and pkg-config do not support blanks in paths.
 ln -s "$3" "$work/prefix"
 libdir=$work/prefix/$4
 cd "$work/embed"

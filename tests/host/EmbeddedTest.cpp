@@ -1,4 +1,4 @@
-// An application that runs the engine itself: its isolates are used as they are.
+// An application that runs V8 itself: its isolates are used as they are.
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>

@@ -213,7 +213,8 @@ TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
     EXPECT_EQ(good.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"), harmless);
     bad->host.reset();  // leaves what scripts keep
     EXPECT_EQ(bad->run(u"1+1").error, error);
-    // Its own end makes room; until then, others'.
+    // Memory comes back when that host is destroyed. Until then this one is refused too, once a run
+    // of its own was ended for its memory.
     good.run(u"{ let a = []; for (;;) a.push([1]); }");
     EXPECT_EQ(good.run(u"1+1").error, error);
     bad.reset();

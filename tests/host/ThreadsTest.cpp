@@ -157,8 +157,8 @@ class SmallStack : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(SmallStack, endsRecursionWithAnErrorText) {
 #ifdef __SANITIZE_THREAD__
-    // Its own data of a thread lie on the thread's stack and leave the engine too little.
-    if (GetParam() < 1U << 20) GTEST_SKIP() << "no room beside the thread sanitizer";
+    // The thread sanitizer keeps data on the thread's stack, and leaves V8 too little.
+    if (GetParam() < 1U << 20) GTEST_SKIP() << "not enough stack beside the thread sanitizer";
 #endif
     runOnStackOf(GetParam(), [](void*) -> void* {
         ScriptHost host;

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Everything that comes out of a pipe until its other end is closed.
+/// Reads a pipe until its other end is closed.
 std::string readAll(int descriptor) {
     std::string text;
     std::array<char, 4096> buffer;
@@ -23,8 +23,8 @@ std::string readAll(int descriptor) {
     return text;
 }
 
-/// Sanitizers handle the signals of a crash, and end the process with an exit status. It has to end
-/// as an application would that has no handlers.
+/// Sanitizers handle the signals of a crash and end the process with an exit status. The child must
+/// end as an application without handlers does.
 void letCrashesKill() {
     for (int const signal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP}) {
         std::signal(signal, SIG_DFL);

@@ -8,12 +8,12 @@
 
 namespace {
 
-// As a path, the standard library reads UTF-8.
+// The standard library reads UTF-8 as a path.
 std::u16string decoded(std::string const& utf8) {
     return std::filesystem::path(std::u8string(utf8.begin(), utf8.end())).u16string();
 }
 
-/// The text of a directive, its escapes replaced.
+/// A directive's text with its escapes replaced.
 std::u16string unescaped(std::string const& written) {
     std::u16string const text = decoded(written);
     std::u16string result;
@@ -43,7 +43,7 @@ std::u16string unescaped(std::string const& written) {
     return result;
 }
 
-/// What stands between the first and the last apostrophe.
+/// The text between the first and the last apostrophe.
 std::u16string quoted(std::string const& text) {
     auto const first = text.find('\'');
     auto const last = text.rfind('\'');
@@ -75,7 +75,7 @@ std::vector<std::string> words(std::string const& text) {
     return found;
 }
 
-/// Whether `line` is a directive.
+/// Reads `line` into `script`. Returns whether it is a directive.
 bool obey(HostileScript& script, std::string const& line) {
     auto const colon = line.find(": ");
     std::string const name = line.substr(0, colon);
@@ -122,7 +122,7 @@ HostileScript readHostileScript(std::filesystem::path const& path) {
     bool isInDirectives = true;
     for (std::string line; std::getline(file, line);) {
         if (isInDirectives && line.starts_with("// ")) {
-            if (!obey(script, line)) throw std::runtime_error("means nothing: " + line);
+            if (!obey(script, line)) throw std::runtime_error("no directive: " + line);
             continue;
         }
         isInDirectives = false;

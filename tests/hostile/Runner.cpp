@@ -1,5 +1,5 @@
-// Runs hostile scripts, which this process must survive: the answer must be a text, the expected
-// one where the file says so, and ordinary formulas must work afterwards.
+// Runs hostile scripts. The process must survive each, its result must be the expected one, and
+// ordinary formulas must work afterwards.
 //
 //     hostile PATH...
 //

@@ -79,7 +79,7 @@ bool survives(HostileScript const& script) {
             print("again", run(host, source));
         }
     }
-    // What the script has left in the globals may still hang, so a limit stays.
+    // What the script left in the globals may run without end, so a limit stays.
     if (script.timeLimit.count() > 0) host.setTimeLimit(kAmple);
     KxJsParser fresh = makeHost();
     fresh.initialize();

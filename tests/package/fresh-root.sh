@@ -17,7 +17,7 @@ sources=$(
     exit 1
 }
 
-# apt in the new system goes the ways that apt goes here.
+# apt in the new system uses this machine's proxy settings.
 options=()
 while IFS= read -r option; do options+=("--aptopt=$option"); done < <(
     apt-config dump | grep -E '^Acquire::https?::Proxy ' || true
@@ -30,8 +30,8 @@ cp "$@" "$work/kxjs"
 cp -r "$here/consumer" "$here/in-fresh-root.sh" "$work/kxjs"
 chmod 755 "$work"
 
-# The hooks run before the system is thrown away, with nothing of this shell's environment but the
-# way to the package sources.
+# The hooks run before the system is removed. Of this shell's environment they get only the proxy
+# settings.
 export KXJS_ENVIRONMENT="PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root"
 for variable in http_proxy https_proxy no_proxy; do
     [[ -z ${!variable:-} ]] || KXJS_ENVIRONMENT+=" $variable=${!variable}"

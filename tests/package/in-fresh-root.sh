@@ -21,7 +21,7 @@ purge() { apt-get purge -y -qq "$@" >purge.log 2>&1 || {
     fail "purging $*"
 }; }
 
-# Every file but those in which apt and dpkg keep their books.
+# Every file except the databases of apt and dpkg.
 files() {
     find / -xdev \( -path /proc -o -path /sys -o -path /dev -o -path /run -o -path /tmp \
         -o -path /opt -o -path /var/lib/apt -o -path /var/lib/dpkg -o -path /var/log \

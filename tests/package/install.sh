@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs the build, moves the result to another directory, and checks that it holds the expected
-# files and no trace of where it was built or first installed.
+# Installs the build, moves the result to another directory, and checks its files. No file may name
+# the directory of the build or of the first installation.
 #
 #   install.sh BUILD-DIRECTORY DIRECTORY EXPECTED-FILES
 set -eu

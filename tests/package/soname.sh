@@ -1,5 +1,5 @@
 #!/bin/sh
-# The library asks to be loaded by its major version, and to stay loaded.
+# The library has its major version in its name, and is never unloaded.
 #
 #   soname.sh LIBRARY SONAME
 set -eu

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-/// A source and what must come of it where A is 5, B 2.5, S "some text" and T true.
+/// A source and its result where A is 5, B 2.5, S "some text" and T true.
 struct Case {
     std::u16string_view source;
     std::u16string_view result;

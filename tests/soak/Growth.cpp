@@ -1,5 +1,5 @@
-// Shows whether memory grows: runs one kind of work again and again and prints the process's
-// resident memory after every tenth of it.
+// Shows whether memory grows: repeats one kind of work and prints the process's resident memory
+// after every tenth.
 //
 //     growth cycles 100000     bind, parse, execute, reset in one host
 //     growth hosts 10000       make, initialize, use and destroy a host

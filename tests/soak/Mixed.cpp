@@ -1,12 +1,12 @@
-// Everything that the library does, on several threads at once, for a given time; fails when a
-// result is wrong or memory is not flat.
+// Runs all operations of the library on several threads for a given time. Fails when a result is
+// wrong or memory is not flat.
 //
 //     mixed SECONDS
 //
-// The time is cut into rounds. After each, every thread has its garbage collected and waits for the
-// others, so that what is measured is what is kept. Memory is flat when its largest value in the
-// second half is at most kTolerance above its largest value in the second quarter; the first
-// quarter is for caches and pools to fill.
+// The time is divided into rounds. After each, every thread collects its garbage and waits for the
+// others, so that only memory in use is measured. Memory is flat when its largest value in the
+// second half is at most kTolerance above its largest value in the second quarter; caches
+// and pools fill in the first quarter.
 #include <algorithm>
 #include <barrier>
 #include <chrono>
@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kThreads = 3;
 constexpr int kRounds = 40;
-/// The engine's and the C library's pools waver by so much.
+/// The pools of V8 and the C library vary by this much.
 constexpr double kTolerance = 1.05;
 
 using Clock = std::chrono::steady_clock;

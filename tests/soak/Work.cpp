@@ -45,7 +45,7 @@ class Host {
     KxJsParser host_;
 };
 
-/// The host that a thread keeps for ever.
+/// The host that a thread keeps until it ends.
 KxJsParser& keptHost() {
     thread_local Host host;
     return host.get();
@@ -143,7 +143,7 @@ void terminateFromElsewhere() {
     bindAll(host);
 }
 
-/// What a script puts in the place of its globals is left behind when its host goes.
+/// A host is destroyed after a script has replaced its globals.
 void poisonGlobals() {
     Host host;
     std::u16string error;
@@ -195,7 +195,7 @@ struct Kind {
     unsigned int weight;
 };
 
-// What makes a process slow or large is done less often.
+// Operations that take long or much memory are done less often.
 constexpr auto kKinds = std::to_array<Kind>({
     {"kept host", useKeptHost, 40},
     {"new host", useNewHost, 20},

@@ -4,7 +4,7 @@
 #include <random>
 #include <string_view>
 
-/// Ends the process with status 1 and says what was wrong.
+/// Prints what was wrong and ends the process with status 1.
 [[noreturn]] void failSoak(std::string_view what, std::u16string_view detail);
 
 /// One step of the mixed load, on the calling thread: any operation of the library, its result

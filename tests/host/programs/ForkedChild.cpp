@@ -1,4 +1,4 @@
-// Forks while hosts are alive. In the child, where the engine's memory is missing, hosts must be
+// Forks while hosts are alive. In the child, where V8's memory is missing, hosts must be
 // harmless, and it must leave the process as any other: by exit(), or by returning from main, as
 // the argument says. The parent's hosts must work on.
 #include <chrono>

@@ -1,3 +1,3 @@
 // memory: 4096 MiB
 // error: RangeError: Invalid string length
-'\u0390'.repeat(2 ** 28).toUpperCase().length
+'\u0390'.repeat(18e7).toUpperCase().length

@@ -1,4 +1,4 @@
-// The smallest use of everything that is installed; the status tells whether the results are right.
+// Uses everything that is installed. The exit status is 0 where the results are right.
 
 #include <KxJs.h>
 #include <cstdint>

@@ -1,0 +1,242 @@
+// The parser of JavaScript expressions refuses some of what is JavaScript all the same. Here such a
+// place is replaced by something that it knows, which keeps whether the whole compiles.
+#include "translate/check/Converted.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <variant>
+
+#include "convert/Converter.h"
+#include "expression/Parser.h"
+#include "text/NameUnits.h"
+#include "text/WhiteSpace.h"
+#include "translate/Letters.h"
+
+namespace kx::translate {
+namespace {
+
+using Reason = Refusal::Reason;
+
+constexpr char16_t kLastLatin = u'\u024F';
+
+/// Names in scripts, but words of modern JavaScript.
+constexpr auto kWordsThatAreNames =
+    std::to_array<std::u16string_view>({u"let", u"await", u"yield", u"async", u"static"});
+
+class Patcher {
+  public:
+    explicit Patcher(std::u16string& text) : text_(text) {}
+
+    bool isOther() const { return isOther_; }
+
+    /// Replaces what was refused. False where it is no JavaScript.
+    bool patch(Refusal const& refusal) {
+        std::size_t const at = refusal.place.start;
+        switch (refusal.reason) {
+            case Reason::objectOrArray:
+                return at < text_.size() && patchBrackets(at);
+            case Reason::increment:
+                return patchIncrement(at);
+            case Reason::function:
+                return patchWord(at) || patchArrow(at);
+            case Reason::statement:
+                return patchWord(at) || patchSemicolon(at);
+            case Reason::unsupported:
+                return patchWord(at) || patchOctal(at);
+            case Reason::syntaxError:
+                return patchCallAssignment(at);
+            default:
+                return false;
+        }
+    }
+
+  private:
+    char16_t unitAt(std::size_t at) const { return at < text_.size() ? text_[at] : u'\0'; }
+    std::size_t skipBlanks(std::size_t at) const {
+        while (at < text_.size() && isWhiteSpace(text_[at])) ++at;
+        return at;
+    }
+    /// The place of the last unit before `at` that is no blank; npos without one.
+    std::size_t before(std::size_t at) const {
+        while (at > 0 && isWhiteSpace(text_[at - 1])) --at;
+        return at == 0 ? std::u16string::npos : at - 1;
+    }
+
+    /// An array, or a block at the start of the script.
+    bool patchBrackets(std::size_t at) {
+        bool const isBlock = text_[at] == u'{';
+        if (isBlock && before(at) != std::u16string::npos) return false;
+        std::size_t const close = text_.find(isBlock ? u'}' : u']', at);
+        if (close == std::u16string::npos) return false;
+        bool const isEmpty = skipBlanks(at + 1) == close;
+        if (isEmpty && close == at + 1) {
+            text_.replace(at, 2, u"(0)");
+        } else {
+            text_[at] = u'(';
+            text_[close] = u')';
+            if (isEmpty) text_[at + 1] = u'0';
+        }
+        return isOther_ = true;
+    }
+
+    /// Behind a name, or in front of one.
+    bool patchIncrement(std::size_t at) {
+        if (at + 1 >= text_.size()) return false;
+        std::size_t const left = before(at);
+        bool const isBehind =
+            left != std::u16string::npos && mayBeNamePart(text_[left]) && isBehindName(left);
+        if (!isBehind && !mayBeNameStart(unitAt(skipBlanks(at + 2)))) return false;
+        text_[at] = u' ';
+        text_[at + 1] = u' ';
+        return isOther_ = true;
+    }
+
+    bool isBehindName(std::size_t last) const {
+        std::size_t first = last;
+        while (first > 0 && mayBeNamePart(text_[first - 1])) --first;
+        return !isDigit(text_[first]);
+    }
+
+    bool patchWord(std::size_t at) {
+        std::size_t end = at;
+        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
+        std::u16string_view const word = std::u16string_view(text_).substr(at, end - at);
+        bool const isThis = word == u"this";
+        if (!isThis && std::find(kWordsThatAreNames.begin(), kWordsThatAreNames.end(), word) ==
+                           kWordsThatAreNames.end()) {
+            return false;
+        }
+        if (isThis) isOther_ = true;
+        for (; at < end; ++at) text_[at] = upperCase(text_[at]);
+        return true;
+    }
+
+    /// An octal number has another value, written here as a decimal one.
+    bool patchOctal(std::size_t at) {
+        std::size_t end = at;
+        double value = 0;
+        bool isOctal = true;
+        for (; isDigit(unitAt(end)); ++end) {
+            isOctal = isOctal && text_[end] < u'8';
+            value = value * 8 + (text_[end] - u'0');
+        }
+        constexpr double kMostDigits = 1e15;
+        bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
+        if (!isNumber || (isOctal && unitAt(end) == u'.')) return false;
+        std::u16string decimal;
+        if (isOctal) {
+            std::string const digits = std::to_string(static_cast<std::int64_t>(value));
+            decimal.assign(digits.begin(), digits.end());
+        } else {
+            std::size_t first = at;
+            while (first + 1 < end && text_[first] == u'0') ++first;
+            decimal = text_.substr(first, end - first);
+        }
+        text_.replace(at, end - at, decimal);
+        return true;
+    }
+
+    /// "(A)=>": the only parameters that a converted formula can have.
+    bool patchArrow(std::size_t at) {
+        std::size_t const close = before(at);
+        if (close == std::u16string::npos || text_[close] != u')') return false;
+        std::size_t const open = text_.rfind(u'(', close);
+        if (open == std::u16string::npos || !mayBegin(open)) return false;
+        bool expectsName = true;
+        for (std::size_t i = skipBlanks(open + 1); i < close; i = skipBlanks(i)) {
+            bool const isPart = expectsName ? mayBeNameStart(text_[i]) : text_[i] == u',';
+            if (!isPart) return false;
+            ++i;
+            while (expectsName && i < close && mayBeNamePart(text_[i])) ++i;
+            expectsName = !expectsName;
+        }
+        std::fill(text_.begin() + static_cast<std::ptrdiff_t>(open),
+                  text_.begin() + static_cast<std::ptrdiff_t>(close) + 1, u' ');
+        text_[open] = u'q';
+        return isOther_ = true;
+    }
+
+    /// Whether an assignment or a function may begin at `at`.
+    bool mayBegin(std::size_t at) const {
+        std::size_t const left = before(at);
+        if (left == std::u16string::npos || text_[left] == u'(' || text_[left] == u',') return true;
+        if (left == 0) return false;
+        bool const isArrow = text_[left] == u'>' && text_[left - 1] == u'=';
+        bool const isAssignment = text_[left] == u'=' && text_[left - 1] != u'=' &&
+                                  text_[left - 1] != u'!' && text_[left - 1] != u'<' &&
+                                  text_[left - 1] != u'>';
+        return isArrow || isAssignment;
+    }
+
+    /// Two statements on one line.
+    bool patchSemicolon(std::size_t at) {
+        std::size_t const place = text_.find(u';', at == 0 ? 0 : at - 1);
+        if (place == std::u16string::npos) return false;
+        text_[place] = u',';
+        return isOther_ = true;
+    }
+
+    /// "F(A)=B" compiles, and fails when it runs.
+    bool patchCallAssignment(std::size_t at) {
+        if (unitAt(at) != u'=' || unitAt(at + 1) == u'=' || unitAt(at + 1) == u'>') return false;
+        std::size_t const close = before(at);
+        if (close == std::u16string::npos || text_[close] != u')') return false;
+        std::size_t depth = 0;
+        std::size_t open = close + 1;
+        do {
+            --open;
+            if (text_[open] == u')') ++depth;
+            if (text_[open] == u'(') --depth;
+        } while (depth > 0 && open > 0);
+        std::size_t start = open;
+        while (start > 0 && (mayBeNamePart(text_[start - 1]) || text_[start - 1] == u'.')) --start;
+        if (depth > 0 || start == open || !mayBegin(start)) return false;
+        text_[at] = u',';
+        return isOther_ = true;
+    }
+
+    std::u16string& text_;
+    bool isOther_ = false;
+};
+
+}  // namespace
+
+std::u16string withKnownLetters(std::u16string_view text) {
+    std::u16string known(text);
+    for (char16_t& unit : known) {
+        constexpr char16_t kFirst = u'\u0100';
+        constexpr char16_t kCount = kLastLatin - kFirst;
+        if (unit > kLastLatin && isLetterBeyondAscii(unit)) {
+            unit = static_cast<char16_t>(kFirst + unit % kCount);
+        }
+    }
+    return known;
+}
+
+Converted convertFormula(std::u16string_view formula) {
+    Converted converted;
+    converted.javaScript = Converter::_convert(std::u16string(formula).c_str());
+    std::u16string text = withKnownLetters(converted.javaScript);
+    Patcher patcher(text);
+    // Each patch removes what was refused; formulas that need many are no formulas of interest.
+    constexpr int kMostPatches = 64;
+    for (int i = 0; i < kMostPatches; ++i) {
+        auto parsed = parseExpression(text);
+        if (auto* const expression = std::get_if<Expression>(&parsed)) {
+            converted.compiles = true;
+            converted.isOther = patcher.isOther();
+            converted.expression = std::move(*expression);
+            return converted;
+        }
+        auto const& refusal = std::get<Refusal>(parsed);
+        if (refusal.reason == Reason::tooComplex) {
+            converted.compiles = converted.isTooLarge = true;
+            return converted;
+        }
+        if (!patcher.patch(refusal)) return converted;
+    }
+    return converted;
+}
+
+}  // namespace kx::translate
