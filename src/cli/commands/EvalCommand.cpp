@@ -63,8 +63,9 @@ bool evaluate(KxJsParser& parser, Formula const& formula, bool isJavaScript) {
 ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
     std::vector<KxJsVariable> const variables = variablesFrom(command, options);
     requireInput(options.formulas.empty(), "formula");
-    KxJsParser parser;
-    setLimits(parser, limitsFrom(options.limits));
+    Limits const limits = limitsFrom(options.limits);
+    KxJsParser parser = makeHost(limits);
+    setLimits(parser, limits);
     parser.initialize();
     bind(parser, variables);
     bool hasFailed = false;
@@ -91,6 +92,7 @@ void addEval(CLI::App& app, Command& chosen) {
     addVariable("--string", VariableOption::STRING, "Bind a text");
     addVariable("--bool", VariableOption::BOOLEAN, "Bind true or false");
     addLimits(*eval, options->limits);
+    addIsolated(*eval, options->limits);
     addFormulas(*eval, options->formulas);
     eval->footer(
         "Without a formula, formulas are read from standard input, one a line. All of them run\n"

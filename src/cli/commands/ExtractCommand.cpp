@@ -1,5 +1,6 @@
 #include <CLI/App.hpp>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -21,20 +22,26 @@ struct ExtractOptions {
     std::vector<std::string> formulas;
 };
 
+std::vector<std::u16string> extract(std::u16string const& source, std::u16string& error,
+                                    Limits const& limits) {
+    return limits.isIsolated
+               ? KxJsParser::_extractVariable(source, error, limits.time, isolationFor(limits))
+               : KxJsParser::_extractVariable(source, error, limits.time);
+}
+
 ExitStatus runExtract(ExtractOptions const& options) {
     requireInput(options.formulas.empty(), "formula");
     Limits const limits = limitsFrom(options.limits);
     // The searches create their own hosts. This host keeps the memory limit of the thread.
-    KxJsParser limited;
-    setLimits(limited, limits);
+    std::optional<KxJsParser> limited;
+    if (!limits.isIsolated) setLimits(limited.emplace(), limits);
     bool hasFailed = false;
     std::set<std::u16string> printed;
     forEachFormula(options.formulas, [&](Formula const& formula) {
         std::u16string error;
         std::u16string const source =
             options.isJavaScript ? formula.text : Converter::_convert(formula.text.c_str());
-        for (std::u16string const& name :
-             KxJsParser::_extractVariable(source, error, limits.time)) {
+        for (std::u16string const& name : extract(source, error, limits)) {
             if (printed.insert(name).second) printLine(name);
         }
         flushOutput();
@@ -56,6 +63,7 @@ void addExtract(CLI::App& app, Command& chosen) {
     extract->add_flag("--js", options->isJavaScript,
                       "The formulas are JavaScript; do not convert them");
     addLimits(*extract, options->limits);
+    addIsolated(*extract, options->limits);
     addFormulas(*extract, options->formulas);
     extract->footer(
         "Without a formula, formulas are read from standard input, one a line. Each name is\n"

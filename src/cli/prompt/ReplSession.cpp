@@ -37,7 +37,7 @@ void printTime(std::chrono::steady_clock::duration time) {
 }  // namespace
 
 ReplSession::ReplSession(std::size_t promptWidth, Limits const& limits)
-    : promptWidth_(promptWidth) {
+    : promptWidth_(promptWidth), parser_(makeHost(limits)) {
     setLimits(parser_, limits);
     parser_.initialize();
 }
@@ -94,6 +94,12 @@ bool ReplSession::evaluate(std::u16string const& formula) {
     return !run.hasFailed;
 }
 
+/// Whether the last run has cost its worker.
+bool ReplSession::hasNewWorker() const {
+    KxJsFailure const* const failure = parser_.lastFailure();
+    return failure != nullptr && failure->kind == KxJsFailure::Kind::WORKER_ENDED;
+}
+
 FormulaRun ReplSession::timedRun(std::u16string const& formula, std::u16string const& line) {
     auto const start = std::chrono::steady_clock::now();
     FormulaRun run = runFormula(parser_, formula, false);
@@ -120,6 +126,7 @@ void ReplSession::report(std::u16string const& formula, std::u16string const& li
     } else {
         reportScriptError(failureReport(formula, run, failure));
     }
+    if (hasNewWorker()) reportError("formulas have a new process now; what they left in globals is gone");
 }
 
 }  // namespace kx
