@@ -1,15 +1,18 @@
 #include "columns/IsolatedColumns.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
+#include <cstring>
 #include <limits>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 #include "columns/ColumnTexts.h"
 #include "columns/FlagScope.h"
 #include "host/EndText.h"
 #include "host/KxJsParser.h"
+#include "isolated/ColumnArea.h"
 
 namespace kx {
 
@@ -20,8 +23,13 @@ using Clock = std::chrono::steady_clock;
 /// Between two calls of whoever watches.
 constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
-constexpr std::size_t kLargestBlock = std::size_t{1} << 14;
-constexpr std::u16string_view kNaN = u"NaN";
+constexpr std::size_t kLargestBlock = std::size_t{1} << 16;
+
+/// Bytes of a value in the area; none for texts, which are in the messages.
+std::size_t sizeIn(Column const& column) {
+    constexpr std::array<std::size_t, 5> kSizes = {sizeof(double), sizeof(std::int32_t), 1, 0, 0};
+    return kSizes[column.values.index()];
+}
 
 }  // namespace
 
@@ -85,6 +93,10 @@ bool IsolatedColumns::compile(std::u16string const& source, std::u16string& erro
         return false;
     }
     isCompiled_ = false;
+    if (mostRecords() == 0) {
+        error = u"There are too many columns for an isolated host";
+        return false;
+    }
     if (!bindToHost(error)) return false;
     source_ = source;
     resets_ = host_.resets();
@@ -125,12 +137,13 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
     FlagScope const evaluating(isEvaluating_);
     host_.beginEvaluation();
     Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
-    std::size_t size = kFirstBlock;
+    std::size_t const largest = std::min(kLargestBlock, mostRecords());
+    std::size_t size = std::min(kFirstBlock, largest);
     while (outcome.records < count) {
         Clock::time_point const start = Clock::now();
         bool const isDone = runBlock(evaluation, std::min(count, outcome.records + size));
         if (!isDone || !goesOn(evaluation)) break;
-        size = Clock::now() - start < kBlockTime ? std::min(size * 2, kLargestBlock)
+        size = Clock::now() - start < kBlockTime ? std::min(size * 2, largest)
                                                  : std::max<std::size_t>(size / 2, 1);
     }
     host_.log().setTimeLimit(host_.log().timeLimit());  // the blocks had less
@@ -153,10 +166,10 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     request.put(number_);
     request.put(static_cast<std::uint8_t>(evaluation.results.index()));
     request.put(static_cast<std::uint64_t>(last - first));
-    putValues(request, first, last);
+    std::size_t const resultsOffset = putValues(request, first, last);
     auto reader = host_.send(left, error);
     if (reader) {
-        bool const isDone = takeBlock(*reader, evaluation, last);
+        bool const isDone = takeBlock(*reader, evaluation, last, resultsOffset);
         if (!host_.checkEnd(*reader, error)) {
             evaluation.outcome.records = first;
             return false;
@@ -168,7 +181,20 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     return false;
 }
 
-void IsolatedColumns::putValues(MessageWriter& writer, std::size_t first, std::size_t last) const {
+/// How many records a block may have, so that their values have room; 0 where there are too many
+/// columns.
+std::size_t IsolatedColumns::mostRecords() const {
+    std::size_t sizes = sizeof(double);  // of a result
+
+    for (Column const& column : columns_) sizes += sizeIn(column);
+    return ColumnArea::mostRecords(columns_.size() + 1, sizes);
+}
+
+/// Hands over the values of a block: texts in the message, all others in the area. Returns where in
+/// the area the results will be.
+std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
+                                       std::size_t last) const {
+    ColumnArea area(last - first);
     for (Column const& column : columns_) {
         if (column.isText()) {
             for (std::size_t record = first; record < last; ++record) {
@@ -176,19 +202,22 @@ void IsolatedColumns::putValues(MessageWriter& writer, std::size_t first, std::s
             }
             continue;
         }
+        std::byte* const goal = host_.area() + area.take(sizeIn(column));
         std::visit(
             [&](auto const* values) {
                 using Value = std::remove_cvref_t<decltype(*values)>;
                 if constexpr (std::is_arithmetic_v<Value>) {
-                    writer.putArray(values + first, last - first);
+                    std::memcpy(goal, values + first, (last - first) * sizeof(Value));
                 }
             },
             column.values);
     }
+    return area.take(0);
 }
 
 /// Takes the results of a block. False where the worker has ended it early.
-bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last) {
+bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
+                                std::size_t resultsOffset) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
     std::size_t const first = outcome.records;
     auto const records =
@@ -208,19 +237,27 @@ bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, s
         failure.endColumn = reader.takeUpTo(kLargest);
         outcome.failures.push_back(std::move(failure));
     }
-    if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
-        for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
-    } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
-        reader.takeArray(*numbers + first, records);
-    } else {
-        bool* const values = std::get<bool*>(evaluation.results) + first;
-        for (std::size_t i = 0; i < records; ++i) values[i] = reader.takeBool();
-    }
+    takeResults(reader, evaluation, records, resultsOffset);
     outcome.records = first + records;
     if (error.empty() && outcome.records == last) return true;
     outcome.error = error;
     if (reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
     return false;
+}
+
+void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
+                                  std::size_t records, std::size_t resultsOffset) const {
+    std::size_t const first = evaluation.outcome.records;
+    std::byte const* const results = host_.area() + resultsOffset;
+    if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
+        for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
+    } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
+        std::memcpy(*numbers + first, results, records * sizeof(double));
+    } else {
+        bool* const values = std::get<bool*>(evaluation.results) + first;
+        // A byte that is neither 0 nor 1 would be no truth value.
+        for (std::size_t i = 0; i < records; ++i) values[i] = results[i] != std::byte{0};
+    }
 }
 
 /// Between two blocks. False where the evaluation was ended.

@@ -33,8 +33,12 @@ class IsolatedColumns final : public ColumnsBackend {
     bool bindToHost(std::u16string& error);
     bool compileInWorker(std::u16string& error);
     bool runBlock(Evaluation& evaluation, std::size_t last);
-    void putValues(MessageWriter& writer, std::size_t first, std::size_t last) const;
-    bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last);
+    std::size_t mostRecords() const;
+    std::size_t putValues(MessageWriter& writer, std::size_t first, std::size_t last) const;
+    bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
+                   std::size_t resultsOffset);
+    void takeResults(MessageReader& reader, Evaluation const& evaluation, std::size_t records,
+                     std::size_t resultsOffset) const;
     bool goesOn(Evaluation& evaluation);
     void bindRecord(std::size_t record);
 

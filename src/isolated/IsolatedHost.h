@@ -53,6 +53,7 @@ class IsolatedHost final : public HostBackend {
     bool checkEnd(MessageReader const& reader, std::u16string& error);
     void conclude(CommandResult& result, std::u16string& error);
     HostLog& log() { return log_; }
+    std::byte* area() const { return worker_.area(); }
     /// @}
 
     /// Changes with each worker, and with each reset().

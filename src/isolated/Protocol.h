@@ -26,7 +26,7 @@ enum class Command : std::uint8_t {
     COMPILE,          ///< id, source
     RUN,              ///< id
     COMPILE_COLUMNS,  ///< id, number of columns, name and type of each, source
-    RUN_COLUMNS       ///< id, type of results, number of records, values of each column
+    RUN_COLUMNS       ///< id, type of results, number of records, values of text columns
 };
 
 /// What came of one of those, except RUN_COLUMNS.

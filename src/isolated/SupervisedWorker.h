@@ -43,6 +43,9 @@ class SupervisedWorker {
     /// Ends the call that is going on, if any: softly, or after the grace. Any thread.
     void terminate();
 
+    /// See Worker::area(); for the worker that is there.
+    std::byte* area() const { return worker_->area(); }
+
     /// How the last worker ended that has CRASHED: "signal 11", say; empty where that is not known.
     std::u16string const& lastEnd() const { return lastEnd_; }
     KxJsSandbox const& sandbox() const { return sandbox_; }

@@ -31,7 +31,10 @@ static_assert(std::atomic<std::uint32_t>::is_always_lock_free);
 
 inline constexpr std::size_t kChannelWords = 4096;
 inline constexpr std::size_t kChannelPart = std::size_t{256} * 1024;
-inline constexpr std::size_t kChannelSize = kChannelWords + 2 * kChannelPart;
+/// For values that both sides read and write in place, as their messages say. What is not used
+/// takes no memory.
+inline constexpr std::size_t kChannelArea = std::size_t{8} * 1024 * 1024;
+inline constexpr std::size_t kChannelSize = kChannelWords + 2 * kChannelPart + kChannelArea;
 static_assert(sizeof(ChannelWords) <= kChannelWords);
 
 inline ChannelWords& channelWords(std::byte* memory) {
@@ -39,5 +42,8 @@ inline ChannelWords& channelWords(std::byte* memory) {
 }
 inline std::byte* applicationPart(std::byte* memory) { return memory + kChannelWords; }
 inline std::byte* workerPart(std::byte* memory) { return memory + kChannelWords + kChannelPart; }
+inline std::byte* channelArea(std::byte* memory) {
+    return memory + kChannelWords + 2 * kChannelPart;
+}
 
 }  // namespace kx

@@ -5,7 +5,6 @@
 #include <stdexcept>
 #include <sys/socket.h>
 
-#include "process/ChannelMemory.h"
 #include "process/Handover.h"
 #include "process/SystemError.h"
 #include "process/ZygoteLink.h"

@@ -50,6 +50,8 @@ class Worker {
     /// Whether this process is another one than the worker was started by: a fork of it. Then the
     /// worker is of no use here.
     bool isOfOtherProcess() const;
+    /// kChannelArea bytes that the worker sees too, and may change at any time.
+    std::byte* area() const { return channelArea(memory_.data()); }
     SandboxPieces pieces() const { return pieces_; }
     /// The status that waitpid() gives for a worker that has ended; nothing where it is not known.
     std::optional<int> endStatus();

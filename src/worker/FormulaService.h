@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -31,6 +32,7 @@ class FormulaService final : public WorkerService {
     CommandResult withOutcome(CommandResult result) const;
 
     std::unique_ptr<KxJsParser> host_;
+    std::byte* area_ = nullptr;
     std::map<std::uint32_t, std::unique_ptr<CompiledScript>> scripts_;
     std::map<std::uint32_t, WorkerColumns> columns_;
 };

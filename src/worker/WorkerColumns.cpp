@@ -1,39 +1,20 @@
 #include "worker/WorkerColumns.h"
 
-#include <type_traits>
+#include <array>
 #include <utility>
 
 #include "host/HostBackend.h"
 
 namespace kx {
 
-namespace {
-
-/// Memory for values of the type with that position in Column::Values.
-template <class Values>
-Values valuesOfType(std::size_t type) {
-    switch (type) {
-        case 0:
-            return std::vector<double>();
-        case 1:
-            return std::vector<std::int32_t>();
-        case 2:
-            return std::vector<std::uint8_t>();
-        default:
-            return std::vector<std::u16string>();
-    }
-}
-
-}  // namespace
-
 CommandResult WorkerColumns::compile(MessageReader& request) {
     columns_ = std::make_unique<KxJsColumns>(host_);
-    memory_.clear();
+    bound_.clear();
     auto const count = request.take<std::uint32_t>();
     for (std::uint32_t i = 0; i < count && request.hasMore(); ++i) {
         std::u16string name = request.takeText();
-        memory_.push_back({std::move(name), valuesOfType<Values>(request.take<std::uint8_t>())});
-        bind(memory_.back());
+        bound_.push_back({std::move(name), static_cast<Type>(request.take<std::uint8_t>())});
+        bind(bound_.back(), area_);
     }
     CommandResult result;
     std::u16string error;
@@ -45,52 +26,46 @@ CommandResult WorkerColumns::compile(MessageReader& request) {
 void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
     auto const type = request.take<std::uint8_t>();
     auto const count = static_cast<std::size_t>(request.take<std::uint64_t>());
-    takeValues(request, count);
-    for (Column const& column : memory_) bind(column);
+    ColumnArea area(count);
+    takeValues(request, area, count);
+    std::byte* const goal = area_ + area.take(0);
     if (type == 0) {
         std::vector<std::u16string> results(count);
         auto const outcome = columns_->evaluate(count, results.data());
         putOutcome(reply, outcome);
         for (std::size_t i = 0; i < outcome.records; ++i) reply.putText(results[i]);
     } else if (type == 1) {
-        std::vector<double> results(count);
-        auto const outcome = columns_->evaluate(count, results.data());
-        putOutcome(reply, outcome);
-        reply.putArray(results.data(), outcome.records);
+        putOutcome(reply, columns_->evaluate(count, reinterpret_cast<double*>(goal)));
     } else {
-        auto const results = std::make_unique<bool[]>(count);
-        auto const outcome = columns_->evaluate(count, results.get());
-        putOutcome(reply, outcome);
-        reply.putArray(results.get(), outcome.records);
+        putOutcome(reply, columns_->evaluate(count, reinterpret_cast<bool*>(goal)));
     }
 }
 
-void WorkerColumns::takeValues(MessageReader& request, std::size_t count) {
-    for (Column& column : memory_) {
-        std::visit(
-            [&](auto& values) {
-                values.resize(count);
-                if constexpr (std::is_same_v<decltype(values), std::vector<std::u16string>&>) {
-                    for (std::u16string& value : values) value = request.takeText();
-                } else {
-                    request.takeArray(values.data(), count);
-                }
-            },
-            column.values);
+void WorkerColumns::takeValues(MessageReader& request, ColumnArea& area, std::size_t count) {
+    constexpr std::array<std::size_t, 3> kSizes = {sizeof(double), sizeof(std::int32_t), 1};
+    for (Column& column : bound_) {
+        if (column.type < Type::TEXT) {
+            bind(column, area_ + area.take(kSizes[static_cast<std::size_t>(column.type)]));
+            continue;
+        }
+        column.texts.resize(count);
+        for (std::u16string& text : column.texts) text = request.takeText();
+        bind(column, nullptr);
     }
 }
 
-void WorkerColumns::bind(Column const& column) {
-    std::visit(
-        [&](auto const& values) {
-            if constexpr (std::is_same_v<decltype(values), std::vector<std::uint8_t> const&>) {
-                static_assert(sizeof(bool) == 1);
-                columns_->bind(column.name, reinterpret_cast<bool const*>(values.data()));
-            } else {
-                columns_->bind(column.name, values.data());
-            }
-        },
-        column.values);
+/// `values` are those of a column that has no texts.
+void WorkerColumns::bind(Column const& column, std::byte const* values) {
+    switch (column.type) {
+        case Type::DOUBLE:
+            return columns_->bind(column.name, reinterpret_cast<double const*>(values));
+        case Type::LONG:
+            return columns_->bind(column.name, reinterpret_cast<std::int32_t const*>(values));
+        case Type::BOOLEAN:
+            return columns_->bind(column.name, reinterpret_cast<bool const*>(values));
+        default:
+            return columns_->bind(column.name, column.texts.data());
+    }
 }
 
 void WorkerColumns::putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const {

@@ -1,23 +1,23 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <variant>
 #include <vector>
 
 #include "columns/KxJsColumns.h"
 #include "host/KxJsParser.h"
+#include "isolated/ColumnArea.h"
 #include "isolated/Message.h"
 #include "isolated/Protocol.h"
 
 namespace kx {
 
-/// Columns in a worker, with memory for the values of a block.
+/// Columns in a worker. Numbers and truth values are read and written in the area of the channel.
 class WorkerColumns {
   public:
-    explicit WorkerColumns(KxJsParser& host) : host_(host) {}
+    WorkerColumns(KxJsParser& host, std::byte* area) : host_(host), area_(area) {}
 
     /// Obeys COMPILE_COLUMNS, from the number of columns on.
     CommandResult compile(MessageReader& request);
@@ -25,21 +25,22 @@ class WorkerColumns {
     void run(MessageReader& request, MessageWriter& reply);
 
   private:
-    /// In the order of Column::Values; texts are always views.
-    using Values = std::variant<std::vector<double>, std::vector<std::int32_t>,
-                                std::vector<std::uint8_t>, std::vector<std::u16string>>;
+    /// As the position of a type in Column::Values.
+    enum class Type : std::uint8_t { DOUBLE, LONG, BOOLEAN, TEXT, TEXT_VIEW };
     struct Column {
         std::u16string name;
-        Values values;
+        Type type;
+        std::vector<std::u16string> texts = {};
     };
 
-    void takeValues(MessageReader& request, std::size_t count);
-    void bind(Column const& column);
+    void takeValues(MessageReader& request, ColumnArea& area, std::size_t count);
+    void bind(Column const& column, std::byte const* values);
     void putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const;
 
     KxJsParser& host_;
+    std::byte* area_;
     std::unique_ptr<KxJsColumns> columns_;
-    std::vector<Column> memory_;
+    std::vector<Column> bound_;
 };
 
 }  // namespace kx

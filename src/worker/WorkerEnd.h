@@ -20,6 +20,9 @@ class WorkerEnd {
     void receive(std::vector<std::byte>& message);
     void send(std::span<std::byte const> message);
 
+    /// kChannelArea bytes that the application sees too.
+    std::byte* area() const { return channelArea(memory_); }
+
     /// Sleeps until the application asks to end the work for a message, and returns the message's
     /// number. For a thread of its own, as are the next two.
     std::uint32_t awaitInterrupt();
