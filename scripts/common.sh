@@ -29,6 +29,19 @@ can_be_root() { [[ $(id -u) == 0 ]] || command -v sudo >/dev/null; }
 
 as_root() { if [[ $(id -u) == 0 ]]; then "$@"; else sudo "$@"; fi; }
 
+# distribution_sources DISTRIBUTION: apt's lines for the packages of the distribution itself, without
+# those of other vendors.
+distribution_sources() {
+    apt-get indextargets --format '$(ORIGIN) deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' | sed -n "s/^$1 deb /deb /Ip" | sort -u
+}
+
+# apt_options SETTINGS: options of mmdebstrap that set apt in a new system as it is set here. SETTINGS
+# is a regular expression.
+apt_options() {
+    apt-config dump | sed -nE "/^Acquire::($1) /s/^/--aptopt=/p"
+}
+
 # missing_packages NAME...: those that are not installed, on one line.
 missing_packages() {
     command -v dpkg-query >/dev/null || die "this needs Debian's or Ubuntu's dpkg and apt"

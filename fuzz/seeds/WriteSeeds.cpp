@@ -137,12 +137,14 @@ void writeAll(fs::path const& top) {
     Seeds run(top, "run");
     Seeds extract(top, "extract");
     Seeds columns(top, "columns");
+    Seeds translate(top, "translate");
     // Steps are described where they are read; a piece of a literal ends where the next letter
     // would count as a hexadecimal digit.
     std::string const bound = "vA=5\x1evS=some text\x1e";
     std::string const convertAndRun = "c";
     for (std::string const& formula : formulas()) {
         convert.add({formula});
+        translate.add({formula});
         run.add({bound, convertAndRun, formula, "\x1ex0\x1er\x1e", convertAndRun, formula});
         extract.add({std::string(1, '\0'), formula});
         columns.add({formula.substr(0, 1), std::string(1, '\0'), formula});

@@ -73,8 +73,9 @@ _kxjs() {
     elif [[ -z $command ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$cur")
     elif [[ $command == functions ]]; then
+        [[ " ${COMP_WORDS[*]} " == *" --translated "* ]] && word=--translated || word=
         mapfile -t COMPREPLY < <(compgen -W "$(
-            COLUMNS=0 "$program" functions 2>/dev/null | sed -n 's/^  \([A-Z0-9_]*\)(.*/\1/p'
+            COLUMNS=0 "$program" functions ${word:+"$word"} 2>/dev/null | sed -n 's/^  \([A-Z0-9_]*\)(.*/\1/p'
         )" -- "${cur^^}")
     fi
 } && complete -F _kxjs kxjs

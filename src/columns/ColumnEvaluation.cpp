@@ -100,9 +100,11 @@ bool ColumnEvaluation::runOneByOne() {
     v8::HandleScope const handles(isolate);
     v8::TryCatch const capture(isolate);
     for (Column const& column : columns_) parser_.addSetVariable(column.at(results_.next()));
-    host_.runOnce(formula_.script(), context_, capture, [&](v8::Local<v8::Value> completion) {
+    v8::Local<v8::Value> const completion = host_.runOnce(formula_.script(), context_, capture);
+    if (!completion.IsEmpty()) {
         results_.convert(isolate, context_, completion);
-    });
+        host_.endConversion(completion);
+    }
     if (capture.HasTerminated()) {
         outcome_.error = host_.limits().endText();
         return false;

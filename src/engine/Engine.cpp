@@ -23,8 +23,7 @@ bool start() {
     if (v8compat::isEngineRunning()) return false;
     // The library's only thread is the watchdog's, which runs no script. V8 needs none either.
     v8::V8::SetFlagsFromString("--single-threaded");
-    // The limits do not see its memory, and formulas do not need it.
-    v8::V8::SetFlagsFromString("--no-expose-wasm");
+    v8compat::leaveWebAssemblyOut();
     // Never destroyed: scripts may run while the process destroys its static objects.
     static v8::Platform* const platform =
         v8::platform::NewSingleThreadedDefaultPlatform().release();

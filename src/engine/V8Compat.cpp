@@ -16,11 +16,20 @@ bool isEngineRunning() {
     return v8::debug::GetCurrentPlatform != nullptr && v8::debug::GetCurrentPlatform() != nullptr;
 }
 
+void leaveWebAssemblyOut() {
+#if V8_MAJOR_VERSION < 13
+    v8::V8::SetFlagsFromString("--no-expose-wasm");
+#endif
+}
+
 void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
                          v8::Local<v8::ObjectTemplate> target, v8::Local<v8::String> name,
                          v8::AccessorNameGetterCallback getter) {
 #if V8_MAJOR_VERSION >= 12
-    target->SetNativeDataProperty(name, getter);
+    // Without a setter, a script could put a value in the property's place.
+    target->SetNativeDataProperty(name, getter,
+                                  [](v8::Local<v8::Name> /*name*/, v8::Local<v8::Value> /*value*/,
+                                     v8::PropertyCallbackInfo<void> const& /*info*/) {});
 #else
     target->SetAccessor(v8::Local<v8::Name>(name), getter);
 #endif

@@ -18,9 +18,17 @@ constexpr std::size_t kMostArrayElements = v8::BigUint64Array::kMaxLength;
 constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 #endif
 
+/// Whether the engine crashes, rather than throws, when it is called from far beyond the limit of
+/// the stack that it was told.
+constexpr bool kCrashesBeyondStackLimit = V8_MAJOR_VERSION >= 13;
+
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and V8 has no public question for it.
 bool isEngineRunning();
+
+/// Before the engine starts. The limits do not see WebAssembly's memory, and formulas do not need
+/// it. Newer engines always offer it: see InProcessHost::createContext().
+void leaveWebAssemblyOut();
 
 /// A template property that scripts can read and not write.
 void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,

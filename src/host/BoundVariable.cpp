@@ -28,7 +28,7 @@ v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
 }
 
 template <class Take>
-void BoundVariable::visit(v8::Isolate* isolate, Take const& take) {
+void BoundVariable::visit(v8::Isolate* isolate, Take take) {
     switch (variable_.getType()) {
         case KxJsVariable::TYPE_OF_VAR_LONG:
             take(variable_.getLongValue());
@@ -45,7 +45,7 @@ void BoundVariable::visit(v8::Isolate* isolate, Take const& take) {
 }
 
 template <class Take>
-void BoundVariable::visitText(v8::Isolate* isolate, Take const& take) {
+void BoundVariable::visitText(v8::Isolate* isolate, Take take) {
     std::u16string_view const units = firstUnits(variable_._mStrValue);
     if (!areLastUnits(units)) {
         lastUnits_ = units;
@@ -60,7 +60,7 @@ void BoundVariable::visitText(v8::Isolate* isolate, Take const& take) {
 }
 
 void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {
-    visit(isolate, [&](auto value) { result.Set(value); });
+    visit(isolate, [result](auto value) mutable { result.Set(value); });
 }
 
 v8::Local<v8::Value> BoundVariable::value(v8::Isolate* isolate) {

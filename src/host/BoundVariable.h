@@ -42,9 +42,10 @@ class BoundVariable {
   private:
     /// Calls `take` with a std::int32_t, a double, a bool or a handle of V8's string.
     template <class Take>
-    void visit(v8::Isolate* isolate, Take const& take);
+    void visit(v8::Isolate* isolate, Take take);
+    // Not inlined: without it, numbers need no stack frame.
     template <class Take>
-    void visitText(v8::Isolate* isolate, Take const& take);
+    [[gnu::noinline]] void visitText(v8::Isolate* isolate, Take take);
     bool areLastUnits(std::u16string_view units) const;
 
     KxJsVariable const& variable_;

@@ -54,7 +54,7 @@ class ThreadIsolate {
         v8::Isolate* const isolate = record_->isolate();
         isolate->Enter();
         if (std::uintptr_t const limit = scriptStackLimit(threadStackBounds()); limit != 0) {
-            isolate->SetStackLimit(limit);
+            record_->setStackLimit(limit);
         }
         if (handles_ == nullptr) handles_ = std::make_unique<OutermostHandles>(isolate);
     }

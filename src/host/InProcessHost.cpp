@@ -25,6 +25,7 @@ InProcessHost::InProcessHost(Variables const& variables, std::u16string_view acc
 
 bool InProcessHost::isOnItsThread() const {
     if (!record_->isCurrent()) return false;
+    record_->followStack();
     record_->freePending();
     return true;
 }
@@ -41,7 +42,7 @@ void InProcessHost::createContext() {
     if (context.IsEmpty()) context = v8::Context::New(isolate(), nullptr, shape);
     if (context.IsEmpty()) return;
     Carriers::leaveGlobalEmpty(context);
-    // Where the application has started V8, a flag of Engine.cpp is not set.
+    // Newer engines always offer it, and so does an engine that the application has started.
     if (record_->isOwn()) {
         v8::Local<v8::String> const name = toEngineString(isolate(), u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);

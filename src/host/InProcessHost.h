@@ -58,22 +58,22 @@ class InProcessHost final : public HostBackend {
     }
     std::u16string_view accessorName() const { return accessorName_; }
 
-    /// Runs `script` once, then its promise jobs. Where it has completed, `read` gets the
-    /// completion value, and the jobs that reading it may have left are run too. Whatever was
-    /// thrown, by `read` also, is in `capture`; see its HasTerminated() first. Belongs inside a
-    /// LimitedRun.
-    template <class Read>
-    void runOnce(CompiledScript const& script, v8::Local<v8::Context> context,
-                 v8::TryCatch const& capture, Read const& read) {
+    /// Runs `script` once, then its promise jobs. Returns the completion value, or an empty handle
+    /// where something was thrown: that is in `capture`. Belongs inside a LimitedRun.
+    v8::Local<v8::Value> runOnce(CompiledScript const& script, v8::Local<v8::Context> context,
+                                 v8::TryCatch const& capture) {
         v8::Local<v8::Value> completion;
         bool const hasCompleted = static_cast<V8Script const&>(script)
                                       .forRun(isolate(), context)
                                       ->Run(context)
                                       .ToLocal(&completion);
-        if (!hasCompleted && capture.HasTerminated()) return;
-        record_->runPromiseJobs();
-        if (!hasCompleted || capture.HasTerminated()) return;
-        read(completion);
+        if (hasCompleted || !capture.HasTerminated()) record_->runPromiseJobs();
+        return capture.HasTerminated() ? v8::Local<v8::Value>() : completion;
+    }
+
+    /// To be called once `completion` is converted. That may have called scripts of the value,
+    /// which may have left promise jobs: runs them.
+    void endConversion(v8::Local<v8::Value> completion) {
         if (!completion->IsString() && completion->IsObject()) record_->runPromiseJobs();
     }
 

@@ -73,11 +73,10 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
     v8::TryCatch const capture(isolate());
     // A copy: what the script calls in an application's isolate may reset the host.
     CallerSource const source = static_cast<V8Script const&>(script).callerSource();
-    std::u16string result;
-    runOnce(script, context, capture, [&](v8::Local<v8::Value> completion) {
-        // Calls the value's own toString, which can fail as the script can.
-        result = textOfValue(isolate(), context, completion);
-    });
+    v8::Local<v8::Value> const completion = runOnce(script, context, capture);
+    // Calls the value's own toString, which can fail as the script can.
+    std::u16string result = textOfValue(isolate(), context, completion);
+    if (!completion.IsEmpty()) endConversion(completion);
     if (capture.HasCaught()) {
         error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
         result.clear();

@@ -1,5 +1,6 @@
 #include "host/IsolateRecord.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -99,6 +100,19 @@ void IsolateRecord::dropPromiseJobs() {
     v8::HandleScope const handles(isolate());
     isolate()->TerminateExecution();  // ends the first job, and with it drops the others
     isolate()->PerformMicrotaskCheckpoint();
+}
+
+void IsolateRecord::setStackLimit(std::uintptr_t limit) {
+    stackLimit_ = enginesStackLimit_ = limit;
+    isolate()->SetStackLimit(limit);
+}
+
+void IsolateRecord::lowerStackLimit() {
+    auto const here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    std::uintptr_t const limit = std::min(stackLimit_, here);
+    if (limit == enginesStackLimit_) return;
+    enginesStackLimit_ = limit;
+    isolate()->SetStackLimit(limit);
 }
 
 void IsolateRecord::setMemoryLimit(std::size_t bytes) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -11,6 +12,7 @@
 #include "engine/Engine.h"
 #include "engine/MemoryWatch.h"
 #include "engine/PersistentHandle.h"
+#include "engine/V8Compat.h"
 #include "host/HostResources.h"
 
 namespace kx {
@@ -74,6 +76,17 @@ class IsolateRecord {
     /// may be the application's.
     void dropPromiseJobs();
 
+    /// How far scripts may grow the stack. For an isolate of the library's own, on its thread.
+    void setStackLimit(std::uintptr_t limit);
+
+    /// Called before the engine is. Where the stack is beyond the limit already, scripts end at
+    /// once, but some versions of V8 crash: for them the limit then follows the stack.
+    void followStack() {
+        if constexpr (v8compat::kCrashesBeyondStackLimit) {
+            if (stackLimit_ != 0) lowerStackLimit();
+        }
+    }
+
     /// The watch over the isolate's memory; null for an application's isolate without a limit.
     MemoryWatch* memory() const { return memory_.get(); }
 
@@ -90,9 +103,13 @@ class IsolateRecord {
   private:
     void freePendingNow();
 
+    void lowerStackLimit();
+
     std::unique_ptr<CountingAllocator> allocator_;  // null for an application's isolate
     std::atomic<v8::Isolate*> isolate_;
     OwnHandles handles_;
+    std::uintptr_t stackLimit_ = 0;         // 0: the engine's own
+    std::uintptr_t enginesStackLimit_ = 0;  // what it was told last
     std::unique_ptr<MemoryWatch> memory_;
     std::unique_ptr<PersistentHandle<v8::UnboundScript>> libraryScript_;
     std::mutex mutex_;  // guards pending_

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <unordered_set>
 
 #include "translate/Emitter.h"
 #include "translate/Functions.h"
@@ -86,10 +87,11 @@ KxJsTranslator::Finding findingOf(std::u16string_view code, translate::Place pla
 std::vector<std::u16string> variablesOf(translate::Tree const& tree,
                                         translate::Settings const& settings) {
     std::vector<std::u16string> names;
+    std::unordered_set<std::u16string_view> seen;
     for (translate::Node const& node : tree.nodes) {
         if (node.kind != translate::NodeKind::name) continue;
         std::u16string_view const key = translate::variableKey(tree, node, settings);
-        if (std::find(names.begin(), names.end(), key) == names.end()) names.emplace_back(key);
+        if (seen.insert(key).second) names.emplace_back(key);
     }
     return names;
 }

@@ -39,6 +39,9 @@ Parser::Parser(std::u16string_view source, Settings const& settings, Tree& tree,
 
 std::optional<SyntaxError> Parser::parse() {
     tree_.clear();
+    // Formulas have about so many nodes; long ones grow as they need.
+    constexpr std::size_t kMostReserved = 64;
+    tree_.nodes.reserve(std::min(scanner_.source().size() / 2 + 4, kMostReserved));
     try {
         if (scanner_.source().size() >= kNoNode / 2) {
             throw SyntaxError{{0, 0}, u"the formula is too long"};
@@ -271,9 +274,11 @@ Parser::Operand Parser::block(Token const& opening) {
         if (!takeIf(Type::comma)) break;
     }
     expect(Type::bar, u"\"|\"");
-    do {
-        append(children, expression(Binding::none));
-    } while (takeIf(Type::comma));
+    if (scanner_.operand().type != Type::closeBrace) {
+        do {
+            append(children, expression(Binding::none));
+        } while (takeIf(Type::comma));
+    }
     expect(Type::closeBrace, u"\"}\"");
     return addUntranslatable(u"BLOCK", u"a code block", opening.place, children,
                              opening.place.start);
@@ -287,9 +292,12 @@ Parser::Operand Parser::macro(Token const& token) {
         append(children, parenthesis(next));
     } else {
         take(expectName(u"behind \"&\""));
-        // A point ends the name; what follows is part of the text that is put together.
-        if (scanner_.source().substr(scanner_.position()).starts_with(u".")) {
-            scanner_.setPosition(scanner_.position() + 1);
+        // A point ends the name; digits behind it are part of the text that is put together.
+        std::u16string_view const rest = scanner_.source().substr(scanner_.position());
+        if (rest.starts_with(u".")) {
+            std::size_t length = 1;
+            while (length < rest.size() && isDigit(rest[length])) ++length;
+            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length));
             end_ = scanner_.position();
             isPeeked_ = false;
         }
@@ -304,9 +312,20 @@ Parser::Operand Parser::object(Token const& token) {
         failExpected(u"an operand", token);
     }
     take(token);
-    take(expectName(u"of a member"));
-    return addUntranslatable(u"OBJECT", u"a member of an object", token.place, {},
+    Children children;
+    member(children);
+    return addUntranslatable(u"OBJECT", u"a member of an object", token.place, children,
                              token.place.start);
+}
+
+/// The name behind ":" or ".", or a macro that stands for it.
+void Parser::member(Children& children) {
+    Token const next = scanner_.operand();
+    if (next.type == Type::macro) {
+        append(children, macro(next));
+    } else {
+        take(expectName(u"of a member"));
+    }
 }
 
 /// A variable, with what "->" and "." put in front of it; or a call.
@@ -324,11 +343,13 @@ Parser::Operand Parser::name(Token const& first) {
         bool const isArrow = link.type == Type::arrow;
         take(link);
         Token const next = scanner_.operand();
-        if (isArrow && (next.type == Type::open || next.type == Type::macro)) {
+        if ((isArrow && next.type == Type::open) || next.type == Type::macro) {
             Children children;
             append(children, prefix());
-            return addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
-                                     link.place, children, first.place.start);
+            return isArrow ? addUntranslatable(u"ALIAS_EXPRESSION", u"an expression of a work area",
+                                               link.place, children, first.place.start)
+                           : addUntranslatable(u"OBJECT", u"a member of an object", link.place,
+                                               children, first.place.start);
         }
         take(expectName(isArrow ? u"behind \"->\"" : u"behind the point"));
         std::u16string_view const prefix = tree_.text(made);
@@ -415,7 +436,7 @@ Parser::Operand Parser::call(Token const& name) {
         case FunctionName::Meaning::unknown:
             if (settings_.functions.find(upper) == settings_.functions.end()) {
                 text = u"unknown function " + upper;
-                findings_.push_back({u"FUNCTION_UNKNOWN", name.place, text});
+                findings_.push_back({u"FUNCTION_UNKNOWN", name.place, kNoNode, text});
             } else {
                 made.callee = Callee::host;
             }
@@ -483,8 +504,8 @@ Parser::Operand Parser::suffixes(Operand operand) {
             case Type::colon:
                 if (!hasMembers) return operand;
                 take(token);
-                take(expectName(u"of a member"));
                 append(children, operand);
+                member(children);
                 operand = addUntranslatable(u"OBJECT", u"a member of an object", token.place,
                                             children, operand.start);
                 break;
@@ -506,6 +527,17 @@ Parser::Operand Parser::suffixes(Operand operand) {
                 operand.end = end_;
                 node(operand).place.end = end_;
                 break;
+            case Type::macro: {
+                // "NAME&X": the name is put together at run time.
+                bool const isName = hasMembers && !node(operand).isParenthesized &&
+                                    node(operand).kind != NodeKind::call &&
+                                    node(operand).kind != NodeKind::choice;
+                if (!isName || token.place.start != operand.end) return operand;
+                Operand const macroName = macro(token);
+                node(macroName).place.start = operand.start;
+                operand = {macroName.node, operand.start, macroName.end};
+                break;
+            }
             default:
                 return operand;
         }
@@ -622,7 +654,8 @@ Parser::Operand Parser::add(Node node, Children const& children, std::uint32_t s
 Parser::Operand Parser::addUntranslatable(std::u16string_view code, std::u16string_view text,
                                           Place sign, Children const& children,
                                           std::uint32_t start) {
-    findings_.push_back({code, sign, std::u16string(text)});
+    findings_.push_back(
+        {code, sign, static_cast<NodeIndex>(tree_.nodes.size()), std::u16string(text)});
     Node made;
     made.kind = NodeKind::untranslatable;
     made.sign = sign;

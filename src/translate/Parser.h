@@ -19,6 +19,7 @@ inline constexpr std::uint16_t kMostHeight = 500;
 struct Untranslatable {
     std::u16string_view code;
     Place place;
+    NodeIndex node = kNoNode;
     std::u16string text;
 };
 
@@ -60,6 +61,7 @@ class Parser {
     Operand brace(Token const& token);
     Operand block(Token const& opening);
     Operand macro(Token const& token);
+    void member(Children& children);
     Operand object(Token const& token);
     Operand name(Token const& first);
     Operand call(Token const& name);

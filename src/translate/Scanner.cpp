@@ -467,6 +467,8 @@ Token Scanner::operation() {
             return make(Type::closeBrace, 1);
         case u'|':
             return make(Type::bar, 1);
+        case u'&':
+            return make(Type::macro, 1);
         case u'.': {
             Token const dotted = dottedOperand();
             return dotted.type == Type::binary ? dotted : make(Type::point, 1);

@@ -15,6 +15,7 @@
 #include "host/KxJsFailure.h"
 #include "host/KxJsParser.h"
 #include "host/KxJsVariable.h"
+#include "translate/KxJsTranslator.h"
 
 /// What a document's pieces of C++ print with. The standard library writes out a path as UTF-8.
 inline std::string utf8(std::u16string const& text) { return std::filesystem::path(text).string(); }

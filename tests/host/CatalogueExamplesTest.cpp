@@ -8,6 +8,7 @@
 #include "../library/WrongExamples.h"
 #include "ScriptHost.h"
 #include "library/Catalogues.h"
+#include "support/EngineWords.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ TEST(CatalogueExamples, giveWhatTheyState) {
         if (isKnownAsWrong(text)) continue;
         auto const example = kx::test::splitExample(text);
         ASSERT_TRUE(example.has_value()) << narrow(text);
-        EXPECT_EQ(host.eval(example->call), example->result) << narrow(text);
+        EXPECT_EQ(host.eval(example->call), fromEnginesMath(example->result)) << narrow(text);
         ++right;
     }
     EXPECT_EQ(right + kx::test::wrongExamples.size(), allExamples().size());

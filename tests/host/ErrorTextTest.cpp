@@ -6,6 +6,7 @@
 #include "ScriptHost.h"
 #include "engine/Text.h"
 #include "host/ErrorText.h"
+#include "support/EngineWords.h"
 
 namespace {
 
@@ -77,7 +78,7 @@ TEST_P(ComposedError, isAsRecorded) {
     Golden const golden = readGolden(GetParam());
     ScriptHost host;
     host.bind(u"price", 5);
-    EXPECT_EQ(host.run(golden.source).error, golden.error);
+    EXPECT_EQ(host.run(golden.source).error, inEnginesWords(golden.error));
 }
 
 INSTANTIATE_TEST_SUITE_P(files, ComposedError,

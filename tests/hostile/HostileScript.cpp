@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "support/EngineWords.h"
+
 namespace {
 
 // The standard library reads UTF-8 as a path.
@@ -75,6 +77,23 @@ std::vector<std::string> words(std::string const& text) {
     return found;
 }
 
+constexpr std::string_view kSince = "// since V8 ";
+
+bool isSince(std::string const& version) {
+    std::size_t dot = 0;
+    int const major = std::stoi(version, &dot);
+    return isSinceV8(major, std::stoi(version.substr(dot + 1)));
+}
+
+void forgetTheEnd(HostileScript& script) {
+    script.result.reset();
+    script.beginOfResult.reset();
+    script.error.reset();
+    script.lastWords.clear();
+    script.signal.clear();
+    script.hangsFor = {};
+}
+
 /// Reads `line` into `script`. Returns whether it is a directive.
 bool obey(HostileScript& script, std::string const& line) {
     auto const colon = line.find(": ");
@@ -106,6 +125,10 @@ bool obey(HostileScript& script, std::string const& line) {
         script.signal = value;
     } else if (name == "// hangs") {
         script.hangsFor = std::chrono::milliseconds(std::stol(value));
+    } else if (name.starts_with(kSince)) {
+        if (!isSince(name.substr(kSince.size()))) return true;
+        forgetTheEnd(script);
+        return obey(script, "// " + value);
     } else {
         return false;
     }

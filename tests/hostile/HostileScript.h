@@ -24,6 +24,7 @@
 ///     // dies: Fatal error      V8 ends the process with this message
 ///     // signal: SEGV           this signal ends the process
 ///     // hangs: 1000 ms         nothing ends it within this time
+///     // since V8 11.3: expect: 1   how it ends on this version of V8 and newer ones
 ///
 /// One of the directives that say how it ends is required. Texts have the escapes \n, \t, \\, \'
 /// and \uXXXX. The file's other lines, in UTF-8, follow what was generated. Expectations hold for

@@ -5,23 +5,11 @@
 #   fresh-root.sh PACKAGE.deb...
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd -P)
+source "$here/../../scripts/common.sh"
 
-# The package sources of the distribution itself, without those of other vendors.
-distribution=$(. /etc/os-release && printf '%s' "$ID")
-sources=$(
-    apt-get indextargets --format '$(ORIGIN) deb $(REPO_URI) $(RELEASE) $(COMPONENT)' \
-        'Created-By: Packages' | sed -n "s/^$distribution deb /deb /Ip" | sort -u
-)
-[[ -n $sources ]] || {
-    echo "apt knows no package source of $distribution (apt-get update?)" >&2
-    exit 1
-}
-
-# apt in the new system uses this machine's proxy settings.
-options=()
-while IFS= read -r option; do options+=("--aptopt=$option"); done < <(
-    apt-config dump | grep -E '^Acquire::https?::Proxy ' || true
-)
+sources=$(distribution_sources "$(. /etc/os-release && printf '%s' "$ID")")
+[[ -n $sources ]] || die "apt knows no package source of this distribution (apt-get update?)"
+mapfile -t options < <(apt_options 'https?::Proxy|Check-Valid-Until')
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -32,11 +20,12 @@ chmod 755 "$work"
 
 # The hooks run before the system is removed. Of this shell's environment they get only the proxy
 # settings.
-export KXJS_ENVIRONMENT="PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root"
+KXJS_ENVIRONMENT="PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root"
 for variable in http_proxy https_proxy no_proxy; do
     [[ -z ${!variable:-} ]] || KXJS_ENVIRONMENT+=" $variable=${!variable}"
 done
-mmdebstrap --quiet --variant=apt "${options[@]}" \
+as_root env KXJS_ENVIRONMENT="$KXJS_ENVIRONMENT" \
+    mmdebstrap --quiet --mode=root --variant=apt "${options[@]}" \
     --customize-hook="copy-in '$work/kxjs' /opt" \
     --customize-hook='env -i $KXJS_ENVIRONMENT chroot "$1" /opt/kxjs/in-fresh-root.sh' \
     "" /dev/null - <<<"$sources"

@@ -27,6 +27,13 @@ Function* original(char const* symbol) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, symbol));
 }
 
+#if V8_MAJOR_VERSION >= 11
+// Before the engine starts, which would not let its flags be changed any more.
+[[gnu::constructor]] void leaveFlagsOpen() {
+    v8::V8::SetFlagsFromString("--no-freeze-flags-after-init");
+}
+#endif
+
 }  // namespace
 
 namespace v8 {

@@ -72,6 +72,12 @@ TEST(Syntax, CollectsWhatHasNoTranslation) {
              {"EVALUATE(X)", "MACRO 0+8: a text that is evaluated at run time"},
              {"{|x| x+1}", "BLOCK 0+1: a code block"},
              {"{||1}", "BLOCK 0+1: a code block"},
+             {"{||}", "BLOCK 0+1: a code block"},
+             {"A&X", "MACRO 1+1: a text that is evaluated at run time"},
+             {"&X.1 + 1", "MACRO 0+1: a text that is evaluated at run time"},
+             {"A:&X",
+              "OBJECT 1+1: a member of an object; "
+              "MACRO 2+1: a text that is evaluated at run time"},
              {"F5(@x)",
               "FUNCTION_UNKNOWN 0+2: unknown function F5; "
               "REFERENCE 3+1: a variable passed by reference"},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "cli/batch/BatchColumns.h"
@@ -16,7 +17,6 @@
 #include "cli/io/ProgressLine.h"
 #include "cli/io/Utf8.h"
 #include "columns/KxJsColumns.h"
-#include "convert/Converter.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
@@ -35,9 +35,7 @@ class Batch {
           output_(options.output, options.delimiter),
           progress_(input_.size()),
           host_(makeHost(options.limits)),
-          formula_(decodeArgument(options.formula, "formula")),
-          source_(options.isJavaScript ? formula_ : Converter::_convert(formula_.c_str())),
-          failures_(formula_, source_) {
+          formula_(decodeArgument(options.formula, "formula")) {
         setLimits(host_, options.limits);
         host_.initialize();
     }
@@ -52,6 +50,7 @@ class Batch {
             throw UsageError("--as " + quotable(options_.resultName) +
                              ": there is such a column already");
         }
+        if (!readFormula()) return EXIT_STATUS_FAILED;
         CsvBlock block = reader_.next(kBlockBytes);
         BatchColumns columns(header_, source_, options_.types);
         columns.guessTypes(block);
@@ -63,7 +62,7 @@ class Batch {
         columns.load(block, evaluation);
         std::u16string error;
         if (!evaluation.compile(source_, error)) {
-            failures_.reportFormula(error, host_.lastFailure());
+            failures_->reportFormula(error, host_.lastFailure());
             return EXIT_STATUS_FAILED;
         }
         output_.writeHeader(header_, options_.resultName, reader_);
@@ -77,6 +76,19 @@ class Batch {
     }
 
   private:
+    /// Makes the JavaScript of the formula; false, after a report, where there is none.
+    bool readFormula() {
+        std::vector<std::u16string> keys;
+        for (std::string const& name : header_) keys.push_back(utf16FromUtf8(name));
+        FormulaReader const reader(options_.language, keys);
+        reader.prepare(host_);
+        FormulaRun const read = reader.read(formula_);
+        if (read.hasFailed) reportScriptError(failureReport(formula_, read, nullptr));
+        source_ = read.javaScript;
+        failures_.emplace(formula_, source_);
+        return !read.hasFailed;
+    }
+
     void evaluate(CsvBlock const& block, BatchColumns const& columns, KxJsColumns& evaluation) {
         std::vector<std::size_t> const& loaded = columns.loaded();
         results_.resize(loaded.size());
@@ -90,7 +102,7 @@ class Batch {
         if (!outcome.failures.empty() || !columns.refused().empty()) {
             hasFailed_ = true;
             progress_.clear();
-            failures_.reportRecords(block, columns, outcome.failures);
+            failures_->reportRecords(block, columns, outcome.failures);
         }
         output_.writeRecords(block, loaded, results_);
         records_ += block.size();
@@ -122,7 +134,7 @@ class Batch {
     std::chrono::steady_clock::duration timeUsed_{};
     std::u16string formula_;
     std::u16string source_;
-    BatchFailures failures_;
+    std::optional<BatchFailures> failures_;
     std::vector<std::string> header_;
     std::vector<std::u16string> results_;
     std::size_t records_ = 0;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/batch/CellType.h"
+#include "cli/formula/FormulaReader.h"
 #include "cli/formula/Limits.h"
 #include "cli/io/Errors.h"
 
@@ -11,7 +12,7 @@ namespace kx {
 
 /// The job: formula, files and the form of the CSV.
 struct BatchOptions {
-    bool isJavaScript = false;  ///< do not convert the formula
+    LanguageOptions language;
     std::string formula;
     std::string input;                  ///< a file; empty: standard input
     std::string output;                 ///< a file; empty: standard output

@@ -10,6 +10,7 @@
 #include "cli/batch/Batch.h"
 #include "cli/commands/Commands.h"
 #include "cli/commands/CommonOptions.h"
+#include "cli/commands/LanguageOption.h"
 #include "cli/commands/LimitOption.h"
 
 namespace kx {
@@ -64,7 +65,7 @@ void addBatch(CLI::App& app, Command& chosen) {
         app.add_subcommand("batch", "Evaluate a formula for every record of a CSV file");
     auto const arguments = std::make_shared<BatchArguments>();
     BatchOptions& options = arguments->options;
-    batch->add_flag("--js", options.isJavaScript, "The formula is JavaScript; do not convert it");
+    addLanguage(*batch, options.language);
     CLI::Option* const input =
         batch->add_option("-i", options.input, "CSV file to read; default: standard input");
     input->type_name("IN.csv");

@@ -56,8 +56,8 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     CLI::App app("Evaluates formulas of an older upper-case language and JavaScript.", "kxjs");
     app.set_version_flag("--version", "kxjs " KXJS_VERSION " (V8 " KXJS_V8_VERSION ")");
     app.require_subcommand(1);
-    for (auto const add :
-         {addEval, addBatch, addConvert, addExtract, addFunctions, addDocs, addRepl}) {
+    for (auto const add : {addEval, addBatch, addConvert, addTranslate, addCheck, addExtract,
+                           addFunctions, addDocs, addRepl}) {
         add(app, chosen);
     }
     removeGuards(app);

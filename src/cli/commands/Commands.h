@@ -22,6 +22,8 @@ void addEval(CLI::App& app, Command& chosen);
 void addBatch(CLI::App& app, Command& chosen);
 void addConvert(CLI::App& app, Command& chosen);
 void addExtract(CLI::App& app, Command& chosen);
+void addTranslate(CLI::App& app, Command& chosen);
+void addCheck(CLI::App& app, Command& chosen);
 void addFunctions(CLI::App& app, Command& chosen);
 void addDocs(CLI::App& app, Command& chosen);
 void addRepl(CLI::App& app, Command& chosen);

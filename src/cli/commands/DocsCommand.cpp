@@ -11,6 +11,7 @@
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 #include "host/KxJsParser.h"
+#include "translate/KxJsTranslator.h"
 
 namespace kx {
 namespace {
@@ -18,6 +19,7 @@ namespace {
 struct DocsOptions {
     bool hasExamples = false;
     bool isFragment = false;
+    bool isTranslated = false;
     std::string file;       ///< empty: standard output
     std::string directory;  ///< not empty: one page for each function there
 };
@@ -32,23 +34,33 @@ std::string fileText(std::u16string const& document) {
     return std::string(kByteOrderMark) + utf8FromUtf16(document);
 }
 
-void writePages(std::string const& directory) {
+std::vector<std::pair<std::u16string, std::u16string>> translatedPages() {
+    std::vector<std::pair<std::u16string, std::u16string>> pages;
+    for (KxJsFunction const& function : KxJsTranslator::functions()) {
+        pages.emplace_back(function.getName(), function.toHtmlPage());
+    }
+    return pages;
+}
+
+void writePages(std::string const& directory, bool isTranslated) {
     std::vector<NamedFile> files;
-    for (auto const& [name, page] : KxJsParser::_getUserDocumentation()) {
+    auto const pages = isTranslated ? translatedPages() : KxJsParser::_getUserDocumentation();
+    for (auto const& [name, page] : pages) {
         files.push_back({utf8FromUtf16(docsPageFile(name)), fileText(page)});
     }
-    files.push_back({"index.html", fileText(docsIndexPage())});
+    files.push_back({"index.html", fileText(docsIndexPage(cataloguesOf(isTranslated)))});
     replaceFiles(directory, files);
 }
 
 ExitStatus runDocs(DocsOptions const& options) {
     if (!options.directory.empty()) {
-        writePages(options.directory);
+        writePages(options.directory, options.isTranslated);
         return EXIT_STATUS_OK;
     }
     bool const standalone = !options.isFragment;
     std::u16string const document =
-        KxJsParser::_getUserDocumentation(standalone, options.hasExamples);
+        options.isTranslated ? docsDocument(cataloguesOf(true), standalone, options.hasExamples)
+                             : KxJsParser::_getUserDocumentation(standalone, options.hasExamples);
     if (options.file.empty() || options.file == "-" || isStandardOutput(options.file)) {
         print(document);
         flushOutput();
@@ -68,6 +80,8 @@ void addDocs(CLI::App& app, Command& chosen) {
         docs->add_flag("--examples", options->hasExamples, "Include the examples");
     CLI::Option* const fragment = docs->add_flag(
         "--fragment", options->isFragment, "Leave out head and body, to embed the text in a page");
+    docs->add_flag("--translated", options->isTranslated,
+                   "The functions that translated formulas call");
     CLI::Option* const file =
         docs->add_option("-o", options->file, "File to write; default: standard output")
             ->type_name("FILE");

@@ -37,9 +37,9 @@ std::u16string entry(KxJsFunction const& function) {
 
 std::u16string docsPageFile(std::u16string const& name) { return name + u".html"; }
 
-std::u16string docsIndexPage() {
+std::u16string docsIndexPage(std::vector<Catalogue> const& catalogues) {
     std::u16string page(kHead);
-    for (Catalogue const& catalogue : builtInCatalogues()) {
+    for (Catalogue const& catalogue : catalogues) {
         page += u"\t<div class='divSection'>\n\t\t<h3 class='titreBlock'>" + catalogue.title +
                 u"</h3>\n\t\t<dl>\n";
         for (KxJsFunction const& function : catalogue.functions) {
@@ -50,6 +50,18 @@ std::u16string docsIndexPage() {
     }
     page += kFoot;
     return page;
+}
+
+std::u16string docsDocument(std::vector<Catalogue> const& catalogues, bool isStandalone,
+                            bool hasExamples) {
+    std::u16string document(isStandalone ? kHead : u"");
+    for (Catalogue const& catalogue : catalogues) {
+        for (KxJsFunction const& function : catalogue.functions) {
+            document += function.toHtmlFragment(hasExamples);
+        }
+    }
+    document += isStandalone ? kFoot : u"";
+    return document;
 }
 
 }  // namespace kx

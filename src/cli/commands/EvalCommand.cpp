@@ -7,6 +7,7 @@
 
 #include "cli/commands/Commands.h"
 #include "cli/commands/CommonOptions.h"
+#include "cli/commands/LanguageOption.h"
 #include "cli/commands/LimitOption.h"
 #include "cli/formula/FailureReport.h"
 #include "cli/formula/FormulaRun.h"
@@ -20,7 +21,7 @@ namespace kx {
 namespace {
 
 struct EvalOptions {
-    bool isJavaScript = false;
+    LanguageOptions language;
     std::map<CLI::Option const*, VariableOption> variables;
     LimitOptions limits;
     std::vector<std::string> formulas;
@@ -48,14 +49,18 @@ void bind(KxJsParser& parser, std::vector<KxJsVariable> const& variables) {
 }
 
 /// Prints the result of one formula; false when it failed.
-bool evaluate(KxJsParser& parser, Formula const& formula, bool isJavaScript) {
-    FormulaRun const run = runFormula(parser, formula.text, isJavaScript);
+bool evaluate(KxJsParser& parser, Formula const& formula, FormulaReader const& reader) {
+    FormulaRun const run = runFormula(parser, formula.text, reader);
     if (run.hasResult()) printLine(run.result);
     // The result appears before the error text, and before a later formula that takes long.
     flushOutput();
     if (run.hasFailed) {
         if (!formula.place.empty()) reportError(formula.place + ":");
-        reportScriptError(failureReport(formula.text, run, parser.lastFailure()));
+        KxJsFailure const* const failure = parser.lastFailure();
+        reportScriptError(failureReport(formula.text, run, failure));
+        bool const hasNewWorker =
+            failure != nullptr && failure->kind == KxJsFailure::Kind::WORKER_ENDED;
+        if (hasNewWorker) reader.prepare(parser);
     }
     return !run.hasFailed;
 }
@@ -67,10 +72,14 @@ ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
     KxJsParser parser = makeHost(limits);
     setLimits(parser, limits);
     parser.initialize();
+    std::vector<std::u16string> keys;
+    for (KxJsVariable const& variable : variables) keys.push_back(variable.getKey());
+    FormulaReader const reader(options.language, keys);
+    reader.prepare(parser);
     bind(parser, variables);
     bool hasFailed = false;
     forEachFormula(options.formulas, [&](Formula const& formula) {
-        if (!evaluate(parser, formula, options.isJavaScript)) hasFailed = true;
+        if (!evaluate(parser, formula, reader)) hasFailed = true;
     });
     flushOutput();
     return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
@@ -84,8 +93,7 @@ void addEval(CLI::App& app, Command& chosen) {
     auto const addVariable = [&](char const* name, VariableOption kind, char const* help) {
         options->variables[addRepeatable(*eval, name, "NAME=VALUE", help)] = kind;
     };
-    eval->add_flag("--js", options->isJavaScript,
-                   "The formulas are JavaScript; do not convert them");
+    addLanguage(*eval, options->language);
     addVariable("-v", VariableOption::GUESS, "Bind a variable; the type follows from the value");
     addVariable("--long", VariableOption::LONG, "Bind a whole number of 32 bits");
     addVariable("--double", VariableOption::DOUBLE, "Bind a number");

@@ -7,6 +7,7 @@
 
 #include "cli/commands/Commands.h"
 #include "cli/commands/CommonOptions.h"
+#include "cli/commands/LanguageOption.h"
 #include "cli/commands/LimitOption.h"
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Output.h"
@@ -17,13 +18,23 @@ namespace kx {
 namespace {
 
 struct ExtractOptions {
-    bool isJavaScript = false;
+    LanguageOptions language;
     LimitOptions limits;
     std::vector<std::string> formulas;
 };
 
-std::vector<std::u16string> extract(std::u16string const& source, std::u16string& error,
-                                    Limits const& limits) {
+/// A translation has its names without being run.
+std::vector<std::u16string> translatedNames(std::u16string const& formula, std::u16string& error) {
+    KxJsTranslator::Translation translation = KxJsTranslator().translate(formula);
+    error = describeFindings(translation.findings);
+    return std::move(translation.variables);
+}
+
+std::vector<std::u16string> namesIn(std::u16string const& formula, LanguageOptions const& language,
+                                    Limits const& limits, std::u16string& error) {
+    if (language.isTranslated) return translatedNames(formula, error);
+    std::u16string const source =
+        language.isJavaScript ? formula : Converter::_convert(formula.c_str());
     return limits.isIsolated
                ? KxJsParser::_extractVariable(source, error, limits.time, isolationFor(limits))
                : KxJsParser::_extractVariable(source, error, limits.time);
@@ -39,9 +50,7 @@ ExitStatus runExtract(ExtractOptions const& options) {
     std::set<std::u16string> printed;
     forEachFormula(options.formulas, [&](Formula const& formula) {
         std::u16string error;
-        std::u16string const source =
-            options.isJavaScript ? formula.text : Converter::_convert(formula.text.c_str());
-        for (std::u16string const& name : extract(source, error, limits)) {
+        for (std::u16string const& name : namesIn(formula.text, options.language, limits, error)) {
             if (printed.insert(name).second) printLine(name);
         }
         flushOutput();
@@ -60,8 +69,7 @@ void addExtract(CLI::App& app, Command& chosen) {
     CLI::App* const extract =
         app.add_subcommand("extract", "Print the names that formulas use and nobody defines");
     auto const options = std::make_shared<ExtractOptions>();
-    extract->add_flag("--js", options->isJavaScript,
-                      "The formulas are JavaScript; do not convert them");
+    addLanguage(*extract, options->language);
     addLimits(*extract, options->limits);
     addIsolated(*extract, options->limits);
     addFormulas(*extract, options->formulas);

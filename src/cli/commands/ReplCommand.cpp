@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "cli/commands/Commands.h"
+#include "cli/commands/LanguageOption.h"
 #include "cli/commands/LimitOption.h"
 #include "cli/prompt/Prompt.h"
 
@@ -11,6 +12,8 @@ void addRepl(CLI::App& app, Command& chosen) {
     CLI::App* const repl = app.add_subcommand("repl", "Evaluate formulas at a prompt");
     auto const limits = std::make_shared<LimitOptions>();
     limits->isIsolated = true;
+    auto const language = std::make_shared<LanguageOptions>();
+    addTranslated(*repl, *language);
     addLimits(*repl, *limits);
     repl->add_flag("!--in-process", limits->isIsolated,
                    "Run formulas in the process of the prompt");
@@ -19,7 +22,8 @@ void addRepl(CLI::App& app, Command& chosen) {
         "no\n"
         "terminal, its lines are read without a prompt, and the exit status is 1 if one failed.\n"
         "What was typed is kept in $XDG_STATE_HOME/kxjs/history (~/.local/state).");
-    repl->callback([=, &chosen] { chosen = [=] { return runPrompt(limitsFrom(*limits)); }; });
+    repl->callback(
+        [=, &chosen] { chosen = [=] { return runPrompt(limitsFrom(*limits), *language); }; });
 }
 
 }  // namespace kx

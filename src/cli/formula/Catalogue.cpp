@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "library/Catalogues.h"
+#include "translate/KxJsTranslator.h"
 
 namespace kx {
 namespace {
@@ -40,6 +41,17 @@ std::vector<Catalogue> const& builtInCatalogues() {
         {u"String functions", buildStringFunctions()},
         {u"Miscellaneous functions", buildMiscFunctions()}};
     return catalogues;
+}
+
+std::vector<Catalogue> const& cataloguesOf(bool isTranslated) {
+    if (!isTranslated) return builtInCatalogues();
+    static std::vector<Catalogue> const translated = [] {
+        std::vector<Catalogue> catalogues(1);
+        catalogues[0].functions = KxJsTranslator::functions();
+        catalogues[0].title = catalogues[0].functions.front().getCategory();
+        return catalogues;
+    }();
+    return translated;
 }
 
 std::u16string signatureOf(KxJsFunction const& function) {

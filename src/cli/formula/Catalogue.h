@@ -7,7 +7,7 @@
 
 namespace kx {
 
-/// One of the three catalogues of built-in functions.
+/// A catalogue of functions.
 struct Catalogue {
     std::u16string title;
     std::vector<KxJsFunction> functions;
@@ -15,6 +15,9 @@ struct Catalogue {
 
 /// All built-in functions, in the order of the documentation. Built once.
 std::vector<Catalogue> const& builtInCatalogues();
+
+/// The functions that translated formulas call; otherwise the built-in ones. Built once.
+std::vector<Catalogue> const& cataloguesOf(bool isTranslated);
 
 /// The form of a call: "NAME(first, second)".
 std::u16string signatureOf(KxJsFunction const& function);

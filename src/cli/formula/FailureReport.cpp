@@ -44,6 +44,7 @@ FailedLine lineAt(std::u16string_view text, Span place, bool isTyped) {
 
 std::optional<FailedLine> failedLine(std::u16string const& formula, FormulaRun const& run,
                                      KxJsFailure const* failure) {
+    if (run.refusedAt) return lineAt(formula, *run.refusedAt, true);
     if (failure == nullptr || failure->line == 0) return std::nullopt;
     std::size_t const start = lineStart(run.javaScript, failure->line);
     Span const place{start + static_cast<std::size_t>(failure->column) - 1,
@@ -54,13 +55,17 @@ std::optional<FailedLine> failedLine(std::u16string const& formula, FormulaRun c
     return lineAt(run.javaScript, place, false);
 }
 
+std::u16string failureMessage(FormulaRun const& run, KxJsFailure const* failure) {
+    return run.refusedAt || failure == nullptr ? run.errorText : failure->message;
+}
+
 std::u16string failureReport(std::u16string const& formula, FormulaRun const& run,
                              KxJsFailure const* failure) {
     auto const line = failedLine(formula, run, failure);
     if (!line) return run.errorText;
     return u"Error in line: " + utf16FromUtf8(std::to_string(line->number)) +
-           (line->isTyped ? u"" : u" of the formula's JavaScript") + u"\n" + failure->message +
-           u"\n" + line->text + u"\n" + line->marks + u"\n";
+           (line->isTyped ? u"" : u" of the formula's JavaScript") + u"\n" +
+           failureMessage(run, failure) + u"\n" + line->text + u"\n" + line->marks + u"\n";
 }
 
 }  // namespace kx

@@ -22,6 +22,9 @@ struct FailedLine {
 std::optional<FailedLine> failedLine(std::u16string const& formula, FormulaRun const& run,
                                      KxJsFailure const* failure);
 
+/// What went wrong, without the place.
+std::u16string failureMessage(FormulaRun const& run, KxJsFailure const* failure);
+
 /// The report of a failed run, in the form of the library's error texts: line number, message,
 /// source line, carets. Line and carets are those of failedLine().
 std::u16string failureReport(std::u16string const& formula, FormulaRun const& run,

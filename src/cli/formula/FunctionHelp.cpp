@@ -85,8 +85,7 @@ std::u16string upperCase(std::u16string text) {
 
 }  // namespace
 
-void printFunctions() {
-    std::vector<Catalogue> const& catalogues = builtInCatalogues();
+void printFunctions(std::vector<Catalogue> const& catalogues) {
     std::size_t const width = outputWidth();
     std::vector<std::vector<KxJsFunction::Parameter>> tables;
     std::size_t textColumn = 0;
@@ -103,8 +102,7 @@ void printFunctions() {
     }
 }
 
-void printFunction(std::string const& name) {
-    std::vector<Catalogue> const& catalogues = builtInCatalogues();
+void printFunction(std::string const& name, std::vector<Catalogue> const& catalogues) {
     std::u16string const wanted = upperCase(decodeArgument(name, "name of a function"));
     for (Catalogue const& catalogue : catalogues) {
         for (KxJsFunction const& function : catalogue.functions) {

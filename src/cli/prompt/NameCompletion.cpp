@@ -30,7 +30,8 @@ bool beginsWith(std::u16string_view name, std::u16string_view start) {
 }  // namespace
 
 Completion completeName(std::u16string const& beforeCursor,
-                        std::map<std::u16string, KxJsVariable> const& variables) {
+                        std::map<std::u16string, KxJsVariable> const& variables,
+                        std::vector<Catalogue> const& catalogues) {
     std::size_t start = beforeCursor.size();
     while (start > 0 && isInWord(beforeCursor[start - 1])) --start;
     std::u16string const word = beforeCursor.substr(start);
@@ -44,7 +45,7 @@ Completion completeName(std::u16string const& beforeCursor,
     for (auto const& [name, variable] : variables) {
         if (!isHelp && name.starts_with(word)) found.candidates.push_back(name);
     }
-    for (Catalogue const& catalogue : builtInCatalogues()) {
+    for (Catalogue const& catalogue : catalogues) {
         for (KxJsFunction const& function : catalogue.functions) {
             if (!beginsWith(function.getName(), word)) continue;
             found.candidates.push_back(function.getName() + (isHelp ? u"" : u"("));

@@ -76,12 +76,12 @@ class History {
     std::u16string last_;
 };
 
-ExitStatus runAtTerminal(Limits const& limits) {
+ExitStatus runAtTerminal(Limits const& limits, LanguageOptions const& language) {
     InterruptWatch interrupts;
-    ReplSession session(kPromptWidth, limits);
+    ReplSession session(kPromptWidth, limits, language);
     interrupts.watch(session.parser());
     LineEditor editor(kPrompt, [&](std::u16string const& beforeCursor) {
-        return completeName(beforeCursor, session.variables());
+        return completeName(beforeCursor, session.variables(), cataloguesOf(language.isTranslated));
     });
     History history(editor);
     printLine(u":help explains this prompt, :quit leaves it.");
@@ -97,8 +97,8 @@ ExitStatus runAtTerminal(Limits const& limits) {
     return EXIT_STATUS_OK;
 }
 
-ExitStatus runOnLines(Limits const& limits) {
-    ReplSession session(0, limits);
+ExitStatus runOnLines(Limits const& limits, LanguageOptions const& language) {
+    ReplSession session(0, limits, language);
     bool hasFailed = false;
     forEachFormula({}, [&](Formula const& line) {
         if (!session.hasEnded() && !runLine(session, line.text)) hasFailed = true;
@@ -108,9 +108,9 @@ ExitStatus runOnLines(Limits const& limits) {
 
 }  // namespace
 
-ExitStatus runPrompt(Limits const& limits) {
+ExitStatus runPrompt(Limits const& limits, LanguageOptions const& language) {
     bool const isAtTerminal = ::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1;
-    return isAtTerminal ? runAtTerminal(limits) : runOnLines(limits);
+    return isAtTerminal ? runAtTerminal(limits, language) : runOnLines(limits, language);
 }
 
 }  // namespace kx

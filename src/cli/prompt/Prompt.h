@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/formula/FormulaReader.h"
 #include "cli/formula/Limits.h"
 #include "cli/io/Errors.h"
 
@@ -7,6 +8,6 @@ namespace kx {
 
 /// Evaluates lines at a prompt where standard input and output are a terminal, else the lines of
 /// standard input. `limits` hold for each formula. Throws WorkError.
-ExitStatus runPrompt(Limits const& limits);
+ExitStatus runPrompt(Limits const& limits, LanguageOptions const& language);
 
 }  // namespace kx

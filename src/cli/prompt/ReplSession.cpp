@@ -18,8 +18,8 @@
 namespace kx {
 namespace {
 
-bool isBuiltIn(std::u16string const& name) {
-    for (Catalogue const& catalogue : builtInCatalogues()) {
+bool isIn(std::vector<Catalogue> const& catalogues, std::u16string const& name) {
+    for (Catalogue const& catalogue : catalogues) {
         for (KxJsFunction const& function : catalogue.functions) {
             if (function.getName() == name) return true;
         }
@@ -36,10 +36,18 @@ void printTime(std::chrono::steady_clock::duration time) {
 
 }  // namespace
 
-ReplSession::ReplSession(std::size_t promptWidth, Limits const& limits)
-    : promptWidth_(promptWidth), parser_(makeHost(limits)) {
+ReplSession::ReplSession(std::size_t promptWidth, Limits const& limits,
+                         LanguageOptions const& language)
+    : promptWidth_(promptWidth), language_(language), parser_(makeHost(limits)) {
     setLimits(parser_, limits);
     parser_.initialize();
+    reader().prepare(parser_);
+}
+
+FormulaReader ReplSession::reader() const {
+    std::vector<std::u16string> keys;
+    for (auto const& [key, variable] : variables_) keys.push_back(key);
+    return FormulaReader(language_, keys);
 }
 
 bool ReplSession::run(std::u16string const& line) {
@@ -61,7 +69,7 @@ bool ReplSession::evaluateOrAssign(std::u16string const& line) {
 }
 
 bool ReplSession::assign(Assignment const& assignment, std::u16string const& line) {
-    if (isBuiltIn(assignment.name)) {
+    if (isIn(builtInCatalogues(), assignment.name)) {
         reportError(utf8FromUtf16(assignment.name) + " is a built-in function");
         return false;
     }
@@ -102,7 +110,7 @@ bool ReplSession::hasNewWorker() const {
 
 FormulaRun ReplSession::timedRun(std::u16string const& formula, std::u16string const& line) {
     auto const start = std::chrono::steady_clock::now();
-    FormulaRun run = runFormula(parser_, formula, false);
+    FormulaRun run = runFormula(parser_, formula, reader());
     auto const end = std::chrono::steady_clock::now();
     if (showsJavaScript_) printLine(u"JavaScript: " + run.javaScript);
     // An assignment prints the variable instead of the result.
@@ -122,11 +130,13 @@ void ReplSession::report(std::u16string const& formula, std::u16string const& li
     if (failed && failed->isTyped && promptWidth_ > 0 && width < outputWidth() &&
         !run.hasResult() && !showsJavaScript_ && !showsTime_) {
         reportScriptError(std::u16string(promptWidth_, u' ') + blanksUnder(before) + failed->marks +
-                          u"\n" + failure->message);
+                          u"\n" + failureMessage(run, failure));
     } else {
         reportScriptError(failureReport(formula, run, failure));
     }
-    if (hasNewWorker()) reportError("formulas have a new process now; what they left in globals is gone");
+    if (!hasNewWorker()) return;
+    reportError("formulas have a new process now; what they left in globals is gone");
+    reader().prepare(parser_);
 }
 
 }  // namespace kx

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 
+#include "cli/formula/FormulaReader.h"
 #include "cli/formula/FormulaRun.h"
 #include "cli/formula/Limits.h"
 #include "cli/prompt/Assignment.h"
@@ -17,7 +18,7 @@ class ReplSession {
     /// `promptWidth` is the width of the prompt before a typed line, or 0 where lines are not typed
     /// at a terminal. Errors are marked below the typed line only at a terminal. `limits` hold for
     /// each formula.
-    ReplSession(std::size_t promptWidth, Limits const& limits);
+    ReplSession(std::size_t promptWidth, Limits const& limits, LanguageOptions const& language);
 
     /// Runs a line: a formula, an assignment or a command. Returns false, after a report, when it
     /// failed. Throws UsageError for a wrong argument of a command.
@@ -45,7 +46,10 @@ class ReplSession {
     bool hasNewWorker() const;
     void report(std::u16string const& formula, std::u16string const& line, FormulaRun const& run);
 
+    FormulaReader reader() const;
+
     std::size_t promptWidth_;
+    LanguageOptions language_;
     KxJsParser parser_;
     std::map<std::u16string, KxJsVariable> variables_;
     bool showsJavaScript_ = false;

@@ -2,11 +2,11 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/formula/FailureReport.h"
 #include "cli/formula/FunctionHelp.h"
 #include "cli/io/Output.h"
 #include "cli/io/Utf8.h"
 #include "cli/prompt/ReplSession.h"
-#include "convert/Converter.h"
 
 namespace kx {
 namespace {
@@ -47,13 +47,18 @@ bool ReplSession::help(std::u16string const& function) {
         printLine(kHelp);
         return true;
     }
-    printFunction(utf8FromUtf16(function));
+    printFunction(utf8FromUtf16(function), cataloguesOf(language_.isTranslated));
     return true;
 }
 
 bool ReplSession::showJavaScript(std::u16string const& formula) {
     if (!formula.empty()) {
-        printLine(Converter::_convert(formula.c_str()));
+        FormulaRun const read = reader().read(formula);
+        if (read.hasFailed) {
+            reportScriptError(failureReport(formula, read, nullptr));
+            return false;
+        }
+        printLine(read.javaScript);
         return true;
     }
     showsJavaScript_ = !showsJavaScript_;

@@ -38,7 +38,7 @@ STDMETHODIMP_(ULONG) ClassFactory::Release() {
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* pUnkOuter, REFIID riid, void** ppvObj) {
     if (ppvObj == nullptr) return E_POINTER;
     *ppvObj = nullptr;
-    // Whoever aggregates needs the inner object's own identity, and nothing else can be given.
+    // COM asks for the inner object of an aggregate by IID_IUnknown only.
     if (pUnkOuter != nullptr && riid != IID_IUnknown) return CLASS_E_NOAGGREGATION;
     return creator_(pUnkOuter, riid, ppvObj);
 }

@@ -5,7 +5,8 @@
 
 namespace kx {
 
-/// Makes an object, stand-alone or as the inner object of `outer`, and gives its `riid`.
+/// Makes an object, stand-alone or as the inner object of `outer`, and returns its interface
+/// `riid`.
 using InstanceCreator = HRESULT (*)(IUnknown* outer, REFIID riid, void** result);
 
 /// The class factory of one class, cached by the module, which holds one reference for its own

@@ -11,12 +11,13 @@
 /// A client that uses the parser's state calls initialize() first; the object never does. All
 /// calls come in on the thread of the object's apartment, so nothing here takes a lock.
 ///
-/// Methods give S_OK, E_OUTOFMEMORY, E_FAIL where the library fails otherwise, or E_POINTER where
-/// a needed pointer is null; a null pointer to a result that a method can do without drops that
-/// result. Script errors are texts.
+/// Methods return S_OK, E_OUTOFMEMORY, E_FAIL where the library fails otherwise, or E_POINTER where
+/// a required pointer is null. A result whose pointer is null and not required is dropped. Script
+/// errors are texts.
 class KxJsParserX final : public IKxJsParserX {
   public:
-    /// Makes an object, stand-alone or as the inner object of `outer`, and gives its `riid`.
+    /// Makes an object, stand-alone or as the inner object of `outer`, and returns its interface
+    /// `riid`.
     static HRESULT create(IUnknown* outer, REFIID riid, void** result);
 
     // The identity that clients see: the outer object's, where there is one.

@@ -20,8 +20,8 @@ BSTR makeBstr(char16_t const* text);
 ///                    result);
 ///
 /// The caller gets either all texts of a call or none: until keep() the pointer holds null, as an
-/// out-parameter of a failed call must, and the text belongs to this object. A text that nobody
-/// received is the allocated empty one. A null pointer drops the text.
+/// out-parameter of a failed call must, and the text belongs to this object. A text that the
+/// bridge did not set is an allocated empty one. A null pointer drops the text.
 class OutText {
   public:
     explicit OutText(BSTR* destination);
@@ -53,7 +53,7 @@ inline HRESULT asHresult(BridgeResult result) {
     return E_FAIL;
 }
 
-/// Ends a call that has outgoing texts: hands all of them over, or none.
+/// Ends a call that has outgoing texts: the caller gets all of them, or none.
 template <class... Texts>
 HRESULT deliver(BridgeResult result, Texts&... texts) {
     if (result != BridgeResult::done) return asHresult(result);

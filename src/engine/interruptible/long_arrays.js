@@ -328,7 +328,8 @@ const longArrays = {
         const method = items[iterator];
         if (method !== undefined && method !== null) {
             if (typeof method !== 'function') {
-                throw new TypeErrorOf('Found non-callable @@iterator');
+                // Throws, in the words of this version of V8.
+                return apply(from, undefined, [{ __proto__: null, [iterator]: method }]);
             }
             const result = makes ? new this() : [];
             let count = 0;

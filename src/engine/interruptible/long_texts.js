@@ -77,9 +77,19 @@ const widthAt = (text, index) => {
     return apply(codePointAt, text, [index]) > 0xffff ? 2 : 1;
 };
 
+// Newer versions of V8 ask an expression for its flags, where older ones ask for two of them.
+let asksForFlags = false;
+apply(matchByExpression, {
+    __proto__: null,
+    get flags() { asksForFlags = true; return ''; },
+    exec: () => null,
+}, ['']);
+
 const matchAllOf = (expression, text) => {
-    if (!expression.global) return execute(expression, text);
-    const isUnicode = !!expression.unicode;
+    const flags = asksForFlags ? `${expression.flags}` : '';
+    const has = (flag) => apply(indexOfText, flags, [flag]) !== -1;
+    if (asksForFlags ? !has('g') : !expression.global) return execute(expression, text);
+    const isUnicode = asksForFlags ? has('u') || has('v') : !!expression.unicode;
     expression.lastIndex = 0;
     const found = [];
     let count = 0;

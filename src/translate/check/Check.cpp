@@ -19,9 +19,9 @@ bool isFatal(Code code) {
            code != Code::functionUnknown && code != Code::nilName && code != Code::memberDot;
 }
 
-bool differs(Code code) {
-    return code == Code::functionDiffers || code == Code::textCompare || code == Code::textMinus;
-}
+bool differs(Code code) { return code == Code::functionDiffers || code == Code::textCompare; }
+
+bool isTextMinus(Code code) { return code == Code::textMinus; }
 
 bool isUnknown(Code code) {
     return code == Code::functionUnknown || code == Code::nilName || code == Code::memberDot ||
@@ -90,15 +90,17 @@ class Checked {
             });
             return;
         }
+        std::vector<bool> isExplained(tree_.nodes.size());
+        for (Found const& each : found_) isExplained[each.node] = true;
         for (NodeIndex const text : comparison.changedTexts()) {
-            bool const isKnown = std::any_of(found_.begin(), found_.end(),
-                                             [&](Found const& each) { return each.node == text; });
-            if (!isKnown) found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
+            if (isExplained[text]) continue;
+            found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
         }
         if (!has(isFatal)) addUnexplained();
     }
 
     Verdict verdictOfFunctions() const {
+        if (has(isTextMinus)) return Verdict::changed;
         if (has(isUnknown)) return Verdict::unknown;
         return has(differs) ? Verdict::differs : Verdict::same;
     }
@@ -115,17 +117,16 @@ class Checked {
         found_.push_back({code, root, {0, static_cast<std::uint32_t>(formula_.size())}});
     }
 
+    /// Texts stand in the tree in their order in the formula.
     bool isOutsideOfTexts(std::u16string_view sign) const {
-        for (std::size_t at = formula_.find(sign); at != formula_.npos;
-             at = formula_.find(sign, at + 1)) {
-            bool const isInText =
-                std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [at](Node const& node) {
-                    return node.kind == NodeKind::text && node.place.start <= at &&
-                           at < node.place.end;
-                });
-            if (!isInText) return true;
+        std::size_t at = formula_.find(sign);
+        for (Node const& node : tree_.nodes) {
+            if (at == formula_.npos) return false;
+            if (node.kind != NodeKind::text || node.place.end <= at) continue;
+            if (at < node.place.start) return true;
+            at = formula_.find(sign, node.place.end);
         }
-        return false;
+        return at != formula_.npos;
     }
 
     bool hasComment() const {
@@ -153,15 +154,30 @@ class Checked {
     void report() {
         if (found_.empty()) return;
         Rewriter rewriter(tree_, formula_, settings_, found_);
-        auto const root = static_cast<NodeIndex>(tree_.nodes.size() - 1);
-        std::u16string whole = rewriter.rewrite(root);
-        if (!whole.empty()) {
-            Node const& node = tree_.nodes[root];
-            whole = std::u16string(formula_.substr(0, node.place.start)) + whole +
-                    std::u16string(formula_.substr(node.place.end));
-            if (isProved(whole)) result_.rewriting = std::move(whole);
+        rewriteWhole(rewriter);
+        if (result_.rewriting.empty() && hasParenthesisInText()) {
+            rewriter.codeParentheses();
+            rewriteWhole(rewriter);
         }
         for (Found const& each : found_) result_.findings.push_back(findingOf(each, rewriter));
+    }
+
+    void rewriteWhole(Rewriter& rewriter) {
+        auto const root = static_cast<NodeIndex>(tree_.nodes.size() - 1);
+        std::u16string whole = rewriter.rewrite(root);
+        if (whole.empty()) return;
+        Node const& node = tree_.nodes[root];
+        whole = std::u16string(formula_.substr(0, node.place.start)) + whole +
+                std::u16string(formula_.substr(node.place.end));
+        if (isProved(whole)) result_.rewriting = std::move(whole);
+    }
+
+    bool hasParenthesisInText() const {
+        return std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [this](Node const& node) {
+            return node.kind == NodeKind::text &&
+                   formula_.substr(node.sign.start, node.sign.end - node.sign.start)
+                           .find_first_of(u"()") != formula_.npos;
+        });
     }
 
     CheckFinding findingOf(Found const& found, Rewriter& rewriter) const {
@@ -170,13 +186,18 @@ class Checked {
         CheckFinding finding;
         finding.code = found.code == Code::untranslatable ? found.name : text.name;
         finding.place = found.place;
-        finding.written = trimmed(Converter::_convert(
-            std::u16string(formula_.substr(node.place.start, node.place.end - node.place.start))
-                .c_str()));
+        constexpr std::uint32_t kLongestShown = 200;
+        if (node.place.end - node.place.start <= kLongestShown) {
+            std::u16string const part(
+                formula_.substr(node.place.start, node.place.end - node.place.start));
+            finding.written = trimmed(Converter::_convert(part.c_str()));
+        }
         finding.text.append(text.written).append(u"; meant: ").append(text.meant);
         std::u16string rewriting = rewriter.rewrite(found.node);
-        // Where the whole is proved, its parts are.
-        if (!rewriting.empty() && (!result_.rewriting.empty() || isProved(rewriting))) {
+        // Where the whole is proved, its parts are. The only part is the whole.
+        bool const isKept = !result_.rewriting.empty() ||
+                            (found_.size() > 1 && !rewriting.empty() && isProved(rewriting));
+        if (isKept && !rewriting.empty()) {
             finding.rewritten = node.place;
             finding.rewriting = std::move(rewriting);
         }

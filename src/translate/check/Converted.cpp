@@ -12,6 +12,7 @@
 #include "text/NameUnits.h"
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
+#include "translate/ReservedWords.h"
 
 namespace kx::translate {
 namespace {
@@ -45,7 +46,7 @@ class Patcher {
             case Reason::unsupported:
                 return patchWord(at) || patchOctal(at);
             case Reason::syntaxError:
-                return patchCallAssignment(at);
+                return patchCallAssignment(at) || patchLastComma(at) || patchLabel(at);
             default:
                 return false;
         }
@@ -67,9 +68,15 @@ class Patcher {
     bool patchBrackets(std::size_t at) {
         bool const isBlock = text_[at] == u'{';
         if (isBlock && before(at) != std::u16string::npos) return false;
-        std::size_t const close = text_.find(isBlock ? u'}' : u']', at);
+        std::size_t const close = closingBracket(at, isBlock ? u'}' : u']');
         if (close == std::u16string::npos) return false;
         bool const isEmpty = skipBlanks(at + 1) == close;
+        std::size_t const behind = skipBlanks(close + 1);
+        if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
+        bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
+        if (isAssigned && !isBlock) {
+            return (isEmpty || holdsNames(at + 1, close)) && patchPattern(at, close);
+        }
         if (isEmpty && close == at + 1) {
             text_.replace(at, 2, u"(0)");
         } else {
@@ -77,6 +84,24 @@ class Patcher {
             text_[close] = u')';
             if (isEmpty) text_[at + 1] = u'0';
         }
+        return isOther_ = true;
+    }
+
+    /// Brackets inside texts are none.
+    std::size_t closingBracket(std::size_t at, char16_t bracket) const {
+        for (; at < text_.size() && text_[at] != bracket; ++at) {
+            if (text_[at] == u'"' || text_[at] == u'\'') at = text_.find(text_[at], at + 1);
+            if (at == std::u16string::npos) return at;
+        }
+        return at < text_.size() ? at : std::u16string::npos;
+    }
+
+    /// "[A,B]=C" takes the array on the right apart.
+    bool patchPattern(std::size_t open, std::size_t close) {
+        if (!mayBegin(open)) return false;
+        std::fill(text_.begin() + static_cast<std::ptrdiff_t>(open),
+                  text_.begin() + static_cast<std::ptrdiff_t>(close) + 1, u' ');
+        text_[open] = u'q';
         return isOther_ = true;
     }
 
@@ -142,19 +167,21 @@ class Patcher {
         std::size_t const close = before(at);
         if (close == std::u16string::npos || text_[close] != u')') return false;
         std::size_t const open = text_.rfind(u'(', close);
-        if (open == std::u16string::npos || !mayBegin(open)) return false;
+        if (open == std::u16string::npos || !holdsNames(open + 1, close)) return false;
+        return patchPattern(open, close);
+    }
+
+    /// Whether there are names between commas.
+    bool holdsNames(std::size_t start, std::size_t end) const {
         bool expectsName = true;
-        for (std::size_t i = skipBlanks(open + 1); i < close; i = skipBlanks(i)) {
+        for (std::size_t i = skipBlanks(start); i < end; i = skipBlanks(i)) {
             bool const isPart = expectsName ? mayBeNameStart(text_[i]) : text_[i] == u',';
             if (!isPart) return false;
             ++i;
-            while (expectsName && i < close && mayBeNamePart(text_[i])) ++i;
+            while (expectsName && i < end && mayBeNamePart(text_[i])) ++i;
             expectsName = !expectsName;
         }
-        std::fill(text_.begin() + static_cast<std::ptrdiff_t>(open),
-                  text_.begin() + static_cast<std::ptrdiff_t>(close) + 1, u' ');
-        text_[open] = u'q';
-        return isOther_ = true;
+        return true;
     }
 
     /// Whether an assignment or a function may begin at `at`.
@@ -177,23 +204,87 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// "F(A)=B" compiles, and fails when it runs.
+    /// "F(A)=B" compiles, and fails when it runs. The call may stand in parentheses.
     bool patchCallAssignment(std::size_t at) {
         if (unitAt(at) != u'=' || unitAt(at + 1) == u'=' || unitAt(at + 1) == u'>') return false;
-        std::size_t const close = before(at);
-        if (close == std::u16string::npos || text_[close] != u')') return false;
-        std::size_t depth = 0;
-        std::size_t open = close + 1;
-        do {
-            --open;
-            if (text_[open] == u')') ++depth;
-            if (text_[open] == u'(') --depth;
-        } while (depth > 0 && open > 0);
-        std::size_t start = open;
-        while (start > 0 && (mayBeNamePart(text_[start - 1]) || text_[start - 1] == u'.')) --start;
-        if (depth > 0 || start == open || !mayBegin(start)) return false;
+        std::size_t const first = callBefore(before(at));
+        if (first == std::u16string::npos || !mayBegin(first)) return false;
         text_[at] = u',';
         return isOther_ = true;
+    }
+
+    /// Where the call begins that `close` closes, with the parentheses around it; npos where
+    /// something else stands there.
+    std::size_t callBefore(std::size_t close) const {
+        std::size_t first = std::u16string::npos;
+        std::size_t inside = std::u16string::npos;
+        for (;;) {
+            std::size_t const open = opening(close);
+            if (open == std::u16string::npos) return open;
+            std::size_t const start = nameBefore(open);
+            if (inside != std::u16string::npos && start != inside) return std::u16string::npos;
+            if (inside == std::u16string::npos) first = start;
+            if (start < open) {
+                bool const isCall =
+                    !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
+                return isCall ? first : std::u16string::npos;
+            }
+            inside = skipBlanks(open + 1);
+            close = before(close);
+        }
+    }
+
+    /// "F(A,)": a comma may end the arguments.
+    bool patchLastComma(std::size_t at) {
+        std::size_t const comma = before(at);
+        if (unitAt(at) != u')' || comma == std::u16string::npos || text_[comma] != u',') {
+            return false;
+        }
+        std::size_t const last = before(comma);
+        std::size_t const open = opening(at);
+        bool const isCall = open != std::u16string::npos && nameBefore(open) < open;
+        if (!isCall || last == open || text_[last] == u',') return false;
+        text_[comma] = u' ';
+        return isOther_ = true;
+    }
+
+    /// "A:B" is a statement with a label.
+    bool patchLabel(std::size_t at) {
+        std::size_t const start = skipBlanks(0);
+        if (unitAt(at) != u':' || unitAt(at + 1) == u'=' || !mayBeNameStart(unitAt(start))) {
+            return false;
+        }
+        std::size_t const end = start + nameLength(start);
+        if (skipBlanks(end) != at || isReservedWord(text_.substr(start, end - start))) return false;
+        std::fill_n(text_.begin(), at + 1, u' ');
+        return isOther_ = true;
+    }
+
+    /// The parenthesis that `close` closes; npos where there is none.
+    std::size_t opening(std::size_t close) const {
+        if (close >= text_.size() || text_[close] != u')') return std::u16string::npos;
+        std::size_t depth = 0;
+        for (std::size_t at = close + 1; at-- > 0;) {
+            if (text_[at] == u')') ++depth;
+            if (text_[at] == u'(' && --depth == 0) return at;
+        }
+        return std::u16string::npos;
+    }
+
+    /// Where the name in front of a call's parenthesis begins; `open` without a name.
+    std::size_t nameBefore(std::size_t open) const {
+        std::size_t const last = before(open);
+        if (last == std::u16string::npos) return open;
+        std::size_t start = last + 1;
+        while (start > 0 && (mayBeNamePart(text_[start - 1]) || text_[start - 1] == u'.')) --start;
+        return start <= last ? start : open;
+    }
+
+    /// The length of the name at `start`.
+    std::size_t nameLength(std::size_t start) const {
+        std::size_t end = start;
+        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
+        return end - start;
     }
 
     std::u16string& text_;

@@ -250,7 +250,9 @@ class Finder {
                                                                          : Code::equalsAssigns;
         }
         bool const isCall = target->kind == NodeKind::call || target->kind == NodeKind::choice;
-        return isCall && !target->isParenthesized ? Code::equalsCall : Code::equalsInvalid;
+        bool const becomesOperator = isCall && target->function != nullptr &&
+                                     std::u16string_view(target->function->row.name) == u"MOD";
+        return isCall && !becomesOperator ? Code::equalsCall : Code::equalsInvalid;
     }
 
     /// The rule for powers takes digits, one unit and digits on each side.
@@ -335,16 +337,6 @@ class Finder {
     OperatorScan scan_;
 };
 
-/// The node that begins nearest to what was found, for findings that have only a place.
-NodeIndex nodeAt(Tree const& tree, Place place) {
-    for (NodeIndex i = 0; i < tree.nodes.size(); ++i) {
-        if (tree.nodes[i].sign.start == place.start && tree.nodes[i].sign.end == place.end) {
-            return i;
-        }
-    }
-    return static_cast<NodeIndex>(tree.nodes.size() - 1);
-}
-
 }  // namespace
 
 TextLength textLength(Tree const& tree, Node const& node) {
@@ -386,7 +378,11 @@ std::vector<Found> findDamage(Tree const& tree, std::u16string_view source,
         Code const code = obstacle.code.starts_with(u"DATE") ? Code::dateLiteral
                           : obstacle.code == u"TYPE_TEXT"    ? Code::typeTypeof
                                                              : Code::untranslatable;
-        found.push_back({code, nodeAt(tree, obstacle.place), obstacle.place, obstacle.code});
+        found.push_back({code, obstacle.node, obstacle.place, obstacle.code});
+        // EVAL, which the rules misspell.
+        if (obstacle.code == u"MACRO" && isNameStart(source[obstacle.place.start])) {
+            found.push_back({Code::functionBroken, obstacle.node, obstacle.place});
+        }
     }
     return found;
 }

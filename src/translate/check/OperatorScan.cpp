@@ -14,6 +14,7 @@ constexpr auto kLiteralRules =
 OperatorScan::OperatorScan(std::u16string_view formula)
     : formula_(formula), hasQuotes_(formula.find_first_of(u"\"'") != formula.npos) {
     if (!hasQuotes_) return;
+    isReplaced_.resize(formula.size());
     for (std::u16string_view const op : kLiteralRules) {
         if (formula.find(op) != formula.npos) scanFor(op);
     }
@@ -31,7 +32,7 @@ void OperatorScan::scanFor(std::u16string_view op) {
             }
         }
         if (isQuoted || formula_.substr(i, op.size()) != op) continue;
-        replaced_.push_back(static_cast<std::uint32_t>(i));
+        isReplaced_[i] = true;
         i += op.size();
     }
 }
@@ -41,7 +42,7 @@ bool OperatorScan::isMissed(Place sign) const {
     std::u16string_view const text = formula_.substr(sign.start, sign.end - sign.start);
     bool const hasRule =
         std::find(kLiteralRules.begin(), kLiteralRules.end(), text) != kLiteralRules.end();
-    return hasRule && std::find(replaced_.begin(), replaced_.end(), sign.start) == replaced_.end();
+    return hasRule && !isReplaced_[sign.start];
 }
 
 }  // namespace kx::translate

@@ -20,7 +20,7 @@ class OperatorScan {
     void scanFor(std::u16string_view op);
 
     std::u16string_view formula_;
-    std::vector<std::uint32_t> replaced_;
+    std::vector<bool> isReplaced_;
     bool hasQuotes_;
 };
 

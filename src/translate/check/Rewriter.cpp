@@ -6,7 +6,6 @@
 #include "translate/Functions.h"
 #include "translate/Letters.h"
 #include "translate/Operators.h"
-#include "translate/check/SafeText.h"
 
 namespace kx::translate {
 namespace {
@@ -104,7 +103,7 @@ Rewriter::Part Rewriter::render(NodeIndex index) {
         case NodeKind::nil:
             return operandPart(u"null");
         case NodeKind::name:
-            return codes_[index] == 0 ? copy(index) : impossible();
+            return renderName(index);
         case NodeKind::negation:
             return renderNegation(index);
         case NodeKind::binary:
@@ -143,6 +142,13 @@ Rewriter::Part Rewriter::copy(NodeIndex index) {
     }
     whole.text += source_.substr(at, node.place.end - at);
     return whole;
+}
+
+/// A word inside a name is found between blanks only.
+Rewriter::Part Rewriter::renderName(NodeIndex index) {
+    if (codes_[index] == 0) return copy(index);
+    if (!has(index, Code::nameDamaged)) return impossible();
+    return operandPart(inParentheses(std::u16string(written(tree_.nodes[index].place))));
 }
 
 Rewriter::Part Rewriter::renderNegation(NodeIndex index) {
@@ -252,13 +258,15 @@ Rewriter::Part Rewriter::renderGreaterOrEqual(Node const& node) {
 
 Rewriter::Part Rewriter::renderText(NodeIndex index) {
     Node const& node = tree_.nodes[index];
+    bool const hasCoded = inTexts_ == Parentheses::coded &&
+                          written(node.sign).find_first_of(u"()") != std::u16string_view::npos;
     bool const isKept =
-        codes_[index] == 0 &&
+        codes_[index] == 0 && !hasCoded &&
         written(node.place).find_first_of(written(node.place)[0] == u'"' ? u"'" : u"\"") ==
             std::u16string_view::npos;
     if (isKept) return copy(index);
     if (node.isEscaped) return impossible();
-    std::u16string text = safeText(written(node.sign));
+    std::u16string text = safeText(written(node.sign), inTexts_);
     bool const isSum = text.find(u'+') != std::u16string::npos && text != copy(index).text;
     return {std::move(text), isSum ? Binding::sum : kOperandBinding, true};
 }

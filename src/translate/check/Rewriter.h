@@ -8,6 +8,7 @@
 #include "translate/Settings.h"
 #include "translate/Tree.h"
 #include "translate/check/Findings.h"
+#include "translate/check/SafeText.h"
 
 namespace kx::translate {
 
@@ -17,6 +18,9 @@ class Rewriter {
   public:
     Rewriter(Tree const& tree, std::u16string_view source, Settings const& settings,
              std::vector<Found> const& found);
+
+    /// From now on texts have no parentheses, where the conversion may change them.
+    void codeParentheses() { inTexts_ = Parentheses::coded; }
 
     /// The part of the formula that is a node, without parentheses around it, rewritten; empty
     /// where there is no rewriting.
@@ -37,6 +41,7 @@ class Rewriter {
     Part renderEqual(Node const& node);
     Part renderCompared(Node const& node, std::u16string_view sign);
     Part renderGreaterOrEqual(Node const& node);
+    Part renderName(NodeIndex index);
     Part renderNegation(NodeIndex index);
     Part renderText(NodeIndex index);
     Part renderCall(NodeIndex index);
@@ -67,6 +72,7 @@ class Rewriter {
     std::u16string_view source_;
     Settings const& settings_;
     std::vector<std::uint64_t> codes_;
+    Parentheses inTexts_ = Parentheses::written;
     bool isPossible_ = true;
     std::size_t written_ = 0;
 };

@@ -43,12 +43,13 @@ std::u16string codeCall(char16_t unit) {
 }
 
 /// Ends a literal behind every so many units of a word, and in front of signs; 0: nowhere.
-std::u16string write(std::u16string_view text, std::size_t splitBehind) {
+std::u16string write(std::u16string_view text, std::size_t splitBehind, Parentheses parentheses) {
     Sum sum;
     std::size_t wordStart = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         char16_t const unit = text[i];
-        if (unit == u'"' || unit == u'\'' || unit == u'\\' || unit == u'\t') {
+        bool const isCoded = parentheses == Parentheses::coded && (unit == u'(' || unit == u')');
+        if (isCoded || unit == u'"' || unit == u'\'' || unit == u'\\' || unit == u'\t') {
             sum.addCall(codeCall(unit));
             continue;
         }
@@ -86,13 +87,13 @@ bool doLiteralsSurvive(std::u16string_view sum) {
 
 }  // namespace
 
-std::u16string safeText(std::u16string_view text) {
+std::u16string safeText(std::u16string_view text, Parentheses parentheses) {
     // Short pieces are harder to read, so they come last.
     for (std::size_t const splitBehind : {0, 2}) {
-        std::u16string sum = write(text, splitBehind);
+        std::u16string sum = write(text, splitBehind, parentheses);
         if (doLiteralsSurvive(sum)) return sum;
     }
-    return write(text, 1);
+    return write(text, 1, parentheses);
 }
 
 }  // namespace kx::translate

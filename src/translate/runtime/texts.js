@@ -150,5 +150,5 @@ const extensionStart = (path) => {
 };
 const pathOf = (path) => {
   const start = nameStart(path);
-  return start > 0 && path[start - 1] === ':' ? path.slice(0, start) : path.slice(0, start - 1);
+  return path.slice(0, start > 0 && path[start - 1] !== ':' ? start - 1 : start);
 };

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Program.h"
+#include "support/EngineWords.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ class EvalErrors : public testing::TestWithParam<Case> {};
 TEST_P(EvalErrors, AreMarkedInTheFormula) {
     Outcome const outcome = kxjs({"eval", "-v", "A=5", GetParam().formula});
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, GetParam().err);
+    EXPECT_EQ(outcome.err, inEnginesWords<std::string>(GetParam().err));
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -52,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(
              "A<>1 .OR. A; 1+ROUND()\n"
              "               ^^^^^\n"},
         Case{"wide_mistake", "A<>1 && abc def",
-             "Error in line: 1\nSyntaxError: Unexpected identifier\n"
+             "Error in line: 1\nSyntaxError: Unexpected identifier 'def'\n"
              "A<>1 && abc def\n"
              "            ^^^\n"},
         Case{"end_of_the_formula", "A .AND.  ",
@@ -75,10 +76,11 @@ INSTANTIATE_TEST_SUITE_P(
              "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected token '||'\n"
              "A && || A\n"
              "     ^^\n"},
-        Case{"word_made_by_the_conversion", "PRINT(A) A",
-             "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected identifier\n"
-             "PR Math.floor(A) A\n"
-             "   ^^^^\n"}),
+        Case{
+            "word_made_by_the_conversion", "PRINT(A) A",
+            "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected identifier 'A'\n"
+            "PR Math.floor(A) A\n"
+            "   ^^^^\n"}),
     [](auto const& info) { return std::string(info.param.name); });
 
 }  // namespace

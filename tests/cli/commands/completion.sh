@@ -65,6 +65,8 @@ expect "" eval --long A = ""
 expect "ALLTRIM" functions ALLT
 expect "ALLTRIM" functions allt
 expect "" functions NOTHING
+expect "STRZERO" functions --translated STRZ
+expect "STRZ" functions STRZ
 offers ROUND functions ""
 
 expect "pages|prices 2026|prices.csv|result.txt" docs -o ""

@@ -1,0 +1,77 @@
+#include "cli/check/Json.h"
+
+#include "cli/check/Summary.h"
+#include "cli/io/Utf8.h"
+
+namespace kx {
+namespace {
+
+void appendEscape(std::string& json, char16_t unit) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    json += "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) json += kDigits[(unit >> shift) & 0xF];
+}
+
+bool isHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+void appendMember(std::string& json, std::string_view name, std::u16string_view text) {
+    json.append(",\"").append(name).append("\":");
+    appendJson(json, text);
+}
+
+void appendMember(std::string& json, std::string_view name, std::size_t number) {
+    json.append(",\"").append(name).append("\":").append(std::to_string(number));
+}
+
+}  // namespace
+
+void appendJson(std::string& json, std::u16string_view text) {
+    json += '"';
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char16_t const unit = text[i];
+        if (unit == u'"' || unit == u'\\') {
+            json += '\\';
+            json += static_cast<char>(unit);
+        } else if (unit < u' ' || unit == u'<' || unit == u'\u2028' || unit == u'\u2029') {
+            appendEscape(json, unit);
+        } else if (unit < 0x80) {
+            json += static_cast<char>(unit);
+        } else if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1])) {
+            json += utf8FromUtf16(text.substr(i++, 2));
+        } else if (isHigh(unit) || isLow(unit)) {
+            appendEscape(json, unit);
+        } else {
+            json += utf8FromUtf16(text.substr(i, 1));
+        }
+    }
+    json += '"';
+}
+
+std::string jsonOf(std::u16string const& formula, std::size_t line,
+                   KxJsTranslator::Check const& check) {
+    std::string json = "{\"line\":" + std::to_string(line);
+    appendMember(json, "formula", formula);
+    json.append(",\"verdict\":\"").append(verdictName(check.verdict)).append("\"");
+    appendMember(json, "javaScript", check.javaScript);
+    appendMember(json, "rewrite", check.rewrite);
+    json += ",\"findings\":[";
+    bool isFirst = true;
+    for (KxJsTranslator::Damage const& damage : check.damages) {
+        if (!isFirst) json += ',';
+        isFirst = false;
+        json += "{\"code\":";
+        appendJson(json, damage.code);
+        appendMember(json, "position", damage.position);
+        appendMember(json, "length", damage.length);
+        appendMember(json, "text", damage.text);
+        appendMember(json, "javaScript", damage.javaScript);
+        appendMember(json, "rewrite", damage.rewrite);
+        appendMember(json, "rewritePosition", damage.rewritePosition);
+        appendMember(json, "rewriteLength", damage.rewriteLength);
+        json += '}';
+    }
+    return json + "]}";
+}
+
+}  // namespace kx
