@@ -14,7 +14,7 @@ namespace {
 /// An isolate beside the library's, with V8's defaults.
 v8::Isolate* sharedIsolate() {
     static v8::Isolate* const isolate = [] {
-        makeLibraryPeer()->use({});  // starts the engine
+        makeLibraryPeer()->use({});  // starts V8
         v8::Isolate::CreateParams parameters;
         parameters.array_buffer_allocator = v8::ArrayBuffer::Allocator::NewDefaultAllocator();
         return v8::Isolate::New(parameters);
@@ -28,7 +28,7 @@ struct Value {
     std::u16string text;
 };
 
-v8::Local<v8::String> engineText(v8::Isolate* isolate, std::u16string const& text) {
+v8::Local<v8::String> v8String(v8::Isolate* isolate, std::u16string const& text) {
     return v8::String::NewFromTwoByte(isolate, reinterpret_cast<std::uint16_t const*>(text.data()),
                                       v8::NewStringType::kNormal, static_cast<int>(text.size()))
         .ToLocalChecked();
@@ -38,7 +38,7 @@ void readVariable(v8::Local<v8::Name>, v8::PropertyCallbackInfo<v8::Value> const
     auto const field = info.Holder()->GetInternalField(0).As<v8::External>();
     auto const& variable = *static_cast<Value const*>(field->Value());
     if (variable.isText) {
-        info.GetReturnValue().Set(engineText(info.GetIsolate(), variable.text));
+        info.GetReturnValue().Set(v8String(info.GetIsolate(), variable.text));
     } else {
         info.GetReturnValue().Set(variable.number);
     }
@@ -69,7 +69,7 @@ class RawV8 final : public Peer {
         v8::HandleScope const handles(isolate_);
         v8::Local<v8::Context> const context = hosts_.back().Get(isolate_);
         v8::Context::Scope const entered(context);
-        auto const text = engineText(isolate_, widen(javaScript));
+        auto const text = v8String(isolate_, widen(javaScript));
         run(context, v8::Script::Compile(context, text).ToLocalChecked());
         return result();
     }
@@ -98,7 +98,7 @@ class RawV8 final : public Peer {
         v8::HandleScope const handles(isolate_);
         v8::Local<v8::Context> const context = context_.Get(isolate_);
         v8::Context::Scope const entered(context);
-        auto const text = engineText(isolate_, prologue_ + widen(formula_.javaScript));
+        auto const text = v8String(isolate_, prologue_ + widen(formula_.javaScript));
         scripts_.emplace_back(isolate_, v8::Script::Compile(context, text).ToLocalChecked());
     }
 
@@ -129,7 +129,7 @@ class RawV8 final : public Peer {
                 v8::HandleScope const parseHandles(isolate_);
                 scripts_.emplace_back(
                     isolate_,
-                    v8::Script::Compile(context, engineText(isolate_, text)).ToLocalChecked());
+                    v8::Script::Compile(context, v8String(isolate_, text)).ToLocalChecked());
             }
         });
     }
@@ -147,7 +147,7 @@ class RawV8 final : public Peer {
                 setValues(number++);
                 bindAll();
                 run(context,
-                    v8::Script::Compile(context, engineText(isolate_, text)).ToLocalChecked());
+                    v8::Script::Compile(context, v8String(isolate_, text)).ToLocalChecked());
             }
         });
     }
@@ -191,7 +191,7 @@ class RawV8 final : public Peer {
             carrier->SetInternalField(0, v8::External::New(isolate_, &values_[i]));
             std::string name = key;
             name.append("___").append(key);
-            context->Global()->Set(context, engineText(isolate_, widen(name)), carrier).Check();
+            context->Global()->Set(context, v8String(isolate_, widen(name)), carrier).Check();
         }
     }
 

@@ -1,6 +1,5 @@
 // Translation and check: formulas of 63 characters, long ones, hostile ones, and the real ones.
 #include <benchmark/benchmark.h>
-
 #include <fstream>
 #include <string>
 #include <vector>
@@ -64,7 +63,9 @@ int main(int count, char** arguments) {
                                      [text = formula](auto& state) { check(state, text); });
     }
     std::vector<std::pair<std::string, Formula>> const pieces{
-        {"arguments", u"LEN('a b'),"}, {"comments", u"/* a */ "}, {"parentheses", u"("},
+        {"arguments", u"LEN('a b'),"},
+        {"comments", u"/* a */ "},
+        {"parentheses", u"("},
         {"texts", u"'a'='b',"},
     };
     for (auto const& [name, piece] : pieces) {

@@ -41,8 +41,8 @@ class Host {
 
 /// Runs one by one in a new host, this many bytes further down the stack.
 Results oneByOne(ColumnTable const& table, std::u16string const& source, std::size_t depth = 0) {
-    auto* const room = static_cast<char volatile*>(alloca(depth + 1));
-    room[0] = 0;
+    auto* const used = static_cast<char volatile*>(alloca(depth + 1));
+    used[0] = 0;
     Host host;
     return table.oneByOne(host.get(), source);
 }
@@ -78,8 +78,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     std::mt19937_64 random(data[0]);
     ColumnTable table(random);
     // Some have names of members.
-    for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"})
+    for (char16_t const* const name : {u"A", u"B", u"S", u"E", u"left", u"length"}) {
         table.add(name, ColumnTable::Range::small);
+    }
 
     Results const expected = oneByOne(table, source);
     Host host;

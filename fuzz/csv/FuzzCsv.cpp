@@ -46,8 +46,9 @@ PlainFile readInBlocks(std::string_view bytes, Choices const& choices) {
             if (block.empty()) break;
             for (std::size_t i = 0; i < block.size(); ++i) {
                 PlainRecord record{{}, block.line(i)};
-                for (std::size_t j = 0; j < block.cellCount(i); ++j)
+                for (std::size_t j = 0; j < block.cellCount(i); ++j) {
                     record.cells.emplace_back(block.cell(i, j));
+                }
                 check(block.cell(i, block.cellCount(i)).empty(), "a cell behind the last");
                 file.records.push_back(record);
             }
@@ -69,8 +70,9 @@ void checkReading(std::string_view bytes, Choices const& choices) {
     // An error in a block drops the whole block, with the good records before the error.
     check(file.records.size() <= expected.records.size(), "no more records than there are");
     check(!file.isCsv || file.records.size() == expected.records.size(), "every record");
-    for (std::size_t i = 0; i < file.records.size(); ++i)
+    for (std::size_t i = 0; i < file.records.size(); ++i) {
         check(file.records[i] == expected.records[i], "a record");
+    }
 }
 
 /// Cells end at 0x1f, records at 0x1e.
@@ -102,8 +104,9 @@ void checkWriting(std::string_view bytes, Choices const& choices) {
     }
     PlainFile const file = readInBlocks(written, choices);
     check(file.isCsv && file.records.size() == records.size(), "records written and read");
-    for (std::size_t i = 0; i < records.size(); ++i)
+    for (std::size_t i = 0; i < records.size(); ++i) {
         check(file.records[i].cells == records[i], "cells written and read");
+    }
 }
 
 void checkNumbers(std::string_view cell) {

@@ -60,8 +60,9 @@ void checkPlace(KxJsFailure const& failure, std::u16string const& source) {
     std::u16string const& line = lines[static_cast<std::size_t>(failure.line - 1)];
     check(failure.column > 0 && failure.endColumn >= failure.column, "a failure's columns");
     check(static_cast<std::size_t>(failure.column) <= line.size() + 1, "a failure's column");
-    if (line.find(u'\0') == std::u16string::npos)
+    if (line.find(u'\0') == std::u16string::npos) {
         checkEqual(failure.sourceLine, line, "a failure's source line");
+    }
 }
 
 class FuzzedHost {

@@ -38,8 +38,9 @@ std::vector<std::string> formulas() {
          {buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()}) {
         for (KxJsFunction const& function : catalogue) {
             for (std::u16string const& text : function.getExamples()) {
-                if (auto const example = kx::test::splitExample(text))
+                if (auto const example = kx::test::splitExample(text)) {
                     all.push_back(bytesOf(example->call));
+                }
             }
         }
     }
@@ -67,8 +68,9 @@ class Seeds {
     /// An input that concatenates these parts.
     void add(std::initializer_list<std::string_view> parts) {
         std::ofstream file(directory_ / std::to_string(count_++), std::ios::binary);
-        for (std::string_view const part : parts)
+        for (std::string_view const part : parts) {
             file.write(part.data(), static_cast<std::streamsize>(part.size()));
+        }
         if (!file.flush()) throw std::runtime_error("cannot write into " + directory_.string());
     }
 
@@ -114,8 +116,9 @@ void addFiles(Seeds& seeds) {
          {"NAME,PRICE\nbolt,1.5\nnut,2\n", "a;b\r\n\"x;y\";\"say \"\"no\"\"\"\r\n",
           "a,b\r1,2\r\r3,", "\xef\xbb\xbf\ta\tb\n\"two\nlines\"\t3", "\"not closed\n", "a\"b,c\n",
           "\"a\"b\n", "-12", "007", "1.5e-3", "true", "a\x1f,c\x1e\"d\"\x1f\x1f\x1e"}) {
-        for (int choice = 0; choice < 8; ++choice)
+        for (int choice = 0; choice < 8; ++choice) {
             seeds.add({std::string{static_cast<char>(choice), '\x03', '\x10'}, file});
+        }
     }
 }
 

@@ -49,8 +49,9 @@ std::optional<Input> split(std::string_view bytes) {
     // Mostly once; now and then many times.
     auto const repetition = static_cast<unsigned char>(bytes.data()[-2]);
     for (int times = repetition < 0xf0 ? 1 : 1 << std::min(repetition & 0xfU, 12U); times > 0;
-         --times)
+         --times) {
         input.key += key;
+    }
     input.value = bytes.substr(length);
     return input;
 }

@@ -31,7 +31,7 @@ std::vector<std::u16string> allNames() {
 
 bool isGetter(v8::Local<v8::Context> context, std::u16string const& name) {
     return context->Global()
-        ->HasRealNamedCallbackProperty(context, toEngineName(context->GetIsolate(), name))
+        ->HasRealNamedCallbackProperty(context, toV8Name(context->GetIsolate(), name))
         .FromMaybe(true);
 }
 

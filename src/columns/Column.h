@@ -18,32 +18,18 @@ struct Column {
     std::u16string name;
     Values values;
 
-    bool isText() const { return values.index() >= 3; }
+    bool isText() const {
+        return std::holds_alternative<std::u16string const*>(values) ||
+               std::holds_alternative<std::u16string_view const*>(values);
+    }
 
     KxJsVariable at(std::size_t record) const {
-        return std::visit(
-            [&](auto const* first) -> KxJsVariable {
-                if constexpr (std::is_same_v<decltype(first), std::u16string_view const*>) {
-                    return {name, std::u16string(first[record])};
-                } else {
-                    return {name, first[record]};
-                }
-            },
-            values);
+        return std::visit([&](auto const* first) { return variable(first[record]); }, values);
     }
 
     /// A variable of the column's type.
     KxJsVariable blank() const {
-        switch (values.index()) {
-            case 0:
-                return {name, 0.0};
-            case 1:
-                return {name, std::int32_t{0}};
-            case 2:
-                return {name, false};
-            default:
-                return {name, std::u16string()};
-        }
+        return std::visit([&]<class T>(T const* /*first*/) { return variable(T()); }, values);
     }
 
     std::u16string_view text(std::size_t record) const {
@@ -51,6 +37,16 @@ struct Column {
             return (*strings)[record];
         }
         return std::get<std::u16string_view const*>(values)[record];
+    }
+
+  private:
+    template <class T>
+    KxJsVariable variable(T const& value) const {
+        if constexpr (std::is_same_v<T, std::u16string_view>) {
+            return {name, std::u16string(value)};
+        } else {
+            return {name, value};
+        }
     }
 };
 

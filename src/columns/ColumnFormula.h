@@ -44,7 +44,7 @@ class ColumnFormula {
     ColumnKernel const* makeKernel(v8::Local<v8::Context> context, ColumnBindings const& bindings,
                                    ColumnResults const& results);
 
-    /// Moves the handles to `resources`, which has room for one script.
+    /// Moves the handles to `resources`, whose `scripts` has capacity for one.
     void release(HostResources& resources) noexcept;
 
   private:

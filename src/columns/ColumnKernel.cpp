@@ -77,8 +77,8 @@ v8::Local<v8::Function> compile(v8::Isolate* isolate, v8::Local<v8::Context> con
     v8::TryCatch const ignored(isolate);
     std::vector<v8::Local<v8::String>> names;
     names.reserve(parameters.size());
-    for (std::u16string const& name : parameters) names.push_back(toEngineString(isolate, name));
-    v8::Local<v8::String> const text = toEngineString(isolate, body);
+    for (std::u16string const& name : parameters) names.push_back(toV8String(isolate, name));
+    v8::Local<v8::String> const text = toV8String(isolate, body);
     v8::Local<v8::Function> function;
     if (text.IsEmpty()) return {};
     v8::ScriptCompiler::Source source(text);

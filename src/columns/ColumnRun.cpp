@@ -29,7 +29,7 @@ v8::Local<v8::Value> arrayOver(ExternalArrays& arrays, Column const& column, std
     return arrays.over(bytesOf(std::get<bool const*>(column.values)), count);
 }
 
-v8::Local<v8::Value> engineNumber(v8::Isolate* isolate, std::size_t number) {
+v8::Local<v8::Value> v8Number(v8::Isolate* isolate, std::size_t number) {
     return v8::Number::New(isolate, static_cast<double>(number));
 }
 
@@ -97,8 +97,8 @@ ColumnRun::Stop ColumnRun::block(std::size_t& first, std::size_t last) {
     v8::HandleScope const handles(isolate_);
     v8::TryCatch const capture(isolate_);
     last = std::min(last, first + largestBlock());
-    arguments_[kFirst] = arguments_[kBase] = engineNumber(isolate_, first);
-    arguments_[kLast] = engineNumber(isolate_, last);
+    arguments_[kFirst] = arguments_[kBase] = v8Number(isolate_, first);
+    arguments_[kLast] = v8Number(isolate_, last);
     for (auto const& [position, column] : texts_) {
         arguments_[position] = textArray(*column, first, last);
     }
@@ -119,7 +119,7 @@ ColumnRun::Stop ColumnRun::block(std::size_t& first, std::size_t last) {
     return state_[1] == 0 ? Stop::done : Stop::failed;
 }
 
-void ColumnRun::takeTexts(std::size_t first, std::size_t last, std::u16string* results) {
+void ColumnRun::moveTexts(std::size_t first, std::size_t last, std::u16string* results) {
     std::u16string_view rest = text_;
     for (std::size_t i = 0; i < last - first; ++i) {
         std::u16string& result = results[first + i];
@@ -144,7 +144,7 @@ v8::Local<v8::Value> ColumnRun::textArray(Column const& column, std::size_t firs
     v8::EscapableHandleScope handles(isolate_);
     elements_.clear();
     for (std::size_t record = first; record < last; ++record) {
-        elements_.emplace_back(toEngineString(isolate_, seenText(column.text(record))));
+        elements_.emplace_back(toV8String(isolate_, seenText(column.text(record))));
     }
     return handles.Escape(v8::Array::New(isolate_, elements_.data(), elements_.size()));
 }

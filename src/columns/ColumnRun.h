@@ -22,9 +22,6 @@ class ColumnRun {
               ColumnBindings const& bindings, std::vector<v8::Local<v8::Value>> const& constants,
               ColumnResults const& results, std::size_t count);
 
-    /// How many records block() takes at most.
-    std::size_t largestBlock() const { return isStaged_ ? kStaged : kLargest; }
-
     enum class Stop : std::uint8_t { done, failed, ended };
 
     /// Evaluates records from `first`, at most up to `last`, and sets `first` to where it stopped:
@@ -34,11 +31,13 @@ class ColumnRun {
 
     /// Moves the texts of the records from `first`, which the last block began with, to `last`,
     /// where it stopped, to `results`.
-    void takeTexts(std::size_t first, std::size_t last, std::u16string* results);
+    void moveTexts(std::size_t first, std::size_t last, std::u16string* results);
 
   private:
     static constexpr std::size_t kStaged = 1024;
     static constexpr std::size_t kLargest = std::size_t{1} << 16;
+
+    std::size_t largestBlock() const { return isStaged_ ? kStaged : kLargest; }
 
     v8::Local<v8::Value> textArray(Column const& column, std::size_t first, std::size_t last);
 

@@ -13,8 +13,8 @@ namespace kx {
 
 namespace {
 
-/// Has room for what ColumnFormula::release() moves.
-std::list<HostResources> roomForFormula() {
+/// Resources that ColumnFormula::release() can fill without allocating.
+std::list<HostResources> emptyResources() {
     std::list<HostResources> resources(1);
     resources.front().scripts.reserve(1);
     return resources;
@@ -26,7 +26,7 @@ InProcessColumns::InProcessColumns(KxJsParser& parser)
     : parser_(parser),
       host_(inProcessHost(parser)),
       record_(host_.record()),
-      lastResources_(roomForFormula()) {}
+      lastResources_(emptyResources()) {}
 
 InProcessColumns::~InProcessColumns() { release(std::move(lastResources_)); }
 
@@ -53,7 +53,7 @@ void InProcessColumns::bind(std::u16string const& name, Column::Values values) {
         found->values = values;
         return;
     }
-    release(roomForFormula());
+    release(emptyResources());
     columns_.push_back({name, values});
 }
 
@@ -71,7 +71,7 @@ bool InProcessColumns::compile(std::u16string const& source, std::u16string& err
         error = isEvaluating_ ? kBusy : kWrongThread;
         return false;
     }
-    release(roomForFormula());
+    release(emptyResources());
     if (!bindToHost(error) || !host_.isUsable()) return false;
     std::unique_ptr<CompiledScript> script = host_.compile(source, error);
     if (script == nullptr) return false;

@@ -34,7 +34,7 @@ bool hasOwnAccessor(v8::Local<v8::Context> context, v8::Local<v8::Object> carrie
     return carrier->HasRealNamedCallbackProperty(context, accessor).FromMaybe(false) &&
            carrier->GetOwnPropertyDescriptor(context, accessor).ToLocal(&descriptor) &&
            descriptor.As<v8::Object>()
-               ->HasRealNamedProperty(context, toEngineName(context->GetIsolate(), u"value"))
+               ->HasRealNamedProperty(context, toV8Name(context->GetIsolate(), u"value"))
                .FromMaybe(false);
 }
 
@@ -52,14 +52,14 @@ bool isBoundAsMade(v8::Local<v8::Context> context, std::u16string const& key,
     v8::Isolate* const isolate = context->GetIsolate();
     v8::HandleScope const handles(isolate);
     v8::TryCatch const ignored(isolate);
-    v8::Local<v8::String> const name = toEngineName(isolate, key);
-    v8::Local<v8::String> const carrierName = toEngineName(isolate, carrierNameFor(key));
+    v8::Local<v8::String> const name = toV8Name(isolate, key);
+    v8::Local<v8::String> const carrierName = toV8Name(isolate, carrierNameFor(key));
     if (name.IsEmpty() || carrierName.IsEmpty()) return false;
     if (!isPlainGlobal(context, name) || !isPlainGlobal(context, carrierName)) return false;
     v8::Local<v8::Value> carrier;
     return context->Global()->GetRealNamedProperty(context, carrierName).ToLocal(&carrier) &&
            Carriers::isCarrierOf(carrier, bound) &&
-           hasOwnAccessor(context, carrier.As<v8::Object>(), toEngineName(isolate, accessorName));
+           hasOwnAccessor(context, carrier.As<v8::Object>(), toV8Name(isolate, accessorName));
 }
 
 bool areCarriersUnshadowed(v8::Local<v8::Context> context,

@@ -15,8 +15,8 @@ using namespace std::string_view_literals;
 
 constexpr std::array kConstants = {u"true"sv, u"false"sv,    u"null"sv,
                                    u"NaN"sv,  u"Infinity"sv, u"undefined"sv};
-constexpr std::array kEngineFunctions = {u"Boolean"sv,  u"isFinite"sv,   u"isNaN"sv, u"Number"sv,
-                                         u"parseInt"sv, u"parseFloat"sv, u"String"sv};
+constexpr std::array kStandardFunctions = {u"Boolean"sv,  u"isFinite"sv,   u"isNaN"sv, u"Number"sv,
+                                           u"parseInt"sv, u"parseFloat"sv, u"String"sv};
 constexpr std::array kEvaluating = {u"IIF"sv, u"COND"sv};
 
 /// Depends on Function.prototype.toString and on all globals, which the checks do not cover.
@@ -34,7 +34,7 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::Value> value;
     if (!context->Global()
-             ->GetRealNamedProperty(context, toEngineName(isolate, name))
+             ->GetRealNamedProperty(context, toV8Name(isolate, name))
              .ToLocal(&value)) {
         return v8::Undefined(isolate);
     }
@@ -49,7 +49,7 @@ std::optional<std::vector<v8::Local<v8::Value>>> unshadowedValues(
     std::u16string list = u"[";
     for (std::u16string const& name : names) list.append(name).append(u",");
     list += u"]";
-    v8::Local<v8::String> const text = toEngineString(isolate, list);
+    v8::Local<v8::String> const text = toV8String(isolate, list);
     v8::Local<v8::Script> script;
     v8::Local<v8::Value> found;
     if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&script) ||
@@ -72,25 +72,24 @@ bool isFunctionOf(v8::Local<v8::Value> value, int scriptId, std::u16string_view 
     if (!value->IsFunction()) return false;
     auto const function = value.As<v8::Function>();
     if (function->ScriptId() != scriptId || !function->GetName()->IsString()) return false;
-    return fromEngineString(v8::Isolate::GetCurrent(), function->GetName().As<v8::String>()) ==
-           name;
+    return fromV8String(v8::Isolate::GetCurrent(), function->GetName().As<v8::String>()) == name;
 }
 
 bool evaluatesTexts(std::u16string_view name) { return isIn(kEvaluating, name); }
 
 NameMeaning meaningOf(v8::Local<v8::Context> context, std::u16string const& name, int libraryId) {
-    constexpr int kEngine = v8::UnboundScript::kNoScriptId;
+    constexpr int kNoScript = v8::UnboundScript::kNoScriptId;
     if (isIn(kConstants, name)) return NameMeaning::constant;
     v8::Local<v8::Value> const value = globalValue(context, name);
-    if (name == u"Math") return value->IsObject() ? NameMeaning::engine : NameMeaning::unknown;
-    if (isIn(kEngineFunctions, name)) {
-        return isFunctionOf(value, kEngine, name) ? NameMeaning::engine : NameMeaning::unknown;
+    if (name == u"Math") return value->IsObject() ? NameMeaning::standard : NameMeaning::unknown;
+    if (isIn(kStandardFunctions, name)) {
+        return isFunctionOf(value, kNoScript, name) ? NameMeaning::standard : NameMeaning::unknown;
     }
     if (name == kListing || !isFunctionOf(value, libraryId, name)) return NameMeaning::unknown;
     if (!evaluatesTexts(name)) return NameMeaning::catalogue;
     // These two give what V8's eval makes of their conditions.
-    return isFunctionOf(globalValue(context, u"eval"), kEngine, u"eval") ? NameMeaning::evaluating
-                                                                         : NameMeaning::unknown;
+    return isFunctionOf(globalValue(context, u"eval"), kNoScript, u"eval") ? NameMeaning::evaluating
+                                                                           : NameMeaning::unknown;
 }
 
 }  // namespace kx

@@ -13,7 +13,7 @@ namespace kx {
 /// What a name of a formula stands for, as far as a kernel knows names.
 enum class NameMeaning : std::uint8_t {
     constant,    ///< true, NaN and the like
-    engine,      ///< Math, and V8's functions without effects
+    standard,    ///< Math, and JavaScript's functions without effects
     catalogue,   ///< a built-in function without effects, to be called as it is
     evaluating,  ///< IIF, COND: built-in functions that evaluate texts
     unknown

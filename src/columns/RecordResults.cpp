@@ -46,7 +46,7 @@ void RecordResults::endBlock(ColumnRun& run, std::size_t last) {
         outcome_.records = last;
         return;
     }
-    run.takeTexts(next(), last, *texts);
+    run.moveTexts(next(), last, *texts);
     for (; next() < last; endRecord()) {
         if ((*texts)[next()].find(kNaN) != std::u16string::npos) noteNotANumber();
     }

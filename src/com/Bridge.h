@@ -26,13 +26,13 @@ struct BridgeText {
     std::uint32_t length;
 };
 
-/// Takes one text out of the library. The text ends in a zero and lives as long as the call.
+/// Receives one text of the library. The text ends in a zero and lives as long as the call.
 struct TextReceiver {
     void* target;
-    BridgeResult(KX_BRIDGE_CALL* take)(void* target, char16_t const* text);
+    BridgeResult(KX_BRIDGE_CALL* receive)(void* target, char16_t const* text);
 };
 
-/// Takes a table of texts out of the library: first the number of rows, then rows in rising
+/// Receives a table of texts of the library: first the number of rows, then rows in rising
 /// order. A row may be missing. A result other than `done` ends the transfer and is the call's.
 struct TableReceiver {
     void* target;

@@ -51,8 +51,9 @@ void CallChain::apply(Workspace& work) const {
     work.rewrittenCalls.reserve(kUsualCalls);
     index_.collect(work.text, work.calls, work.steps);
     RuleMask rules = rulesToApply(work);
-    for (std::size_t i = rules.nextFrom(0); i < steps_.size(); i = rules.nextFrom(i + 1))
+    for (std::size_t i = rules.nextFrom(0); i < steps_.size(); i = rules.nextFrom(i + 1)) {
         if (applyStep(i, work) != kNowhere) rules = rulesToApply(work);
+    }
 }
 
 RuleMask CallChain::rulesToApply(Workspace& work) const {
@@ -71,8 +72,9 @@ std::size_t CallChain::applyStep(std::size_t number, Workspace& work) const {
         if (!call.rules.holds(number)) continue;
         std::size_t const nameEnd = nameEndBefore(work.text, call.parenthesis);
         work.steps += call.parenthesis - nameEnd;
-        for (std::size_t const length : step.nameLengths)
+        for (std::size_t const length : step.nameLengths) {
             if (length <= nameEnd) rewriting.offer(nameEnd - length);
+        }
     }
     return rewriting.finish();
 }

@@ -6,8 +6,9 @@
 namespace kx {
 
 void CallIndex::add(std::string const& name, std::size_t rule, bool restoresSpelling) {
-    if (nodes_.size() + name.size() > std::numeric_limits<std::uint16_t>::max())
+    if (nodes_.size() + name.size() > std::numeric_limits<std::uint16_t>::max()) {
         throw std::length_error("too many names in one chain");
+    }
     std::size_t node = 0;
     for (std::size_t i = name.size(); i > 0; --i) {
         std::uint8_t const letter = functionNameLetter(static_cast<unsigned char>(name[i - 1]));
@@ -46,8 +47,9 @@ Call CallIndex::callAt(std::u16string_view text, std::size_t parenthesis,
 
 void CallIndex::collect(std::u16string_view text, Calls& calls, std::size_t& steps) const {
     steps += text.size();
-    for (std::size_t i = 0; i < text.size(); ++i)
+    for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == u'(') calls.push_back(callAt(text, i, steps));
+    }
 }
 
 }  // namespace kx

@@ -16,8 +16,9 @@ inline constexpr std::size_t kFunctionNameAlphabetSize = 1 + 26 + 10 + 1;
 inline constexpr auto kFunctionNameLetters = [] {
     std::array<std::uint8_t, 128> numbers{};
     std::uint8_t next = 1;
-    for (char16_t unit = u'A'; unit <= u'Z'; ++unit)
+    for (char16_t unit = u'A'; unit <= u'Z'; ++unit) {
         numbers[smallOf(unit)] = numbers[unit] = next++;
+    }
     for (char16_t unit = u'0'; unit <= u'9'; ++unit) numbers[unit] = next++;
     numbers[u'_'] = next;
     return numbers;

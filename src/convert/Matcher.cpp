@@ -4,12 +4,14 @@ namespace kx {
 
 Matcher::Matcher(Pattern const& pattern, Workspace& work)
     : pattern_(pattern), text_(work.text), work_(work) {
-    if (work.itemBegins.size() <= pattern.longestBranch())
+    if (work.itemBegins.size() <= pattern.longestBranch()) {
         work.itemBegins.resize(pattern.longestBranch() + 1);
-    if (pattern.isOnePass())
+    }
+    if (pattern.isOnePass()) {
         work.lastRuns.assign(pattern.loopCount(), {});
-    else
+    } else {
         work.triedLoops.assign(text_.size() + 1, 0);
+    }
 }
 
 std::size_t Matcher::matchAt(std::size_t start) {
@@ -30,10 +32,11 @@ std::size_t Matcher::matchBranch(Branch const& branch, std::size_t start) {
     while (number < branch.items.size()) {
         ++steps;
         std::size_t const end = endOfItem(branch.items[number], begins[number]);
-        if (end != kNowhere)
+        if (end != kNowhere) {
             begins[++number] = end;
-        else if (pattern_.isOnePass() || !goBack(branch, number))
+        } else if (pattern_.isOnePass() || !goBack(branch, number)) {
             break;
+        }
     }
     work_.steps += steps;
     return number == branch.items.size() ? begins[number] : kNowhere;
@@ -56,8 +59,9 @@ bool Matcher::goBack(Branch const& branch, std::size_t& number) {
 
 /// The end of the most units that the item can take, or `kNowhere`.
 std::size_t Matcher::endOfItem(Item const& item, std::size_t begin) {
-    if (item.count == Item::Count::loop)
+    if (item.count == Item::Count::loop) {
         return pattern_.isOnePass() ? endOfRun(item, begin) : endOfUntried(item, begin);
+    }
     if (begin < text_.size() && item.matches(text_[begin])) return begin + 1;
     return item.count == Item::Count::optional ? begin : kNowhere;
 }
@@ -78,8 +82,9 @@ std::size_t Matcher::endOfUntried(Item const& loop, std::size_t begin) {
     if ((tried[begin] & bit) != 0) return kNowhere;
     tried[begin] |= bit;
     std::size_t end = begin;
-    while (end < text_.size() && loop.matches(text_[end]) && (tried[end + 1] & bit) == 0)
+    while (end < text_.size() && loop.matches(text_[end]) && (tried[end + 1] & bit) == 0) {
         tried[++end] |= bit;
+    }
     work_.steps += end - begin;
     return end;
 }

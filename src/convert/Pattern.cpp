@@ -34,18 +34,21 @@ bool mayGiveBack(Branch const& branch, std::size_t number) {
 
 Pattern::Pattern(std::u16string_view text) : branches_(PatternParser(text).parse()) {
     for (Branch& branch : branches_) {
-        if (canBeEmpty(branch))
+        if (canBeEmpty(branch)) {
             throw std::invalid_argument("pattern not supported: can match the empty text");
+        }
         longestBranch_ = std::max(longestBranch_, branch.items.size());
         for (std::size_t i = 0; i < branch.items.size(); ++i) {
             Item& item = branch.items[i];
             isOnePass_ = isOnePass_ && !mayGiveBack(branch, i);
-            if (item.count == Item::Count::loop)
+            if (item.count == Item::Count::loop) {
                 item.loop = static_cast<std::uint8_t>(loopCount_++);
+            }
         }
     }
-    if (!isOnePass_ && loopCount_ > kMaxBacktrackingLoops)
+    if (!isOnePass_ && loopCount_ > kMaxBacktrackingLoops) {
         throw std::invalid_argument("pattern not supported: too many loops");
+    }
 }
 
 }  // namespace kx

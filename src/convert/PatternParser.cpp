@@ -45,8 +45,9 @@ std::vector<Branch> PatternParser::parse() {
     std::vector<Branch> branches = sequence();
     while (skip(u'|')) {
         append(branches, sequence());
-        if (!branches.front().groups.empty() || !branches.back().groups.empty())
+        if (!branches.front().groups.empty() || !branches.back().groups.empty()) {
             refuse("a group inside an alternative");
+        }
     }
     if (!atEnd()) refuse("unmatched )");
     return branches;
@@ -63,8 +64,9 @@ std::vector<Branch> PatternParser::sequence() {
         // Each branch so far goes on with each alternative of the group. This keeps the order of
         // preference only if the branch has no other choice: it would come before the alternatives.
         std::vector<Items> const alternatives = group();
-        if (alternatives.size() > 1 && std::any_of(branches.begin(), branches.end(), hasChoice))
+        if (alternatives.size() > 1 && std::any_of(branches.begin(), branches.end(), hasChoice)) {
             refuse("alternatives behind a loop or an optional character");
+        }
         std::vector<Branch> longer;
         for (Branch const& branch : branches) {
             for (Items const& alternative : alternatives) {
@@ -101,14 +103,15 @@ PatternParser::Items PatternParser::item() {
     optional.count = Item::Count::optional;
 
     Items result{one};
-    if (skip(u'*'))
+    if (skip(u'*')) {
         result = {loop};
-    else if (skip(u'+'))
+    } else if (skip(u'+')) {
         result = {one, loop};
-    else if (skip(u'?'))
+    } else if (skip(u'?')) {
         result = {optional};
-    else
+    } else {
         return result;
+    }
     if (atOneOf(u"*+?{")) refuse("a quantifier after a quantifier");
     return result;
 }

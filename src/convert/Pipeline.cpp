@@ -12,8 +12,9 @@ namespace kx {
 namespace {
 
 void append(std::vector<RuleText>& to, std::span<RegexRule const> rules) {
-    for (RegexRule const& rule : rules)
+    for (RegexRule const& rule : rules) {
         to.push_back({std::u16string(rule.pattern), std::u16string(rule.replacement)});
+    }
 }
 
 void append(std::vector<RuleText>& to, std::vector<RuleText> const& rules) {

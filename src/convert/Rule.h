@@ -25,8 +25,9 @@ class StartFilter {
     /// Needs `length()` units of the text from the position on.
     bool mayStartAt(std::u16string_view text, std::size_t position) const {
         if ((allowed_[symbolOf(text[position])] & 1) == 0) return false;
-        for (std::size_t place = 1; place < places_; ++place)
+        for (std::size_t place = 1; place < places_; ++place) {
             if ((allowed_[symbolOf(text[position + place])] >> place & 1) == 0) return false;
+        }
         return true;
     }
 

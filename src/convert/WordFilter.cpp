@@ -10,9 +10,11 @@ void WordFilter::add(Word const& word, std::size_t rule) {
     std::size_t const length = std::min(word.size(), kMaxWordLength);
     if (used_ + length > kCapacity) throw std::length_error("too many words for one filter");
     starts_ |= std::uint64_t{1} << used_;
-    for (std::size_t place = 0; place < length; ++place, ++used_)
-        for (std::size_t symbol = 0; symbol < kSymbolCount; ++symbol)
+    for (std::size_t place = 0; place < length; ++place, ++used_) {
+        for (std::size_t symbol = 0; symbol < kSymbolCount; ++symbol) {
             if (word[place][symbol]) places_[symbol] |= std::uint64_t{1} << used_;
+        }
+    }
     ends_ |= std::uint64_t{1} << (used_ - 1);
     rules_[used_ - 1] = rule;
 }
@@ -28,8 +30,9 @@ RuleMask WordFilter::rulesIn(std::u16string_view text, std::size_t from, std::si
     }
     steps += text.size() - begin;
     RuleMask rules;
-    for (found &= ends_; found != 0; found &= found - 1)
+    for (found &= ends_; found != 0; found &= found - 1) {
         rules.add(rules_[static_cast<std::size_t>(std::countr_zero(found))]);
+    }
     return rules;
 }
 

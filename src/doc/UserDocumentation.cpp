@@ -67,8 +67,9 @@ std::vector<std::pair<std::u16string, std::u16string>> userDocumentationPages(
     for (auto const* catalogue :
          {&catalogues.mathematical, &catalogues.string, &catalogues.miscellaneous}) {
         for (KxJsFunction const& function : *catalogue) {
-            if (function.isComplete())
+            if (function.isComplete()) {
                 pages.emplace_back(function.getName(), function.toHtmlPage());
+            }
         }
     }
     return pages;

@@ -1,7 +1,6 @@
 #include "engine/Engine.h"
 
 #include <atomic>
-#include <memory>
 #include <pthread.h>
 
 #include <libplatform/libplatform.h>
@@ -20,7 +19,7 @@ bool start() {
     [[maybe_unused]] int const ignored = pthread_atfork(
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
     registerInterruptibleBuiltins();
-    if (v8compat::isEngineRunning()) return false;
+    if (v8compat::isV8Running()) return false;
     // The library's only thread is the watchdog's, which runs no script. V8 needs none either.
     v8::V8::SetFlagsFromString("--single-threaded");
     v8compat::leaveWebAssemblyOut();

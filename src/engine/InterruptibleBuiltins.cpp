@@ -50,8 +50,9 @@ std::optional<double> ownLength(v8::Local<v8::Context> context, v8::Local<v8::Ob
     auto const value = field(v8::String::NewFromUtf8Literal(isolate, "value"));
     if (value->IsNumber()) return std::max(value.As<v8::Number>()->Value(), 0.0);
     auto const getter = field(v8::String::NewFromUtf8Literal(isolate, "get"));
-    if (receiver->IsTypedArray() && getter->StrictEquals(ofTypedArrays))
+    if (receiver->IsTypedArray() && getter->StrictEquals(ofTypedArrays)) {
         return static_cast<double>(receiver.As<v8::TypedArray>()->Length());
+    }
     return kEndless;
 }
 

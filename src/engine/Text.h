@@ -9,13 +9,13 @@ namespace kx {
 
 /// A new V8 string of the same code units. Empty where `text` is longer than V8
 /// allows (v8::String::kMaxLength).
-v8::Local<v8::String> toEngineString(v8::Isolate* isolate, std::u16string_view text);
+v8::Local<v8::String> toV8String(v8::Isolate* isolate, std::u16string_view text);
 
 /// The same as the name of a property, which V8 finds faster.
-v8::Local<v8::String> toEngineName(v8::Isolate* isolate, std::u16string_view text);
+v8::Local<v8::String> toV8Name(v8::Isolate* isolate, std::u16string_view text);
 
 /// The code units of `text` up to its first U+0000. An empty handle gives the empty text.
-std::u16string fromEngineString(v8::Isolate* isolate, v8::Local<v8::String> text);
+std::u16string fromV8String(v8::Isolate* isolate, v8::Local<v8::String> text);
 
 /// Whether `text` contains `unit`. Looks at all of it, several units at a time: faster than a
 /// search where nothing is found.

@@ -12,7 +12,7 @@ __attribute__((weak)) v8::Platform* GetCurrentPlatform();
 
 namespace kx::v8compat {
 
-bool isEngineRunning() {
+bool isV8Running() {
     return v8::debug::GetCurrentPlatform != nullptr && v8::debug::GetCurrentPlatform() != nullptr;
 }
 

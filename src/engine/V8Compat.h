@@ -24,7 +24,7 @@ constexpr bool kCrashesBeyondStackLimit = V8_MAJOR_VERSION >= 13;
 
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and V8 has no public question for it.
-bool isEngineRunning();
+bool isV8Running();
 
 /// Before the engine starts. The limits do not see WebAssembly's memory, and formulas do not need
 /// it. Newer engines always offer it: see InProcessHost::createContext().
@@ -64,7 +64,7 @@ inline v8::Local<v8::Value> prototypeOf(v8::Local<v8::Object> object) {
 #endif
 }
 
-/// Copies the code units of `text` to `target`, which has room for text->Length() of them.
+/// Copies the code units of `text` to `target`, which holds text->Length() of them.
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target);
 
 }  // namespace kx::v8compat

@@ -75,7 +75,7 @@ void Watchdog::watch(RunControl& control, Clock::time_point deadline) {
     if (isFirst) changed_.notify_one();
 }
 
-void Watchdog::giveUp(RunControl& control) {
+void Watchdog::unwatch(RunControl& control) {
     std::lock_guard const lock(mutex_);
     std::erase_if(entries_, [&control](Entry const& entry) { return entry.control == &control; });
 }

@@ -25,11 +25,11 @@ class Watchdog {
     Watchdog(Watchdog const&) = delete;
     Watchdog& operator=(Watchdog const&) = delete;
 
-    /// Ends the run of `control` at `deadline`, unless it is given up before. Any thread.
+    /// Ends the run of `control` at `deadline`, unless unwatch() comes before. Any thread.
     void watch(RunControl& control, Clock::time_point deadline);
 
     /// Stops watching the run of `control`. After the return it is not ended any more.
-    void giveUp(RunControl& control);
+    void unwatch(RunControl& control);
 
   private:
     struct Entry {

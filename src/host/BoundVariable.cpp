@@ -22,41 +22,41 @@ BoundVariable::BoundVariable(KxJsVariable const& variable, std::u16string_view a
 
 v8::Local<v8::String> BoundVariable::carrierName(v8::Isolate* isolate) {
     if (carrierName_.isEmpty()) {
-        carrierName_.hold(toEngineName(isolate, carrierNameFor(variable_.getKey())));
+        carrierName_.hold(toV8Name(isolate, carrierNameFor(variable_.getKey())));
     }
     return carrierName_.get(isolate);
 }
 
-template <class Take>
-void BoundVariable::visit(v8::Isolate* isolate, Take take) {
+template <class Use>
+void BoundVariable::visit(v8::Isolate* isolate, Use use) {
     switch (variable_.getType()) {
         case KxJsVariable::TYPE_OF_VAR_LONG:
-            take(variable_.getLongValue());
+            use(variable_.getLongValue());
             break;
         case KxJsVariable::TYPE_OF_VAR_DOUBLE:
-            take(variable_.getDoubleValue());
+            use(variable_.getDoubleValue());
             break;
         case KxJsVariable::TYPE_OF_VAR_STRING:
-            visitText(isolate, take);
+            visitText(isolate, use);
             break;
         default:
-            take(variable_.getBooleanValue());
+            use(variable_.getBooleanValue());
     }
 }
 
-template <class Take>
-void BoundVariable::visitText(v8::Isolate* isolate, Take take) {
+template <class Use>
+void BoundVariable::visitText(v8::Isolate* isolate, Use use) {
     std::u16string_view const units = firstUnits(variable_._mStrValue);
     if (!areLastUnits(units)) {
         lastUnits_ = units;
         lastText_.drop();
-        take(toEngineString(isolate, seenText(units)));
+        use(toV8String(isolate, seenText(units)));
         return;
     }
     if (lastText_.isEmpty()) {
-        lastText_.hold(toEngineString(isolate, seenText(units)));
+        lastText_.hold(toV8String(isolate, seenText(units)));
     }
-    if (!lastText_.isEmpty()) take(lastText_.get(isolate));
+    if (!lastText_.isEmpty()) use(lastText_.get(isolate));
 }
 
 void BoundVariable::read(v8::Isolate* isolate, v8::ReturnValue<v8::Value> result) {

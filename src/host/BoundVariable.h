@@ -40,12 +40,12 @@ class BoundVariable {
     v8::Local<v8::Value> value(v8::Isolate* isolate);
 
   private:
-    /// Calls `take` with a std::int32_t, a double, a bool or a handle of V8's string.
-    template <class Take>
-    void visit(v8::Isolate* isolate, Take take);
+    /// Calls `use` with a std::int32_t, a double, a bool or a handle of V8's string.
+    template <class Use>
+    void visit(v8::Isolate* isolate, Use use);
     // Not inlined: without it, numbers need no stack frame.
-    template <class Take>
-    [[gnu::noinline]] void visitText(v8::Isolate* isolate, Take take);
+    template <class Use>
+    [[gnu::noinline]] void visitText(v8::Isolate* isolate, Use use);
     bool areLastUnits(std::u16string_view units) const;
 
     KxJsVariable const& variable_;

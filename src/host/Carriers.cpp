@@ -54,7 +54,7 @@ void Carriers::cutAll(v8::Isolate* isolate) {
 void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
     v8::Local<v8::Object> const proxy = context->Global();
     carryNothing(proxy);
-    carryNothing(proxy->GetPrototype().As<v8::Object>());  // the global object itself
+    carryNothing(v8compat::prototypeOf(proxy).As<v8::Object>());  // the global object itself
 }
 
 BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view accessorName,

@@ -34,7 +34,7 @@ std::optional<ScriptFailure> scriptFailureOf(v8::Isolate* isolate, v8::Local<v8:
     failure.endColumn = message->GetEndColumn();
     v8::Local<v8::String> sourceLine;
     if (message->GetSourceLine(context).ToLocal(&sourceLine)) {
-        failure.sourceLine = fromEngineString(isolate, sourceLine);
+        failure.sourceLine = fromV8String(isolate, sourceLine);
     }
     return failure;
 }

@@ -94,7 +94,7 @@ void locateFailure(v8::Isolate* isolate, v8::Local<v8::Context> context,
     for (int i = 0; i < trace->GetFrameCount(); ++i) {
         v8::Local<v8::StackFrame> const call =
             trace->GetFrame(isolate, static_cast<std::uint32_t>(i));
-        KxJsFailure::Frame frame{fromEngineString(isolate, call->GetFunctionName()),
+        KxJsFailure::Frame frame{fromV8String(isolate, call->GetFunctionName()),
                                  call->GetLineNumber(), call->GetColumn(),
                                  call->GetScriptId() == source.scriptId};
         if (frame.isInSource) {

@@ -34,7 +34,7 @@ void InProcessHost::createContext() {
     v8::HandleScope const handles(isolate());
     v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate());
     shape->SetInternalFieldCount(1);
-    v8compat::setReadOnlyAccessor(isolate(), shape, toEngineString(isolate(), accessorName_),
+    v8compat::setReadOnlyAccessor(isolate(), shape, toV8String(isolate(), accessorName_),
                                   Carriers::accessorGetter);
     globalTemplate_ = makePersistent(record_->handles(), shape);
     v8::Local<v8::Context> context = v8::Context::New(isolate(), interruptibleBuiltins(), shape);
@@ -44,7 +44,7 @@ void InProcessHost::createContext() {
     Carriers::leaveGlobalEmpty(context);
     // Newer engines always offer it, and so does an engine that the application has started.
     if (record_->isOwn()) {
-        v8::Local<v8::String> const name = toEngineString(isolate(), u"WebAssembly");
+        v8::Local<v8::String> const name = toV8String(isolate(), u"WebAssembly");
         [[maybe_unused]] auto const isDeleted = context->Global()->Delete(context, name);
     }
     context_ = makePersistent(record_->handles(), context);

@@ -43,7 +43,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
     std::u16string const wrapped = addWrapper(source, entered);
     std::size_t const prologueLength = wrapped.size() - source.size();
     v8::TryCatch const capture(isolate());
-    v8::Local<v8::String> const text = toEngineString(isolate(), wrapped);
+    v8::Local<v8::String> const text = toV8String(isolate(), wrapped);
     if (text.IsEmpty()) {
         error = u"The source is longer than the engine allows";
         noteFailure(KxJsFailure::Kind::COMPILE_ERROR, error);

@@ -99,11 +99,11 @@ kx::HostBackend& KxJsParser::_backend() const { return *_mBackend; }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 v8::Local<v8::String> KxJsParser::_convertStdStringToV8String(std::u16string text) {
-    return kx::toEngineString(v8::Isolate::GetCurrent(), text);
+    return kx::toV8String(v8::Isolate::GetCurrent(), text);
 }
 
 std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::String> text) {
-    return kx::fromEngineString(v8::Isolate::GetCurrent(), text);
+    return kx::fromV8String(v8::Isolate::GetCurrent(), text);
 }
 
 std::u16string KxJsParser::_convertV8StringToStdString(v8::Local<v8::Value> value) {

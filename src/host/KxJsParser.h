@@ -58,7 +58,8 @@ class KXJS_API KxJsParser {
     /// else is as for other hosts, and every member works. Whatever a script does, it can at worst
     /// end its worker: the call then has an error text, lastFailure() is of the kind WORKER_ENDED,
     /// and the next call has a new worker, with variables, built-in functions and compiled scripts
-    /// in place. Globals that scripts have made are gone then.
+    /// in place. Globals that scripts have made are gone then. They are also gone after a reset() on
+    /// another thread.
     ///
     /// A script that does not end at the time limit, or after terminate(), is ended with its worker
     /// after `isolation.grace`. Without a time limit it may run for ever, as in process.
@@ -140,7 +141,7 @@ class KXJS_API KxJsParser {
     /// nothing happens. Any thread may call, as long as the host lives.
     void terminate();
 
-    /// The names that `source` uses and nobody defines, in the order in which runs fail on them.
+    /// The names that `source` uses and nothing defines, in the order in which runs fail on them.
     /// The source is run in a host of its own, once for each name, with the names found so far
     /// bound to a blank. `error` receives a text where `source` does not compile. A source that
     /// makes up names at run time never ends: give a time limit.

@@ -1,6 +1,5 @@
 #include "host/KxJsVariable.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -13,9 +12,9 @@ std::u16string textOrEmpty(char16_t const* text) {
     return text == nullptr ? std::u16string() : std::u16string(text);
 }
 
-template <std::size_t kRoom, class... Format>
+template <std::size_t kMost, class... Format>
 std::u16string formatNumber(Format... format) {
-    std::array<char, kRoom> buffer;
+    std::array<char, kMost> buffer;
     auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), format...);
     if (end.ec != std::errc()) return {};
     return {buffer.data(), end.ptr};
@@ -23,42 +22,22 @@ std::u16string formatNumber(Format... format) {
 
 }  // namespace
 
-KxJsVariable::KxJsVariable() { init(); }
+KxJsVariable::KxJsVariable() = default;
 
-KxJsVariable::KxJsVariable(std::u16string key, std::int32_t value) {
-    init();
-    _mLongValue = value;
-    _mKey = std::move(key);
-    _mType = TYPE_OF_VAR_LONG;
-}
+KxJsVariable::KxJsVariable(std::u16string key, std::int32_t value)
+    : _mKey(std::move(key)), _mLongValue(value), _mType(TYPE_OF_VAR_LONG) {}
 
-KxJsVariable::KxJsVariable(std::u16string key, double value) {
-    init();
-    _mDoubleValue = value;
-    _mKey = std::move(key);
-    _mType = TYPE_OF_VAR_DOUBLE;
-}
+KxJsVariable::KxJsVariable(std::u16string key, double value)
+    : _mKey(std::move(key)), _mDoubleValue(value), _mType(TYPE_OF_VAR_DOUBLE) {}
 
-KxJsVariable::KxJsVariable(std::u16string key, char16_t const* value) {
-    init();
-    _mStrValue = textOrEmpty(value);
-    _mKey = std::move(key);
-    _mType = TYPE_OF_VAR_STRING;
-}
+KxJsVariable::KxJsVariable(std::u16string key, char16_t const* value)
+    : _mKey(std::move(key)), _mStrValue(textOrEmpty(value)), _mType(TYPE_OF_VAR_STRING) {}
 
-KxJsVariable::KxJsVariable(std::u16string key, std::u16string const& value) {
-    init();
-    _mStrValue = value;
-    _mKey = std::move(key);
-    _mType = TYPE_OF_VAR_STRING;
-}
+KxJsVariable::KxJsVariable(std::u16string key, std::u16string const& value)
+    : _mKey(std::move(key)), _mStrValue(value), _mType(TYPE_OF_VAR_STRING) {}
 
-KxJsVariable::KxJsVariable(std::u16string key, bool value) {
-    init();
-    _mBooleanValue = value;
-    _mKey = std::move(key);
-    _mType = TYPE_OF_VAR_BOOLEAN;
-}
+KxJsVariable::KxJsVariable(std::u16string key, bool value)
+    : _mKey(std::move(key)), _mBooleanValue(value), _mType(TYPE_OF_VAR_BOOLEAN) {}
 
 KxJsVariable::KxJsVariable(KxJsVariable const& other) = default;
 
@@ -76,15 +55,6 @@ KxJsVariable& KxJsVariable::operator=(KxJsVariable const& other) {
 }
 
 KxJsVariable::~KxJsVariable() = default;
-
-void KxJsVariable::init() {
-    _mType = TYPE_OF_VAR_UNDEFINED;
-    _mKey.clear();
-    _mLongValue = 0;
-    _mDoubleValue = 0.0;
-    _mStrValue.clear();
-    _mBooleanValue = true;
-}
 
 void KxJsVariable::setValue(std::int32_t value) {
     _mLongValue = value;

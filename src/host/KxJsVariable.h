@@ -102,7 +102,6 @@ class KXJS_API KxJsVariable {
     friend class KxJsParser;
     friend class kx::BoundVariable;
 
-    void init();
     std::u16string _mKey;
     std::int32_t _mLongValue = 0;
     double _mDoubleValue = 0.0;

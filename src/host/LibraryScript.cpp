@@ -54,7 +54,7 @@ v8::Local<v8::UnboundScript> compile(v8::Isolate* isolate) {
     std::unique_ptr<Compiler::CachedData> cached = CodeCache::instance().find();
     auto const how = cached == nullptr ? Compiler::kNoCompileOptions : Compiler::kConsumeCodeCache;
     // Owns the cached data. With other settings V8 rejects it, and compiles.
-    Compiler::Source source(toEngineString(isolate, libraryText()), cached.release());
+    Compiler::Source source(toV8String(isolate, libraryText()), cached.release());
     v8::Local<v8::UnboundScript> script;
     if (!Compiler::CompileUnboundScript(isolate, &source, how).ToLocal(&script)) return script;
     if (how == Compiler::kNoCompileOptions) CodeCache::instance().offer(script);

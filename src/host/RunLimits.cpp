@@ -21,11 +21,8 @@ std::u16string byteCountText(std::int64_t count) {
 }  // namespace
 
 void RunLimits::setTimeLimit(std::chrono::milliseconds limit) {
-    // The clock counts nanoseconds: the longest limits would be beyond its range.
-    constexpr std::chrono::hours kForEver{24 * 365 * 10};
     if (isForkedChild()) return;
-    limit =
-        std::clamp<std::chrono::milliseconds>(limit, std::chrono::milliseconds::zero(), kForEver);
+    limit = countableTimeLimit(limit);
     watchdog_ = limit.count() == 0 ? nullptr : Watchdog::acquire();
     timeLimit_ = limit;
 }
@@ -68,7 +65,7 @@ LimitedRun::LimitedRun(RunLimits& limits)
 }
 
 LimitedRun::~LimitedRun() {
-    if (watchdog_ != nullptr) watchdog_->giveUp(limits_.control_);
+    if (watchdog_ != nullptr) watchdog_->unwatch(limits_.control_);
     end();
 }
 
@@ -88,6 +85,11 @@ void LimitedRun::end() {
     } else if (memory->endRun()) {
         limits_.wasEndedForMemory_ = true;
     }
+}
+
+std::chrono::milliseconds countableTimeLimit(std::chrono::milliseconds limit) {
+    constexpr std::chrono::milliseconds kLongest = std::chrono::hours(24 * 365 * 10);
+    return std::clamp(limit, std::chrono::milliseconds::zero(), kLongest);
 }
 
 }  // namespace kx

@@ -64,4 +64,7 @@ class LimitedRun {
     std::shared_ptr<Watchdog> watchdog_;  // while this run's time is watched
 };
 
+/// `limit` as far as deadlines can be counted in nanoseconds: from 0 to ten years.
+std::chrono::milliseconds countableTimeLimit(std::chrono::milliseconds limit);
+
 }  // namespace kx

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "host/RunLimits.h"
+
 namespace kx {
 
 /// The time limit of a search that consists of many runs.
@@ -10,9 +12,7 @@ class SearchTime {
   public:
     /// 0 is no limit.
     explicit SearchTime(std::chrono::milliseconds limit)
-        : limit_(std::clamp<std::chrono::milliseconds>(limit, std::chrono::milliseconds::zero(),
-                                                       std::chrono::hours(24 * 365 * 10))),
-          deadline_(Clock::now() + limit_) {}
+        : limit_(countableTimeLimit(limit)), deadline_(Clock::now() + limit_) {}
 
     std::chrono::milliseconds limit() const { return limit_; }
     bool isUp() const { return limit_.count() > 0 && Clock::now() >= deadline_; }

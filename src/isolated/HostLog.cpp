@@ -57,8 +57,7 @@ void HostLog::noteVariable(KxJsVariable const& variable) noexcept {
     }
 }
 
-void HostLog::noteReset(bool isWorkerTold) noexcept {
-    isForgetting_ = !isWorkerTold;
+void HostLog::noteReset() noexcept {
     scripts_.clear();
     released_.clear();
     changes_ = 0;
@@ -74,8 +73,6 @@ std::vector<std::u16string> HostLog::keysIn(std::u16string_view source) const {
 }
 
 void HostLog::putChanges(MessageWriter& writer) {
-    if (isForgetting_) writer.put(Command::FORGET);
-    isForgetting_ = false;
     if (haveLimitsChanged_) {
         writer.put(Command::TIME_LIMIT);
         writer.put(static_cast<std::int64_t>(timeLimit_.count()));
@@ -125,7 +122,6 @@ std::size_t HostLog::putAll(MessageWriter& writer) {
         ++results;
     }
     released_.clear();
-    isForgetting_ = false;
     haveLimitsChanged_ = true;
     haveAllChanged_ = true;
     return results;

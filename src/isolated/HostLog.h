@@ -49,9 +49,8 @@ class HostLog {
     std::chrono::milliseconds timeLimit() const { return timeLimit_; }
     void noteLibrary() { hasLibrary_ = true; }
     void noteVariable(KxJsVariable const& variable) noexcept;
-    /// Forgets variables and scripts, before the host does. A worker that does not know yet is told
-    /// with the next changes.
-    void noteReset(bool isWorkerTold) noexcept;
+    /// Forgets variables and scripts, before the host does.
+    void noteReset() noexcept;
 
     /// Numbers for columns, from the same series as those of scripts.
     /// @{
@@ -83,7 +82,6 @@ class HostLog {
     std::optional<std::size_t> memoryLimit_;
     bool hasLibrary_ = false;
     bool haveLimitsChanged_ = false;
-    bool isForgetting_ = false;
     std::map<std::uint32_t, IsolatedScript const*> scripts_;
     std::uint32_t lastNumber_ = 0;
     std::size_t columns_ = 0;

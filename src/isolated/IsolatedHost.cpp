@@ -70,15 +70,16 @@ std::u16string IsolatedHost::run(CompiledScript const& script, std::u16string& e
 }
 
 void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
-    // A worker that is not there has no globals.
     std::u16string ignored;
-    bool const isOwnThread = isOnItsThread();
-    if (isOwnThread && worker_.isThere() && prepare(ignored)) {
+    if (!isOnItsThread()) {
+        // It cannot be asked from here, and still has what is forgotten now.
+        isWorkerStale_ = true;
+    } else if (worker_.isThere() && prepare(ignored)) {
         request_.put(Command::RESET);
         exchange(ignored);
     }
     ++resets_;
-    log_.noteReset(isOwnThread);
+    log_.noteReset();
     scripts.clear();
     variables.clear();
 }
@@ -95,6 +96,7 @@ bool IsolatedHost::prepare(std::u16string& error) {
     forgetFailure();
     endReason_ = EndReason::none;
     request_.clear();
+    if (std::exchange(isWorkerStale_, false)) worker_.giveUp();
     if (!worker_.isThere() && !restore(error)) return false;
     log_.putChanges(request_);
     return true;

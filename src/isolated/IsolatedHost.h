@@ -75,6 +75,7 @@ class IsolatedHost final : public HostBackend {
     std::thread::id const thread_ = std::this_thread::get_id();
     HostLog log_;
     SupervisedWorker worker_;
+    bool isWorkerStale_ = false;
     EndReason endReason_ = EndReason::none;
     MessageWriter request_;
     std::vector<std::byte> reply_;

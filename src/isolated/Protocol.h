@@ -20,7 +20,6 @@ enum class Command : std::uint8_t {
     RELEASE,          ///< id of a script or of columns
     TIME_LIMIT,       ///< milliseconds, 64 bits
     MEMORY_LIMIT,     ///< bytes, 64 bits
-    FORGET,           ///< nothing; variables and scripts, but no globals
     INSTALL,          ///< nothing
     RESET,            ///< nothing
     COMPILE,          ///< id, source

@@ -7,8 +7,7 @@ namespace kx {
 
 /// The text of a number as JavaScript's own conversion writes it, unit by unit.
 ///
-/// Made without the engine, because the engine allocates and caches a string object for every
-/// number on the way.
+/// Made without V8, which allocates and caches a string object for every number on the way.
 std::u16string numberToText(double number);
 
 /// The decimal digits of a whole number.

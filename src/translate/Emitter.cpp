@@ -127,12 +127,10 @@ class Emitter {
             source_.substr(node.sign.start, node.sign.end - node.sign.start);
         js_ += u'"';
         for (std::size_t i = 0; i < text.size(); ++i) {
-            if (node.isEscaped && text[i] == u'\\') {
-                // The same escapes as JavaScript's.
-                js_ += text[i++];
-                js_ += text[i];
-            } else if (isHighSurrogate(text[i]) && i + 1 < text.size() &&
-                       isLowSurrogate(text[i + 1])) {
+            bool const isPair =
+                isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
+            // The same escapes as JavaScript's.
+            if (isPair || (node.isEscaped && text[i] == u'\\')) {
                 js_ += text[i++];
                 js_ += text[i];
             } else if (isHighSurrogate(text[i]) || isLowSurrogate(text[i])) {

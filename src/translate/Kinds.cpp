@@ -44,7 +44,8 @@ std::int16_t binaryScale(Operator op, Node const& a, Node const& b) {
             if (a.valueKind == Kind::date && b.valueKind == Kind::date) return 0;
             return areKnown ? std::max(a.scale, b.scale) : kNoScale;
         case Operator::multiply:
-            return areKnown ? std::min<std::int16_t>(a.scale + b.scale, kMostScale) : kNoScale;
+            if (!areKnown) return kNoScale;
+            return static_cast<std::int16_t>(std::min(a.scale + b.scale, int{kMostScale}));
         case Operator::divide: {
             bool const isWhole = isWholeLiteral(a) && isWholeLiteral(b) && b.number != 0 &&
                                  std::fmod(a.number, b.number) == 0;

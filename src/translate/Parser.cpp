@@ -13,7 +13,8 @@ namespace {
 
 using Type = Token::Type;
 
-constexpr std::uint32_t kMostNesting = 1000;
+// Together with what a level takes of the stack: less than half a megabyte.
+constexpr std::uint32_t kMostNesting = 600;
 
 constexpr Binding tighter(Binding binding) {
     return static_cast<Binding>(static_cast<int>(binding) + 1);
@@ -159,7 +160,7 @@ Parser::Operand Parser::operand() {
                                      u"a date whose order of day and month depends on a setting",
                                      token.place, {}, token.place.start);
         case Type::word:
-            return suffixes(name(token));
+            return suffixes(nameOrCall(token));
         case Type::negation:
             return negation(token);
         case Type::plus:
@@ -292,12 +293,14 @@ Parser::Operand Parser::macro(Token const& token) {
         append(children, parenthesis(next));
     } else {
         take(expectName(u"behind \"&\""));
-        // A point ends the name; digits behind it are part of the text that is put together.
+        // A point ends the name; a word behind it is part of the text that is put together.
         std::u16string_view const rest = scanner_.source().substr(scanner_.position());
         if (rest.starts_with(u".")) {
             std::size_t length = 1;
-            while (length < rest.size() && isDigit(rest[length])) ++length;
-            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length));
+            scanner_.setPosition(scanner_.position() + 1);
+            bool const isOperator = scanner_.operation().type == Type::binary;
+            while (!isOperator && length < rest.size() && isNamePart(rest[length])) ++length;
+            scanner_.setPosition(scanner_.position() + static_cast<std::uint32_t>(length) - 1);
             end_ = scanner_.position();
             isPeeked_ = false;
         }
@@ -330,8 +333,6 @@ void Parser::member(Children& children) {
 
 /// A variable, with what "->" and "." put in front of it; or a call.
 Parser::Operand Parser::name(Token const& first) {
-    take(first);
-    if (peek().type == Type::open) return call(first);
     Node made;
     made.kind = NodeKind::name;
     made.sign = first.place;
@@ -400,15 +401,24 @@ Parser::Operand Parser::name(Token const& first) {
 }
 
 Parser::Operand Parser::call(Token const& name) {
+    take(peek());
+    Children const children = arguments(Type::close);
+    return finishCall(name, children);
+}
+
+Parser::Operand Parser::nameOrCall(Token const& word) {
+    take(word);
+    return peek().type == Type::open ? call(word) : name(word);
+}
+
+Parser::Operand Parser::finishCall(Token const& name, Children const& children) {
     Node made;
     made.kind = NodeKind::call;
     made.sign = name.place;
     storeUpperCase(made, scanner_.text(name.place));
     std::u16string const upper(tree_.text(made));
-    take(peek());
     bool const isChoice = upper == u"IIF" || upper == u"IF";
     FunctionName const meaning = isChoice ? FunctionName{} : findFunction(upper);
-    Children const children = arguments(Type::close);
     if (isChoice) {
         made.kind = NodeKind::choice;
         return add(made, children, name.place.start);
@@ -546,38 +556,39 @@ Parser::Operand Parser::suffixes(Operand operand) {
 
 /// Up to and with the closing sign. Missing ones are nodes too, but for "()".
 Parser::Children Parser::arguments(Type closing) {
-    std::u16string_view const sign = closing == Type::close        ? u"\")\""
-                                     : closing == Type::closeBrace ? u"\"}\""
-                                                                   : u"\"]\"";
     Children children;
     isPeeked_ = false;
-    if (Token const next = scanner_.operand(); next.type == closing) {
-        take(next);
+    if (scanner_.operand().type == closing) {
+        take(scanner_.operand());
         return children;
     }
-    for (;;) {
-        Token const next = scanner_.operand();
-        bool const isOmitted = next.type == Type::comma || next.type == closing;
-        if (isOmitted) {
-            Node omitted;
-            omitted.kind = NodeKind::omitted;
-            end_ = next.place.start;
-            append(children, add(omitted, {}, next.place.start));
-        } else {
-            append(children, expression(Binding::none));
-        }
-        Token const separator = peek();
-        if (separator.type == Type::comma) {
-            take(separator);
-            continue;
-        }
-        if (separator.type != closing) {
-            std::u16string expected = u"an operator, \",\" or ";
-            failExpected(expected.append(sign), separator);
-        }
-        take(separator);
-        return children;
+    do {
+        Type const next = scanner_.operand().type;
+        append(children, next == Type::comma || next == closing ? omittedArgument()
+                                                                : expression(Binding::none));
+    } while (takeIf(Type::comma));
+    closeArguments(closing);
+    return children;
+}
+
+Parser::Operand Parser::omittedArgument() {
+    Node omitted;
+    omitted.kind = NodeKind::omitted;
+    end_ = scanner_.operand().place.start;
+    return add(omitted, {}, end_);
+}
+
+void Parser::closeArguments(Type closing) {
+    Token const found = peek();
+    if (found.type == closing) {
+        take(found);
+        return;
     }
+    std::u16string expected = u"an operator, \",\" or ";
+    failExpected(expected.append(closing == Type::close        ? u"\")\""
+                                 : closing == Type::closeBrace ? u"\"}\""
+                                                               : u"\"]\""),
+                 found);
 }
 
 Token Parser::peek() {

@@ -55,21 +55,27 @@ class Parser {
     Operand suffixes(Operand operand);
     Operand sign(Token const& token);
     Operand negation(Token const& token);
-    Operand increment(Token const& token);
+    [[gnu::noinline]] Operand increment(Token const& token);
     Operand parenthesis(Token const& token);
-    Operand list(Operand first);
-    Operand brace(Token const& token);
-    Operand block(Token const& opening);
-    Operand macro(Token const& token);
-    void member(Children& children);
-    Operand object(Token const& token);
-    Operand name(Token const& first);
+    [[gnu::noinline]] Operand list(Operand first);
+    [[gnu::noinline]] Operand brace(Token const& token);
+    [[gnu::noinline]] Operand block(Token const& opening);
+    [[gnu::noinline]] Operand macro(Token const& token);
+    [[gnu::noinline]] void member(Children& children);
+    [[gnu::noinline]] Operand object(Token const& token);
+    Operand nameOrCall(Token const& word);
     Operand call(Token const& name);
-    Operand typeOf(Token const& name, Children const& arguments);
-    Operand leaf(Token const& token, NodeKind kind);
+    Children arguments(Token::Type closing);
+    // Functions that call themselves by way of others have small frames; what needs large ones is
+    // kept out of them.
+    [[gnu::noinline]] Operand name(Token const& first);
+    [[gnu::noinline]] Operand finishCall(Token const& name, Children const& children);
+    [[gnu::noinline]] Operand omittedArgument();
+    [[gnu::noinline]] void closeArguments(Token::Type closing);
+    [[gnu::noinline]] Operand typeOf(Token const& name, Children const& arguments);
+    [[gnu::noinline]] Operand leaf(Token const& token, NodeKind kind);
     Operand binary(Operand const& left, Token const& sign);
     bool isPostfix(Token const& increment);
-    Children arguments(Token::Type closing);
 
     Token peek();
     void take(Token const& token);
@@ -77,13 +83,15 @@ class Parser {
     Token expectName(std::u16string_view where);
     void expect(Token::Type type, std::u16string_view sign);
     void append(Children& children, Operand const& child);
-    Operand add(Node node, Children const& children, std::uint32_t start);
-    Operand addUntranslatable(std::u16string_view code, std::u16string_view text, Place sign,
-                              Children const& children, std::uint32_t start);
+    [[gnu::noinline]] Operand add(Node node, Children const& children, std::uint32_t start);
+    [[gnu::noinline]] Operand addUntranslatable(std::u16string_view code, std::u16string_view text,
+                                                Place sign, Children const& children,
+                                                std::uint32_t start);
     void storeUpperCase(Node& node, std::u16string_view text);
     Node& node(Operand const& operand) { return tree_.nodes[operand.node]; }
     std::u16string described(Token const& token) const;
-    [[noreturn]] void failExpected(std::u16string_view what, Token const& found) const;
+    [[noreturn, gnu::noinline]] void failExpected(std::u16string_view what,
+                                                  Token const& found) const;
     void descend();
 
     Settings const& settings_;

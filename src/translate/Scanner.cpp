@@ -162,11 +162,10 @@ void Scanner::skipBlanks(bool behindOperand) {
             ++position_;
         } else if (unit == u';') {
             if (!skipContinuation()) return;
-        } else if ((unit == u'&' && next == u'&') || (unit == u'/' && next == u'/')) {
-            skipLine();
         } else if (unit == u'/' && next == u'*') {
             skipComment();
-        } else if (unit == u'*' && !behindOperand && isFirstOfLine()) {
+        } else if ((unit == u'&' && next == u'&') || (unit == u'/' && next == u'/') ||
+                   (unit == u'*' && !behindOperand && isFirstOfLine())) {
             skipLine();
         } else {
             return;

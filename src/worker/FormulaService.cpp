@@ -1,7 +1,6 @@
 #include "worker/FormulaService.h"
 
 #include <chrono>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -63,11 +62,6 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
         case Command::INSTALL:
             host_->initialize();
             putResult(reply, withOutcome({}));
-            break;
-        case Command::FORGET:
-            // The library has a way for this that is taken on foreign threads only.
-            std::thread([this] { host_->reset(); }).join();
-            scripts_.clear();
             break;
         case Command::RESET:
             putResult(reply, reset());

@@ -1,5 +1,5 @@
 #!/bin/sh
-# A build directory follows V8_ROOT when that changes, and stays as it is when it does not. An engine
+# A build directory follows V8_ROOT when that changes, and stays as it is when it does not. A V8
 # that is too old or has no headers is refused.
 #
 #   find-v8.sh SOURCE-DIRECTORY WORK-DIRECTORY
@@ -7,7 +7,7 @@ set -eu
 source=$1
 work=$2
 
-# prefix NAME MAJOR: what looks like an installed engine.
+# prefix NAME MAJOR: what looks like an installed V8.
 prefix() {
     mkdir -p "$work/$1/lib" "$work/$1/include/node"
     : >"$work/$1/lib/libnode.so"
@@ -16,14 +16,14 @@ prefix() {
         >"$work/$1/include/node/v8-version.h"
 }
 
-# expect ENGINE CMAKE-ARGUMENT...
+# expect PREFIX CMAKE-ARGUMENT...
 expect() {
-    engine=$1
+    expected=$1
     shift
     cmake -S "$source/tests/build/find_v8" -B "$work/build" -DKXJS_SOURCE_DIR="$source" "$@" \
         >"$work/output"
-    if ! grep -qxF -e "-- engine: $work/$engine" "$work/output"; then
-        echo "expected $engine with $*" >&2
+    if ! grep -qxF -e "-- V8: $work/$expected" "$work/output"; then
+        echo "expected $expected with $*" >&2
         exit 1
     fi
 }

@@ -86,8 +86,9 @@ pid_t start(Program const& program, int in, int out, int err) {
         // COLUMNS of the caller's environment must not change the output.
         if (name != "COLUMNS" && !program.environment.contains(name)) variables.push_back(variable);
     }
-    for (auto const& [name, value] : program.environment)
+    for (auto const& [name, value] : program.environment) {
         variables.push_back(std::string(name).append("=").append(value));
+    }
 
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);

@@ -12,9 +12,10 @@ struct Case {
 
 template <class Function>
 void expectAll(Function&& function, std::initializer_list<Case> cases) {
-    for (Case const& line : cases)
+    for (Case const& line : cases) {
         EXPECT_EQ(function(line.text), line.expected)
             << "from " << testing::PrintToString(line.text);
+    }
 }
 
 template <class Function>

@@ -71,8 +71,9 @@ TEST_F(Comparison, AgreesOnOperatorReplacements) {
     std::mt19937_64 random(2);
     auto const textOf = [&random](std::size_t maxLength) {
         std::u16string text;
-        for (std::size_t length = random() % (maxLength + 1); length > 0; --length)
+        for (std::size_t length = random() % (maxLength + 1); length > 0; --length) {
             text += u"ab'\"\\"[random() % 5];
+        }
         return text;
     };
     for (int i = 0; i < 100000 && !HasFailure(); ++i) {

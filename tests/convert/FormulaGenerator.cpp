@@ -59,10 +59,11 @@ constexpr auto units =
 
 std::u16string FormulaGenerator::next() {
     text_.clear();
-    if (oneIn(6))
+    if (oneIn(6)) {
         soup();
-    else
+    } else {
         expression(4);
+    }
     while (oneIn(2)) mutate();
     return text_;
 }
@@ -127,12 +128,14 @@ void FormulaGenerator::power() {
 
 void FormulaGenerator::number() {
     static constexpr auto separators = u"...., ^-\nx\u2028"sv;
-    for (std::size_t digits = 1 + below(3); digits > 0; --digits)
+    for (std::size_t digits = 1 + below(3); digits > 0; --digits) {
         text_ += static_cast<char16_t>(u'0' + below(10));
+    }
     while (oneIn(3)) {
         text_ += pick(separators);
-        for (std::size_t digits = below(3); digits > 0; --digits)
+        for (std::size_t digits = below(3); digits > 0; --digits) {
             text_ += static_cast<char16_t>(u'0' + below(10));
+        }
     }
 }
 
@@ -140,10 +143,11 @@ void FormulaGenerator::quoted() {
     char16_t const quote = oneIn(2) ? u'"' : u'\'';
     text_ += quote;
     for (std::size_t length = below(5); length > 0; --length) {
-        if (oneIn(3))
+        if (oneIn(3)) {
             text_ += pick(operators);
-        else
+        } else {
             text_ += pick(units);
+        }
     }
     text_ += quote;
 }
@@ -156,16 +160,18 @@ void FormulaGenerator::soup() {
         if (few && oneIn(2)) palette += u"1^ .("sv[below(5)];
     }
     for (std::size_t length = below(40); length > 0; --length) {
-        if (few)
+        if (few) {
             text_ += pick(palette);
-        else
+        } else {
             text_ += pick(units);
+        }
     }
 }
 
 void FormulaGenerator::space() {
-    do text_ += pick(spaces);
-    while (oneIn(4));
+    do {
+        text_ += pick(spaces);
+    } while (oneIn(4));
 }
 
 void FormulaGenerator::maybeSpace() {

@@ -76,14 +76,16 @@ struct NaiveConverter::Engine {
                 .ToLocalChecked();
         std::vector<v8::Local<v8::Value>> arguments;
         if (number >= 0) arguments.emplace_back(v8::Integer::New(isolate, number));
-        for (std::u16string_view const text : texts)
+        for (std::u16string_view const text : texts) {
             arguments.emplace_back(engineText(isolate, text));
+        }
         v8::Local<v8::Value> result;
         if (!callee.As<v8::Function>()
                  ->Call(local, v8::Undefined(isolate), static_cast<int>(arguments.size()),
                         arguments.data())
-                 .ToLocal(&result))
+                 .ToLocal(&result)) {
             throw std::runtime_error("the naive converter failed");
+        }
         v8::String::Value const units(isolate, result);
         return {reinterpret_cast<char16_t const*>(*units),
                 static_cast<std::size_t>(units.length())};

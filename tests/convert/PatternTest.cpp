@@ -26,19 +26,22 @@ TEST(Pattern, RefusesWhatItDoesNotSupport) {
           u"[a-z]"sv, u"a**"sv,   u"a*?"sv,   u"a+?"sv,    u"a{2}"sv,   u"(a)*"sv,
           u"(?:a)"sv, u"((a))"sv, u"(a)|b"sv, u"^a"sv,     u"a$"sv,     u"\\ba"sv,
           u"\\w"sv,   u"a\\"sv,   u"\\1"sv,   u"\u00e9"sv, u"*a"sv,     u"]"sv,
-          u"}"sv,     u"a\\n"sv,  u"[\\n]"sv, u"(a)+"sv,   u"a?(b|c)"sv})
+          u"}"sv,     u"a\\n"sv,  u"[\\n]"sv, u"(a)+"sv,   u"a?(b|c)"sv}) {
         EXPECT_THROW(kx::Pattern{pattern}, std::invalid_argument)
             << testing::PrintToString(pattern);
+    }
 }
 
 TEST(Pattern, KnowsWhichLoopsMayGiveBack) {
     for (std::u16string_view const pattern :
          {u"a+b"sv, u"a*b+c"sv, u"\\s*\\("sv, u"[^)]+\\)"sv, u"[^,]+,([^)]+)\\)"sv, u"\\d+"sv,
-          u"a?b"sv, u"ab?"sv, u"a+.?"sv})
+          u"a?b"sv, u"ab?"sv, u"a+.?"sv}) {
         EXPECT_TRUE(kx::Pattern(pattern).isOnePass()) << testing::PrintToString(pattern);
+    }
     for (std::u16string_view const pattern :
-         {u"a+a"sv, u".*b"sv, u"a?a"sv, u"\\d+.?b"sv, u"[^)]+,"sv, u"a+A"sv, u"(a+|b)ab"sv})
+         {u"a+a"sv, u".*b"sv, u"a?a"sv, u"\\d+.?b"sv, u"[^)]+,"sv, u"a+A"sv, u"(a+|b)ab"sv}) {
         EXPECT_FALSE(kx::Pattern(pattern).isOnePass()) << testing::PrintToString(pattern);
+    }
 }
 
 TEST(Pattern, RecognisesCalls) {
@@ -47,9 +50,10 @@ TEST(Pattern, RecognisesCalls) {
     EXPECT_EQ(kx::calledNames(kx::Pattern(u"Log10\\s*\\(([^)]+)\\)")), Names{"LOG10"});
     for (std::u16string_view const pattern :
          {u"\\s*\\("sv, u"IF\\("sv, u"IF\\s+\\("sv, u"I.F\\s*\\("sv, u"I F\\s*\\("sv, u"IF\\s*x"sv,
-          u"IF|ELSE\\s*\\("sv, u"I+F\\s*\\("sv})
+          u"IF|ELSE\\s*\\("sv, u"I+F\\s*\\("sv}) {
         EXPECT_EQ(kx::calledNames(kx::Pattern(pattern)), std::nullopt)
             << testing::PrintToString(pattern);
+    }
 }
 
 TEST(Pattern, NamesWordsThatEveryMatchHolds) {
@@ -84,8 +88,9 @@ class PatternGenerator {
     std::u16string text() {
         static constexpr auto units = u"aaabbAB11^( )\n\u2028\u00a0\u00e9"sv;
         std::u16string result;
-        for (std::size_t length = below(24); length > 0; --length)
+        for (std::size_t length = below(24); length > 0; --length) {
             result += units[below(units.size())];
+        }
         return result;
     }
 

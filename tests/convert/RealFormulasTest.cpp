@@ -10,8 +10,9 @@ namespace {
 std::vector<std::u16string> convertAll(std::vector<std::u16string> const& formulas) {
     std::vector<std::u16string> results;
     results.reserve(formulas.size());
-    for (std::u16string const& formula : formulas)
+    for (std::u16string const& formula : formulas) {
         results.push_back(Converter::_convert(formula.c_str()));
+    }
     return results;
 }
 
@@ -33,8 +34,9 @@ TEST(RealFormulas, ConvertEquallyInEightThreadsAtOnce) {
     std::vector<std::vector<std::u16string>> results(8);
     std::vector<std::thread> threads;
     threads.reserve(results.size());
-    for (auto& result : results)
+    for (auto& result : results) {
         threads.emplace_back([&result, &formulas] { result = convertAll(formulas); });
+    }
     for (std::thread& thread : threads) thread.join();
     std::vector<std::u16string> const expected = convertAll(formulas);
     for (auto const& result : results) EXPECT_EQ(result, expected);

@@ -22,9 +22,10 @@ TEST(ReplaceOperator, ReplacesOutsideQuotesOnly) {
              Line{u"'a\\'<>b'<>c", u"<>", u"!=", u"'a\\'<>b'!=c"},
              Line{u"a\\'<>b", u"<>", u"!=", u"a\\'!=b"},
              Line{u"a\\\\'<>b", u"<>", u"!=", u"a\\\\'!=b"},
-         })
+         }) {
         EXPECT_EQ(ConverterPasses::replaceOperator(line.text, line.op, line.replacement),
                   line.expected);
+    }
 }
 
 TEST(ReplaceOperator, StopsBeforeTheLastPlaceWhereTheOperatorFits) {
@@ -39,9 +40,10 @@ TEST(ReplaceOperator, StopsBeforeTheLastPlaceWhereTheOperatorFits) {
              Line{u"**a**b", u"**", u"^", u"^a**b"},
              Line{u"**ab**c", u"**", u"^", u"^ab^c"},
              Line{u"**ab**", u"**", u"^", u"^ab**"},
-         })
+         }) {
         EXPECT_EQ(ConverterPasses::replaceOperator(line.text, line.op, line.replacement),
                   line.expected);
+    }
 }
 
 TEST(ReplaceOperator, SkipsTheUnitAfterAReplacement) {
@@ -53,9 +55,10 @@ TEST(ReplaceOperator, SkipsTheUnitAfterAReplacement) {
              Line{u"\\'a\\b", u"\\", u"/", u"/'a/b"},
              // With a shorter replacement two units are skipped.
              Line{u"**'a**b", u"**", u"^", u"^'a^b"},
-         })
+         }) {
         EXPECT_EQ(ConverterPasses::replaceOperator(line.text, line.op, line.replacement),
                   line.expected);
+    }
 }
 
 TEST(ReplaceOperator, ComparesCaseAndWholeOperators) {

@@ -36,8 +36,9 @@ TEST(SpellingPass, KnowsEveryNameOfTheCatalogues) {
         for (KxJsFunction const& function : build()) {
             std::u16string const& name = function.getName();
             std::u16string lower = name;
-            for (char16_t& unit : lower)
+            for (char16_t& unit : lower) {
                 if (unit >= u'A' && unit <= u'Z') unit += 32;
+            }
             EXPECT_EQ(spelling(lower + u" (x)"), name + u"(x)");
         }
     }

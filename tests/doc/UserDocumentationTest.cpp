@@ -17,9 +17,10 @@ TEST(UserDocumentation, AsADocument) {
 TEST(UserDocumentation, WithoutExamplesHasTheFragmentsWithoutThem) {
     std::u16string const html = kx::userDocumentation(true, false);
     EXPECT_EQ(html.find(u"<i>Example :</i>"), std::u16string::npos);
-    for (KxJsFunction const& function : buildStringFunctions())
+    for (KxJsFunction const& function : buildStringFunctions()) {
         EXPECT_NE(html.find(function.toHtmlFragment(false)), std::u16string::npos)
             << testing::PrintToString(function.getName());
+    }
 }
 
 TEST(UserDocumentation, ToBeEmbeddedIsTheBodyOfTheDocument) {
@@ -35,9 +36,11 @@ TEST(UserDocumentation, ToBeEmbeddedIsTheBodyOfTheDocument) {
 
 TEST(UserDocumentation, AsOnePagePerFunctionInTheOrderOfTheCatalogues) {
     std::vector<std::pair<std::u16string, std::u16string>> expected;
-    for (auto const& build : {buildMathFunctions, buildStringFunctions, buildMiscFunctions})
-        for (KxJsFunction const& function : build())
+    for (auto const& build : {buildMathFunctions, buildStringFunctions, buildMiscFunctions}) {
+        for (KxJsFunction const& function : build()) {
             expected.emplace_back(function.getName(), function.toHtmlPage());
+        }
+    }
     EXPECT_EQ(kx::userDocumentationPages(), expected);
 }
 

@@ -70,7 +70,7 @@ TEST_P(InterruptibleBuiltins, areLikeTheEnginesOwn) {
     int differences = 0;
     for (std::size_t i = 0; i < std::min(expected.size(), actual.size()); ++i) {
         if (actual[i] == expected[i]) continue;
-        ADD_FAILURE() << actual[i] << "\nwhere the engine says\n" << expected[i];
+        ADD_FAILURE() << actual[i] << "\nwhere V8 says\n" << expected[i];
         if (++differences == 20) break;
     }
 }

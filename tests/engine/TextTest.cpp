@@ -12,9 +12,9 @@ TEST(Text, convertsThereAndBack) {
     v8::HandleScope const handles(v8::Isolate::GetCurrent());
     for (std::u16string const text :
          {u"", u"a", u"Grüße", u"中文", u"\U0001F600", u"\xD800 lone", u"\xDC00"}) {
-        v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
-        EXPECT_EQ(engineText->Length(), static_cast<int>(text.size()));
-        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), text);
+        v8::Local<v8::String> const v8Text = KxJsParser::_convertStdStringToV8String(text);
+        EXPECT_EQ(v8Text->Length(), static_cast<int>(text.size()));
+        EXPECT_EQ(KxJsParser::_convertV8StringToStdString(v8Text), text);
     }
 }
 
@@ -22,9 +22,9 @@ TEST(Text, endsAtTheFirstZero) {
     ScriptHost host;
     v8::HandleScope const handles(v8::Isolate::GetCurrent());
     std::u16string const text(u"ab\0cd", 5);
-    v8::Local<v8::String> const engineText = KxJsParser::_convertStdStringToV8String(text);
-    EXPECT_EQ(engineText->Length(), 5);
-    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(engineText), u"ab");
+    v8::Local<v8::String> const v8Text = KxJsParser::_convertStdStringToV8String(text);
+    EXPECT_EQ(v8Text->Length(), 5);
+    EXPECT_EQ(KxJsParser::_convertV8StringToStdString(v8Text), u"ab");
 }
 
 TEST(Text, isEmptyForAnEmptyHandle) {
@@ -69,7 +69,7 @@ TEST(Text, hasNoEngineStringBeyondItsLimit) {
     // Refused by its length alone, before a single unit is read.
     char16_t const unit = u'x';
     std::u16string_view const text(&unit, static_cast<std::size_t>(v8::String::kMaxLength) + 1);
-    EXPECT_TRUE(kx::toEngineString(v8::Isolate::GetCurrent(), text).IsEmpty());
+    EXPECT_TRUE(kx::toV8String(v8::Isolate::GetCurrent(), text).IsEmpty());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What the parser accepts is JavaScript, and means the same. Compared with the engine, in formulas
+// What the parser accepts is JavaScript, and means the same. Compared with V8, in formulas
 // made of tokens at random: most of those are damaged, which is the point.
 #include <array>
 #include <gtest/gtest.h>

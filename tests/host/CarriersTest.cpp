@@ -14,13 +14,13 @@ class Carriers : public testing::Test {
     std::u16string read(v8::Local<v8::Object> carrier) {
         return kx::textOfValue(
             isolate_, context_,
-            carrier->Get(context_, kx::toEngineString(isolate_, u"value")).ToLocalChecked());
+            carrier->Get(context_, kx::toV8String(isolate_, u"value")).ToLocalChecked());
     }
 
     static v8::Local<v8::ObjectTemplate> makeShape(v8::Isolate* isolate) {
         v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate);
         shape->SetInternalFieldCount(1);
-        kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toEngineString(isolate, u"value"),
+        kx::v8compat::setReadOnlyAccessor(isolate, shape, kx::toV8String(isolate, u"value"),
                                           kx::Carriers::accessorGetter);
         return shape;
     }

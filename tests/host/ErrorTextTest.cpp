@@ -42,7 +42,7 @@ TEST(ErrorText, isTheExceptionAloneWithoutAPlace) {
     v8::Context::Scope const entered(context);
     v8::TryCatch capture(isolate);
     capture.SetCaptureMessage(false);
-    isolate->ThrowException(v8::Exception::Error(kx::toEngineString(isolate, u"lost")));
+    isolate->ThrowException(v8::Exception::Error(kx::toV8String(isolate, u"lost")));
     ASSERT_TRUE(capture.HasCaught());
     auto const failure = kx::scriptFailureOf(isolate, context, capture);
     ASSERT_TRUE(failure.has_value());

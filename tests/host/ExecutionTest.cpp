@@ -69,12 +69,13 @@ TEST(Execution, runsAScriptAsOftenAsAsked) {
     ScriptHost host;
     host.eval(u"n = 0");
     std::int32_t const script = host.parse(u"++n");
-    for (int i = 1; i <= 1000; ++i)
+    for (int i = 1; i <= 1000; ++i) {
         ASSERT_EQ(
             host.execute(script).result, std::u16string(u"") + [i] {
                 std::string const digits = std::to_string(i);
                 return std::u16string(digits.begin(), digits.end());
             }());
+    }
 }
 
 TEST(Execution, reportsNotANumber) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "ScriptHost.h"
+#include "support/EngineWords.h"
 
 namespace {
 
@@ -45,7 +46,8 @@ void checkLine(std::string const& place, std::string const& line) {
     }
     auto const at = line.rfind(kExpect);
     ASSERT_NE(at, std::string::npos) << "no expectation";
-    EXPECT_EQ(host.eval(fromUtf8(line.substr(0, at))), fromUtf8(line.substr(at + kExpect.size())));
+    EXPECT_EQ(host.eval(fromUtf8(line.substr(0, at))),
+              fromEnginesMath(fromUtf8(line.substr(at + kExpect.size()))));
 }
 
 class ScriptFile : public testing::TestWithParam<std::string> {};

@@ -99,10 +99,11 @@ TEST(Worker, TellsHowItEnded) {
         EXPECT_EQ(ask(worker, one.request, one.number).outcome, Outcome::ENDED);
         auto const status = worker.endStatus();
         ASSERT_TRUE(status.has_value());
-        if (one.signal != 0)
+        if (one.signal != 0) {
             EXPECT_EQ(WTERMSIG(*status), one.signal);
-        else
+        } else {
             EXPECT_EQ(WEXITSTATUS(*status), one.status);
+        }
         EXPECT_EQ(ask(worker, TestRequest::ECHO).outcome, Outcome::ENDED);
     }
 }

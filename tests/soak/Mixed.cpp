@@ -58,8 +58,9 @@ struct Load {
                 for (auto const& [kind, count] : mine) counts[kind] += count;
             }
             // None where the round was too short for a host.
-            if (auto* const isolate = v8::Isolate::TryGetCurrent())
+            if (auto* const isolate = v8::Isolate::TryGetCurrent()) {
                 isolate->LowMemoryNotification();
+            }
             barrier.arrive_and_wait();  // measured from here
             barrier.arrive_and_wait();  // to here
         }
@@ -100,8 +101,9 @@ int main(int argumentCount, char** arguments) {
     }
     Load load(std::chrono::milliseconds(seconds * 1000 / kRounds));
     std::vector<std::thread> threads;
-    for (unsigned int i = 0; i < kThreads; ++i)
+    for (unsigned int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&load, i] { load.work(i + 1); });
+    }
     std::vector<long> const kilobytes = load.measure();
     for (std::thread& thread : threads) thread.join();
     for (auto const& [kind, count] : load.counts) std::printf("%-18s %9ld\n", kind.c_str(), count);

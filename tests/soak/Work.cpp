@@ -66,10 +66,12 @@ void check(KxJsParser& host, Case const& expected, std::u16string const& source)
 }
 
 void checkOneOfEach(KxJsParser& host) {
-    for (Case const& expected : formulaCases())
+    for (Case const& expected : formulaCases()) {
         check(host, expected, Converter::_convert(std::u16string(expected.source).c_str()));
-    for (Case const& expected : scriptCases())
+    }
+    for (Case const& expected : scriptCases()) {
         check(host, expected, std::u16string(expected.source));
+    }
 }
 
 void useKeptHost() {
@@ -183,8 +185,9 @@ void evaluateColumns() {
     expect(columns.compile(u"PRICE*2+A", error), "a column's formula", error);
     auto const outcome = columns.evaluate(prices.size(), results.data());
     expect(outcome.records == prices.size() && outcome.failures.empty(), "columns", outcome.error);
-    for (std::size_t i = 0; i < prices.size(); ++i)
+    for (std::size_t i = 0; i < prices.size(); ++i) {
         expect(results[i] == static_cast<double>(i) + 5, "a column's value", u"");
+    }
     host.reset();
     bindAll(host);
 }

@@ -5,7 +5,7 @@
 A module is a directory of src, or a directory below one. A file belongs to the deepest module that
 contains it. The table's last column names what a module may include: `name` is a module,
 `module/File.h` a header, "public headers" are those that cmake/KxInstall.cmake installs, and V8
-stands for the engine's headers. A module may include its own headers. A file
+stands for V8's headers. A module may include its own headers. A file
 directly in src may include public headers only.
 """
 
@@ -60,8 +60,8 @@ def inclusions():
 
 def may_use(module, uses, header):
     if header.startswith("<"):
-        engine = re.match(r"<(v8|libplatform/|cppgc/|node)", header)
-        return not engine or "V8" in uses
+        v8_header = re.match(r"<(v8|libplatform/|cppgc/|node)", header)
+        return not v8_header or "V8" in uses
     path = header.strip('"')
     if path in public and "public headers" in uses:
         return True

@@ -1,7 +1,7 @@
-// Loaded into a test program before the engine, it collects all garbage at every call of the
-// library that can make the engine allocate: a handle that the library does not hold rightly is
-// then wrong at once, and not once in a million runs. (The engine's own flag for that,
-// --gc-interval, does nothing in the engines that distributions build.)
+// Loaded into a test program before V8, it collects all garbage at every call of the
+// library that can make V8 allocate: a handle that the library does not hold rightly is
+// then wrong at once, and not once in a million runs. (V8's own flag for that,
+// --gc-interval, does nothing in the V8 that distributions build.)
 #include <dlfcn.h>
 #include <mutex>
 #include <string>

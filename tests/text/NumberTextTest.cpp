@@ -13,19 +13,19 @@
 
 namespace {
 
-/// Compares with the engine's own conversion.
+/// Compares with V8's own conversion.
 class NumberText : public testing::Test {
   protected:
     void expectEnginesText(double number) {
         v8::HandleScope const handles(isolate_);
         std::u16string const expected =
-            kx::fromEngineString(isolate_, v8::Number::New(isolate_, number)
-                                               ->ToString(isolate_->GetCurrentContext())
-                                               .ToLocalChecked());
+            kx::fromV8String(isolate_, v8::Number::New(isolate_, number)
+                                           ->ToString(isolate_->GetCurrentContext())
+                                           .ToLocalChecked());
         std::u16string const text = kx::numberToText(number);
         if (text != expected) {
             ADD_FAILURE() << std::hexfloat << number << " is "
-                          << std::string(text.begin(), text.end()) << ", the engine writes "
+                          << std::string(text.begin(), text.end()) << ", V8 writes "
                           << std::string(expected.begin(), expected.end());
         }
     }

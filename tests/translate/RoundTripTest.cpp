@@ -79,8 +79,9 @@ class Generator {
             case 2:
                 model.kind = NodeKind::call;
                 model.text = oneOf({"LEN", "MAX", "SUBSTR", "NOSUCH"});
-                for (std::size_t i = below(4); i > 0; --i)
+                for (std::size_t i = below(4); i > 0; --i) {
                     model.children.push_back(tree(depth - 1));
+                }
                 return model;
             case 3:
                 model.kind = NodeKind::choice;

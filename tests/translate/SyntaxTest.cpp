@@ -68,12 +68,13 @@ TEST(Syntax, CollectsWhatHasNoTranslation) {
     for (Row const& row : {
              Row{"&X", "MACRO 0+1: a text that is evaluated at run time"},
              {"&(X)", "MACRO 0+1: a text that is evaluated at run time"},
-             {"&X.Y", "SYNTAX 3+1: an operator or the end expected, found \"Y\""},
              {"EVALUATE(X)", "MACRO 0+8: a text that is evaluated at run time"},
              {"{|x| x+1}", "BLOCK 0+1: a code block"},
              {"{||1}", "BLOCK 0+1: a code block"},
              {"{||}", "BLOCK 0+1: a code block"},
              {"A&X", "MACRO 1+1: a text that is evaluated at run time"},
+             {"&X.Y", "MACRO 0+1: a text that is evaluated at run time"},
+             {"&X.AND .T.", "MACRO 0+1: a text that is evaluated at run time"},
              {"&X.1 + 1", "MACRO 0+1: a text that is evaluated at run time"},
              {"A:&X",
               "OBJECT 1+1: a member of an object; "
@@ -123,8 +124,11 @@ TEST(Syntax, RefusesTooDeepTreesAndNoOthers) {
     };
     EXPECT_EQ(findings(chain(500)), "");
     EXPECT_EQ(findings(chain(501)), "SYNTAX 1001+1: formula too deeply nested");
-    std::string const open(1000, '(');
-    EXPECT_EQ(findings(open + "1" + std::string(1000, ')')), "");
+    auto const nested = [](std::size_t levels) {
+        return std::string(levels, '(') + "1" + std::string(levels, ')');
+    };
+    EXPECT_EQ(findings(nested(600)), "");
+    EXPECT_EQ(findings(nested(602)), "SYNTAX 601+0: formula too deeply nested");
 }
 
 TEST(Syntax, LongTextsOfOneKindEndInAFinding) {

@@ -119,8 +119,9 @@ class Batch {
     }
 
     std::string endOf(KxJsColumns::Outcome const& outcome) const {
-        if (!hasTimeLimit() || timeUsed_ < options_.limits.time)
+        if (!hasTimeLimit() || timeUsed_ < options_.limits.time) {
             return utf8FromUtf16(outcome.error);
+        }
         return "The formula was ended: all records together took longer than the time limit of " +
                std::to_string(options_.limits.time.count()) + " ms";
     }

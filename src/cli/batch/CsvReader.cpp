@@ -1,6 +1,5 @@
 #include "cli/batch/CsvReader.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csv.h>

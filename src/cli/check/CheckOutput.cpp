@@ -27,8 +27,9 @@ std::string summaryText(Summary const& summary) {
         std::to_string(summary.count()) + (summary.count() == 1 ? " formula\n" : " formulas\n");
     for (std::size_t i = 0; i < kVerdictCount; ++i) {
         auto const verdict = static_cast<KxJsTranslator::Verdict>(i);
-        if (summary.countOf(verdict) > 0)
+        if (summary.countOf(verdict) > 0) {
             text += row(verdictName(verdict), summary.countOf(verdict));
+        }
     }
     auto const codes = summary.codes();
     if (!codes.empty()) text += "formulas with a finding\n";

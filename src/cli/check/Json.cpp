@@ -2,6 +2,7 @@
 
 #include "cli/check/Summary.h"
 #include "cli/io/Utf8.h"
+#include "text/Surrogates.h"
 
 namespace kx {
 namespace {
@@ -11,9 +12,6 @@ void appendEscape(std::string& json, char16_t unit) {
     json += "\\u";
     for (int shift = 12; shift >= 0; shift -= 4) json += kDigits[(unit >> shift) & 0xF];
 }
-
-bool isHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 void appendMember(std::string& json, std::string_view name, std::u16string_view text) {
     json.append(",\"").append(name).append("\":");
@@ -37,9 +35,9 @@ void appendJson(std::string& json, std::u16string_view text) {
             appendEscape(json, unit);
         } else if (unit < 0x80) {
             json += static_cast<char>(unit);
-        } else if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1])) {
+        } else if (isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
             json += utf8FromUtf16(text.substr(i++, 2));
-        } else if (isHigh(unit) || isLow(unit)) {
+        } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
             appendEscape(json, unit);
         } else {
             json += utf8FromUtf16(text.substr(i, 1));

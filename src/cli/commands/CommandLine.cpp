@@ -63,7 +63,7 @@ ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
     removeGuards(app);
     app.footer(
         "Input and output are UTF-8. Exit status: 0, 1 when a formula failed or an output could\n"
-        "not be written, 2 for wrong usage. Where nobody reads the output, SIGPIPE ends it.");
+        "not be written, 2 for wrong usage. Where nothing reads the output, SIGPIPE ends it.");
     try {
         std::vector<std::string> reversed = guarded(arguments);
         std::reverse(reversed.begin(), reversed.end());  // CLI11 expects the last one first

@@ -67,7 +67,7 @@ ExitStatus runExtract(ExtractOptions const& options) {
 
 void addExtract(CLI::App& app, Command& chosen) {
     CLI::App* const extract =
-        app.add_subcommand("extract", "Print the names that formulas use and nobody defines");
+        app.add_subcommand("extract", "Print the names that formulas use and nothing defines");
     auto const options = std::make_shared<ExtractOptions>();
     addLanguage(*extract, options->language);
     addLimits(*extract, options->limits);

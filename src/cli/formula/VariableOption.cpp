@@ -31,8 +31,9 @@ KxJsVariable parseVariable(VariableOption option, std::string const& assignment)
     }
     if (guess || option == VariableOption::DOUBLE) {
         if (auto const number = numberFrom(value)) return {name, *number};
-        if (!guess)
+        if (!guess) {
             refuse(assignment, "the value is not a decimal number in the range of a double");
+        }
     }
     if (guess || option == VariableOption::BOOLEAN) {
         if (auto const boolean = booleanFrom(value)) return {name, *boolean};

@@ -6,7 +6,6 @@
 #include <optional>
 #include <sys/stat.h>
 #include <system_error>
-#include <utility>
 
 #include "cli/io/Errors.h"
 #include "cli/io/FileDescriptor.h"

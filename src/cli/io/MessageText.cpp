@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 #include "cli/io/Utf8.h"
 #include "text/LineEnd.h"

@@ -47,8 +47,9 @@ std::u16string commonStart(std::vector<std::u16string> const& texts) {
 
 void printCandidates(std::vector<std::u16string> const& candidates) {
     std::u16string row;
-    for (std::u16string const& candidate : candidates)
+    for (std::u16string const& candidate : candidates) {
         row += (row.empty() ? u"" : u"  ") + candidate;
+    }
     printLine(u"\n" + wrap(row, 0, outputWidth()));
     flushOutput();
 }

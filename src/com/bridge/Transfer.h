@@ -31,7 +31,7 @@ BridgeResult guarded(Work const& work) noexcept {
 }
 
 inline BridgeResult send(std::u16string const& text, TextReceiver const& receiver) {
-    return receiver.take(receiver.target, text.c_str());
+    return receiver.receive(receiver.target, text.c_str());
 }
 
 inline BridgeResult sendError(std::u16string const& text, TextReceiver const& receiver) {

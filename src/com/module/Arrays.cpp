@@ -13,7 +13,7 @@ OutArray::~OutArray() {
     if (array_ != nullptr) SafeArrayDestroy(array_);
 }
 
-TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::takeRow}; }
+TableReceiver OutArray::receiver() { return {this, &OutArray::begin, &OutArray::receiveRow}; }
 
 BridgeResult KX_BRIDGE_CALL OutArray::begin(void* target, std::uint32_t rows) {
     auto& self = *static_cast<OutArray*>(target);
@@ -24,9 +24,9 @@ BridgeResult KX_BRIDGE_CALL OutArray::begin(void* target, std::uint32_t rows) {
     return self.array_ != nullptr ? BridgeResult::done : BridgeResult::outOfMemory;
 }
 
-BridgeResult KX_BRIDGE_CALL OutArray::takeRow(void* target, std::uint32_t row,
-                                              char16_t const* const* cells,
-                                              std::uint32_t cellCount) {
+BridgeResult KX_BRIDGE_CALL OutArray::receiveRow(void* target, std::uint32_t row,
+                                                 char16_t const* const* cells,
+                                                 std::uint32_t cellCount) {
     auto& self = *static_cast<OutArray*>(target);
     for (std::uint32_t cell = 0; cell < cellCount; ++cell) {
         BSTR text = makeBstr(cells[cell]);

@@ -33,9 +33,9 @@ class OutArray {
 
   private:
     static BridgeResult KX_BRIDGE_CALL begin(void* target, std::uint32_t rows);
-    static BridgeResult KX_BRIDGE_CALL takeRow(void* target, std::uint32_t row,
-                                               char16_t const* const* cells,
-                                               std::uint32_t cellCount);
+    static BridgeResult KX_BRIDGE_CALL receiveRow(void* target, std::uint32_t row,
+                                                  char16_t const* const* cells,
+                                                  std::uint32_t cellCount);
 
     VARIANT* destination_;
     ArrayShape shape_;

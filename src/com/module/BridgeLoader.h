@@ -6,7 +6,7 @@
 
 namespace kx {
 
-/// Gives the table of the bridge beside this module, which it loads at the first call.
+/// Returns the table of the bridge beside this module, which it loads at the first call.
 /// Fails with the loader's error where the bridge or the library behind it is missing.
 ///
 /// The bridge stays loaded when this module goes: V8 behind it can be started only once

@@ -36,7 +36,7 @@ VARIANTARG* errorVariable(DISPID id, DISPPARAMS const* parameters) {
     return isVariable ? argument : nullptr;
 }
 
-/// Gives `text` to a script variable, or frees it where the variable cannot be overwritten.
+/// Stores `text` in a script variable, or frees it where the variable cannot be overwritten.
 HRESULT assign(VARIANT& variable, BSTR text) {
     HRESULT const cleared = VariantClear(&variable);
     if (FAILED(cleared)) {

@@ -16,6 +16,6 @@ class CKxJsParserDllApp {
         return CLASS_E_CLASSNOTAVAILABLE;
     }
 
-    /// Enters the framework's object factories into the registry, or takes them out.
+    /// Enters the framework's object factories into the registry, or removes them.
     bool updateObjectFactories(bool /*enter*/) { return true; }
 };

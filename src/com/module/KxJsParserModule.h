@@ -19,11 +19,11 @@ class CKxJsParserModule {
     void unlock() { --lockCount_; }
     HRESULT canUnloadNow() const { return lockCount_ == 0 ? S_OK : S_FALSE; }
 
-    /// Gives the class object of one of the module's classes. Fails, with null in `*ppv`, for
+    /// Returns the class object of one of the module's classes. Fails, with null in `*ppv`, for
     /// every other class.
     HRESULT getClassObject(REFCLSID rclsid, REFIID riid, void** ppv);
 
-    /// Enter all classes and the type library into the registry, or take them out. They stop at
+    /// Enter all classes and the type library into the registry, or remove them. They stop at
     /// the first step that fails and return its result.
     HRESULT registerServer();
     HRESULT unregisterServer();

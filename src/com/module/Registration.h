@@ -12,7 +12,7 @@ HRESULT updateApplicationRegistry(RegistryMode mode);
 /// Runs the script of the class KxJsParserX.
 HRESULT updateClassRegistry(RegistryMode mode);
 
-/// Enters the type library, or takes it out: for the current user alone where `perUser` is set.
+/// Enters the type library, or removes it: for the current user alone where `perUser` is set.
 HRESULT updateTypeLibraryRegistry(RegistryMode mode, bool perUser);
 
 }  // namespace kx

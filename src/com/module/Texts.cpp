@@ -19,9 +19,9 @@ OutText::OutText(BSTR* destination) : destination_(destination) {
 
 OutText::~OutText() { SysFreeString(text_); }
 
-TextReceiver OutText::receiver() { return {this, &OutText::take}; }
+TextReceiver OutText::receiver() { return {this, &OutText::receive}; }
 
-BridgeResult KX_BRIDGE_CALL OutText::take(void* target, char16_t const* text) {
+BridgeResult KX_BRIDGE_CALL OutText::receive(void* target, char16_t const* text) {
     auto& self = *static_cast<OutText*>(target);
     SysFreeString(self.text_);
     self.text_ = makeBstr(text);

@@ -35,7 +35,7 @@ class OutText {
     void keep();
 
   private:
-    static BridgeResult KX_BRIDGE_CALL take(void* target, char16_t const* text);
+    static BridgeResult KX_BRIDGE_CALL receive(void* target, char16_t const* text);
 
     BSTR* destination_;
     BSTR text_ = nullptr;

@@ -11,13 +11,13 @@ HRESULT ownTypeLibrary(ITypeLib** library);
 /// releases its own reference. Any thread may call.
 HRESULT interfaceTypeInfo(ITypeInfo** info);
 
-/// Gives the kept description back; for the end of the module.
+/// Releases the kept description; for the end of the module.
 void releaseTypeInfo();
 
 /// Enters the type library into the registry, with this module as its place.
 HRESULT registerTypeLibrary();
 
-/// Takes it out again: for the current user where `perUser` is set and the system can do that.
+/// Removes it again: for the current user where `perUser` is set and the system can do that.
 HRESULT unregisterTypeLibrary(bool perUser);
 
 }  // namespace kx

@@ -1,8 +1,8 @@
-// Puts these functions in the place of the engine's, with the same names, lengths and attributes.
+// Puts these functions in the place of V8's, with the same names, lengths and attributes.
 // Frames of this script are on no stack trace, and its functions' texts are those of native ones.
 // The short way costs a call.
 
-// From here on a call takes long enough for somebody to wait for its end. What the engine does with
+// From here on a call takes long enough to be worth interrupting. What V8 does with
 // fewer elements or characters is over within some seconds, and much faster than step by step.
 const manyElements = 2 ** 25;
 const manyMoves = 2 ** 24;
@@ -23,8 +23,8 @@ const claimedLength = (value) => lengthOf(value, lengthOfNumbers);
 const isLong = (value) => claimedLength(value) > manyElements;
 const isLongToMove = (value) => claimedLength(value) > manyMoves;
 
-// Whether the engine adds it to others at once: what is no array but has a length may be endless when
-// it is read.
+// Whether V8 adds it to others at once: what is no array but has a length may be endless when it is
+// read.
 const isSimpleToAdd = (value) => {
     if (!isObject(value)) return true;
     const length = claimedLength(value);
@@ -158,7 +158,7 @@ const lengthOfText = (value) => {
     return value.toString === toString && value[toPrimitive] === undefined ? text.length : Infinity;
 };
 
-// Whether the engine's table of the pieces of all replacements may overflow, or take long to fill.
+// Whether V8's table of the pieces of all replacements may overflow, or take long to fill.
 const replacesMuch = (text, replacement) => {
     if (text === undefined || text === null) return false;
     const length = lengthOfText(text);

@@ -1,7 +1,7 @@
 // The functions of arrays, for objects that are or claim to be so long that their end is not in
 // sight. Each does the steps that the language prescribes, one by one.
 
-// In what order the engine puts values without a comparator; it does so without looking.
+// In what order V8 puts values without a comparator; it does so without looking.
 const compareTexts = (left, right) => {
     const a = `${left}`;
     const b = `${right}`;
@@ -264,7 +264,7 @@ const longArrays = {
                 isSpread = wanted === undefined ? isArray(item) : !!wanted;
             }
             let length = isSpread ? toLength(item.length) : 1;
-            // So does the engine.
+            // So does V8.
             if (length > 2 ** 32 - 1 && !isArrayObject(item)) length = 0;
             if (to + length > largestLength) throw new TypeErrorOf('Invalid array length');
             if (!isSpread) {

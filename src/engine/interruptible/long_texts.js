@@ -1,4 +1,4 @@
-// The functions of texts, for texts so long that the engine's tables of what was found would not
+// The functions of texts, for texts so long that V8's tables of what was found would not
 // end soon, or overflow.
 
 // What `replacement` stands for, where `match` is one of a regular expression's or of a text's.
@@ -247,8 +247,8 @@ const splitByText = (text, separator, limit) => {
     }
 };
 
-// Converts the case of a text whose result may be longer than a text can be, which the engine does
-// not expect. A piece at a time shows how long it gets.
+// Converts the case of a text whose result may be longer than a text can be, which V8 does not
+// expect. A piece at a time shows how long it gets.
 const convertCase = (text, native, given) => {
     if (text.length * 3 <= longestText) return apply(native, text, given);
     const locales = given.length === 0 ? [] : [getCanonicalLocales(given[0])];
@@ -273,7 +273,7 @@ const countDollars = (text) => {
     return count;
 };
 
-// The object's method for `symbol`, or undefined. The engine's own function says what is wrong with
+// The object's method for `symbol`, or undefined. V8's own function says what is wrong with
 // one that cannot be called.
 const methodOf = (object, symbol, native) => {
     if (object === undefined || object === null) return undefined;

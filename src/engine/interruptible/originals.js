@@ -1,5 +1,5 @@
-// All of the engine's that is used later. It is taken here, while the context is new, because a
-// script may replace it.
+// All of V8's functions that are used later. They are saved while the context is new, because a
+// script may replace them.
 
 const { apply } = Reflect;
 const { defineProperty, getOwnPropertyDescriptor, getPrototypeOf, setPrototypeOf } = Object;

@@ -60,7 +60,7 @@ const speciesCreate = (original, length) => {
     return new constructor(length);
 };
 
-// The engine's own function, on an empty array, says what is wrong with a callback.
+// V8's own function, on an empty array, says what is wrong with a callback.
 const demandCallback = (callback, native) => {
     if (typeof callback !== 'function') apply(native, [], [callback]);
 };

@@ -121,12 +121,12 @@ class Checked {
     bool isOutsideOfTexts(std::u16string_view sign) const {
         std::size_t at = formula_.find(sign);
         for (Node const& node : tree_.nodes) {
-            if (at == formula_.npos) return false;
+            if (at == std::u16string_view::npos) return false;
             if (node.kind != NodeKind::text || node.place.end <= at) continue;
             if (at < node.place.start) return true;
             at = formula_.find(sign, node.place.end);
         }
-        return at != formula_.npos;
+        return at != std::u16string_view::npos;
     }
 
     bool hasComment() const {
@@ -176,7 +176,7 @@ class Checked {
         return std::any_of(tree_.nodes.begin(), tree_.nodes.end(), [this](Node const& node) {
             return node.kind == NodeKind::text &&
                    formula_.substr(node.sign.start, node.sign.end - node.sign.start)
-                           .find_first_of(u"()") != formula_.npos;
+                           .find_first_of(u"()") != std::u16string_view::npos;
         });
     }
 

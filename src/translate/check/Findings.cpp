@@ -108,7 +108,7 @@ class Finder {
         std::u16string_view const digits = written(node.place);
         std::size_t const count = std::min(digits.find_first_not_of(u"0123456789"), digits.size());
         if (count < 2 || digits[0] != u'0') return;
-        bool const isOctal = digits.substr(0, count).find_first_of(u"89") == digits.npos;
+        bool const isOctal = digits.substr(0, count).find_first_of(u"89") == std::u16string_view::npos;
         bool const isChanged =
             digits.substr(0, count).find_first_not_of(u'0') < count - 1 || count < digits.size();
         if (isOctal && isChanged) add(Code::leadingZero, index, node.place);
@@ -121,7 +121,7 @@ class Finder {
             return;
         }
         std::u16string_view const content = written(node.sign);
-        if (content.find(u'\\') != content.npos || node.isEscaped) {
+        if (content.find(u'\\') != std::u16string_view::npos || node.isEscaped) {
             add(Code::textBackslash, index, node.place);
         }
         std::u16string folded(1, source_[node.place.start]);
@@ -179,7 +179,7 @@ class Finder {
         std::u16string_view const sign = written(node.sign);
         bool const isWord = sign != u"!";
         bool const isConverted = isWord && hasBlanksAround(node.sign) &&
-                                 sign.find_first_of(u" \t\u00A0") == sign.npos &&
+                                 sign.find_first_of(u" \t\u00A0") == std::u16string_view::npos &&
                                  !position.isBehindNegation;
         if (isWord && !isConverted) add(Code::notPlace, index, node.sign);
         bool const isPower = operand.kind == NodeKind::binary && operand.op == Operator::power;
@@ -209,7 +209,7 @@ class Finder {
                 break;
             case Operator::logicalAnd:
             case Operator::logicalOr:
-                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != sign.npos) {
+                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != std::u16string_view::npos) {
                     add(Code::logicBlanks, index, node.sign);
                 }
                 break;
@@ -262,7 +262,7 @@ class Finder {
         auto const isPlain = [this](Node const& number) {
             std::u16string_view const digits = written(number.place);
             return number.kind == NodeKind::number && !number.isParenthesized &&
-                   isDigit(digits[0]) && digits.find_first_not_of(u"0123456789.") == digits.npos;
+                   isDigit(digits[0]) && digits.find_first_not_of(u"0123456789.") == std::u16string_view::npos;
         };
         if (!isPlain(left) || !isPlain(right)) return false;
         std::uint32_t const start = left.place.start;

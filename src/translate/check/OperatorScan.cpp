@@ -12,11 +12,11 @@ constexpr auto kLiteralRules =
 }  // namespace
 
 OperatorScan::OperatorScan(std::u16string_view formula)
-    : formula_(formula), hasQuotes_(formula.find_first_of(u"\"'") != formula.npos) {
+    : formula_(formula), hasQuotes_(formula.find_first_of(u"\"'") != std::u16string_view::npos) {
     if (!hasQuotes_) return;
     isReplaced_.resize(formula.size());
     for (std::u16string_view const op : kLiteralRules) {
-        if (formula.find(op) != formula.npos) scanFor(op);
+        if (formula.find(op) != std::u16string_view::npos) scanFor(op);
     }
 }
 

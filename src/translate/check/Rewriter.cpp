@@ -213,7 +213,7 @@ Rewriter::Part Rewriter::renderContained(Node const& node) {
 /// The beginning of a text that is as long as `right`.
 Rewriter::Part Rewriter::renderLeading(std::u16string const& text, Node const& right) {
     TextLength const length = textLength(tree_, right);
-    NodeIndex const index = static_cast<NodeIndex>(&right - tree_.nodes.data());
+    auto const index = static_cast<NodeIndex>(&right - tree_.nodes.data());
     std::u16string const count = length.least == length.most ? numberText(length.least)
                                                              : u"LEN(" + render(index).text + u")";
     return operandPart(u"LEFT(" + text + u"," + count + u")");

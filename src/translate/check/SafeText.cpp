@@ -76,7 +76,7 @@ std::u16string write(std::u16string_view text, std::size_t splitBehind, Parenthe
 
 /// Whether the conversion leaves each literal as it is, seen alone.
 bool doLiteralsSurvive(std::u16string_view sum) {
-    for (std::size_t open = sum.find(u'"'); open != sum.npos;) {
+    for (std::size_t open = sum.find(u'"'); open != std::u16string_view::npos;) {
         std::size_t const close = sum.find(u'"', open + 1);
         std::u16string const literal(sum.substr(open, close + 1 - open));
         if (Converter::_convert(literal.c_str()) != literal) return false;

@@ -27,7 +27,7 @@ int destroyed = 0;
 kx::BridgeParser* anyParser() { return reinterpret_cast<kx::BridgeParser*>(&made); }
 
 BridgeResult text(TextReceiver const& receiver) {
-    BridgeResult const taken = receiver.take(receiver.target, u"text");
+    BridgeResult const taken = receiver.receive(receiver.target, u"text");
     return taken == BridgeResult::done ? next : taken;
 }
 

@@ -76,7 +76,7 @@ void oneRequestFromEndToEnd() {
     CHECK_EQUAL(L"", executed.error.text());
 }
 
-void newObjectHasAnEngineButNoFunctions() {
+void newObjectHasAContextButNoFunctions() {
     Parser const parser = createParser();
     CHECK_EQUAL(L"2", evaluate(parser, L"1+1"));
     CHECK(startsWith(evaluate(parser, L"LEN('ABC')"),
@@ -240,7 +240,7 @@ void indicesOutsideTheStoreAreTexts() {
     CHECK_EQUAL(L"1", execute(parser, 0).result.text());
 }
 
-void resetStartsOverWithTheSameEngine() {
+void resetStartsOverWithTheSameContext() {
     Parser const parser = createInitializedParser();
     setLong(parser, L"A", 5);
     CHECK_EQUAL(L"5", evaluate(parser, L"kept = A"));
@@ -303,7 +303,7 @@ int main() {
     registerServer();
     return runCases(
         {{"one request from end to end", oneRequestFromEndToEnd},
-         {"a new object has an engine but no functions", newObjectHasAnEngineButNoFunctions},
+         {"a new object has a context but no functions", newObjectHasAContextButNoFunctions},
          {"initialize may be called again", initializeMayBeCalledAgain},
          {"objects are apart", objectsAreApart},
          {"variables are found by their exact names", variablesAreFoundByTheirExactNames},
@@ -318,7 +318,7 @@ int main() {
          {"run errors are texts", runErrorsAreTexts},
          {"results that are no number are reported", resultsThatAreNoNumberAreReported},
          {"indices outside the store are texts", indicesOutsideTheStoreAreTexts},
-         {"reset starts over with the same engine", resetStartsOverWithTheSameEngine},
+         {"reset starts over with the same context", resetStartsOverWithTheSameContext},
          {"formulas are converted", formulasAreConverted},
          {"documentation flags are strict", documentationFlagsAreStrict},
          {"methods without state work before initialize",

@@ -1,4 +1,4 @@
-// Apartments: each thread with an engine of its own, and calls from other threads' apartments.
+// Apartments: each thread with an isolate of its own, and calls from other threads' apartments.
 
 #include <memory>
 #include <stdexcept>
@@ -86,7 +86,7 @@ void objectsMayBeForgottenByTheirThread() {
         Thread([] {
             Apartment const apartment;
             Parser const parser = createInitializedParser();
-            parser->AddRef();  // and nobody gives it back
+            parser->AddRef();  // and never released
             CHECK_EQUAL(L"2", evaluate(parser, L"1+1"));
         }).join();
     }

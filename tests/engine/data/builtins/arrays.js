@@ -177,7 +177,7 @@ var most = Number.MAX_SAFE_INTEGER;
     note('longest ' + text(one), function () { return Array.prototype[one[0]].apply(huge, one.slice(1)); }, huge);
 });
 
-// More elements than the engine's own functions are left to.
+// More elements than V8's own functions are left to.
 var sparse = function () {
     var made = [];
     made[2 ** 25 + 3] = 'last';

@@ -125,7 +125,7 @@ var dollars = '$&'.repeat(3000);
 lines.push('aXbX'.repeat(500).replace(/X/g, dollars).length);
 lines.push('aXbX'.repeat(500).replaceAll('X', dollars).length);
 
-// More characters than the engine's own functions are left to.
+// More characters than V8's own functions are left to.
 var long = 'ab----------'.repeat(1400000);
 lines.push(long.replace('b', 'X').slice(0, 9), long.replace(/b/g, '[$&]').slice(-15));
 lines.push(long.replaceAll('b', 'XY').length);
