@@ -15,6 +15,10 @@ namespace kx::translate {
 /// Trees may be so high; functions that call themselves for each child are safe.
 inline constexpr std::uint16_t kMostHeight = 500;
 
+/// Parentheses, signs and calls may be nested so deep: with what a level takes of the stack, that
+/// is little more than half a megabyte.
+inline constexpr std::uint32_t kMostNesting = 600;
+
 /// Something in a formula that the translation has no JavaScript for.
 struct Untranslatable {
     std::u16string_view code;
@@ -33,6 +37,8 @@ class Parser {
     std::optional<SyntaxError> parse();
 
   private:
+    using Type = Token::Type;
+
     /// A node, and its place with the parentheses around it.
     struct Operand {
         NodeIndex node = kNoNode;
@@ -65,13 +71,13 @@ class Parser {
     [[gnu::noinline]] Operand object(Token const& token);
     Operand nameOrCall(Token const& word);
     Operand call(Token const& name);
-    Children arguments(Token::Type closing);
+    Children arguments(Type closing);
     // Functions that call themselves by way of others have small frames; what needs large ones is
     // kept out of them.
     [[gnu::noinline]] Operand name(Token const& first);
     [[gnu::noinline]] Operand finishCall(Token const& name, Children const& children);
     [[gnu::noinline]] Operand omittedArgument();
-    [[gnu::noinline]] void closeArguments(Token::Type closing);
+    [[gnu::noinline]] void closeArguments(Type closing);
     [[gnu::noinline]] Operand typeOf(Token const& name, Children const& arguments);
     [[gnu::noinline]] Operand leaf(Token const& token, NodeKind kind);
     Operand binary(Operand const& left, Token const& sign);
@@ -79,9 +85,9 @@ class Parser {
 
     Token peek();
     void take(Token const& token);
-    bool takeIf(Token::Type type);
+    bool takeIf(Type type);
     Token expectName(std::u16string_view where);
-    void expect(Token::Type type, std::u16string_view sign);
+    void expect(Type type, std::u16string_view sign);
     void append(Children& children, Operand const& child);
     [[gnu::noinline]] Operand add(Node node, Children const& children, std::uint32_t start);
     [[gnu::noinline]] Operand addUntranslatable(std::u16string_view code, std::u16string_view text,

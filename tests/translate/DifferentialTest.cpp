@@ -253,7 +253,8 @@ TEST(Differential, VerdictsAndRewritingsAgreeWithRuns) {
                 ++sameValues;
                 if (!isEqual) {
                     ++wrongSameCount;
-                    wrongSame += formula + ": " + meant + ", not " + converted + '\n';
+                    wrongSame.append(formula).append(": ").append(meant);
+                    wrongSame.append(", not ").append(converted).append("\n");
                 }
             }
             if (!check.rewrite.empty()) {
@@ -263,8 +264,9 @@ TEST(Differential, VerdictsAndRewritingsAgreeWithRuns) {
                 ++rewrittenValues;
                 if (result != meant) {
                     ++wrongRewrittenCount;
-                    wrongRewritten += formula + " => " + kx::test::toUtf8(check.rewrite) + ": " +
-                                      meant + ", not " + result + '\n';
+                    wrongRewritten.append(formula).append(" => ");
+                    wrongRewritten.append(kx::test::toUtf8(check.rewrite)).append(": ");
+                    wrongRewritten.append(meant).append(", not ").append(result).append("\n");
                 }
             }
         }

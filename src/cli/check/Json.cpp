@@ -28,19 +28,20 @@ void appendJson(std::string& json, std::u16string_view text) {
     json += '"';
     for (std::size_t i = 0; i < text.size(); ++i) {
         char16_t const unit = text[i];
+        bool const isPair =
+            isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
+        bool const isHalf = !isPair && (isHighSurrogate(unit) || isLowSurrogate(unit));
         if (unit == u'"' || unit == u'\\') {
             json += '\\';
             json += static_cast<char>(unit);
-        } else if (unit < u' ' || unit == u'<' || unit == u'\u2028' || unit == u'\u2029') {
+        } else if (unit < u' ' || unit == u'<' || unit == u'\u2028' || unit == u'\u2029' ||
+                   isHalf) {
             appendEscape(json, unit);
         } else if (unit < 0x80) {
             json += static_cast<char>(unit);
-        } else if (isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            json += utf8FromUtf16(text.substr(i++, 2));
-        } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
-            appendEscape(json, unit);
         } else {
-            json += utf8FromUtf16(text.substr(i, 1));
+            json += utf8FromUtf16(text.substr(i, isPair ? 2 : 1));
+            if (isPair) ++i;
         }
     }
     json += '"';
@@ -48,17 +49,17 @@ void appendJson(std::string& json, std::u16string_view text) {
 
 std::string jsonOf(std::u16string const& formula, std::size_t line,
                    KxJsTranslator::Check const& check) {
-    std::string json = "{\"line\":" + std::to_string(line);
+    std::string json = R"({"line":)" + std::to_string(line);
     appendMember(json, "formula", formula);
-    json.append(",\"verdict\":\"").append(verdictName(check.verdict)).append("\"");
+    json.append(R"(,"verdict":")").append(verdictName(check.verdict)).append("\"");
     appendMember(json, "javaScript", check.javaScript);
     appendMember(json, "rewrite", check.rewrite);
-    json += ",\"findings\":[";
+    json += R"(,"findings":[)";
     bool isFirst = true;
     for (KxJsTranslator::Damage const& damage : check.damages) {
         if (!isFirst) json += ',';
         isFirst = false;
-        json += "{\"code\":";
+        json += R"({"code":)";
         appendJson(json, damage.code);
         appendMember(json, "position", damage.position);
         appendMember(json, "length", damage.length);
