@@ -54,8 +54,8 @@ class Collector final : public benchmark::BenchmarkReporter {
     void ReportRuns(std::vector<Run> const& runs) override {
         for (Run const& run : runs) {
             if (run.run_type != Run::RT_Iteration) continue;
-            if (run.error_occurred) {
-                throw std::runtime_error(run.benchmark_name() + ": " + run.error_message);
+            if (run.iterations == 0) {
+                throw std::runtime_error(run.benchmark_name() + " was not measured");
             }
             Measurement const& of = *measurements_.at(run.run_name.function_name);
             double const pieces =

@@ -5,6 +5,7 @@
 
 #include <v8.h>
 
+#include "engine/V8Compat.h"
 #include "peers/Peers.h"
 
 namespace bench {
@@ -85,7 +86,8 @@ class RawV8 final : public Peer {
         values_.resize(formula.variables.size());
         v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate_);
         shape->SetInternalFieldCount(1);
-        shape->SetAccessor(v8::String::NewFromUtf8Literal(isolate_, "ouraccessor"), readVariable);
+        kx::v8compat::setReadOnlyAccessor(
+            isolate_, shape, v8::String::NewFromUtf8Literal(isolate_, "ouraccessor"), readVariable);
         shape_.Reset(isolate_, shape);
         context_.Reset(isolate_, v8::Context::New(isolate_, nullptr, shape));
         v8::Context::Scope const entered(context_.Get(isolate_));

@@ -22,19 +22,6 @@ void leaveWebAssemblyOut() {
 #endif
 }
 
-void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
-                         v8::Local<v8::ObjectTemplate> target, v8::Local<v8::String> name,
-                         v8::AccessorNameGetterCallback getter) {
-#if V8_MAJOR_VERSION >= 12
-    // Without a setter, a script could put a value in the property's place.
-    target->SetNativeDataProperty(name, getter,
-                                  [](v8::Local<v8::Name> /*name*/, v8::Local<v8::Value> /*value*/,
-                                     v8::PropertyCallbackInfo<void> const& /*info*/) {});
-#else
-    target->SetAccessor(v8::Local<v8::Name>(name), getter);
-#endif
-}
-
 void writeCodeUnits(v8::Isolate* isolate, v8::Local<v8::String> text, char16_t* target) {
     auto* const units = reinterpret_cast<std::uint16_t*>(target);
 #if V8_MAJOR_VERSION >= 14

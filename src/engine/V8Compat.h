@@ -31,8 +31,18 @@ bool isV8Running();
 void leaveWebAssemblyOut();
 
 /// A template property that scripts can read and not write.
-void setReadOnlyAccessor(v8::Isolate* isolate, v8::Local<v8::ObjectTemplate> target,
-                         v8::Local<v8::String> name, v8::AccessorNameGetterCallback getter);
+inline void setReadOnlyAccessor([[maybe_unused]] v8::Isolate* isolate,
+                                v8::Local<v8::ObjectTemplate> target, v8::Local<v8::String> name,
+                                v8::AccessorNameGetterCallback getter) {
+#if V8_MAJOR_VERSION >= 12
+    // Without a setter, a script could put a value in the property's place.
+    target->SetNativeDataProperty(name, getter,
+                                  [](v8::Local<v8::Name> /*name*/, v8::Local<v8::Value> /*value*/,
+                                     v8::PropertyCallbackInfo<void> const& /*info*/) {});
+#else
+    target->SetAccessor(v8::Local<v8::Name>(name), getter);
+#endif
+}
 
 /// The aligned pointer in the internal field `index` of `object`; null where none was ever set and
 /// the object is no global object.
