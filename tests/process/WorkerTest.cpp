@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/wait.h>
+#include <system_error>
 #include <thread>
 
 #include "process/ChannelMemory.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <regex>
 #include <string>
 
@@ -18,9 +19,9 @@ struct EngineWording {
     wchar_t const* older;
 };
 
-inline constexpr EngineWording kEngineWordings[] = {
-    {11, 3, L"(Unexpected identifier) '[^']*'", L"$1"},
-    {11, 3, L"(Invalid count value): -1", L"$1"},
+inline constexpr std::array kEngineWordings{
+    EngineWording{11, 3, L"(Unexpected identifier) '[^']*'", L"$1"},
+    EngineWording{11, 3, L"(Invalid count value): -1", L"$1"},
 };
 
 /// `result`, which the documentation states, as Math.pow of the engine under test gives it.
