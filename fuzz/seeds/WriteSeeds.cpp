@@ -135,6 +135,17 @@ void addChannelWords(Seeds& seeds) {
     }
 }
 
+/// Choices at random, two bytes each.
+void addChoices(Seeds& seeds) {
+    constexpr std::size_t kLength = 800;
+    std::mt19937 random(1);
+    for (int seed = 0; seed < 40; ++seed) {
+        std::string choices;
+        while (choices.size() < kLength) choices += static_cast<char>(random() & 0xFF);
+        seeds.add({choices});
+    }
+}
+
 void writeAll(fs::path const& top) {
     Seeds convert(top, "convert");
     Seeds run(top, "run");
@@ -165,6 +176,8 @@ void writeAll(fs::path const& top) {
     addFiles(csv);
     Seeds channel(top, "channel");
     addChannelWords(channel);
+    Seeds native(top, "native");
+    addChoices(native);
 }
 
 }  // namespace

@@ -35,8 +35,10 @@ ColumnFormula::ColumnFormula(InProcessHost& host, std::u16string source,
 std::optional<ColumnBindings> ColumnFormula::bindings(v8::Local<v8::Context> context,
                                                       std::vector<Column> const& columns) const {
     if (!expression_) return std::nullopt;
+    // A script may have put a function in a member's place that reads a column's global.
+    if (host_.hadEffects() && expression_->usesMembers) return std::nullopt;
     v8::HandleScope const handles(context->GetIsolate());
-    if (!areKeysAsBound(context)) return std::nullopt;
+    if (host_.hadEffects() && !areKeysAsBound(context)) return std::nullopt;
     bool callsBuiltIns = false;
     auto const& library = host_.record()->libraryScript();
     int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
@@ -59,7 +61,8 @@ std::optional<ColumnBindings> ColumnFormula::bindings(v8::Local<v8::Context> con
             bindings.evaluating.push_back(name);
         }
     }
-    if (callsBuiltIns && !areBuiltInsAsMade(context, libraryId)) return std::nullopt;
+    if (callsBuiltIns && host_.hadEffects() && !areBuiltInsAsMade(context, libraryId))
+        return std::nullopt;
     return bindings;
 }
 

@@ -101,7 +101,7 @@ KxJsColumns::Outcome InProcessColumns::evaluate(std::size_t count, ColumnResults
     } else if (host_.limits().isRefused()) {
         outcome.error = host_.limits().refusalText();
     }
-    if (!outcome.error.empty()) return outcome;
+    if (!outcome.error.empty() || !host_.makeContext(outcome.error)) return outcome;
     v8::HandleScope const handles(host_.isolate());
     v8::Context::Scope const entered(host_.context());
     LimitedRun const run(host_.limits());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,16 +12,16 @@ namespace kx {
 /// Where such an expression stands makes no difference, so it may become a function's body.
 struct PureExpression {
     struct Name {
-        std::u16string_view text;
-        bool isCalled;  ///< stands before a parenthesis wherever it stands
+        std::u16string text;
+        bool isCalled;  ///< is called wherever it stands
     };
 
-    std::u16string_view text;  ///< the source without a final semicolon
+    std::u16string text;       ///< the expression without what stands around it
     std::vector<Name> names;   ///< every name that the scope has to resolve, once
+    bool usesMembers = false;  ///< calls methods, or functions that call some
 };
 
-/// Nothing where the look at `source`, token by token, finds anything that is not known to be
-/// harmless. That `source` compiles as a script has to be found out elsewhere.
+/// Nothing where anything in `source` is not known to be harmless.
 std::optional<PureExpression> pureExpression(std::u16string_view source);
 
 }  // namespace kx

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "engine/Text.h"
+#include "host/KeyNames.h"
 #include "host/SeenText.h"
 
 namespace kx {
@@ -77,6 +78,35 @@ v8::Local<v8::Value> BoundVariable::value(v8::Isolate* isolate) {
         }
     });
     return result;
+}
+
+Value BoundVariable::nativeValue() const {
+    switch (variable_.getType()) {
+        case KxJsVariable::TYPE_OF_VAR_LONG:
+            return Value::of(static_cast<double>(variable_.getLongValue()));
+        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
+            return Value::of(variable_.getDoubleValue());
+        case KxJsVariable::TYPE_OF_VAR_STRING:
+            return Value::of(seenText(variable_._mStrValue));
+        default:
+            return Value::of(variable_.getBooleanValue());
+    }
+}
+
+bool BoundVariable::isPlain() {
+    if (!isPlain_) isPlain_ = isPlainKey(key());
+    return *isPlain_;
+}
+
+void BoundVariable::keepValue(Value const& value) {
+    kept_ = value;
+    if (value.isText()) keptText_.assign(value.text);
+}
+
+v8::Local<v8::Value> BoundVariable::keptValue(v8::Isolate* isolate) const {
+    if (kept_.isText()) return toV8String(isolate, keptText_);
+    if (kept_.isNumber()) return v8::Number::New(isolate, kept_.number);
+    return v8::Boolean::New(isolate, kept_.number != 0);
 }
 
 bool BoundVariable::areLastUnits(std::u16string_view units) const {

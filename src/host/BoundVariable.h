@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -7,6 +8,7 @@
 
 #include "engine/PersistentHandle.h"
 #include "host/KxJsVariable.h"
+#include "native/Value.h"
 
 namespace kx {
 
@@ -39,6 +41,27 @@ class BoundVariable {
     /// The same value as a handle.
     v8::Local<v8::Value> value(v8::Isolate* isolate);
 
+    /// The same value for formulas that run without V8. Its text is the variable's own.
+    Value nativeValue() const;
+
+    std::u16string const& key() const { return variable_._mKey; }
+    /// isPlainKey() of it.
+    bool isPlain();
+
+    /// What DeferredEffects and scripts have to know of the variable's globals.
+    struct Globals {
+        bool hasCarrier = false;  // which may be another object's name by now, after scripts
+        bool isCarrierPending = false;
+        bool isAssignmentPending = false;
+    };
+    Globals& globals() { return globals_; }
+
+    /// Keeps nativeValue() until keptValue() is asked for.
+    /// @{
+    void keepValue(Value const& value);
+    v8::Local<v8::Value> keptValue(v8::Isolate* isolate) const;
+    /// @}
+
   private:
     /// Calls `use` with a std::int32_t, a double, a bool or a handle of V8's string.
     template <class Use>
@@ -54,6 +77,10 @@ class BoundVariable {
     PersistentHandle<v8::String> carrierName_;
     std::u16string lastUnits_;               // of the text that was read last
     PersistentHandle<v8::String> lastText_;  // what scripts see of it, or empty
+    std::optional<bool> isPlain_;            // once asked for
+    Globals globals_;
+    Value kept_;
+    std::u16string keptText_;
 };
 
 }  // namespace kx

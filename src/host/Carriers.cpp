@@ -34,6 +34,16 @@ v8::Local<v8::Object> Carriers::make(v8::Local<v8::Context> context,
     return carrier;
 }
 
+// One that cannot be made shows when a script runs: the prologue finds no such name.
+void Carriers::define(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
+                      BoundVariable& variable) {
+    v8::Local<v8::Object> const carrier = make(context, shape, variable);
+    v8::Local<v8::String> const name = variable.carrierName(context->GetIsolate());
+    if (carrier.IsEmpty() || name.IsEmpty()) return;
+    variable.globals().hasCarrier =
+        context->Global()->CreateDataProperty(context, name, carrier).FromMaybe(false);
+}
+
 bool Carriers::isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& variable) {
     if (!value->IsObject() || value->IsProxy()) return false;
     auto const object = value.As<v8::Object>();

@@ -37,6 +37,10 @@ class Carriers {
     v8::Local<v8::Object> make(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
                                BoundVariable& variable);
 
+    /// Makes a carrier of `variable` and defines the global under which scripts find it.
+    void define(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
+                BoundVariable& variable);
+
     /// Whether `value` is a carrier of `variable`, of whichever parse.
     static bool isCarrierOf(v8::Local<v8::Value> value, BoundVariable const& variable);
 

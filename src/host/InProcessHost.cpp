@@ -1,6 +1,8 @@
 // The life of a host in this process: its context, the built-in functions, what it frees.
 #include "host/InProcessHost.h"
 
+#include <cstdlib>
+#include <string_view>
 #include <utility>
 
 #include "engine/InterruptibleBuiltins.h"
@@ -11,6 +13,22 @@
 
 namespace kx {
 
+namespace {
+
+constexpr std::u16string_view kNoContext =
+    u"V8 cannot run scripts now: the thread's stack is nearly used up";
+
+/// The environment switches it off, for whoever cannot change the program.
+bool isNativeByDefault() {
+    static bool const isOn = [] {
+        char const* const value = std::getenv("KXJS_NATIVE_EVALUATION");
+        return value == nullptr || std::string_view(value) != "off";
+    }();
+    return isOn;
+}
+
+}  // namespace
+
 InProcessHost& inProcessHost(KxJsParser const& parser) {
     return static_cast<InProcessHost&>(parser._backend());
 }
@@ -19,8 +37,13 @@ InProcessHost::InProcessHost(Variables const& variables, std::u16string_view acc
     : record_(IsolateRecord::current()),
       variables_(variables),
       accessorName_(accessorName),
-      limits_(*record_) {
-    if (isOnItsThread()) createContext();
+      limits_(*record_),
+      isNativeOn_(isNativeByDefault()) {
+    if (!isOnItsThread()) return;
+    // An application may look into its own isolate, so there the context is made at once. Later
+    // there will not be more stack.
+    isContextDeferred_ = record_->isOwn() && record_->hasStackLeft();
+    if (!isContextDeferred_) createContext();
 }
 
 bool InProcessHost::isOnItsThread() const {
@@ -50,17 +73,58 @@ void InProcessHost::createContext() {
     context_ = makePersistent(record_->handles(), context);
 }
 
+bool InProcessHost::makeContext(std::u16string& error) {
+    if (!isContextDeferred_) return context_ != nullptr;
+    if (record_->hasStackLeft()) createContext();
+    if (context_ == nullptr) {
+        error = kNoContext;
+        noteFailure(KxJsFailure::Kind::RUN_ERROR, error);
+        return false;
+    }
+    isContextDeferred_ = false;
+    if (!isLibraryDeferred_) return true;
+    if (install(error)) {
+        isLibraryDeferred_ = false;
+        hasLibrary_ = true;
+        return true;
+    }
+    // The next time from the beginning.
+    context_.reset();
+    globalTemplate_.reset();
+    isContextDeferred_ = true;
+    return false;
+}
+
 void InProcessHost::installLibrary() {
+    forgetFailure();
+    countScript();
+    // What was compiled before has to see its carriers first. Where little stack is left, the
+    // caller has to be told that the functions cannot be installed.
+    bool const mayDefer = deferred_.isEmpty() && record_->hasStackLeft();
+    if (isContextDeferred_ && !isLibraryDeferred_ && mayDefer) {
+        isLibraryDeferred_ = true;
+        return;
+    }
+    std::u16string ignored;
+    if (!makeContext(ignored)) return;
+    {
+        v8::HandleScope const handles(isolate());
+        applyDeferred(context());
+    }
+    hasLibrary_ = install(ignored);
+    hadEffects_ = hadEffects_ || !hasLibrary_;  // some of the functions may be there
+}
+
+bool InProcessHost::install(std::u16string& error) {
     v8::HandleScope const handles(isolate());
     v8::Local<v8::Context> const entered = context();
     v8::Context::Scope const scope(entered);
-    forgetFailure();
     LimitedRun const run(limits_);
-    countScript();
     v8::TryCatch const capture(isolate());
-    if (kx::installLibrary(*record_, entered)) return;
-    std::u16string const ignored =
+    if (kx::installLibrary(*record_, entered)) return true;
+    error =
         reportException(capture, KxJsFailure::Kind::RUN_ERROR, {v8::Message::kNoScriptIdInfo, 0});
+    return false;
 }
 
 void InProcessHost::setMemoryLimit(std::size_t bytes) {
@@ -68,7 +132,8 @@ void InProcessHost::setMemoryLimit(std::size_t bytes) {
 }
 
 void InProcessHost::reset(Variables& variables, CompiledScripts& scripts) {
-    if (isUsable()) deleteGlobals();
+    bool const isUntouched = isContextDeferred_ && variables.empty();
+    if (isUsable() && !isUntouched) deleteGlobals();
     std::list<HostResources> resources(1);
     resources.front().scripts.reserve(scripts.size());
     // Nothing fails from here on.
@@ -85,6 +150,7 @@ void InProcessHost::deleteGlobals() {
     }
     std::u16string ignored;
     std::unique_ptr<CompiledScript> const script = compile(deletions, ignored);
+    if (script != nullptr) declareHarmless(static_cast<HostScript const&>(*script));
     // The script may call setters that scripts have defined: those are not to run when refused.
     if (script != nullptr && !limits_.isRefused()) (void)run(*script, ignored);
 }
@@ -100,6 +166,7 @@ void InProcessHost::releaseAll(Variables variables, CompiledScripts scripts) noe
 
 void InProcessHost::release(std::list<HostResources> resources) noexcept {
     ++generation_;
+    deferred_.forgetVariables();
     resources.front().carriers = std::exchange(carriers_, Carriers());
     record_->release(std::move(resources));
 }

@@ -11,11 +11,12 @@
 #include "engine/PersistentHandle.h"
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
+#include "host/DeferredEffects.h"
 #include "host/HostBackend.h"
 #include "host/HostResources.h"
+#include "host/HostScript.h"
 #include "host/IsolateRecord.h"
 #include "host/RunLimits.h"
-#include "host/V8Script.h"
 
 class KxJsParser;
 
@@ -33,7 +34,9 @@ class InProcessHost final : public HostBackend {
     InProcessHost(Variables const& variables, std::u16string_view accessorName);
 
     bool isOnItsThread() const override;
-    bool isUsable() const override { return isOnItsThread() && context_ != nullptr; }
+    bool isUsable() const override {
+        return isOnItsThread() && (context_ != nullptr || isContextDeferred_);
+    }
     void installLibrary() override;
     std::unique_ptr<CompiledScript> compile(std::u16string_view source,
                                             std::u16string& error) override;
@@ -47,6 +50,10 @@ class InProcessHost final : public HostBackend {
     EndReason endReason() const override { return limits_.endReason(); }
 
     v8::Isolate* isolate() const { return record_->isolate(); }
+    /// Makes sure that there is a context. False, with a text in `error`, where V8 cannot make it
+    /// now.
+    bool makeContext(std::u16string& error);
+    /// Precondition: makeContext().
     v8::Local<v8::Context> context() const { return context_->get(isolate()); }
     std::shared_ptr<IsolateRecord> const& record() const { return record_; }
     RunLimits& limits() { return limits_; }
@@ -62,11 +69,11 @@ class InProcessHost final : public HostBackend {
     /// where something was thrown: that is in `capture`. Belongs inside a LimitedRun.
     v8::Local<v8::Value> runOnce(CompiledScript const& script, v8::Local<v8::Context> context,
                                  v8::TryCatch const& capture) {
+        V8Script const* const compiled = prepare(static_cast<HostScript const&>(script), context);
         v8::Local<v8::Value> completion;
-        bool const hasCompleted = static_cast<V8Script const&>(script)
-                                      .forRun(isolate(), context)
-                                      ->Run(context)
-                                      .ToLocal(&completion);
+        bool const hasCompleted =
+            compiled != nullptr &&
+            compiled->forRun(isolate(), context)->Run(context).ToLocal(&completion);
         if (hasCompleted || !capture.HasTerminated()) record_->runPromiseJobs();
         return capture.HasTerminated() ? v8::Local<v8::Value>() : completion;
     }
@@ -80,8 +87,15 @@ class InProcessHost final : public HostBackend {
     /// Makes what a run of `script` has left in `capture` the last failure. Returns its error text.
     std::u16string reportFailure(v8::TryCatch const& capture, CompiledScript const& script) {
         return reportException(capture, KxJsFailure::Kind::RUN_ERROR,
-                               static_cast<V8Script const&>(script).callerSource());
+                               callerSourceOf(static_cast<HostScript const&>(script)));
     }
+
+    /// Evaluates formulas without V8 where that shows in nothing but time. On by default.
+    void setNativeEvaluation(bool isOn) override { isNativeOn_ = isOn; }
+
+    /// Whether a script has run that may have changed what others see: globals beside those of
+    /// variables with plain names, functions, members.
+    bool hadEffects() const { return hadEffects_; }
 
     /// Counts what may change the results of formulas that columns have looked at before: scripts
     /// with effects alone, or those and everything else (variables, other evaluations).
@@ -97,7 +111,25 @@ class InProcessHost final : public HostBackend {
 
   private:
     void createContext();
-    std::u16string addWrapper(std::u16string_view source, v8::Local<v8::Context> context);
+    bool install(std::u16string& error);
+    WrappedSource wrap(std::u16string_view source);
+    void defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context);
+    /// Whether formulas may be evaluated without V8 now.
+    bool isNativeAllowed() const;
+    std::unique_ptr<Program> makeProgram(Expression const& expression,
+                                         WrappedSource const& source) const;
+    bool runNatively(HostScript const& script, std::u16string& result);
+    std::u16string runInV8(HostScript const& script, std::u16string& error);
+    /// Makes sure that V8 has compiled `script`, and that it sees what has been deferred. Null
+    /// where that fails.
+    V8Script const* prepare(HostScript const& script, v8::Local<v8::Context> context);
+    ScriptEffects effectsOf(Expression const* expression, WrappedSource const& source) const;
+    void noteEffects(ScriptEffects const& effects, v8::Local<v8::Context> context);
+    /// Of the host's own script: it deletes globals of variables. Where those are nothing else, no
+    /// script sees more of it.
+    static void declareHarmless(HostScript const& script);
+    static CallerSource callerSourceOf(HostScript const& script);
+    void applyDeferred(v8::Local<v8::Context> context);
     void deleteGlobals();
     std::u16string reportException(v8::TryCatch const& capture, KxJsFailure::Kind kind,
                                    CallerSource const& source);
@@ -110,6 +142,13 @@ class InProcessHost final : public HostBackend {
     std::unique_ptr<PersistentHandle<v8::ObjectTemplate>> globalTemplate_;
     std::unique_ptr<PersistentHandle<v8::Context>> context_;
     Carriers carriers_;
+    DeferredEffects deferred_;
+    std::unique_ptr<Evaluator> evaluator_;  // once there is something to evaluate
+    bool isNativeOn_;
+    bool isContextDeferred_ = false;  // until V8 is needed
+    bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one
+    bool hasLibrary_ = false;
+    bool hadEffects_ = false;  // a script may have changed what others see
     std::uint64_t generation_ = 0;
     std::uint64_t scriptsRun_ = 0;
     std::uint64_t otherChanges_ = 0;

@@ -4,46 +4,54 @@
 #include <utility>
 
 #include "engine/Text.h"
+#include "expression/Parser.h"
+#include "host/BoundVariable.h"
 #include "host/ErrorText.h"
 #include "host/Failure.h"
 #include "host/InProcessHost.h"
 
 namespace kx {
 
-std::u16string InProcessHost::addWrapper(std::u16string_view source,
-                                         v8::Local<v8::Context> context) {
-    // A carrier that cannot be made shows when the script runs: the prologue finds no such name.
-    v8::TryCatch const ignored(isolate());
-    v8::Local<v8::ObjectTemplate> const shape = globalTemplate_->get(isolate());
-    std::u16string wrapped;
+WrappedSource InProcessHost::wrap(std::u16string_view source) {
+    WrappedSource wrapped;
     constexpr std::size_t kUsualPrologue = 128;
-    wrapped.reserve(source.size() + kUsualPrologue);
+    wrapped.text.reserve(source.size() + kUsualPrologue);
     for (auto const& [key, variable] : variables_) {
         if (source.find(key) == std::u16string_view::npos) continue;
-        v8::HandleScope const handles(isolate());
-        BoundVariable& variableForScripts = bound(variable);
-        wrapped += variableForScripts.prologueLine();
-        v8::Local<v8::Object> const carrier = carriers_.make(context, shape, variableForScripts);
-        v8::Local<v8::String> const name = variableForScripts.carrierName(isolate());
-        if (carrier.IsEmpty() || name.IsEmpty()) continue;
-        [[maybe_unused]] auto const isDefined =
-            context->Global()->CreateDataProperty(context, name, carrier);
+        wrapped.variables.push_back(&bound(variable));
+        wrapped.text += wrapped.variables.back()->prologueLine();
     }
-    wrapped += source;
+    wrapped.prologueLength = wrapped.text.size();
+    wrapped.text += source;
     return wrapped;
 }
 
 std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view source,
                                                        std::u16string& error) {
     forgetFailure();
+    WrappedSource wrapped = wrap(source);
+    std::optional<Expression> expression;
+    if (!hadEffects_) {
+        auto parsed = parseExpression(source);
+        if (auto* const tree = std::get_if<Expression>(&parsed)) expression = std::move(*tree);
+    }
+    if (expression && isNativeAllowed()) {
+        if (auto program = makeProgram(*expression, wrapped)) {
+            for (BoundVariable* const variable : wrapped.variables) {
+                deferred_.noteCarrier(*variable);
+            }
+            return std::make_unique<HostScript>(std::move(wrapped), std::move(program));
+        }
+    }
+    if (!makeContext(error)) return nullptr;
     v8::HandleScope const handles(isolate());
     v8::Local<v8::Context> const entered = context();
     v8::Context::Scope const scope(entered);
     LimitedRun const run(limits_);
-    std::u16string const wrapped = addWrapper(source, entered);
-    std::size_t const prologueLength = wrapped.size() - source.size();
+    applyDeferred(entered);
+    defineCarriers(wrapped, entered);
     v8::TryCatch const capture(isolate());
-    v8::Local<v8::String> const text = toV8String(isolate(), wrapped);
+    v8::Local<v8::String> const text = toV8String(isolate(), wrapped.text);
     if (text.IsEmpty()) {
         error = u"The source is longer than the engine allows";
         noteFailure(KxJsFailure::Kind::COMPILE_ERROR, error);
@@ -52,10 +60,25 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
     v8::Local<v8::Script> script;
     if (!v8::Script::Compile(entered, text).ToLocal(&script)) {
         error = reportException(capture, KxJsFailure::Kind::COMPILE_ERROR,
-                                {v8::Message::kNoScriptIdInfo, prologueLength});
+                                {v8::Message::kNoScriptIdInfo, wrapped.prologueLength});
         return nullptr;
     }
-    return std::make_unique<V8Script>(record_->handles(), script, wrapped, prologueLength);
+    ScriptEffects effects = effectsOf(expression ? &*expression : nullptr, wrapped);
+    auto compiled = std::make_unique<HostScript>(std::move(wrapped), nullptr);
+    compiled->setCompiled(record_->handles(), script, std::move(effects));
+    compiled->forgetText();
+    return compiled;
+}
+
+void InProcessHost::defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context) {
+    v8::TryCatch const ignored(isolate());
+    v8::Local<v8::ObjectTemplate> const shape = globalTemplate_->get(isolate());
+    for (BoundVariable* const variable : source.variables) {
+        // One that no script can have touched is as good as a new one.
+        if (!hadEffects_ && variable->globals().hasCarrier) continue;
+        v8::HandleScope const handles(isolate());
+        carriers_.define(context, shape, *variable);
+    }
 }
 
 std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& error) {
@@ -65,6 +88,18 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
         return {};
     }
     forgetFailure();
+    auto const& hostScript = static_cast<HostScript const&>(script);
+    std::u16string result;
+    if (!isNativeAllowed() || !runNatively(hostScript, result)) result = runInV8(hostScript, error);
+    if (lastFailure() == nullptr && contains(result, u'N') &&
+        result.find(u"NaN") != std::u16string::npos) {
+        error = u"Not A Number";
+    }
+    return result;
+}
+
+std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& error) {
+    if (!makeContext(error)) return {};
     v8::HandleScope const handles(isolate());
     // Not entered: what needs that does so by itself.
     v8::Local<v8::Context> const context = this->context();
@@ -72,18 +107,15 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
     countScript();
     v8::TryCatch const capture(isolate());
     // A copy: what the script calls in an application's isolate may reset the host.
-    CallerSource const source = static_cast<V8Script const&>(script).callerSource();
+    prepare(script, context);
+    CallerSource const source = callerSourceOf(script);
     v8::Local<v8::Value> const completion = runOnce(script, context, capture);
     // Calls the value's own toString, which can fail as the script can.
     std::u16string result = textOfValue(isolate(), context, completion);
     if (!completion.IsEmpty()) endConversion(completion);
-    if (capture.HasCaught()) {
-        error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
-        result.clear();
-    } else if (contains(result, u'N') && result.find(u"NaN") != std::u16string::npos) {
-        error = u"Not A Number";
-    }
-    return result;
+    if (!capture.HasCaught()) return result;
+    error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
+    return {};
 }
 
 std::u16string InProcessHost::reportException(v8::TryCatch const& capture, KxJsFailure::Kind kind,

@@ -56,6 +56,14 @@ class IsolateRecord {
     /// Whether the library has made the isolate.
     bool isOwn() const { return allocator_ != nullptr; }
 
+    /// Whether the calling thread has stack enough left for what the library does without V8.
+    /// Otherwise V8 is to say that it is full. Always where the limit is not known.
+    bool hasStackLeft() const {
+        constexpr std::uintptr_t kEnough = std::uintptr_t{64} << 10;
+        char const here = 0;
+        return reinterpret_cast<std::uintptr_t>(&here) > stackLimit_ + kEnough;
+    }
+
     /// Frees what a host no longer needs, now or as soon as that is possible.
     void release(std::list<HostResources> resources) noexcept;
 

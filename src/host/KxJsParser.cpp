@@ -91,6 +91,8 @@ void KxJsParser::setTimeLimit(std::chrono::milliseconds limit) { _mBackend->setT
 
 void KxJsParser::setMemoryLimit(std::size_t bytes) { _mBackend->setMemoryLimit(bytes); }
 
+void KxJsParser::setNativeEvaluation(bool isOn) { _mBackend->setNativeEvaluation(isOn); }
+
 void KxJsParser::terminate() { _mBackend->terminate(); }
 
 kx::HostBackend& KxJsParser::_backend() const { return *_mBackend; }

@@ -114,6 +114,13 @@ class KXJS_API KxJsParser {
     /// when V8 collects garbage, so a run may exceed the limit for a moment: see docs/limits.md.
     void setMemoryLimit(std::size_t bytes);
 
+    /// Whether formulas that are plain expressions may be evaluated without V8, where result, error
+    /// text and all that scripts can see are the same. On by default, since it is several times
+    /// faster; switching it off is for comparisons, and for whoever doubts a result.
+    ///
+    ///     parser.setNativeEvaluation(false);  // from here on V8 runs everything
+    void setNativeEvaluation(bool isOn);
+
     /// Ends the run that is going on in this host, with an error text that says so. Without one,
     /// nothing happens. Any thread may call, as long as the host lives.
     void terminate();

@@ -7,12 +7,11 @@
 
 #include "engine/PersistentHandle.h"
 #include "host/Failure.h"
-#include "host/HostBackend.h"
 
 namespace kx {
 
 /// A script that V8 has compiled. Holds a handle: see IsolateRecord for where it may be destroyed.
-class V8Script final : public CompiledScript {
+class V8Script {
   public:
     /// `source` is the whole text, its first `prologueLength` code units not the caller's.
     V8Script(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,

@@ -29,12 +29,13 @@ namespace {
 constexpr int kLargestPlainPoint = 21;
 constexpr int kSmallestPlainPoint = -6;
 constexpr double kExactWholeNumbers = 9007199254740992.0;  // 2^53
+constexpr double kSmallestPlain = 1e-6;
 constexpr int kDecimals = 6;
 constexpr double kMillion = 1e6;
 constexpr double kMostMillionths = 1e15;
 
 /// Longest: sign, "0.", five zeros, 17 digits; or sign, 17 digits, point, "e-324".
-constexpr std::size_t kMaxText = 32;
+constexpr std::size_t kMaxText = kLongestNumberText;
 
 struct Decimal {
     std::array<char, kMaxText> digits;  // without point
@@ -122,22 +123,32 @@ char* writePositive(char* target, double number) {
         return writeWholeNumber(target, static_cast<std::uint64_t>(number));
     }
     if (auto const millionths = asMillionths(number)) return writeMillionths(target, *millionths);
+    // Between these the layout without an exponent is JavaScript's.
+    if (number >= kSmallestPlain && number < kExactWholeNumbers) {
+        return std::to_chars(target, target + kMaxText, number, std::chars_format::fixed).ptr;
+    }
     return layOut(target, shortestDigits(number));
 }
 
 }  // namespace
 
-std::u16string numberToText(double number) {
-    if (std::isnan(number)) return u"NaN";
-    if (std::isinf(number)) return number < 0 ? u"-Infinity" : u"Infinity";
+std::size_t writeNumber(double number, char16_t* target) {
     std::array<char, kMaxText> buffer;
     char* end = buffer.data();
-    // Minus zero is not below zero: JavaScript writes it as 0.
-    if (number < 0) *end++ = '-';
-    end = writePositive(end, std::abs(number));
-    std::array<char16_t, kMaxText> units;
-    char16_t* const last = std::copy(buffer.data(), end, units.data());
-    return {units.data(), last};
+    if (std::isnan(number)) {
+        end = copy(end, "NaN");
+    } else {
+        // Minus zero is not below zero: JavaScript writes it as 0.
+        if (number < 0) *end++ = '-';
+        end = std::isinf(number) ? copy(end, "Infinity") : writePositive(end, std::abs(number));
+    }
+    std::copy(buffer.data(), end, target);
+    return static_cast<std::size_t>(end - buffer.data());
+}
+
+std::u16string numberToText(double number) {
+    std::array<char16_t, kLongestNumberText> units;
+    return {units.data(), writeNumber(number, units.data())};
 }
 
 std::u16string decimalText(std::int64_t number) {

@@ -81,6 +81,11 @@ TEST_F(NamesInColumns, giveWhatOneByOneGivesWhereBuiltInsWereReplaced) {
              Replacement{u"let eval=function(c){return !c};", u"IIF(A>1,'y','n')"},
              Replacement{u"const parseInt=function(){return A};", u"parseInt(A)"},
              Replacement{u"let Math={floor:function(){return A}};", u"Math.floor(A)"},
+             Replacement{u"Math.floor=function(){return A};", u"Math.floor(A)+''"},
+             Replacement{u"Math={floor:function(){return A}};", u"Math.floor(A)+''"},
+             Replacement{u"String.prototype.left=function(){return A};", u"LEFT('abc',1)+''"},
+             Replacement{u"String.prototype.charAt=function(){return A};", u"'abc'.charAt(1)"},
+             Replacement{u"Number.prototype.toFixed=function(){return A};", u"ROUND(A,1)"},
              Replacement{u"EVEN=function(n){return A>2};", u"ODD(A)"},
              Replacement{u"Object.defineProperty(globalThis,'EVAL_COUNT',{value:0,writable:true});"
                          u"let ROUND=function(n){return ++EVAL_COUNT};",

@@ -1,0 +1,128 @@
+// Formulas of a host in this process that run without V8, and what V8 has to know of them.
+//
+// A formula is evaluated here only while the context is as a new host has it, but for plain
+// variables. Any script may change that, so a script that may have effects ends it for the host.
+#include <algorithm>
+#include <array>
+
+#include "engine/Text.h"
+#include "expression/Parser.h"
+#include "host/BoundVariable.h"
+#include "host/InProcessHost.h"
+#include "native/Effects.h"
+
+namespace kx {
+
+namespace {
+
+bool isConstant(std::u16string_view name) {
+    return name == u"undefined" || name == u"NaN" || name == u"Infinity";
+}
+
+bool arePlain(WrappedSource const& source) {
+    return std::all_of(source.variables.begin(), source.variables.end(),
+                       [](BoundVariable* variable) { return variable->isPlain(); });
+}
+
+}  // namespace
+
+bool InProcessHost::isNativeAllowed() const {
+    if (!isNativeOn_ || hadEffects_ || !record_->hasStackLeft()) return false;
+    // An application may be about to end what runs in its isolate.
+    return record_->isOwn() || !isolate()->IsExecutionTerminating();
+}
+
+std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
+                                                    WrappedSource const& source) const {
+    if (source.variables.size() > Evaluator::kMostVariables || !arePlain(source)) return nullptr;
+    std::array<std::u16string_view, Evaluator::kMostVariables> names;
+    std::transform(
+        source.variables.begin(), source.variables.end(), names.begin(),
+        [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
+    return Program::make(
+        expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
+}
+
+bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {
+    if (script.program() == nullptr) return false;
+    if (evaluator_ == nullptr) evaluator_ = std::make_unique<Evaluator>();
+    std::vector<BoundVariable*> const& variables = script.source().variables;
+    std::span<Value> const values = evaluator_->roomFor(variables.size());
+    std::transform(variables.begin(), variables.end(), values.begin(),
+                   [](BoundVariable const* variable) { return variable->nativeValue(); });
+    Value value;
+    if (!evaluator_->run(*script.program(), values, value)) return false;
+    auto const text = evaluator_->textOf(value);
+    if (!text) return false;
+    result = text->substr(0, text->find(u'\0'));
+    deferred_.noteRun(variables, values, evaluator_->match());
+    countChange();
+    return true;
+}
+
+V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::Context> context) {
+    applyDeferred(context);
+    if (script.compiled() == nullptr) {
+        v8::HandleScope const handles(isolate());
+        WrappedSource const& source = script.source();
+        v8::Local<v8::String> const text = toV8String(isolate(), source.text);
+        v8::Local<v8::Script> compiled;
+        if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&compiled)) {
+            return nullptr;
+        }
+        auto const parsed = parseExpression(source.callerText());
+        script.setCompiled(record_->handles(), compiled,
+                           effectsOf(std::get_if<Expression>(&parsed), source));
+    }
+    noteEffects(script.effects(), context);
+    return script.compiled();
+}
+
+ScriptEffects InProcessHost::effectsOf(Expression const* expression,
+                                       WrappedSource const& source) const {
+    ScriptEffects effects;
+    if (expression == nullptr || hadEffects_ || !arePlain(source)) return effects;
+    auto const names = namesReadWithoutEffects(*expression);
+    if (!names) return effects;
+    effects.mayHave = false;
+    for (std::u16string_view const name : *names) {
+        bool const isVariable =
+            std::any_of(source.variables.begin(), source.variables.end(),
+                        [name](BoundVariable const* variable) { return variable->key() == name; });
+        if (!isVariable && !isConstant(name)) effects.unlessPlain.emplace_back(name);
+    }
+    return effects;
+}
+
+void InProcessHost::noteEffects(ScriptEffects const& effects, v8::Local<v8::Context> context) {
+    if (hadEffects_) return;
+    hadEffects_ = effects.mayHave;
+    if (effects.unlessPlain.empty()) return;
+    v8::HandleScope const handles(isolate());
+    v8::TryCatch const ignored(isolate());
+    // No script has changed what the names stand for, so that reading them runs none.
+    for (std::u16string const& name : effects.unlessPlain) {
+        v8::Local<v8::Value> value;
+        bool const isRead =
+            context->Global()->Get(context, toV8Name(isolate(), name)).ToLocal(&value);
+        hadEffects_ = hadEffects_ || !isRead || value->IsObject();
+    }
+}
+
+void InProcessHost::declareHarmless(HostScript const& script) {
+    if (arePlain(script.source())) script.setEffects({.mayHave = false});
+}
+
+CallerSource InProcessHost::callerSourceOf(HostScript const& script) {
+    if (script.compiled() != nullptr) return script.compiled()->callerSource();
+    return {v8::Message::kNoScriptIdInfo, script.source().prologueLength};
+}
+
+void InProcessHost::applyDeferred(v8::Local<v8::Context> context) {
+    if (deferred_.isEmpty()) return;
+    v8::HandleScope const handles(isolate());
+    v8::Context::Scope const entered(context);
+    deferred_.apply(context, globalTemplate_->get(isolate()), carriers_);
+}
+
+}  // namespace kx

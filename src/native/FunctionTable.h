@@ -1,0 +1,32 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "native/Functions.h"
+
+namespace kx {
+
+/// The entry of that name in a table that is in the order of names, or null.
+template <class Entry, std::size_t kSize>
+Entry const* findByName(std::array<Entry, kSize> const& table, std::u16string_view name) {
+    auto const found = std::lower_bound(
+        table.begin(), table.end(), name,
+        [](Entry const& entry, std::u16string_view sought) { return entry.name < sought; });
+    return found != table.end() && found->name == name ? &*found : nullptr;
+}
+
+template <class Entry, std::size_t kSize>
+constexpr bool isInOrder(std::array<Entry, kSize> const& table) {
+    return std::is_sorted(table.begin(), table.end(),
+                          [](Entry const& a, Entry const& b) { return a.name < b.name; });
+}
+
+template <class Result>
+bool give(Result const& value, Value& result) {
+    result = Value::of(value);
+    return true;
+}
+
+}  // namespace kx

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "expression/Expression.h"
+#include "native/Functions.h"
+#include "native/Value.h"
+
+namespace kx {
+
+/// Which names a formula may use beside those of JavaScript.
+struct Names {
+    std::span<std::u16string_view const> variables;
+    bool hasCatalogues = true;  // the functions of the catalogues
+};
+
+/// A formula made ready to be evaluated without V8, again and again.
+///
+///     kx::Names const names{variables};
+///     if (auto const program = kx::Program::make(expression, names))
+///         isDone = evaluator.run(*program, values, result);
+///
+/// Results are those of V8 as long as what the names of JavaScript, of the catalogues and of the
+/// members stand for is as a new host has it. Threads: any; one at a time for an Evaluator.
+class Program {
+  public:
+    /// Null where a part of the formula is left to V8: for good, not just for some values.
+    static std::unique_ptr<Program> make(Expression const& expression, Names const& names);
+
+  private:
+    friend class Evaluator;
+    friend class ProgramMaker;
+
+    enum class Step : std::uint8_t {
+        constant,        // operand: which one
+        variable,        // operand: which one
+        unary,           //
+        binary,          //
+        length,          // of a text
+        call,            // operand: which function; count: its arguments, the receiver among them
+        member,          // the same for a member of a text
+        drop,            // the top value
+        jump,            // operand: where to
+        jumpUnlessTrue,  // drops the condition
+        keepIfFalse,     // for "&&", "||" and "??": jumps where the top value is the result, else
+        keepIfTrue,      // drops it
+        keepIfThere,     //
+    };
+
+    struct Instruction {
+        Step step;
+        Operation operation = Operation::none;
+        std::uint16_t count = 0;
+        std::uint32_t operand = 0;
+    };
+
+    std::vector<Instruction> instructions_;
+    std::vector<Value> constants_;
+    std::vector<Function const*> functions_;
+    std::unique_ptr<char16_t[]> texts_;  // of the constants
+};
+
+/// Evaluates formulas, with memory that stays from one to the next.
+class Evaluator {
+  public:
+    /// Values that can be waiting for an operation.
+    static constexpr std::size_t kMostValues = 256;
+
+    /// Variables that roomFor() has room for.
+    static constexpr std::size_t kMostVariables = 32;
+
+    /// Room for the values of `count` variables, until the next call.
+    std::span<Value> roomFor(std::size_t count) {
+        return std::span<Value>(variables_).first(count);
+    }
+
+    /// False where the formula needs V8 for these values; nothing has happened then. `variables`
+    /// are those of the names that the formula was made with, in that order. The result's text is
+    /// valid until the next run, and as long as the formula and the variables' texts.
+    bool run(Program const& program, std::span<Value const> variables, Value& result);
+
+    /// The text of `result`; empty where it is too long.
+    std::optional<std::u16string_view> textOf(Value const& result);
+
+    /// What the last run has matched, if it was not left to V8.
+    Match const& match() const { return workspace_.match; }
+
+  private:
+    bool execute(Program const& program, std::span<Value const> variables);
+    static bool computeUnary(Operation operation, Value& value);
+
+    std::array<Value, kMostValues + 1> values_;  // from the second on
+    std::array<Value, kMostVariables> variables_;
+    Workspace workspace_;
+};
+
+}  // namespace kx

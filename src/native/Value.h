@@ -1,0 +1,29 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string_view>
+
+namespace kx {
+
+/// A value of a formula. A text is not owned: it lies in the formula, in a variable, or in the
+/// TextArena of the evaluation.
+struct Value {
+    enum class Type : std::uint8_t { undefined, null, boolean, number, text };
+
+    Type type = Type::undefined;
+    double number = 0;  // of a truth value 0 or 1
+    std::u16string_view text = {};
+
+    static Value of(double number) { return {Type::number, number}; }
+    // Only of truth values: pointers would become some.
+    static Value of(std::same_as<bool> auto value) { return {Type::boolean, value ? 1.0 : 0.0}; }
+    static Value of(std::u16string_view text) { return {Type::text, 0, text}; }
+
+    bool isNumber() const { return type == Type::number; }
+    bool isText() const { return type == Type::text; }
+    bool isUndefined() const { return type == Type::undefined; }
+    bool isNullish() const { return type == Type::undefined || type == Type::null; }
+};
+
+}  // namespace kx
