@@ -10,6 +10,7 @@ set(_headers
     KxJs.h
     convert/Converter.h
     host/KxJsFailure.h
+    host/KxJsIsolation.h
     columns/KxJsColumns.h
     host/KxJsParser.h
     host/KxJsVariable.h
@@ -45,6 +46,10 @@ install(
     EXPORT KxJsParserTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
 )
+
+# For isolated hosts. The library looks for it there, from where it lies itself.
+set_target_properties(kxjs-worker PROPERTIES INSTALL_RPATH "${_v8_rpath}")
+install(TARGETS kxjs-worker RUNTIME DESTINATION ${KXJS_WORKER_DIRECTORY} COMPONENT library)
 
 if(KXJS_BUILD_CLI)
     file(RELATIVE_PATH _bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})

@@ -6,6 +6,7 @@
 #include "columns/KxJsColumns.h"
 #include "convert/Converter.h"
 #include "host/KxJsFailure.h"
+#include "host/KxJsIsolation.h"
 #include "host/KxJsParser.h"
 #include "host/KxJsVariable.h"
 #include "library/Catalogues.h"

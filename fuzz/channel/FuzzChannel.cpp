@@ -11,9 +11,9 @@
 #include <unistd.h>
 #include <vector>
 
-#include "isolated/ApplicationEnd.h"
-#include "isolated/ChannelMemory.h"
-#include "isolated/Deadline.h"
+#include "process/ApplicationEnd.h"
+#include "process/ChannelMemory.h"
+#include "process/Deadline.h"
 #include "support/Check.h"
 
 namespace {
@@ -81,6 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     for (int i = 0; i < 8 && outcome == Outcome::ARRIVED; ++i) {
         kx::fuzz::check(message.size() <= kLongest, "a message is longer than allowed");
         // Every other request takes two parts.
+        end.announce();
         outcome = end.send(std::span(request).first(i % 2 == 0 ? 9 : request.size()), deadline);
         if (outcome == Outcome::ARRIVED) outcome = end.receive(message, deadline);
     }

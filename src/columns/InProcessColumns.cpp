@@ -6,6 +6,7 @@
 
 #include "columns/ColumnEvaluation.h"
 #include "columns/ColumnTexts.h"
+#include "columns/FlagScope.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
@@ -18,18 +19,6 @@ std::list<HostResources> emptyResources() {
     resources.front().scripts.reserve(1);
     return resources;
 }
-
-/// Sets a flag for the life of the object.
-class FlagScope {
-  public:
-    explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
-    ~FlagScope() { flag_ = false; }
-    FlagScope(FlagScope const&) = delete;
-    FlagScope& operator=(FlagScope const&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 

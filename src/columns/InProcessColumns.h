@@ -8,6 +8,7 @@
 
 #include "columns/Column.h"
 #include "columns/ColumnFormula.h"
+#include "columns/ColumnsBackend.h"
 #include "columns/KxJsColumns.h"
 #include "host/InProcessHost.h"
 
@@ -15,17 +16,17 @@ namespace kx {
 
 /// What a KxJsColumns does over a host of this process: it holds the columns and the compiled
 /// formula.
-class InProcessColumns {
+class InProcessColumns final : public ColumnsBackend {
   public:
     explicit InProcessColumns(KxJsParser& parser);
-    ~InProcessColumns();
+    ~InProcessColumns() override;
     InProcessColumns(InProcessColumns const&) = delete;
     InProcessColumns& operator=(InProcessColumns const&) = delete;
 
-    void bind(std::u16string const& name, Column::Values values);
-    bool compile(std::u16string const& source, std::u16string& error);
-    KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results);
-    void setProgress(KxJsColumns::Progress progress);
+    void bind(std::u16string const& name, Column::Values values) override;
+    bool compile(std::u16string const& source, std::u16string& error) override;
+    KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results) override;
+    void setProgress(KxJsColumns::Progress progress) override;
 
   private:
     void refuseWhileEvaluating() const;

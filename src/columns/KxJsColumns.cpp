@@ -3,6 +3,9 @@
 #include <utility>
 
 #include "columns/InProcessColumns.h"
+#include "columns/IsolatedColumns.h"
+#include "host/KxJsParser.h"
+#include "isolated/IsolatedHost.h"
 
 KxJsColumns::SharedText::SharedText(std::u16string text) {
     text.shrink_to_fit();  // there may be millions
@@ -14,8 +17,13 @@ std::u16string const& KxJsColumns::SharedText::str() const {
     return _mText == nullptr ? kEmpty : *_mText;
 }
 
-KxJsColumns::KxJsColumns(KxJsParser& host)
-    : _mColumns(std::make_unique<kx::InProcessColumns>(host)) {}
+KxJsColumns::KxJsColumns(KxJsParser& host) {
+    if (auto* const isolated = dynamic_cast<kx::IsolatedHost*>(&host._backend())) {
+        _mColumns = std::make_unique<kx::IsolatedColumns>(host, *isolated);
+    } else {
+        _mColumns = std::make_unique<kx::InProcessColumns>(host);
+    }
+}
 KxJsColumns::~KxJsColumns() = default;
 
 void KxJsColumns::bind(std::u16string const& name, double const* values) {

@@ -13,7 +13,7 @@
 class KxJsParser;
 
 namespace kx {
-class InProcessColumns;
+class ColumnsBackend;
 }  // namespace kx
 
 /// One formula over all records of a table whose columns lie in the application's memory.
@@ -134,5 +134,5 @@ class KXJS_API KxJsColumns {
     void setProgress(Progress progress);
 
   private:
-    std::unique_ptr<kx::InProcessColumns> _mColumns;
+    std::unique_ptr<kx::ColumnsBackend> _mColumns;
 };

@@ -1,6 +1,5 @@
 #include "columns/RecordResults.h"
 
-#include <algorithm>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -15,13 +14,6 @@ namespace {
 constexpr std::u16string_view kNaN = u"NaN";
 
 }  // namespace
-
-KxJsColumns::SharedText RecordResults::RecentTexts::shared(std::u16string text) {
-    auto const known = std::find(texts_.begin(), texts_.end(), std::u16string_view(text));
-    if (known != texts_.end()) return *known;
-    next_ = (next_ + 1) % texts_.size();
-    return texts_[next_] = KxJsColumns::SharedText(std::move(text));
-}
 
 void RecordResults::convert(v8::Isolate* isolate, v8::Local<v8::Context> context,
                             v8::Local<v8::Value> completion) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 
@@ -9,6 +8,7 @@
 #include "columns/Column.h"
 #include "columns/ColumnRun.h"
 #include "columns/KxJsColumns.h"
+#include "columns/RecentTexts.h"
 #include "host/KxJsFailure.h"
 
 namespace kx {
@@ -36,16 +36,6 @@ class RecordResults {
     void endBlock(ColumnRun& run, std::size_t last);
 
   private:
-    /// Shares equal texts: the records of an evaluation fail for few reasons, mostly.
-    class RecentTexts {
-      public:
-        KxJsColumns::SharedText shared(std::u16string text);
-
-      private:
-        std::array<KxJsColumns::SharedText, 16> texts_;
-        std::size_t next_ = 0;
-    };
-
     void noteNotANumber();
 
     ColumnResults const& results_;

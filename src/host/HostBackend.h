@@ -10,6 +10,7 @@
 
 #include "engine/EndReason.h"
 #include "host/KxJsFailure.h"
+#include "host/KxJsIsolation.h"
 #include "host/KxJsVariable.h"
 
 namespace kx {
@@ -68,8 +69,8 @@ class HostBackend {
     /// Frees what a host leaves behind. Called once, last, on any thread.
     virtual void releaseAll(Variables variables, CompiledScripts scripts) noexcept = 0;
 
-    /// A variable was bound, or bound again.
-    virtual void variableWasSet() = 0;
+    /// `variable`, one of the host's, was bound, or bound again.
+    virtual void variableWasSet(KxJsVariable const& variable) noexcept = 0;
 
     virtual void setTimeLimit(std::chrono::milliseconds limit) = 0;
     virtual void setMemoryLimit(std::size_t bytes) = 0;
@@ -79,6 +80,9 @@ class HostBackend {
 
     /// Ends the run that is going on, if any. Any thread.
     virtual void terminate() = 0;
+
+    /// What an isolated host's worker is held by; null for a host in this process.
+    virtual KxJsSandbox const* sandbox() const { return nullptr; }
 
     /// Why the last run was ended before its script was.
     virtual EndReason endReason() const = 0;

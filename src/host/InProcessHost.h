@@ -43,7 +43,7 @@ class InProcessHost final : public HostBackend {
     std::u16string run(CompiledScript const& script, std::u16string& error) override;
     void reset(Variables& variables, CompiledScripts& scripts) override;
     void releaseAll(Variables variables, CompiledScripts scripts) noexcept override;
-    void variableWasSet() override { ++otherChanges_; }
+    void variableWasSet(KxJsVariable const& /*variable*/) noexcept override { ++otherChanges_; }
     void setTimeLimit(std::chrono::milliseconds limit) override { limits_.setTimeLimit(limit); }
     void setMemoryLimit(std::size_t bytes) override;
     void terminate() override { limits_.requestEnd(EndReason::terminated); }

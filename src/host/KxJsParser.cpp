@@ -31,15 +31,15 @@ void KxJsParser::initialize() {
 void KxJsParser::reset() { _mBackend->reset(_mVariables, _mVecOfCompiledScripts); }
 
 bool KxJsParser::addSetVariable(KxJsVariable const& variable) {
-    _mBackend->variableWasSet();
     // A key that is bound was checked when it was bound first.
     if (auto const bound = _mVariables.find(variable._mKey); bound != _mVariables.end()) {
         bound->second = variable;
+        _mBackend->variableWasSet(bound->second);
         return true;
     }
     if (variable._mKey == _mAccessorName) return false;
     if (variable._mKey.find_first_not_of(kBlanks) == std::u16string::npos) return false;
-    _mVariables.emplace(variable._mKey, variable);
+    _mBackend->variableWasSet(_mVariables.emplace(variable._mKey, variable).first->second);
     return true;
 }
 
@@ -94,6 +94,8 @@ void KxJsParser::setMemoryLimit(std::size_t bytes) { _mBackend->setMemoryLimit(b
 void KxJsParser::setNativeEvaluation(bool isOn) { _mBackend->setNativeEvaluation(isOn); }
 
 void KxJsParser::terminate() { _mBackend->terminate(); }
+
+KxJsSandbox const* KxJsParser::sandbox() const { return _mBackend->sandbox(); }
 
 kx::HostBackend& KxJsParser::_backend() const { return *_mBackend; }
 

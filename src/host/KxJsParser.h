@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/KxJsFailure.h"
+#include "host/KxJsIsolation.h"
 #include "host/KxJsVariable.h"
 #include "library/Export.h"
 
@@ -52,6 +53,25 @@ class KXJS_API KxJsParser {
   public:
     /// A host without variables, scripts and, until initialize(), built-in functions.
     KxJsParser();
+
+    /// An isolated host: its scripts run in a worker process of their own, in a sandbox. Everything
+    /// else is as for other hosts, and every member works. Whatever a script does, it can at worst
+    /// end its worker: the call then has an error text, lastFailure() is of the kind WORKER_ENDED,
+    /// and the next call has a new worker, with variables, built-in functions and compiled scripts
+    /// in place. Globals that scripts have made are gone then. They are also gone after a reset() on
+    /// another thread.
+    ///
+    /// A script that does not end at the time limit, or after terminate(), is ended with its worker
+    /// after `isolation.grace`. Without a time limit it may run for ever, as in process.
+    ///
+    /// Needs the program kxjs-worker, which is installed with the library. Throws
+    /// std::runtime_error where it cannot be started, is of another version, or the system lacks a
+    /// required piece of the sandbox.
+    ///
+    /// Costs: a process for each host, one more in reserve, and one that starts them. They end with
+    /// the application, and are no children of it. A fork of the application may use the hosts: it
+    /// gets workers of its own.
+    explicit KxJsParser(KxJsIsolation const& isolation);
     ~KxJsParser();
     KxJsParser(KxJsParser const&) = delete;
     KxJsParser& operator=(KxJsParser const&) = delete;
@@ -103,6 +123,9 @@ class KXJS_API KxJsParser {
     ///         underline(parser.lastFailure()->line, parser.lastFailure()->column);  // 2, 1
     KxJsFailure const* lastFailure() const;
 
+    /// Which pieces of the sandbox the worker of an isolated host is in; null for other hosts.
+    KxJsSandbox const* sandbox() const;
+
     /// Ends each run that takes longer than `limit`; 0, the default, is no limit. The result is
     /// then empty, the error text names the limit, and the host goes on working. parse() counts as
     /// a run. Throws std::system_error where the library cannot start its watching thread.
@@ -139,6 +162,12 @@ class KXJS_API KxJsParser {
     static std::vector<std::u16string> _extractVariable(std::u16string const& source,
                                                         std::u16string& error,
                                                         std::chrono::milliseconds timeLimit);
+    /// The same in an isolated host. Where its worker ends, `error` receives a text that says so.
+    /// Throws as the constructor of isolated hosts.
+    static std::vector<std::u16string> _extractVariable(std::u16string const& source,
+                                                        std::u16string& error,
+                                                        std::chrono::milliseconds timeLimit,
+                                                        KxJsIsolation const& isolation);
 
     /// HTML documentation of all built-in functions as one document. `bStandalone` adds the
     /// document's head and body tags, `bWithExample` the examples.

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string_view>
 
+#include "host/EndText.h"
 #include "host/HostBackend.h"
 #include "host/KxJsParser.h"
-#include "host/RunLimits.h"
 #include "host/SearchTime.h"
 
 namespace {
@@ -38,7 +38,8 @@ std::vector<std::u16string> extractNames(KxJsParser& host, std::u16string const&
         std::u16string runError;
         std::u16string result;
         if (index != -1) result = host.execute(index, runError);
-        if (backend.endReason() == kx::EndReason::memoryLimit) {
+        if (backend.endReason() == kx::EndReason::memoryLimit ||
+            backend.endReason() == kx::EndReason::workerEnded) {
             limitText = index == -1 ? error : runError;
             return names;
         }
@@ -50,6 +51,16 @@ std::vector<std::u16string> extractNames(KxJsParser& host, std::u16string const&
         host.addSetVariable(KxJsVariable(*name, u" "));
     }
     limitText = kx::timeLimitText(time.limit());
+    return names;
+}
+
+/// The same with a host for the caller: where a limit ends the search, `error` says so.
+std::vector<std::u16string> extractWithin(KxJsParser& host, std::u16string const& source,
+                                          std::u16string& error,
+                                          std::chrono::milliseconds timeLimit) {
+    std::u16string limitText;
+    auto names = extractNames(host, source, error, kx::SearchTime(timeLimit), limitText);
+    if (!limitText.empty()) error = limitText;
     return names;
 }
 
@@ -67,8 +78,13 @@ std::vector<std::u16string> KxJsParser::_extractVariable(std::u16string const& s
                                                          std::u16string& error,
                                                          std::chrono::milliseconds timeLimit) {
     KxJsParser host;
-    std::u16string limitText;
-    auto names = extractNames(host, source, error, kx::SearchTime(timeLimit), limitText);
-    if (!limitText.empty()) error = limitText;
-    return names;
+    return extractWithin(host, source, error, timeLimit);
+}
+
+std::vector<std::u16string> KxJsParser::_extractVariable(std::u16string const& source,
+                                                         std::u16string& error,
+                                                         std::chrono::milliseconds timeLimit,
+                                                         KxJsIsolation const& isolation) {
+    KxJsParser host(isolation);
+    return extractWithin(host, source, error, timeLimit);
 }

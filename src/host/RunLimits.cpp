@@ -5,6 +5,7 @@
 #include <new>
 
 #include "engine/Engine.h"
+#include "host/EndText.h"
 #include "text/NumberText.h"
 
 namespace kx {
@@ -43,7 +44,7 @@ std::u16string RunLimits::endText() const {
             return u"The script was ended: it needed more than the memory limit of " +
                    memoryLimitText();
         case EndReason::terminated:
-            return u"The script was ended: it was terminated";
+            return std::u16string(kTerminatedText);
         default:
             return u"The script was ended: the application terminated the engine's execution";
     }
@@ -89,11 +90,6 @@ void LimitedRun::end() {
 std::chrono::milliseconds countableTimeLimit(std::chrono::milliseconds limit) {
     constexpr std::chrono::milliseconds kLongest = std::chrono::hours(24 * 365 * 10);
     return std::clamp(limit, std::chrono::milliseconds::zero(), kLongest);
-}
-
-std::u16string timeLimitText(std::chrono::milliseconds limit) {
-    return u"The script was ended: it ran longer than its time limit of " +
-           decimalText(limit.count()) + u" ms";
 }
 
 }  // namespace kx

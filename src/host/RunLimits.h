@@ -67,7 +67,4 @@ class LimitedRun {
 /// `limit` as far as deadlines can be counted in nanoseconds: from 0 to ten years.
 std::chrono::milliseconds countableTimeLimit(std::chrono::milliseconds limit);
 
-/// The error text of a script that ran longer than `limit`.
-std::u16string timeLimitText(std::chrono::milliseconds limit);
-
 }  // namespace kx

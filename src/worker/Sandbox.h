@@ -1,6 +1,6 @@
 #pragma once
 
-#include "isolated/SandboxPieces.h"
+#include "process/SandboxPieces.h"
 
 namespace kx {
 

@@ -4,7 +4,7 @@
 #include <sched.h>
 #include <unistd.h>
 
-#include "isolated/Futex.h"
+#include "process/Futex.h"
 
 namespace kx {
 
@@ -17,12 +17,14 @@ void WorkerEnd::receive(std::vector<std::byte>& message) {
         awaitTurn();
         std::byte const* const bytes = applicationPart(memory_);
         message.insert(message.end(), bytes, bytes + words_.application.length.load());
-        if (words_.application.more.load() == 0) return;
+        if (words_.application.more.load() == 0) break;
         sendPart({}, false);
     }
+    received_.fetch_add(1);
 }
 
 void WorkerEnd::send(std::span<std::byte const> message) {
+    answered_.store(received_.load());
     while (message.size() > kChannelPart) {
         sendPart(message.first(kChannelPart), true);
         message = message.subspan(kChannelPart);
@@ -31,9 +33,17 @@ void WorkerEnd::send(std::span<std::byte const> message) {
     sendPart(message, false);
 }
 
-void WorkerEnd::awaitInterrupt() {
-    while (words_.interrupts.load() == interrupts_) waitForChange(words_.interrupts, interrupts_);
-    interrupts_ = words_.interrupts.load();
+std::uint32_t WorkerEnd::awaitInterrupt() {
+    while (words_.endedCall.load() == endedCall_) waitForChange(words_.endedCall, endedCall_);
+    return endedCall_ = words_.endedCall.load();
+}
+
+bool WorkerEnd::isServing(std::uint32_t call) const {
+    return received_.load() == call && answered_.load() != call;
+}
+
+bool WorkerEnd::hasAnswered(std::uint32_t call) const {
+    return static_cast<std::int32_t>(answered_.load() - call) >= 0;
 }
 
 void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {

@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "isolated/ChannelMemory.h"
-#include "isolated/SpinBudget.h"
+#include "process/ChannelMemory.h"
+#include "process/SpinBudget.h"
 
 namespace kx {
 
@@ -20,8 +20,15 @@ class WorkerEnd {
     void receive(std::vector<std::byte>& message);
     void send(std::span<std::byte const> message);
 
-    /// Sleeps until the application has asked once more to end what runs. For a thread of its own.
-    void awaitInterrupt();
+    /// kChannelArea bytes that the application sees too.
+    std::byte* area() const { return channelArea(memory_); }
+
+    /// Sleeps until the application asks to end the work for a message, and returns the message's
+    /// number. For a thread of its own, as are the next two.
+    std::uint32_t awaitInterrupt();
+    /// Whether message `call` has come and was not answered.
+    bool isServing(std::uint32_t call) const;
+    bool hasAnswered(std::uint32_t call) const;
 
   private:
     void sendPart(std::span<std::byte const> bytes, bool hasMore);
@@ -34,7 +41,9 @@ class WorkerEnd {
     ChannelWords& words_;
     int bell_;
     std::uint32_t turn_ = 0;
-    std::uint32_t interrupts_ = 0;
+    std::uint32_t endedCall_ = 0;
+    std::atomic<std::uint32_t> received_ = 0;
+    std::atomic<std::uint32_t> answered_ = 0;
     SpinBudget budget_;
     SpinBudget::Clock::time_point nextStep_{};
 };

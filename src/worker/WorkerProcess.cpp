@@ -1,12 +1,13 @@
 #include "worker/WorkerProcess.h"
 
-#include <climits>
+#include <chrono>
 #include <csignal>
 #include <pthread.h>
 #include <sys/prctl.h>
+#include <thread>
 #include <unistd.h>
 
-#include "isolated/Handover.h"
+#include "process/Handover.h"
 #include "worker/Sandbox.h"
 #include "worker/WorkerEnd.h"
 #include "worker/WorkerService.h"
@@ -45,8 +46,12 @@ struct Interrupts {
 void* serveInterrupts(void* known) {
     auto const& interrupts = *static_cast<Interrupts*>(known);
     while (true) {
-        interrupts.end.awaitInterrupt();
-        interrupts.service.interrupt();
+        std::uint32_t const call = interrupts.end.awaitInterrupt();
+        // A request can come before the work has begun: then it holds nevertheless.
+        while (!interrupts.end.hasAnswered(call)) {
+            if (interrupts.end.isServing(call)) interrupts.service.interrupt();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
 }
 

@@ -18,7 +18,8 @@ class WorkerService {
     virtual void prepareWorker() {}
     /// Answers messages in the sandbox, for ever.
     virtual void serve(WorkerEnd& end) = 0;
-    /// Runs on a thread of its own when the application asks to end what serve() is doing.
+    /// Runs on a thread of its own when the application asks to end what serve() is doing, again
+    /// and again until that has answered.
     virtual void interrupt() {}
 };
 

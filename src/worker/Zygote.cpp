@@ -17,10 +17,10 @@
 #include <unistd.h>
 #include <vector>
 
-#include "isolated/ChannelMemory.h"
-#include "isolated/DetachedSpawn.h"
-#include "isolated/Handover.h"
-#include "isolated/SharedMemory.h"
+#include "process/ChannelMemory.h"
+#include "process/DetachedSpawn.h"
+#include "process/Handover.h"
+#include "process/SharedMemory.h"
 #include "worker/MemoryCeiling.h"
 #include "worker/WorkerProcess.h"
 #include "worker/WorkerService.h"

@@ -5,7 +5,7 @@
 #include <optional>
 #include <sys/types.h>
 
-#include "isolated/OwnedDescriptor.h"
+#include "process/OwnedDescriptor.h"
 
 namespace kx {
 

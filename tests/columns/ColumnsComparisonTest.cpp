@@ -11,6 +11,7 @@
 #include "../library/SplitExample.h"
 #include "../support/Utf8.h"
 #include "ColumnTable.h"
+#include "support/HostKind.h"
 #include "ScriptGenerator.h"
 #include "convert/Converter.h"
 #include "library/Catalogues.h"
@@ -82,8 +83,8 @@ class Comparison {
         }
     }
 
-    KxJsParser first_;
-    KxJsParser second_;
+    KxJsParser first_ = makeHost();
+    KxJsParser second_ = makeHost();
     std::size_t compared_ = 0;
     std::size_t failing_ = 0;
 };

@@ -11,7 +11,7 @@ namespace {
 using Outcome = ScriptHost::Run;
 
 TEST(Execution, countsIndicesFromZero) {
-    KxJsParser host;
+    KxJsParser host = makeHost();
     std::u16string error;
     EXPECT_EQ(host.parse(u"1+1", error), 0);
     EXPECT_EQ(host.parse(u"2+2", error), 1);

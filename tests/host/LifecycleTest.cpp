@@ -9,7 +9,7 @@
 namespace {
 
 TEST(Lifecycle, hasNoBuiltInFunctionsBeforeInitialize) {
-    KxJsParser host;
+    KxJsParser host = makeHost();
     std::u16string error;
     EXPECT_EQ(host.execute(host.parse(u"1+1", error), error), u"2");
     EXPECT_EQ(error, u"");

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/KxJsParser.h"
+#include "support/HostKind.h"
 
 /// A host with the short calls that tests want.
 class ScriptHost {
@@ -48,6 +49,6 @@ class ScriptHost {
     /// The result alone.
     std::u16string eval(std::u16string const& source) { return run(source).result; }
 
-    KxJsParser host;
+    KxJsParser host = makeHost();
     std::u16string parseError;
 };

@@ -34,6 +34,7 @@ class Batch {
           reader_(input_.descriptor(), input_.name(), options.delimiter),
           output_(options.output, options.delimiter),
           progress_(input_.size()),
+          host_(makeHost(options.limits)),
           formula_(decodeArgument(options.formula, "formula")) {
         setLimits(host_, options.limits);
         host_.initialize();

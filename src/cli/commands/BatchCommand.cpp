@@ -83,6 +83,7 @@ void addBatch(CLI::App& app, Command& chosen) {
         addRepeatable(*batch, "--type", "NAME=TYPE",
                       "Type of a column: double, long, string or bool; may be repeated");
     addLimits(*batch, arguments->limits);
+    addIsolated(*batch, arguments->limits);
     batch->add_option("FORMULA", options.formula, "The formula")->type_name("")->required();
     batch->footer(
         "The file has a header; a column whose header is a name is a variable of that name. A\n"

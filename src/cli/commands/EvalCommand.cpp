@@ -56,7 +56,11 @@ bool evaluate(KxJsParser& parser, Formula const& formula, FormulaReader const& r
     flushOutput();
     if (run.hasFailed) {
         if (!formula.place.empty()) reportError(formula.place + ":");
-        reportScriptError(failureReport(formula.text, run, parser.lastFailure()));
+        KxJsFailure const* const failure = parser.lastFailure();
+        reportScriptError(failureReport(formula.text, run, failure));
+        bool const hasNewWorker =
+            failure != nullptr && failure->kind == KxJsFailure::Kind::WORKER_ENDED;
+        if (hasNewWorker) reader.prepare(parser);
     }
     return !run.hasFailed;
 }
@@ -64,8 +68,9 @@ bool evaluate(KxJsParser& parser, Formula const& formula, FormulaReader const& r
 ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
     std::vector<KxJsVariable> const variables = variablesFrom(command, options);
     requireInput(options.formulas.empty(), "formula");
-    KxJsParser parser;
-    setLimits(parser, limitsFrom(options.limits));
+    Limits const limits = limitsFrom(options.limits);
+    KxJsParser parser = makeHost(limits);
+    setLimits(parser, limits);
     parser.initialize();
     std::vector<std::u16string> keys;
     for (KxJsVariable const& variable : variables) keys.push_back(variable.getKey());
@@ -95,6 +100,7 @@ void addEval(CLI::App& app, Command& chosen) {
     addVariable("--string", VariableOption::STRING, "Bind a text");
     addVariable("--bool", VariableOption::BOOLEAN, "Bind true or false");
     addLimits(*eval, options->limits);
+    addIsolated(*eval, options->limits);
     addFormulas(*eval, options->formulas);
     eval->footer(
         "Without a formula, formulas are read from standard input, one a line. All of them run\n"

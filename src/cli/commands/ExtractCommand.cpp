@@ -1,5 +1,6 @@
 #include <CLI/App.hpp>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -34,15 +35,17 @@ std::vector<std::u16string> namesIn(std::u16string const& formula, LanguageOptio
     if (language.isTranslated) return translatedNames(formula, error);
     std::u16string const source =
         language.isJavaScript ? formula : Converter::_convert(formula.c_str());
-    return KxJsParser::_extractVariable(source, error, limits.time);
+    return limits.isIsolated
+               ? KxJsParser::_extractVariable(source, error, limits.time, isolationFor(limits))
+               : KxJsParser::_extractVariable(source, error, limits.time);
 }
 
 ExitStatus runExtract(ExtractOptions const& options) {
     requireInput(options.formulas.empty(), "formula");
     Limits const limits = limitsFrom(options.limits);
     // The searches create their own hosts. This host keeps the memory limit of the thread.
-    KxJsParser limited;
-    setLimits(limited, limits);
+    std::optional<KxJsParser> limited;
+    if (!limits.isIsolated) setLimits(limited.emplace(), limits);
     bool hasFailed = false;
     std::set<std::u16string> printed;
     forEachFormula(options.formulas, [&](Formula const& formula) {
@@ -68,6 +71,7 @@ void addExtract(CLI::App& app, Command& chosen) {
     auto const options = std::make_shared<ExtractOptions>();
     addLanguage(*extract, options->language);
     addLimits(*extract, options->limits);
+    addIsolated(*extract, options->limits);
     addFormulas(*extract, options->formulas);
     extract->footer(
         "Without a formula, formulas are read from standard input, one a line. Each name is\n"

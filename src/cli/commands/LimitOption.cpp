@@ -41,8 +41,15 @@ void addLimits(CLI::App& command, LimitOptions& options) {
         ->type_name("MIB");
 }
 
+void addIsolated(CLI::App& command, LimitOptions& options) {
+    command.add_flag("--isolated", options.isIsolated,
+                     "Run formulas in a process of their own, which\n"
+                     "at worst ends in place of this one");
+}
+
 Limits limitsFrom(LimitOptions const& options) {
     Limits limits;
+    limits.isIsolated = options.isIsolated;
     if (options.timeout) {
         limits.time = std::chrono::milliseconds(
             numberOf("--timeout", *options.timeout, "milliseconds", kLongestTimeout));

@@ -11,9 +11,12 @@ namespace kx {
 void addRepl(CLI::App& app, Command& chosen) {
     CLI::App* const repl = app.add_subcommand("repl", "Evaluate formulas at a prompt");
     auto const limits = std::make_shared<LimitOptions>();
+    limits->isIsolated = true;
     auto const language = std::make_shared<LanguageOptions>();
     addTranslated(*repl, *language);
     addLimits(*repl, *limits);
+    repl->add_flag("!--in-process", limits->isIsolated,
+                   "Run formulas in the process of the prompt");
     repl->footer(
         "\"NAME = VALUE\" binds a variable; \":help\" lists the commands. Where standard input is "
         "no\n"

@@ -1,8 +1,21 @@
 #include "cli/formula/Limits.h"
 
-#include "host/KxJsParser.h"
+#include <algorithm>
+#include <cstdint>
 
 namespace kx {
+
+KxJsParser makeHost(Limits const& limits) {
+    return limits.isIsolated ? KxJsParser(isolationFor(limits)) : KxJsParser();
+}
+
+KxJsIsolation isolationFor(Limits const& limits) {
+    KxJsIsolation isolation;
+    // The kernel's limit has to lie above the engine's, which ends a formula more gently.
+    std::uint64_t const twice = std::uint64_t{limits.memory.value_or(0)} * 2;
+    isolation.memoryLimit = std::max(isolation.memoryLimit, twice);
+    return isolation;
+}
 
 void setLimits(KxJsParser& parser, Limits const& limits) {
     parser.setTimeLimit(limits.time);

@@ -38,7 +38,7 @@ void printTime(std::chrono::steady_clock::duration time) {
 
 ReplSession::ReplSession(std::size_t promptWidth, Limits const& limits,
                          LanguageOptions const& language)
-    : promptWidth_(promptWidth), language_(language) {
+    : promptWidth_(promptWidth), language_(language), parser_(makeHost(limits)) {
     setLimits(parser_, limits);
     parser_.initialize();
     reader().prepare(parser_);
@@ -102,6 +102,12 @@ bool ReplSession::evaluate(std::u16string const& formula) {
     return !run.hasFailed;
 }
 
+/// Whether the last run has cost its worker.
+bool ReplSession::hasNewWorker() const {
+    KxJsFailure const* const failure = parser_.lastFailure();
+    return failure != nullptr && failure->kind == KxJsFailure::Kind::WORKER_ENDED;
+}
+
 FormulaRun ReplSession::timedRun(std::u16string const& formula, std::u16string const& line) {
     auto const start = std::chrono::steady_clock::now();
     FormulaRun run = runFormula(parser_, formula, reader());
@@ -128,6 +134,9 @@ void ReplSession::report(std::u16string const& formula, std::u16string const& li
     } else {
         reportScriptError(failureReport(formula, run, failure));
     }
+    if (!hasNewWorker()) return;
+    reportError("formulas have a new process now; what they left in globals is gone");
+    reader().prepare(parser_);
 }
 
 }  // namespace kx

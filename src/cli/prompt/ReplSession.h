@@ -43,6 +43,7 @@ class ReplSession {
     bool bind(KxJsVariable const& variable);
     bool evaluate(std::u16string const& formula);
     FormulaRun timedRun(std::u16string const& formula, std::u16string const& line);
+    bool hasNewWorker() const;
     void report(std::u16string const& formula, std::u16string const& line, FormulaRun const& run);
 
     FormulaReader reader() const;

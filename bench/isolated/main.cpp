@@ -1,0 +1,204 @@
+// Measures isolated hosts beside hosts in process, in the same run and by turns.
+//
+//     kxbench_isolated [ROUNDS]      a whole number from 1; 11 without
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "Machine.h"
+#include "columns/KxJsColumns.h"
+#include "host/KxJsParser.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+using Nanoseconds = std::chrono::duration<double, std::nano>;
+
+constexpr char16_t const* kFormula = u"A*1.2+B/3";
+/// No call of the engine's that this ends looks for a request to end.
+constexpr char16_t const* kNeverLooks = u"[new Array(4e9)].flat()";
+
+double timeOf(std::function<void()> const& work) {
+    Clock::time_point const start = Clock::now();
+    work();
+    return Nanoseconds(Clock::now() - start).count();
+}
+
+double median(std::vector<double> times) {
+    auto const middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+}
+
+void require(bool isRight, char const* what) {
+    if (!isRight) throw std::runtime_error(what);
+}
+
+void print(char const* what, double time, double scale, char const* unit) {
+    std::printf("| %s | %.2f %s | |\n", what, time / scale, unit);
+}
+
+void printBeside(char const* what, double inProcess, double isolated, double scale,
+                 char const* unit) {
+    std::printf("| %s | %.2f %s | %.2f %s, %.2f times |\n", what, inProcess / scale, unit,
+                isolated / scale, unit, isolated / inProcess);
+}
+
+/// A host with a formula of two variables.
+class Formula {
+  public:
+    explicit Formula(KxJsParser& host) : host_(host) {
+        host_.initialize();
+        host_.addSetVariable(KxJsVariable(u"A", 0.5));
+        host_.addSetVariable(KxJsVariable(u"B", 7.25));
+        script_ = host_.parse(kFormula, error_);
+        require(script_ >= 0, "the formula does not compile");
+    }
+    std::u16string run(double value) {
+        host_.addSetVariable(KxJsVariable(u"A", value));
+        return host_.execute(script_, error_);
+    }
+
+  private:
+    KxJsParser& host_;
+    std::int32_t script_ = -1;
+    std::u16string error_;
+};
+
+/// One call with a new value; `pause` before each.
+void compareCalls(char const* what, int rounds, Clock::duration pause) {
+    KxJsParser inProcess;
+    KxJsParser isolated{KxJsIsolation()};
+    Formula one(inProcess);
+    Formula other(isolated);
+    std::vector<double> times;
+    std::vector<double> isolatedTimes;
+    int const calls = pause == Clock::duration::zero() ? 1000 : 20;
+    for (int round = 0; round < rounds; ++round) {
+        for (Formula* formula : {&one, &other}) {
+            for (int call = 0; call < calls; ++call) {
+                double const value = round * 1000 + call + 0.37;
+                if (pause != Clock::duration::zero()) std::this_thread::sleep_for(pause);
+                double const time = timeOf([&] { formula->run(value); });
+                (formula == &one ? times : isolatedTimes).push_back(time);
+            }
+        }
+        require(one.run(round) == other.run(round), "the results differ");
+    }
+    printBeside(what, median(times), median(isolatedTimes), 1000, "µs");
+}
+
+void compareColumns(int rounds) {
+    constexpr std::size_t kRecords = 1'000'000;
+    std::vector<double> a(kRecords);
+    std::vector<double> b(kRecords);
+    for (std::size_t i = 0; i < kRecords; ++i) {
+        a[i] = static_cast<double>(i) * 1.1;
+        b[i] = static_cast<double>(i) * 0.7;
+    }
+    KxJsParser hosts[] = {KxJsParser(), KxJsParser(KxJsIsolation())};
+    std::vector<double> results[2];
+    std::vector<double> times[2];
+    std::vector<std::unique_ptr<KxJsColumns>> columns;
+    for (KxJsParser& host : hosts) {
+        columns.push_back(std::make_unique<KxJsColumns>(host));
+        columns.back()->bind(u"A", a.data());
+        columns.back()->bind(u"B", b.data());
+        std::u16string error;
+        require(columns.back()->compile(kFormula, error), "the columns do not compile");
+    }
+    for (std::vector<double>& values : results) values.resize(kRecords);
+    for (int round = 0; round < rounds; ++round) {
+        for (int kind = 0; kind < 2; ++kind) {
+            times[kind].push_back(timeOf([&] {
+                auto const outcome = columns[kind]->evaluate(kRecords, results[kind].data());
+                require(outcome.records == kRecords, "not all records were evaluated");
+            }));
+        }
+    }
+    require(results[0] == results[1], "the results of the columns differ");
+    printBeside("columns, a record of a million", median(times[0]), median(times[1]), kRecords,
+                "ns");
+}
+
+void measureNewHosts(int rounds) {
+    std::vector<double> inProcess;
+    std::vector<double> withSpare;
+    std::vector<double> withoutSpare;
+    KxJsParser const first{KxJsIsolation()};
+    for (int round = 0; round < rounds; ++round) {
+        inProcess.push_back(timeOf([] { KxJsParser().initialize(); }));
+        std::this_thread::sleep_for(100ms);
+        withSpare.push_back(timeOf([] { KxJsParser{KxJsIsolation()}.initialize(); }));
+        withoutSpare.push_back(timeOf([] { KxJsParser{KxJsIsolation()}.initialize(); }));
+    }
+    printBeside("a host with the built-in functions, a worker in reserve", median(inProcess),
+                median(withSpare), 1e6, "ms");
+    printBeside("the same, without one in reserve", median(inProcess), median(withoutSpare), 1e6,
+                "ms");
+}
+
+void measureRestart(int rounds) {
+    std::vector<double> late;
+    std::vector<double> restarts;
+    constexpr auto kLimit = 50ms;
+    KxJsIsolation const isolation;
+    KxJsParser host(isolation);
+    host.initialize();
+    std::u16string error;
+    for (int script = 0; script < 20; ++script) {
+        host.addSetVariable(KxJsVariable(u"V" + std::u16string(1, u'A' + script), script));
+        host.parse(u"ROUND(V" + std::u16string(1, u'A' + script) + u"*1.5, 1)", error);
+    }
+    host.setTimeLimit(kLimit);
+    for (int round = 0; round < rounds; ++round) {
+        late.push_back(timeOf([&] { host.evaluate(kNeverLooks, error); }) -
+                       Nanoseconds(kLimit + isolation.grace).count());
+        std::this_thread::sleep_for(100ms);
+        restarts.push_back(timeOf([&] { require(host.execute(3, error) == u"4.5", "lost"); }));
+    }
+    print("a call that is ended with its worker: later than limit and grace",
+          *std::max_element(late.begin(), late.end()), 1e6, "ms at most");
+    print("the next call, with 20 scripts to compile again", median(restarts), 1e6, "ms");
+}
+
+int roundsFrom(int count, char** arguments) {
+    if (count < 2) return 11;
+    std::string_view const text = arguments[1];
+    int rounds = 0;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), rounds);
+    bool const isNumber = error == std::errc() && end == text.data() + text.size();
+    if (count > 2 || !isNumber || rounds < 1) {
+        throw std::invalid_argument("usage: kxbench_isolated [ROUNDS]");
+    }
+    return rounds;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    try {
+        int const rounds = roundsFrom(count, arguments);
+        std::cout << bench::describeMachine() << "\n\n" << std::flush;
+        std::puts("| what | in process | isolated |\n|---|---:|---:|");
+        compareCalls("a call, hot", rounds, 0ms);
+        compareCalls("a call after 1 ms", rounds, 1ms);
+        compareCalls("a call after 20 ms", rounds, 20ms);
+        compareColumns(rounds);
+        measureNewHosts(rounds);
+        measureRestart(rounds);
+        return 0;
+    } catch (std::exception const& error) {
+        std::cerr << error.what() << '\n';
+        return 2;
+    }
+}

@@ -1,0 +1,286 @@
+#include "columns/IsolatedColumns.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+#include <type_traits>
+#include <utility>
+
+#include "columns/ColumnTexts.h"
+#include "columns/FlagScope.h"
+#include "host/EndText.h"
+#include "host/KxJsParser.h"
+#include "isolated/ColumnArea.h"
+
+namespace kx {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Between two calls of whoever watches.
+constexpr std::chrono::milliseconds kBlockTime{10};
+constexpr std::size_t kFirstBlock = 64;
+constexpr std::size_t kLargestBlock = std::size_t{1} << 16;
+
+/// Bytes of a value in the area; none for texts, which are in the messages.
+std::size_t sizeIn(Column const& column) {
+    constexpr std::array<std::size_t, 5> kSizes = {sizeof(double), sizeof(std::int32_t), 1, 0, 0};
+    return kSizes[column.values.index()];
+}
+
+}  // namespace
+
+struct IsolatedColumns::Evaluation {
+    std::size_t count;
+    ColumnResults const& results;
+    KxJsColumns::Outcome& outcome;
+    std::chrono::milliseconds limit;
+    Clock::time_point start = Clock::now();
+    RecentTexts texts = {};
+
+    /// At least 1 ms, so that there is a limit where there was one.
+    std::chrono::milliseconds timeLeft() const {
+        if (limit <= std::chrono::milliseconds::zero()) return limit;
+        auto const gone =
+            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        return std::max(limit - gone, std::chrono::milliseconds(1));
+    }
+};
+
+IsolatedColumns::IsolatedColumns(KxJsParser& parser, IsolatedHost& host)
+    : parser_(parser), host_(host), number_(host.log().enterColumns()) {}
+
+IsolatedColumns::~IsolatedColumns() { host_.log().leaveColumns(number_); }
+
+void IsolatedColumns::setProgress(KxJsColumns::Progress progress) {
+    refuseWhileEvaluating();
+    progress_ = std::move(progress);
+}
+
+void IsolatedColumns::refuseWhileEvaluating() const {
+    if (isEvaluating_) throw std::logic_error("the columns are being evaluated");
+}
+
+void IsolatedColumns::bind(std::u16string const& name, Column::Values values) {
+    refuseWhileEvaluating();
+    auto const found = std::find_if(columns_.begin(), columns_.end(),
+                                    [&](Column const& column) { return column.name == name; });
+    // Memory of another type needs a new formula in the worker, which has memory of its own.
+    if (found != columns_.end()) {
+        if (found->values.index() != values.index()) worker_ = 0;
+        found->values = values;
+        return;
+    }
+    isCompiled_ = false;
+    columns_.push_back({name, values});
+}
+
+bool IsolatedColumns::bindToHost(std::u16string& error) {
+    for (Column const& column : columns_) {
+        if (parser_.addSetVariable(column.blank())) continue;
+        error = u"A column cannot have the name \"" + column.name + u"\"";
+        return false;
+    }
+    return true;
+}
+
+bool IsolatedColumns::compile(std::u16string const& source, std::u16string& error) {
+    if (isEvaluating_ || !host_.isOnItsThread()) {
+        error = isEvaluating_ ? kBusy : kWrongThread;
+        return false;
+    }
+    isCompiled_ = false;
+    if (mostRecords() == 0) {
+        error = u"There are too many columns for an isolated host";
+        return false;
+    }
+    if (!bindToHost(error)) return false;
+    source_ = source;
+    resets_ = host_.resets();
+    isCompiled_ = host_.prepare(error) && compileInWorker(error);
+    return isCompiled_;
+}
+
+/// Adds to the prepared request, and sends it.
+bool IsolatedColumns::compileInWorker(std::u16string& error) {
+    MessageWriter& request = host_.request();
+    request.put(Command::COMPILE_COLUMNS);
+    request.put(number_);
+    request.put(static_cast<std::uint32_t>(columns_.size()));
+    for (Column const& column : columns_) {
+        request.putText(column.name);
+        request.put(static_cast<std::uint8_t>(column.values.index()));
+    }
+    request.putText(source_);
+    auto reader = host_.send(host_.log().timeLimit(), error);
+    if (!reader) return false;
+    CommandResult result = takeResult(*reader);
+    if (!host_.checkEnd(*reader, error)) return false;
+    host_.conclude(result, error);
+    worker_ = result.isDone ? host_.workers() : 0;
+    return result.isDone;
+}
+
+KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults const& results) {
+    KxJsColumns::Outcome outcome;
+    if (!host_.isOnItsThread()) {
+        outcome.error = kWrongThread;
+    } else if (isEvaluating_) {
+        outcome.error = kBusy;
+    } else if (!isCompiled_ || resets_ != host_.resets()) {
+        outcome.error = kNotCompiled;
+    }
+    if (!outcome.error.empty()) return outcome;
+    FlagScope const evaluating(isEvaluating_);
+    host_.beginEvaluation();
+    Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
+    std::size_t const largest = std::min(kLargestBlock, mostRecords());
+    std::size_t size = std::min(kFirstBlock, largest);
+    while (outcome.records < count) {
+        Clock::time_point const start = Clock::now();
+        bool const isDone = runBlock(evaluation, std::min(count, outcome.records + size));
+        if (!isDone || !goesOn(evaluation)) break;
+        size = Clock::now() - start < kBlockTime ? std::min(size * 2, largest)
+                                                 : std::max<std::size_t>(size / 2, 1);
+    }
+    host_.log().setTimeLimit(host_.log().timeLimit());  // the blocks had less
+    return outcome;
+}
+
+/// Evaluates the records from the next one up to `last`. False where the evaluation was ended.
+bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
+    std::u16string& error = evaluation.outcome.error;
+    std::size_t const first = evaluation.outcome.records;
+    if (!host_.prepare(error)) return false;
+    if (worker_ != host_.workers()) {
+        if (!compileInWorker(error) || !host_.prepare(error)) return false;
+    }
+    std::chrono::milliseconds const left = evaluation.timeLeft();
+    MessageWriter& request = host_.request();
+    request.put(Command::TIME_LIMIT);
+    request.put(static_cast<std::int64_t>(left.count()));
+    request.put(Command::RUN_COLUMNS);
+    request.put(number_);
+    request.put(static_cast<std::uint8_t>(evaluation.results.index()));
+    request.put(static_cast<std::uint64_t>(last - first));
+    std::size_t const resultsOffset = putValues(request, first, last);
+    auto reader = host_.send(left, error);
+    if (reader) {
+        bool const isDone = takeBlock(*reader, evaluation, last, resultsOffset);
+        if (!host_.checkEnd(*reader, error)) {
+            evaluation.outcome.records = first;
+            return false;
+        }
+        if (evaluation.outcome.records > 0) bindRecord(evaluation.outcome.records - 1);
+        if (isDone) return true;
+    }
+    if (host_.endReason() == EndReason::timeLimit) error = timeLimitText(evaluation.limit);
+    return false;
+}
+
+/// How many records a block may have, so that their values have room; 0 where there are too many
+/// columns.
+std::size_t IsolatedColumns::mostRecords() const {
+    std::size_t sizes = sizeof(double);  // of a result
+
+    for (Column const& column : columns_) sizes += sizeIn(column);
+    return ColumnArea::mostRecords(columns_.size() + 1, sizes);
+}
+
+/// Hands over the values of a block: texts in the message, all others in the area. Returns where in
+/// the area the results will be.
+std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
+                                       std::size_t last) const {
+    ColumnArea area(last - first);
+    for (Column const& column : columns_) {
+        if (column.isText()) {
+            for (std::size_t record = first; record < last; ++record) {
+                writer.putText(column.text(record).substr(0, KxJsVariable::kMaxTextLength));
+            }
+            continue;
+        }
+        std::byte* const goal = host_.area() + area.take(sizeIn(column));
+        std::visit(
+            [&](auto const* values) {
+                using Value = std::remove_cvref_t<decltype(*values)>;
+                if constexpr (std::is_arithmetic_v<Value>) {
+                    std::memcpy(goal, values + first, (last - first) * sizeof(Value));
+                }
+            },
+            column.values);
+    }
+    return area.take(0);
+}
+
+/// Takes the results of a block. False where the worker has ended it early.
+bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
+                                std::size_t resultsOffset) {
+    KxJsColumns::Outcome& outcome = evaluation.outcome;
+    std::size_t const first = outcome.records;
+    auto const records =
+        static_cast<std::size_t>(reader.takeUpTo(static_cast<std::uint64_t>(last - first)));
+    std::u16string const error = reader.takeText();
+    auto const reason =
+        static_cast<EndReason>(reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
+    auto const failures = reader.takeUpTo(static_cast<std::uint64_t>(last - first));
+    for (std::uint64_t i = 0; i < failures; ++i) {
+        KxJsColumns::Failure failure{};
+        failure.record = first + reader.takeUpTo(static_cast<std::uint64_t>(last - first));
+        failure.error = evaluation.texts.shared(reader.takeText());
+        failure.message = evaluation.texts.shared(reader.takeText());
+        constexpr auto kLargest = std::numeric_limits<std::int32_t>::max();
+        failure.line = reader.takeUpTo(kLargest);
+        failure.column = reader.takeUpTo(kLargest);
+        failure.endColumn = reader.takeUpTo(kLargest);
+        outcome.failures.push_back(std::move(failure));
+    }
+    takeResults(reader, evaluation, records, resultsOffset);
+    outcome.records = first + records;
+    if (error.empty() && outcome.records == last) return true;
+    outcome.error = error;
+    if (reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
+    return false;
+}
+
+void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
+                                  std::size_t records, std::size_t resultsOffset) const {
+    std::size_t const first = evaluation.outcome.records;
+    std::byte const* const results = host_.area() + resultsOffset;
+    if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
+        for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
+    } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
+        std::memcpy(*numbers + first, results, records * sizeof(double));
+    } else {
+        bool* const values = std::get<bool*>(evaluation.results) + first;
+        // A byte that is neither 0 nor 1 would be no truth value.
+        for (std::size_t i = 0; i < records; ++i) values[i] = results[i] != std::byte{0};
+    }
+}
+
+/// Between two blocks. False where the evaluation was ended.
+bool IsolatedColumns::goesOn(Evaluation& evaluation) {
+    KxJsColumns::Outcome& outcome = evaluation.outcome;
+    bool const isWanted = !progress_ || progress_(outcome.records);
+    if (outcome.records == evaluation.count) return false;
+    if (!isWanted) {
+        outcome.error = kStopped;
+    } else if (resets_ != host_.resets()) {
+        outcome.error = kNotCompiled;
+    } else if (host_.isTerminated()) {
+        outcome.error = kTerminatedText;
+    } else if (evaluation.limit > std::chrono::milliseconds::zero() &&
+               Clock::now() - evaluation.start > evaluation.limit) {
+        outcome.error = timeLimitText(evaluation.limit);
+    }
+    return outcome.error.empty();
+}
+
+/// Leaves the columns as variables of the host, with the values of `record`.
+void IsolatedColumns::bindRecord(std::size_t record) {
+    for (Column const& column : columns_) parser_.addSetVariable(column.at(record));
+}
+
+}  // namespace kx

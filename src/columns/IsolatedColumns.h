@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "columns/Column.h"
+#include "columns/ColumnsBackend.h"
+#include "columns/KxJsColumns.h"
+#include "columns/RecentTexts.h"
+#include "isolated/IsolatedHost.h"
+
+namespace kx {
+
+/// What a KxJsColumns does over an isolated host. The worker has a KxJsColumns of its own, and gets
+/// the records in blocks.
+class IsolatedColumns final : public ColumnsBackend {
+  public:
+    IsolatedColumns(KxJsParser& parser, IsolatedHost& host);
+    ~IsolatedColumns() override;
+
+    void bind(std::u16string const& name, Column::Values values) override;
+    bool compile(std::u16string const& source, std::u16string& error) override;
+    KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results) override;
+    void setProgress(KxJsColumns::Progress progress) override;
+
+  private:
+    struct Evaluation;
+
+    void refuseWhileEvaluating() const;
+    bool bindToHost(std::u16string& error);
+    bool compileInWorker(std::u16string& error);
+    bool runBlock(Evaluation& evaluation, std::size_t last);
+    std::size_t mostRecords() const;
+    std::size_t putValues(MessageWriter& writer, std::size_t first, std::size_t last) const;
+    bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
+                   std::size_t resultsOffset);
+    void takeResults(MessageReader& reader, Evaluation const& evaluation, std::size_t records,
+                     std::size_t resultsOffset) const;
+    bool goesOn(Evaluation& evaluation);
+    void bindRecord(std::size_t record);
+
+    KxJsParser& parser_;
+    IsolatedHost& host_;
+    std::uint32_t const number_;
+    std::vector<Column> columns_;
+    KxJsColumns::Progress progress_;
+    std::u16string source_;
+    bool isCompiled_ = false;
+    std::uint64_t worker_ = 0;  // that has compiled the formula
+    std::uint64_t resets_ = 0;  // of the host when it was compiled
+    bool isEvaluating_ = false;
+};
+
+}  // namespace kx

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+/// The pieces of the sandbox that a worker process is in. Which of them hold depends on the kernel
+/// and, in a container, on what that forbids.
+struct KxJsSandbox {
+    bool noNewPrivileges = false;   ///< no program that it could run would gain rights
+    bool noCapabilities = false;    ///< it has no privileges, even where the application is root's
+    bool landlock = false;          ///< the kernel refuses files, and TCP where it knows how
+    bool systemCallFilter = false;  ///< about thirty system calls are left, with checked arguments
+};
+
+/// How an isolated host runs its scripts: in a worker process of its own, in a sandbox. A plain
+/// value.
+///
+///     KxJsIsolation isolation;
+///     isolation.required.systemCallFilter = true;  // rather no host than one without it
+///     KxJsParser parser(isolation);
+struct KxJsIsolation {
+    /// The most private memory that the worker may take for formulas, in bytes. The kernel holds it
+    /// to that, within single calls of built-in functions too; a worker that needs more ends. It
+    /// should lie well above the memory limit of KxJsParser::setMemoryLimit(), which ends a script
+    /// more gently.
+    std::uint64_t memoryLimit = std::uint64_t{1} << 30;
+
+    /// How long a script may run on after its time limit, or after KxJsParser::terminate(), before
+    /// its worker is ended.
+    std::chrono::milliseconds grace{100};
+
+    /// Path of the program kxjs-worker; empty where it is installed with the library. It has to be
+    /// of the library's version.
+    std::string worker;
+
+    /// Pieces of the sandbox without which there is no host.
+    KxJsSandbox required;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "engine/EndReason.h"
+#include "host/KxJsFailure.h"
+#include "host/KxJsVariable.h"
+#include "isolated/Message.h"
+
+namespace kx {
+
+/// What library and worker call themselves. They have to be of one build of the protocol.
+char const* protocolVersion();
+
+/// A request is a sequence of commands. Those from INSTALL on are answered, in their order.
+enum class Command : std::uint8_t {
+    SET_VARIABLE,     ///< key, type, value
+    RELEASE,          ///< id of a script or of columns
+    TIME_LIMIT,       ///< milliseconds, 64 bits
+    MEMORY_LIMIT,     ///< bytes, 64 bits
+    INSTALL,          ///< nothing
+    RESET,            ///< nothing
+    COMPILE,          ///< id, source
+    RUN,              ///< id
+    COMPILE_COLUMNS,  ///< id, number of columns, name and type of each, source
+    RUN_COLUMNS       ///< id, type of results, number of records, values of text columns
+};
+
+/// What came of one of those, except RUN_COLUMNS.
+struct CommandResult {
+    bool isDone = false;  ///< COMPILE: whether there is a script now
+    std::u16string text;  ///< RUN: the text of the completion value
+    std::optional<std::u16string> error;
+    EndReason endReason = EndReason::none;
+    std::optional<KxJsFailure> failure;
+};
+
+/// A variable as scripts see it: of a text no more than that.
+void putVariable(MessageWriter& writer, KxJsVariable const& variable);
+KxJsVariable takeVariable(MessageReader& reader);
+
+void putResult(MessageWriter& writer, CommandResult const& result);
+/// Checks everything that has a range. See MessageReader::isRight().
+CommandResult takeResult(MessageReader& reader);
+
+}  // namespace kx

@@ -1,0 +1,119 @@
+#include "isolated/SupervisedWorker.h"
+
+#include <string_view>
+#include <sys/wait.h>
+#include <utility>
+
+#include "isolated/Protocol.h"
+#include "isolated/WorkerProgram.h"
+#include "text/NumberText.h"
+
+namespace kx {
+
+namespace {
+
+/// The bit of each piece that a KxJsSandbox tells of.
+constexpr std::pair<bool KxJsSandbox::*, SandboxPiece> kPieces[] = {
+    {&KxJsSandbox::noNewPrivileges, SandboxPiece::NO_NEW_PRIVILEGES},
+    {&KxJsSandbox::noCapabilities, SandboxPiece::NO_CAPABILITIES},
+    {&KxJsSandbox::landlock, SandboxPiece::LANDLOCK},
+    {&KxJsSandbox::systemCallFilter, SandboxPiece::SYSTEM_CALL_FILTER},
+};
+
+SandboxPieces piecesOf(KxJsSandbox const& sandbox) {
+    SandboxPieces pieces = 0;
+    for (auto const& [member, piece] : kPieces) {
+        if (sandbox.*member) pieces |= static_cast<SandboxPieces>(piece);
+    }
+    return pieces;
+}
+
+KxJsSandbox sandboxOf(SandboxPieces pieces) {
+    KxJsSandbox sandbox;
+    for (auto const& [member, piece] : kPieces) {
+        sandbox.*member = (pieces & static_cast<SandboxPieces>(piece)) != 0;
+    }
+    return sandbox;
+}
+
+Deadline::Clock::time_point endOf(std::chrono::milliseconds limit,
+                                  std::chrono::milliseconds grace) {
+    // Beyond this the clock itself would overflow.
+    constexpr auto kEndless = std::chrono::hours(24 * 365 * 100);
+    if (limit <= std::chrono::milliseconds::zero() || limit > kEndless) return Deadline::kNever;
+    return Deadline::Clock::now() + limit + grace;
+}
+
+std::u16string textOfStatus(int status) {
+    if (WIFSIGNALED(status)) return u"signal " + decimalText(WTERMSIG(status));
+    return u"status " + decimalText(WEXITSTATUS(status));
+}
+
+}  // namespace
+
+SupervisedWorker::SupervisedWorker(KxJsIsolation const& isolation)
+    : isolation_(isolation),
+      settings_{isolation.worker.empty() ? workerProgram() : isolation.worker, protocolVersion(),
+                isolation.memoryLimit, piecesOf(isolation.required)} {
+    start();
+}
+
+void SupervisedWorker::start() {
+    auto fresh = std::make_unique<Worker>(settings_);
+    sandbox_ = sandboxOf(fresh->pieces());
+    std::lock_guard const lock(mutex_);
+    worker_ = std::move(fresh);
+}
+
+SupervisedWorker::Ending SupervisedWorker::call(std::span<std::byte const> request,
+                                                std::vector<std::byte>& reply,
+                                                std::chrono::milliseconds limit) {
+    {
+        std::lock_guard const lock(mutex_);
+        worker_->announce(endOf(limit, isolation_.grace));
+        isCalling_ = true;
+        isTerminated_ = false;
+    }
+    Worker::Outcome const outcome = worker_->call(request, reply);
+    Ending ending = Ending::ANSWERED;
+    {
+        std::lock_guard const lock(mutex_);
+        isCalling_ = false;
+        ending = endingOf(outcome, isTerminated_);
+    }
+    if (ending == Ending::CRASHED) {
+        auto const status = worker_->endStatus();
+        lastEnd_ = status ? textOfStatus(*status) : std::u16string();
+    }
+    if (ending != Ending::ANSWERED) giveUp();
+    return ending;
+}
+
+void SupervisedWorker::giveUp() {
+    std::lock_guard const lock(mutex_);
+    worker_.reset();
+}
+
+void SupervisedWorker::terminate() {
+    std::lock_guard const lock(mutex_);
+    if (!isCalling_) return;
+    isTerminated_ = true;
+    worker_->interrupt();
+    worker_->endBefore(Deadline::Clock::now() + isolation_.grace);
+}
+
+SupervisedWorker::Ending SupervisedWorker::endingOf(Worker::Outcome outcome,
+                                                    bool isTerminated) const {
+    switch (outcome) {
+        case Worker::Outcome::ARRIVED:
+            return Ending::ANSWERED;
+        case Worker::Outcome::LATE:
+            return isTerminated ? Ending::TERMINATED : Ending::TIME_LIMIT;
+        case Worker::Outcome::ENDED:
+            return Ending::CRASHED;
+        default:
+            return Ending::LIED;
+    }
+}
+
+}  // namespace kx

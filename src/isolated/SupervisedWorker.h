@@ -1,0 +1,67 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/KxJsIsolation.h"
+#include "process/Worker.h"
+
+namespace kx {
+
+/// The worker of an isolated host: held to its time, and replaced once it has ended.
+class SupervisedWorker {
+  public:
+    /// How a call ended.
+    enum class Ending : std::uint8_t {
+        ANSWERED,
+        TIME_LIMIT,  ///< it ran on after the limit and the grace
+        TERMINATED,  ///< the same, after terminate()
+        CRASHED,     ///< the worker ended by itself
+        LIED         ///< it wrote what no worker writes
+    };
+
+    /// Throws std::system_error or std::runtime_error where there can be no worker.
+    explicit SupervisedWorker(KxJsIsolation const& isolation);
+
+    /// Whether there is a worker that can be called.
+    bool isThere() const { return worker_ != nullptr && !worker_->isOfOtherProcess(); }
+    /// Starts one in place of one that is not there any more. Throws as the constructor.
+    void start();
+
+    /// Sends `request` and gets the `reply`. `limit` is the time that the worker may take by
+    /// itself; 0 is none. After any other ending than ANSWERED the worker is not there any more.
+    Ending call(std::span<std::byte const> request, std::vector<std::byte>& reply,
+                std::chrono::milliseconds limit);
+    /// Ends a worker of which a reply has turned out to be a lie.
+    void giveUp();
+    /// Ends the call that is going on, if any: softly, or after the grace. Any thread.
+    void terminate();
+
+    /// See Worker::area(); for the worker that is there.
+    std::byte* area() const { return worker_->area(); }
+
+    /// How the last worker ended that has CRASHED: "signal 11", say; empty where that is not known.
+    std::u16string const& lastEnd() const { return lastEnd_; }
+    KxJsSandbox const& sandbox() const { return sandbox_; }
+
+  private:
+    Ending endingOf(Worker::Outcome outcome, bool isTerminated) const;
+
+    KxJsIsolation isolation_;
+    WorkerSettings settings_;
+    KxJsSandbox sandbox_;
+    std::u16string lastEnd_;
+
+    std::mutex mutex_;  // of what terminate() uses on other threads
+    std::unique_ptr<Worker> worker_;
+    bool isCalling_ = false;
+    bool isTerminated_ = false;
+};
+
+}  // namespace kx

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "process/OwnedDescriptor.h"
+
+namespace kx {
+
+/// Messages between application and zygote, over sequenced sockets. One message is one packet.
+
+/// What an application asks the zygote for.
+enum class ZygoteRequest : std::uint8_t { WORKER = 1 };
+
+/// What it gets: `error` is 0, or errno where there is no worker. With the worker come three
+/// descriptors: the channel's memory, its bell and the worker's leash.
+struct ZygoteAnswer {
+    std::int32_t error = 0;
+};
+inline constexpr std::size_t kWorkerDescriptors = 3;
+
+/// What an application says over a leash. Shutting the leash down ends the worker.
+struct LeashRequest {
+    std::uint64_t memoryLimit = 0;  ///< bytes beyond what the worker has now
+};
+
+/// What the zygote says over a leash.
+struct LeashReport {
+    enum class Kind : std::int32_t { LIMITED = 1, ENDED = 2 };
+    Kind kind = Kind::LIMITED;
+    std::int32_t value = 0;  ///< LIMITED: 0 or errno. ENDED: the status that waitpid() gives
+};
+
+/// The most bytes of one packet.
+inline constexpr std::size_t kLongestPacket = 256;
+
+/// Sends `bytes` as one packet, with copies of `descriptors`. False where nobody receives.
+bool sendPacket(int socket, std::span<std::byte const> bytes,
+                std::span<int const> descriptors = {});
+
+/// Receives a packet into `bytes` and returns its length; 0 where the other side is gone, -1 where
+/// there is none within `milliseconds` (-1: no limit). `descriptors` gets those that came with it.
+std::ptrdiff_t receivePacket(int socket, std::span<std::byte> bytes, int milliseconds,
+                             std::vector<OwnedDescriptor>* descriptors = nullptr);
+
+template <class T>
+std::span<std::byte const> packetOf(T const& value) {
+    return std::as_bytes(std::span<T const>(&value, 1));
+}
+
+/// Receives a packet that consists of `value`. False for anything else.
+template <class T>
+bool receiveValue(int socket, T& value, int milliseconds,
+                  std::vector<OwnedDescriptor>* descriptors = nullptr) {
+    return receivePacket(socket, std::as_writable_bytes(std::span<T>(&value, 1)), milliseconds,
+                         descriptors) == static_cast<std::ptrdiff_t>(sizeof(T));
+}
+
+}  // namespace kx

@@ -1,0 +1,104 @@
+#include "process/Worker.h"
+
+#include <chrono>
+#include <cstring>
+#include <stdexcept>
+#include <sys/socket.h>
+
+#include "process/Handover.h"
+#include "process/SystemError.h"
+#include "process/ZygoteLink.h"
+
+namespace kx {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// More than a loaded machine needs for any of these steps.
+constexpr auto kPatience = 30s;
+constexpr int kPatienceInMilliseconds = 30'000;
+/// How long the zygote may take to tell of a worker's end.
+constexpr int kEndNewsInMilliseconds = 100;
+
+}  // namespace
+
+struct Worker::Parts {
+    OwnedDescriptor memory;
+    OwnedDescriptor bell;
+    OwnedDescriptor leash;
+};
+
+Worker::Worker(WorkerSettings const& settings) : Worker(takeFromZygote(settings), settings) {}
+
+Worker::Worker(Parts parts, WorkerSettings const& settings)
+    : memory_(SharedMemory::open(std::move(parts.memory), kChannelSize)),
+      leash_(std::move(parts.leash)),
+      // A worker cannot tell more than it can hold, and a text may take twice the room on the way.
+      end_(memory_.data(), std::move(parts.bell), 2 * settings.memoryLimit + kChannelPart),
+      owner_(getpid()) {
+    memory_.takeDescriptor();
+    awaitReadiness(settings);
+    limitMemory(settings.memoryLimit);
+}
+
+Worker::~Worker() {
+    // In a fork of the application the socket is the parent's too.
+    if (!isOfOtherProcess()) shutdown(leash_.get(), SHUT_RDWR);
+}
+
+Worker::Parts Worker::takeFromZygote(WorkerSettings const& settings) {
+    std::vector<OwnedDescriptor> descriptors =
+        ZygoteLink::of(settings.program, settings.version).takeWorker();
+    return {std::move(descriptors[0]), std::move(descriptors[1]), std::move(descriptors[2])};
+}
+
+void Worker::awaitReadiness(WorkerSettings const& settings) {
+    deadline_.set(Deadline::Clock::now() + kPatience);
+    std::vector<std::byte> report;
+    if (end_.receive(report, deadline_) != Outcome::ARRIVED || report.size() != sizeof pieces_) {
+        throw std::runtime_error("the worker process could not be prepared");
+    }
+    std::memcpy(&pieces_, report.data(), sizeof pieces_);
+    if ((settings.requiredPieces & ~pieces_) != 0) {
+        throw std::runtime_error("this system lacks a required piece of the sandbox");
+    }
+}
+
+void Worker::limitMemory(std::uint64_t bytes) {
+    LeashReport report;
+    if (!sendPacket(leash_.get(), packetOf(LeashRequest{bytes})) ||
+        !receiveValue(leash_.get(), report, kPatienceInMilliseconds) ||
+        report.kind != LeashReport::Kind::LIMITED) {
+        throw std::runtime_error("the worker process ended at its start");
+    }
+    if (report.value == 0) return;
+    errno = report.value;
+    throwSystemError("limiting a worker's memory");
+}
+
+void Worker::announce(Deadline::Clock::time_point end) {
+    deadline_.set(end);
+    end_.announce();
+}
+
+Worker::Outcome Worker::call(std::span<std::byte const> request, std::vector<std::byte>& reply) {
+    if (isOfOtherProcess()) return Outcome::ENDED;
+    if (outcome_ != Outcome::ARRIVED) return outcome_;
+    outcome_ = end_.send(request, deadline_);
+    if (outcome_ == Outcome::ARRIVED) outcome_ = end_.receive(reply, deadline_);
+    return outcome_;
+}
+
+bool Worker::isOfOtherProcess() const { return getpid() != owner_; }
+
+std::optional<int> Worker::endStatus() {
+    LeashReport report;
+    if (isOfOtherProcess() || !receiveValue(leash_.get(), report, kEndNewsInMilliseconds) ||
+        report.kind != LeashReport::Kind::ENDED) {
+        return std::nullopt;
+    }
+    return report.value;
+}
+
+}  // namespace kx

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "process/OwnedDescriptor.h"
+
+namespace kx {
+
+/// The application's connection to a zygote, the process that workers are forked from. There is one
+/// for each program of workers; it lives as long as the application. A zygote that was killed is
+/// replaced at the next worker. Any thread may use it.
+class ZygoteLink {
+  public:
+    /// The link to the zygote of `program`, which has to call itself `version`.
+    static ZygoteLink& of(std::string const& program, std::string const& version);
+
+    /// A worker's memory, bell and leash. Throws std::system_error or std::runtime_error where
+    /// there can be none.
+    std::vector<OwnedDescriptor> takeWorker();
+
+  private:
+    ZygoteLink(std::string program, std::string version);
+
+    void start();
+    bool ask(std::vector<OwnedDescriptor>& descriptors);
+
+    std::string program_;
+    std::string version_;
+    std::mutex mutex_;
+    OwnedDescriptor socket_;
+};
+
+}  // namespace kx

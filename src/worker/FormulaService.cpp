@@ -1,0 +1,126 @@
+#include "worker/FormulaService.h"
+
+#include <chrono>
+#include <utility>
+#include <vector>
+
+#include "engine/Engine.h"
+#include "worker/WorkerEnd.h"
+
+namespace kx {
+
+namespace {
+
+/// What functions of the engine read of the system when they run first: the time zone.
+constexpr char16_t const* kFirstCalls = u"new Date(0).toString() + new Date(0).toLocaleString()";
+
+/// What an error text is before a call that may leave it alone.
+std::u16string const kUntouched = u"\uffff";
+
+}  // namespace
+
+void FormulaService::prepareZygote() { startEngine(); }
+
+void FormulaService::prepareWorker() {
+    // The zygote has started the engine and no more, so everything of it came along.
+    forkedChild = false;
+    host_ = std::make_unique<KxJsParser>();
+    std::u16string ignored;
+    host_->evaluate(kFirstCalls, ignored);
+}
+
+void FormulaService::serve(WorkerEnd& end) {
+    area_ = end.area();
+    std::vector<std::byte> request;
+    MessageWriter reply;
+    while (true) {
+        end.receive(request);
+        reply.clear();
+        MessageReader reader(request);
+        while (reader.hasMore()) obey(reader, reply);
+        end.send(reply.bytes());
+    }
+}
+
+void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
+    switch (static_cast<Command>(request.take<std::uint8_t>())) {
+        case Command::SET_VARIABLE:
+            host_->addSetVariable(takeVariable(request));
+            break;
+        case Command::RELEASE: {
+            auto const number = request.take<std::uint32_t>();
+            scripts_.erase(number);
+            columns_.erase(number);
+            break;
+        }
+        case Command::TIME_LIMIT:
+            host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
+            break;
+        case Command::MEMORY_LIMIT:
+            host_->setMemoryLimit(request.take<std::uint64_t>());
+            break;
+        case Command::INSTALL:
+            host_->initialize();
+            putResult(reply, withOutcome({}));
+            break;
+        case Command::RESET:
+            putResult(reply, reset());
+            break;
+        case Command::COMPILE: {
+            auto const script = request.take<std::uint32_t>();
+            putResult(reply, compile(script, request.takeText()));
+            break;
+        }
+        case Command::RUN:
+            putResult(reply, run(request.take<std::uint32_t>()));
+            break;
+        case Command::COMPILE_COLUMNS: {
+            auto const number = request.take<std::uint32_t>();
+            WorkerColumns& columns = columns_.try_emplace(number, *host_, area_).first->second;
+            putResult(reply, withOutcome(columns.compile(request)));
+            break;
+        }
+        case Command::RUN_COLUMNS:
+            columns_.at(request.take<std::uint32_t>()).run(request, reply);
+            break;
+    }
+}
+
+CommandResult FormulaService::compile(std::uint32_t script, std::u16string_view source) {
+    CommandResult result;
+    std::u16string error = kUntouched;
+    std::unique_ptr<CompiledScript> compiled = host_->_backend().compile(source, error);
+    result.isDone = compiled != nullptr;
+    if (compiled) scripts_[script] = std::move(compiled);
+    if (error != kUntouched) result.error = std::move(error);
+    return withOutcome(std::move(result));
+}
+
+CommandResult FormulaService::run(std::uint32_t script) {
+    CommandResult result;
+    auto const found = scripts_.find(script);
+    if (found == scripts_.end()) {
+        // It compiled once, and did not when this worker took over.
+        result.error = u"The script was not run: it could not be compiled again";
+        return result;
+    }
+    std::u16string error = kUntouched;
+    result.text = host_->_backend().run(*found->second, error);
+    result.isDone = true;
+    if (error != kUntouched) result.error = std::move(error);
+    return withOutcome(std::move(result));
+}
+
+CommandResult FormulaService::reset() {
+    host_->reset();
+    scripts_.clear();
+    return withOutcome({});
+}
+
+CommandResult FormulaService::withOutcome(CommandResult result) const {
+    result.endReason = host_->_backend().endReason();
+    if (KxJsFailure const* const failure = host_->lastFailure()) result.failure = *failure;
+    return result;
+}
+
+}  // namespace kx

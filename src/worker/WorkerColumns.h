@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "columns/KxJsColumns.h"
+#include "host/KxJsParser.h"
+#include "isolated/ColumnArea.h"
+#include "isolated/Message.h"
+#include "isolated/Protocol.h"
+
+namespace kx {
+
+/// Columns in a worker. Numbers and truth values are read and written in the area of the channel.
+class WorkerColumns {
+  public:
+    WorkerColumns(KxJsParser& host, std::byte* area) : host_(host), area_(area) {}
+
+    /// Obeys COMPILE_COLUMNS, from the number of columns on.
+    CommandResult compile(MessageReader& request);
+    /// Obeys RUN_COLUMNS, from the type of the results on.
+    void run(MessageReader& request, MessageWriter& reply);
+
+  private:
+    /// As the position of a type in Column::Values.
+    enum class Type : std::uint8_t { DOUBLE, LONG, BOOLEAN, TEXT, TEXT_VIEW };
+    struct Column {
+        std::u16string name;
+        Type type;
+        std::vector<std::u16string> texts = {};
+    };
+
+    void takeValues(MessageReader& request, ColumnArea& area, std::size_t count);
+    void bind(Column const& column, std::byte const* values);
+    void putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const;
+
+    KxJsParser& host_;
+    std::byte* area_;
+    std::unique_ptr<KxJsColumns> columns_;
+    std::vector<Column> bound_;
+};
+
+}  // namespace kx

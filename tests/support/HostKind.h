@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdlib>
+
+#include "host/KxJsParser.h"
+
+#ifndef KXJS_TEST_WORKER
+#define KXJS_TEST_WORKER ""  // in programs that have no isolated hosts
+#endif
+
+/// Tests of what all hosts do alike run twice: in process, and in isolated hosts where the
+/// environment has KXJS_TEST_ISOLATED.
+inline bool areHostsIsolated() {
+    static bool const areIsolated = std::getenv("KXJS_TEST_ISOLATED") != nullptr;
+    return areIsolated;
+}
+
+inline KxJsIsolation testIsolation() {
+    KxJsIsolation isolation;
+    isolation.worker = KXJS_TEST_WORKER;
+    return isolation;
+}
+
+/// A host of the kind that is tested.
+inline KxJsParser makeHost() {
+    return areHostsIsolated() ? KxJsParser(testIsolation()) : KxJsParser();
+}
