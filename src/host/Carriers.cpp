@@ -64,7 +64,8 @@ void Carriers::cutAll(v8::Isolate* isolate) {
 void Carriers::leaveGlobalEmpty(v8::Local<v8::Context> context) {
     v8::Local<v8::Object> const proxy = context->Global();
     carryNothing(proxy);
-    carryNothing(v8compat::prototypeOf(proxy).As<v8::Object>());  // the global object itself
+    // The global object itself, which GetPrototypeV2() of newer versions of V8 skips.
+    carryNothing(proxy->GetPrototype().As<v8::Object>());
 }
 
 BoundVariable& Carriers::bound(KxJsVariable const& variable, std::u16string_view accessorName,

@@ -21,10 +21,11 @@ struct KxJsSandbox {
 ///     KxJsParser parser(isolation);
 struct KxJsIsolation {
     /// The most private memory that the worker may take for formulas, in bytes. The kernel holds it
-    /// to that, within single calls of built-in functions too; a worker that needs more ends. It
-    /// should lie well above the memory limit of KxJsParser::setMemoryLimit(), which ends a script
-    /// more gently.
-    std::uint64_t memoryLimit = std::uint64_t{1} << 30;
+    /// to that, within single calls of built-in functions too; a worker that needs more ends.
+    /// KxJsParser::setMemoryLimit() ends a script more gently, and V8 takes up to twice that limit
+    /// while it collects garbage: this one should be four times as large. The default is, where
+    /// that one is the default.
+    std::uint64_t memoryLimit = std::uint64_t{2} << 30;
 
     /// How long a script may run on after its time limit, or after KxJsParser::terminate(), before
     /// its worker is ended.

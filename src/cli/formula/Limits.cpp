@@ -12,8 +12,8 @@ KxJsParser makeHost(Limits const& limits) {
 KxJsIsolation isolationFor(Limits const& limits) {
     KxJsIsolation isolation;
     // The kernel's limit has to lie above the engine's, which ends a formula more gently.
-    std::uint64_t const twice = std::uint64_t{limits.memory.value_or(0)} * 2;
-    isolation.memoryLimit = std::max(isolation.memoryLimit, twice);
+    std::uint64_t const enough = std::uint64_t{limits.memory.value_or(0)} * 4;
+    isolation.memoryLimit = std::max(isolation.memoryLimit, enough);
     return isolation;
 }
 
