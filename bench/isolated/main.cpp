@@ -2,11 +2,13 @@
 //
 //     kxbench_isolated [ROUNDS]      a whole number from 1; 11 without
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -105,9 +107,9 @@ void compareColumns(int rounds) {
         a[i] = static_cast<double>(i) * 1.1;
         b[i] = static_cast<double>(i) * 0.7;
     }
-    KxJsParser hosts[] = {KxJsParser(), KxJsParser(KxJsIsolation())};
-    std::vector<double> results[2];
-    std::vector<double> times[2];
+    std::array<KxJsParser, 2> hosts = {KxJsParser(), KxJsParser(KxJsIsolation())};
+    std::array<std::vector<double>, 2> results;
+    std::array<std::vector<double>, 2> times;
     std::vector<std::unique_ptr<KxJsColumns>> columns;
     for (KxJsParser& host : hosts) {
         columns.push_back(std::make_unique<KxJsColumns>(host));
@@ -118,7 +120,7 @@ void compareColumns(int rounds) {
     }
     for (std::vector<double>& values : results) values.resize(kRecords);
     for (int round = 0; round < rounds; ++round) {
-        for (int kind = 0; kind < 2; ++kind) {
+        for (std::size_t kind = 0; kind < 2; ++kind) {
             times[kind].push_back(timeOf([&] {
                 auto const outcome = columns[kind]->evaluate(kRecords, results[kind].data());
                 require(outcome.records == kRecords, "not all records were evaluated");

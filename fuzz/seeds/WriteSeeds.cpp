@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <iostream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -8,6 +8,7 @@
 
 #include "expression/Operators.h"
 #include "expression/Scanner.h"
+#include "text/Digit.h"
 #include "text/NameUnits.h"
 
 namespace kx {
@@ -57,8 +58,7 @@ class Parser {
     bool takeOperand() {
         start_ = scanner_.position();
         char16_t const unit = scanner_.at();
-        bool const isDigit = unit >= u'0' && unit <= u'9';
-        if (isDigit || (unit == u'.' && scanner_.at(1) >= u'0' && scanner_.at(1) <= u'9')) {
+        if (isDigit(unit) || (unit == u'.' && isDigit(scanner_.at(1)))) {
             return takeNumber();
         }
         if (scanner_.isAtEnd()) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "text/Digit.h"
 #include "text/LineEnd.h"
 #include "text/NameUnits.h"
 
@@ -16,8 +17,6 @@ constexpr std::size_t kLongestNumber = 64;
 /// More digits may not have an exact value.
 constexpr std::size_t kMostHexadecimalDigits = 13;
 constexpr std::size_t kAscii = 128;
-
-bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 int hexadecimalValue(char16_t unit) {
     if (isDigit(unit)) return unit - u'0';

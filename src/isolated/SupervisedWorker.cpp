@@ -1,5 +1,6 @@
 #include "isolated/SupervisedWorker.h"
 
+#include <array>
 #include <string_view>
 #include <sys/wait.h>
 #include <utility>
@@ -13,12 +14,12 @@ namespace kx {
 namespace {
 
 /// The bit of each piece that a KxJsSandbox tells of.
-constexpr std::pair<bool KxJsSandbox::*, SandboxPiece> kPieces[] = {
+constexpr auto kPieces = std::to_array<std::pair<bool KxJsSandbox::*, SandboxPiece>>({
     {&KxJsSandbox::noNewPrivileges, SandboxPiece::NO_NEW_PRIVILEGES},
     {&KxJsSandbox::noCapabilities, SandboxPiece::NO_CAPABILITIES},
     {&KxJsSandbox::landlock, SandboxPiece::LANDLOCK},
     {&KxJsSandbox::systemCallFilter, SandboxPiece::SYSTEM_CALL_FILTER},
-};
+});
 
 SandboxPieces piecesOf(KxJsSandbox const& sandbox) {
     SandboxPieces pieces = 0;

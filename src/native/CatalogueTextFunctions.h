@@ -4,6 +4,7 @@
 
 #include "native/Conversions.h"
 #include "native/FunctionTable.h"
+#include "text/Digit.h"
 #include "text/WhiteSpace.h"
 
 namespace kx {
@@ -57,7 +58,6 @@ bool inCase(std::span<Value const> arguments, Workspace& workspace, Value& resul
     return text && changeCase(*text, kIsUpper, workspace.arena, result);
 }
 
-constexpr bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 constexpr bool isUpper(char16_t unit) { return unit >= u'A' && unit <= u'Z'; }
 constexpr bool isLower(char16_t unit) { return unit >= u'a' && unit <= u'z'; }
 constexpr bool isLetter(char16_t unit) { return isUpper(unit) || isLower(unit); }

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "text/Digit.h"
 #include "text/NumberText.h"
 #include "text/WhiteSpace.h"
 
@@ -15,8 +16,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kLongestDecimal = 40;
-
-bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 std::u16string_view trimmed(std::u16string_view text) {
     while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "text/Digit.h"
 #include "text/WhiteSpace.h"
 
 namespace kx {
@@ -23,7 +24,7 @@ constexpr bool isLatinNameStart(char16_t unit) {
 }
 
 constexpr bool isLatinNamePart(char16_t unit) {
-    return isLatinNameStart(unit) || (unit >= u'0' && unit <= u'9') || unit == u'\u00B7';
+    return isLatinNameStart(unit) || isDigit(unit) || unit == u'\u00B7';
 }
 
 constexpr bool mayBeNamePart(char16_t unit) {

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <string_view>
 
+#include "text/Digit.h"
+
 namespace kx::translate {
 
 /// Letters beyond U+007F that are one unit, by Unicode's categories.
 bool isLetterBeyondAscii(char16_t unit);
 /// The upper-case partner of such a letter where that is one unit too; otherwise the unit itself.
 char16_t upperCaseBeyondAscii(char16_t unit);
-
-constexpr bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 inline bool isNameStart(char16_t unit) {
     if (unit < 0x80) {
