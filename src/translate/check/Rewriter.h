@@ -56,6 +56,10 @@ class Rewriter {
     Part renderPadded(Node const& node);
     Part renderLeading(std::u16string const& text, Node const& right);
 
+    std::u16string withoutLastBlanks(NodeIndex index);
+    bool mayEndInBlank(NodeIndex index) const;
+    bool ignoresLastBlanks(Node const& node) const;
+
     bool has(NodeIndex index, Code code) const {
         return (codes_[index] >> static_cast<int>(code) & 1) != 0;
     }
