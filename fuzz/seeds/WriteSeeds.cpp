@@ -126,9 +126,9 @@ void addFiles(Seeds& seeds) {
 /// Steps of a worker: turn, length, more, rest. The first is its report that it is ready.
 void addChannelWords(Seeds& seeds) {
     std::string const ready{0, 2, 0, 0};
-    for (char const turn : {0, 1, 2, 3, -1}) {
+    for (char const turn : {'\0', '\1', '\2', '\3', '\xff'}) {
         for (char length = 0; length < 8; ++length) {
-            for (char const more : {0, 1, 4}) {
+            for (char const more : {'\0', '\1', '\4'}) {
                 std::string const step{turn, length, more, 7};
                 seeds.add({ready, step, ready, step, step});
             }
