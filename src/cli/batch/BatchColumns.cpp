@@ -7,7 +7,7 @@
 #include "cli/formula/ValueText.h"
 #include "cli/io/Errors.h"
 #include "cli/io/MessageText.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "host/KxJsVariable.h"
 #include "text/NameUnits.h"
 #include "text/ReservedWords.h"
