@@ -5,10 +5,10 @@
 #include <string>
 
 #include "convert/Converter.h"
+#include "text/ReservedWords.h"
 #include "text/WhiteSpace.h"
 #include "translate/Functions.h"
 #include "translate/Letters.h"
-#include "translate/ReservedWords.h"
 #include "translate/check/CallTemplate.h"
 #include "translate/check/OperatorScan.h"
 
