@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cli/io/LineReader.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "support/Check.h"
 #include "support/Pieces.h"
 #include "support/Units.h"

@@ -11,10 +11,10 @@
 #include "../library/SplitExample.h"
 #include "../support/Utf8.h"
 #include "ColumnTable.h"
-#include "support/HostKind.h"
 #include "ScriptGenerator.h"
 #include "convert/Converter.h"
 #include "library/Catalogues.h"
+#include "support/HostKind.h"
 
 namespace {
 

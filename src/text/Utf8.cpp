@@ -1,4 +1,4 @@
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 #include <array>
 
