@@ -4,9 +4,9 @@
 //     hostile PATH...
 //
 // A path is a script or a directory of scripts. In process, a script that is known to end the
-// process, or never to end, must do so as it is known to. The exit status is 0, 1 where something was not as
-// expected, 2 for a file that cannot be understood, and 77 where V8 survives a script now that it
-// is known not to survive. The last lines name the scripts that this is about.
+// process, or never to end, must do so as it is known to. The exit status is 0, 1 where something
+// was not as expected, 2 for a file that cannot be understood, and 77 where V8 survives a script
+// now that it is known not to survive. The last lines name the scripts that this is about.
 #include <algorithm>
 #include <exception>
 #include <filesystem>
