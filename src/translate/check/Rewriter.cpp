@@ -5,21 +5,13 @@
 
 #include "translate/Functions.h"
 #include "translate/Letters.h"
-#include "translate/Operators.h"
 
 namespace kx::translate {
 namespace {
 
-/// Above all operators: operands, calls, what stands in parentheses.
-constexpr Binding kOperandBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 2);
 constexpr Binding kSignBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 1);
 
 constexpr std::size_t kLongestRewriting = 4000;
-
-std::u16string numberText(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
 
 std::u16string inParentheses(std::u16string const& text) { return u"(" + text + u")"; }
 
@@ -37,6 +29,11 @@ Binding bindingOf(Node const& node) {
 }
 
 }  // namespace
+
+std::u16string numberText(std::size_t number) {
+    std::string const digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
 
 Rewriter::Rewriter(Tree const& tree, std::u16string_view source, Settings const& settings,
                    std::vector<Found> const& found)
@@ -164,7 +161,7 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
         text.append(sign).append(operand(right));
         return Part{std::move(text), traits(op).binding, true};
     };
-    if (has(index, Code::textMinus)) return impossible();
+    if (has(index, Code::textMinus)) return renderTextMinus(node);
     switch (node.op) {
         case Operator::equal:
             return renderEqual(node);

@@ -6,14 +6,6 @@
 #include "translate/check/Rewriter.h"
 
 namespace kx::translate {
-namespace {
-
-bool isWholeFrom(Node const& node, double least) {
-    return node.kind == NodeKind::number && node.scale == 0 && node.number >= least;
-}
-
-}  // namespace
-
 Rewriter::Part Rewriter::renderCall(NodeIndex index) {
     Node const& node = tree_.nodes[index];
     if (codes_[index] == 0) return copy(index);
@@ -44,6 +36,8 @@ Rewriter::Part Rewriter::renderDiffering(Node const& node, std::u16string_view f
     if (function == u"ROUND" && node.childCount == 2 && isWholeFrom(tree_.child(node, 1), 0)) {
         return operandPart(u"VAL(ROUND(" + argument(node, 0) + u"," + argument(node, 1) + u"))");
     }
+    if (function == u"STR") return renderNumberText(node, function);
+    if (function == u"VAL" && node.childCount == 1) return renderValue(node);
     return impossible();
 }
 
@@ -91,7 +85,6 @@ Rewriter::Part Rewriter::renderBetween(Node const& node) {
 }
 
 Rewriter::Part Rewriter::renderInList(Node const& node) {
-    if (settings_.isExact) return impossible();
     std::u16string const value = operand(node.firstChild);
     Kind const kind = tree_.nodes[node.firstChild].valueKind;
     std::u16string text;
@@ -102,7 +95,11 @@ Rewriter::Part Rewriter::renderInList(Node const& node) {
         bool const isText = other.valueKind == Kind::text || kind == Kind::text;
         bool const isNumber = other.valueKind == Kind::number || kind == Kind::number;
         if (!isText && !isNumber) return impossible();
-        text += (isText ? renderLeading(value, other).text : value) + u"==" + operand(at);
+        if (isText && settings_.isExact) {
+            text += withoutLastBlanks(node.firstChild) + u"==" + withoutLastBlanks(at);
+        } else {
+            text += (isText ? renderLeading(value, other).text : value) + u"==" + operand(at);
+        }
     }
     return {std::move(text), Binding::logicalOr, true};
 }
@@ -142,7 +139,10 @@ Rewriter::Part Rewriter::renderUnknown(Node const& node, std::u16string_view fun
                 return impossible();
         }
     }
-    if (function == u"PADR" || function == u"PADL") return renderPadded(node);
+    if (function == u"PADR" || function == u"PADL" || function == u"PADC") {
+        return renderPadded(node, function);
+    }
+    if (function == u"STRZERO" || function == u"NTOS") return renderNumberText(node, function);
     // A name that was cut means a function that may be installed.
     constexpr auto kInstalled = std::to_array<std::u16string_view>(
         {u"ALLTRIM", u"UPPER", u"LOWER", u"LEFT", u"RIGHT", u"SPACE", u"REPLICATE", u"LTRIM",
@@ -157,23 +157,6 @@ Rewriter::Part Rewriter::renderUnknown(Node const& node, std::u16string_view fun
         text += argument(node, i);
     }
     return operandPart(text + u")");
-}
-
-Rewriter::Part Rewriter::renderPadded(Node const& node) {
-    bool const isKnown = node.childCount == 2 && tree_.child(node, 0).valueKind == Kind::text &&
-                         isWholeFrom(tree_.child(node, 1), 1);
-    if (!isKnown) return impossible();
-    std::u16string const width = argument(node, 1);
-    bool const isLeft = node.function->row.name == std::u16string_view(u"PADL");
-    if (!isLeft) {
-        return operandPart(u"LEFT(" + operand(node.firstChild) + u"+SPACE(" + width + u")," +
-                           width + u")");
-    }
-    if (textLength(tree_, tree_.child(node, 0)).most > tree_.child(node, 1).number) {
-        return impossible();
-    }
-    return operandPart(u"RIGHT(SPACE(" + width + u")+" + operand(node.firstChild) + u"," + width +
-                       u")");
 }
 
 }  // namespace kx::translate
