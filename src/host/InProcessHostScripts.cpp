@@ -90,7 +90,16 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
     forgetFailure();
     auto const& hostScript = static_cast<HostScript const&>(script);
     std::u16string result;
-    if (!isNativeAllowed() || !runNatively(hostScript, result)) result = runInV8(hostScript, error);
+    bool const isDone =
+        runNatively(hostScript, [&result](Evaluator& evaluator, Value const& value) {
+            auto const text = evaluator.textOf(value);
+            if (text) result = *text;
+            return text.has_value();
+        });
+    if (isDone)
+        countChange();
+    else
+        result = runInV8(hostScript, error);
     if (lastFailure() == nullptr && contains(result, u'N') &&
         result.find(u"NaN") != std::u16string::npos) {
         error = u"Not A Number";
