@@ -16,6 +16,9 @@ class HostPair {
     /// Does something chosen, and says what if there was a difference.
     std::u16string step();
 
+    /// Whether a limit has ended a script, in one of the hosts perhaps: no step does anything then.
+    bool isOver() const { return isOver_; }
+
     /// Compares the names and values of all globals, and what the last regular expression matched.
     /// Empty where they are the same.
     std::u16string compareContexts();
@@ -46,5 +49,5 @@ class HostPair {
     KxJsParser engine_;
     std::vector<std::u16string> parsed_;
     std::u16string done_;  // for the report
-    bool isOver_ = false;  // a limit has ended a script, in one of them perhaps
+    bool isOver_ = false;
 };
