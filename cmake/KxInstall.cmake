@@ -8,6 +8,14 @@ include(CMakePackageConfigHelpers)
 
 set(_headers
     KxJs.h
+    kxjsparser.h
+    c/kxjs_base.h
+    c/kxjs_catalogue.h
+    c/kxjs_columns.h
+    c/kxjs_host.h
+    c/kxjs_text.h
+    c/kxjs_translator.h
+    c/kxjs_variable.h
     convert/Converter.h
     host/KxJsFailure.h
     host/KxJsIsolation.h

@@ -8,7 +8,7 @@
 namespace kx::fuzz {
 
 /// Whether a source may ask one built-in function for what no limit can end: the calls
-/// that docs/limits.md lists under "What V8 makes impossible". They take a number far
+/// that SECURITY.md lists under "What only an isolated host survives". They take a number far
 /// beyond what a formula's data has, and one of a few names; a source with both is skipped.
 inline bool mayBeImpossible(std::u16string_view source) {
     static constexpr std::array<std::u16string_view, 22> kCalls{

@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "cli/io/LineReader.h"
-#include "cli/io/Utf8.h"
 #include "support/Check.h"
 #include "support/Pieces.h"
 #include "support/Units.h"
+#include "text/Utf8.h"
 
 namespace {
 

@@ -6,7 +6,6 @@
 #include <libplatform/libplatform.h>
 #include <v8.h>
 
-#include "engine/InterruptibleBuiltins.h"
 #include "engine/V8Compat.h"
 
 namespace kx {
@@ -18,7 +17,6 @@ namespace {
 bool start() {
     [[maybe_unused]] int const ignored = pthread_atfork(
         nullptr, nullptr, [] { forkedChild.store(true, std::memory_order_relaxed); });
-    registerInterruptibleBuiltins();
     if (v8compat::isV8Running()) return false;
     // The library's only thread is the watchdog's, which runs no script. V8 needs none either.
     v8::V8::SetFlagsFromString("--single-threaded");

@@ -10,6 +10,7 @@
 #include "expression/Scanner.h"
 #include "text/Digit.h"
 #include "text/NameUnits.h"
+#include "text/ReservedWords.h"
 
 namespace kx {
 
@@ -121,21 +122,26 @@ class Parser {
     bool takeWord() {
         std::u16string_view const name = scanner_.takeName();
         if (name.empty()) return false;
-        auto const word = std::find_if(kWords.begin(), kWords.end(),
-                                       [name](Word const& known) { return known.text == name; });
-        if (word == kWords.end()) return addOperand(textNode(NodeKind::name, name));
-        switch (word->kind) {
-            case WordKind::unary:
+        ReservedWord const* const word = findReservedWord(name);
+        if (word == nullptr) {
+            // What begins with it may be a function.
+            return name == u"async" ? refuse(Reason::function)
+                                    : addOperand(textNode(NodeKind::name, name));
+        }
+        switch (word->use) {
+            case WordUse::unary: {
+                auto const operation = name == u"void" ? Operation::voidOf : Operation::typeOf;
                 return wait(
-                    {Waiting::unary, NodeKind::unary, word->operation, Binding::unary, start_, 0});
-            case WordKind::literal: {
+                    {Waiting::unary, NodeKind::unary, operation, Binding::unary, start_, 0});
+            }
+            case WordUse::literal: {
                 Node node{.kind = name == u"null" ? NodeKind::null : NodeKind::boolean};
                 node.number = name == u"true" ? 1 : 0;
                 return addOperand(node);
             }
-            case WordKind::statement:
+            case WordUse::statement:
                 return refuse(Reason::statement);
-            case WordKind::function:
+            case WordUse::function:
                 return refuse(Reason::function);
             default:
                 return refuse(Reason::unsupported);

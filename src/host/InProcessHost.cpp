@@ -5,7 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "engine/InterruptibleBuiltins.h"
 #include "engine/Text.h"
 #include "engine/V8Compat.h"
 #include "host/KxJsParser.h"
@@ -60,9 +59,7 @@ void InProcessHost::createContext() {
     v8compat::setReadOnlyAccessor(isolate(), shape, toV8String(isolate(), accessorName_),
                                   Carriers::accessorGetter);
     globalTemplate_ = makePersistent(record_->handles(), shape);
-    v8::Local<v8::Context> context = v8::Context::New(isolate(), interruptibleBuiltins(), shape);
-    // No script can run now: the stack is nearly used up, or the application is ending one.
-    if (context.IsEmpty()) context = v8::Context::New(isolate(), nullptr, shape);
+    v8::Local<v8::Context> const context = v8::Context::New(isolate(), nullptr, shape);
     if (context.IsEmpty()) return;
     Carriers::leaveGlobalEmpty(context);
     // Newer engines always offer it, and so does an engine that the application has started.

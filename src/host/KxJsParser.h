@@ -58,8 +58,8 @@ class KXJS_API KxJsParser {
     /// else is as for other hosts, and every member works. Whatever a script does, it can at worst
     /// end its worker: the call then has an error text, lastFailure() is of the kind WORKER_ENDED,
     /// and the next call has a new worker, with variables, built-in functions and compiled scripts
-    /// in place. Globals that scripts have made are gone then. They are also gone after a reset() on
-    /// another thread.
+    /// in place. Globals that scripts have made are gone then. They are also gone after a reset()
+    /// on another thread.
     ///
     /// A script that does not end at the time limit, or after terminate(), is ended with its worker
     /// after `isolation.grace`. Without a time limit it may run for ever, as in process.

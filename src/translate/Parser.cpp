@@ -72,10 +72,13 @@ Parser::Operand Parser::expression(Binding least) {
 Parser::Operand Parser::binary(Operand const& left, Token const& sign) {
     Binding const binding = traits(sign.op).binding;
     Token taken = sign;
-    // "a--b" is a minus and the sign of b.
-    if (sign.type == Type::increment) --taken.place.end;
+    // "a--b" is a minus and the sign of b; signs behind that one are signs as well.
+    if (sign.type == Type::increment) {
+        --taken.place.end;
+        signsAt_ = taken.place.end;
+    }
     take(taken);
-    Operand const right = expression(sign.op == Operator::assign ? binding : tighter(binding));
+    Operand const right = expression(tighter(binding));
     Children children;
     append(children, left);
     append(children, right);
@@ -107,6 +110,16 @@ bool Parser::isPostfix(Token const& increment) {
     }
 }
 
+/// Within a row of signs no two are an increment.
+void Parser::splitSigns(Token& token) {
+    if (token.type == Type::increment) {
+        bool const isPlus = scanner_.source()[token.place.start] == u'+';
+        token.type = isPlus ? Type::plus : Type::minus;
+        --token.place.end;
+    }
+    if (token.type == Type::plus || token.type == Type::minus) signsAt_ = token.place.end;
+}
+
 void Parser::descend() {
     if (depth_ > kMostNesting) {
         throw SyntaxError{{scanner_.position(), scanner_.position()}, u"formula too deeply nested"};
@@ -122,7 +135,8 @@ Parser::Operand Parser::prefix() {
 }
 
 Parser::Operand Parser::operand() {
-    Token const token = scanner_.operand();
+    Token token = scanner_.operand();
+    if (token.place.start == signsAt_) splitSigns(token);
     switch (token.type) {
         case Type::number:
             return suffixes(leaf(token, NodeKind::number));

@@ -82,6 +82,7 @@ class Parser {
     [[gnu::noinline]] Operand leaf(Token const& token, NodeKind kind);
     Operand binary(Operand const& left, Token const& sign);
     bool isPostfix(Token const& increment);
+    void splitSigns(Token& token);
 
     Token peek();
     void take(Token const& token);
@@ -106,8 +107,9 @@ class Parser {
     Scanner scanner_;
     Token peeked_;
     bool isPeeked_ = false;
-    std::uint32_t end_ = 0;    // of what was taken last
-    std::uint32_t depth_ = 0;  // of nested calls of prefix()
+    std::uint32_t end_ = 0;            // of what was taken last
+    std::uint32_t depth_ = 0;          // of nested calls of prefix()
+    std::uint32_t signsAt_ = kNoNode;  // where a row of signs goes on
 };
 
 }  // namespace kx::translate

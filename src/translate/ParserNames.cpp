@@ -1,10 +1,10 @@
 // Variables and calls.
 #include <utility>
 
+#include "text/ReservedWords.h"
 #include "translate/Functions.h"
 #include "translate/Letters.h"
 #include "translate/Parser.h"
-#include "translate/ReservedWords.h"
 
 namespace kx::translate {
 namespace {

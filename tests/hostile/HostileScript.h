@@ -21,12 +21,14 @@
 ///     // begins: x,x,x          the beginning of a long result
 ///     // error: RangeError      a part of the error text; without it there must be none
 ///     // next: fresh            later formulas may fail in the same host
-///     // dies: Fatal error      V8 ends the process with this message
-///     // signal: SEGV           this signal ends the process
-///     // hangs: 1000 ms         nothing ends it within this time
+///     // dies: Fatal error      V8 ends an application's process with this message
+///     // signal: SEGV           this signal ends an application's process
+///     // hangs: 1000 ms         nothing ends it in process within this time
+///     // isolated               not run in process, where it takes seconds or gigabytes to end
 ///     // since V8 11.3: expect: 1   how it ends on this version of V8 and newer ones
 ///
-/// One of the directives that say how it ends is required. Texts have the escapes \n, \t, \\, \'
+/// A result or an error is required. Where a script ends the process or hangs, it is that of an
+/// isolated host. Texts have the escapes \n, \t, \\, \'
 /// and \uXXXX. The file's other lines, in UTF-8, follow what was generated. Expectations hold for
 /// the first run.
 struct HostileScript {
@@ -44,7 +46,9 @@ struct HostileScript {
     std::string signal;
     std::chrono::milliseconds hangsFor{0};
 
-    /// Whether V8 makes it impossible to survive this script.
+    bool isForIsolatedHosts = false;
+
+    /// Whether no host in this process survives or ends it.
     bool isHopeless() const {
         return !lastWords.empty() || !signal.empty() || hangsFor.count() > 0;
     }

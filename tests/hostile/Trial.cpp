@@ -86,7 +86,7 @@ bool survives(HostileScript const& script) {
     bool const worksOn = works(host, "the same host") || script.spoilsItsHost;
     bool const worksElsewhere = works(fresh, "a fresh host");
     host.setTimeLimit(script.timeLimit);
-    bool const isExpected =
-        script.isHopeless() ? !answer.error.empty() : isAsExpected(script, answer);
-    return isExpected && worksOn && worksElsewhere;
+    // A hopeless script that an in-process host survives has no expected answer there.
+    bool const isAnySurvival = script.isHopeless() && !areHostsIsolated();
+    return (isAnySurvival || isAsExpected(script, answer)) && worksOn && worksElsewhere;
 }

@@ -195,8 +195,9 @@ std::u16string HostPair::evaluate(std::u16string const& source) {
 }
 
 std::u16string HostPair::step() {
-    if (isOver_) return {};
+    // A caller that steps for as long as there are choices comes to an end.
     std::uint64_t const choice = choices_() % 100;
+    if (isOver_) return {};
     if (choice < 35) return bind();
     if (choice < 55) return parse();
     if (choice < 88) return execute();

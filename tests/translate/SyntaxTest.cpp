@@ -132,8 +132,9 @@ TEST(Syntax, RefusesTooDeepTreesAndNoOthers) {
 }
 
 TEST(Syntax, LongTextsOfOneKindEndInAFinding) {
-    for (std::string const unit : {"(", "-", "!", "{|", "F(", "[", "&", "A->(", "1+", "a[", ".a",
-                                   "@", "NOT ", "{", "TYPE('", "IIF(.T.,", "++", "a:", "*\n"}) {
+    for (std::string const unit :
+         {"(", "-",    "!", "{|",     "F(",       "[",  "&",  "A->(", "1+",  "a[",   ".a",
+          "@", "NOT ", "{", "TYPE('", "IIF(.T.,", "++", "a:", "*\n",  "a:=", "F()+="}) {
         std::string formula;
         for (std::size_t i = 0; i < 20000; ++i) formula += unit;
         EXPECT_NE(findings(formula), "") << unit;

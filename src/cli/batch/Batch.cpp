@@ -15,7 +15,7 @@
 #include "cli/io/MessageText.h"
 #include "cli/io/Output.h"
 #include "cli/io/ProgressLine.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "columns/KxJsColumns.h"
 #include "host/KxJsParser.h"
 

@@ -1,35 +1,22 @@
 #include "cli/batch/BatchColumns.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <utility>
 
 #include "cli/formula/ValueText.h"
 #include "cli/io/Errors.h"
 #include "cli/io/MessageText.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "host/KxJsVariable.h"
 #include "text/NameUnits.h"
+#include "text/ReservedWords.h"
 
 namespace kx {
 namespace {
 
-using namespace std::string_view_literals;
-
-/// Reserved words of JavaScript: no variable can have these names.
-constexpr std::array kReserved = {
-    u"await"sv,    u"break"sv,    u"case"sv,    u"catch"sv,  u"class"sv,      u"const"sv,
-    u"continue"sv, u"debugger"sv, u"default"sv, u"delete"sv, u"do"sv,         u"else"sv,
-    u"enum"sv,     u"export"sv,   u"extends"sv, u"false"sv,  u"finally"sv,    u"for"sv,
-    u"function"sv, u"if"sv,       u"import"sv,  u"in"sv,     u"instanceof"sv, u"let"sv,
-    u"new"sv,      u"null"sv,     u"return"sv,  u"super"sv,  u"switch"sv,     u"this"sv,
-    u"throw"sv,    u"true"sv,     u"try"sv,     u"typeof"sv, u"var"sv,        u"void"sv,
-    u"while"sv,    u"with"sv,     u"yield"sv};
-
 bool isName(std::u16string_view text) {
-    return mayBeName(text) &&
-           std::find(kReserved.begin(), kReserved.end(), text) == kReserved.end();
+    return mayBeName(text) && findReservedWord(text) == nullptr;
 }
 
 /// Whether `name` occurs in `source` as a word that no parenthesis follows.

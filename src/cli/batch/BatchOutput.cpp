@@ -5,7 +5,7 @@
 
 #include "cli/batch/CsvText.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 namespace kx {
 

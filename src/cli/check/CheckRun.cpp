@@ -14,7 +14,7 @@
 #include "cli/io/MessageText.h"
 #include "cli/io/Output.h"
 #include "cli/io/ProgressLine.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

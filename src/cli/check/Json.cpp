@@ -1,7 +1,7 @@
 #include "cli/check/Json.h"
 
 #include "cli/check/Summary.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "text/Surrogates.h"
 
 namespace kx {

@@ -12,7 +12,7 @@
 #include "cli/commands/ArgumentGuard.h"
 #include "cli/commands/Commands.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

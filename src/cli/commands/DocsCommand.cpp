@@ -9,7 +9,7 @@
 #include "cli/commands/DocsIndex.h"
 #include "cli/io/AtomicFile.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "host/KxJsParser.h"
 #include "translate/KxJsTranslator.h"
 

@@ -14,7 +14,7 @@
 #include "cli/formula/FormulaSource.h"
 #include "cli/formula/VariableOption.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "host/KxJsParser.h"
 
 namespace kx {

@@ -5,7 +5,7 @@
 
 #include "cli/formula/TypedPlace.h"
 #include "cli/io/DisplayWidth.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "text/LineEnd.h"
 
 namespace kx {

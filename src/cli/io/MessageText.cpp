@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "text/LineEnd.h"
 #include "text/Surrogates.h"
 

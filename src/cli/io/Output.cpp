@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "cli/io/Errors.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

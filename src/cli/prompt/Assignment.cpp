@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "cli/formula/VariableOption.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "text/NameUnits.h"
 #include "text/WhiteSpace.h"
 

@@ -6,7 +6,7 @@
 
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "cli/prompt/HistoryFile.h"
 #include "cli/prompt/InterruptWatch.h"
 #include "cli/prompt/LineEditor.h"

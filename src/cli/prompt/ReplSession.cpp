@@ -13,7 +13,7 @@
 #include "cli/io/Errors.h"
 #include "cli/io/Output.h"
 #include "cli/io/Terminal.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

@@ -5,7 +5,7 @@
 #include "cli/formula/FailureReport.h"
 #include "cli/formula/FunctionHelp.h"
 #include "cli/io/Output.h"
-#include "cli/io/Utf8.h"
+#include "text/Utf8.h"
 #include "cli/prompt/ReplSession.h"
 
 namespace kx {

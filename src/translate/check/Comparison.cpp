@@ -5,6 +5,7 @@
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
 #include "translate/check/CallTemplate.h"
+#include "translate/check/Patches.h"
 
 namespace kx::translate {
 namespace {
@@ -141,9 +142,7 @@ bool Comparison::sameName(Node const& node, kx::Node const& js) {
     if (!node.hasPoint || node.hasArrow) {
         if (js.kind != JsKind::name) return false;
         return expression_.text(js) == name ||
-               (isEqualInAnyCase(expression_.text(js), name) &&
-                (name == u"let" || name == u"await" || name == u"yield" || name == u"async" ||
-                 name == u"static"));
+               (isNameInScripts(name) && isEqualInAnyCase(expression_.text(js), name));
     }
     kx::Node const* part = &js;
     while (part->kind == JsKind::member) {

@@ -1,295 +1,42 @@
-// The parser of JavaScript expressions refuses some of what is JavaScript all the same. Here such a
-// place is replaced by something that it knows, which keeps whether the whole compiles.
 #include "translate/check/Converted.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 #include <variant>
 
 #include "convert/Converter.h"
 #include "expression/Parser.h"
-#include "text/NameUnits.h"
-#include "text/WhiteSpace.h"
+#include "text/LineEnd.h"
 #include "translate/Letters.h"
-#include "translate/ReservedWords.h"
+#include "translate/check/Patches.h"
 
 namespace kx::translate {
 namespace {
 
-using Reason = Refusal::Reason;
-
 constexpr char16_t kLastLatin = u'\u024F';
 
-/// Names in scripts, but words of modern JavaScript.
-constexpr auto kWordsThatAreNames =
-    std::to_array<std::u16string_view>({u"let", u"await", u"yield", u"async", u"static"});
-
-class Patcher {
-  public:
-    explicit Patcher(std::u16string& text) : text_(text) {}
-
-    bool isOther() const { return isOther_; }
-
-    /// Replaces what was refused. False where it is no JavaScript.
-    bool patch(Refusal const& refusal) {
-        std::size_t const at = refusal.place.start;
-        switch (refusal.reason) {
-            case Reason::objectOrArray:
-                return at < text_.size() && patchBrackets(at);
-            case Reason::increment:
-                return patchIncrement(at);
-            case Reason::function:
-                return patchWord(at) || patchArrow(at);
-            case Reason::statement:
-                return patchWord(at) || patchSemicolon(at);
-            case Reason::unsupported:
-                return patchWord(at) || patchOctal(at);
-            case Reason::syntaxError:
-                return patchCallAssignment(at) || patchLastComma(at) || patchLabel(at);
-            default:
-                return false;
-        }
-    }
-
-  private:
-    char16_t unitAt(std::size_t at) const { return at < text_.size() ? text_[at] : u'\0'; }
-    std::size_t skipBlanks(std::size_t at) const {
-        while (at < text_.size() && isWhiteSpace(text_[at])) ++at;
-        return at;
-    }
-    /// The place of the last unit before `at` that is no blank; npos without one.
-    std::size_t before(std::size_t at) const {
-        while (at > 0 && isWhiteSpace(text_[at - 1])) --at;
-        return at == 0 ? std::u16string::npos : at - 1;
-    }
-
-    /// An array, or a block at the start of the script.
-    bool patchBrackets(std::size_t at) {
-        bool const isBlock = text_[at] == u'{';
-        if (isBlock && before(at) != std::u16string::npos) return false;
-        std::size_t const close = closingBracket(at, isBlock ? u'}' : u']');
-        if (close == std::u16string::npos) return false;
-        bool const isEmpty = skipBlanks(at + 1) == close;
-        std::size_t const behind = skipBlanks(close + 1);
-        if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
-        bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
-        if (isAssigned && !isBlock) {
-            return (isEmpty || holdsNames(at + 1, close)) && patchPattern(at, close);
-        }
-        if (isEmpty && close == at + 1) {
-            text_.replace(at, 2, u"(0)");
-        } else {
-            text_[at] = u'(';
-            text_[close] = u')';
-            if (isEmpty) text_[at + 1] = u'0';
-        }
-        return isOther_ = true;
-    }
-
-    /// Brackets inside texts are none.
-    std::size_t closingBracket(std::size_t at, char16_t bracket) const {
-        for (; at < text_.size() && text_[at] != bracket; ++at) {
-            if (text_[at] == u'"' || text_[at] == u'\'') at = text_.find(text_[at], at + 1);
-            if (at == std::u16string::npos) return at;
-        }
-        return at < text_.size() ? at : std::u16string::npos;
-    }
-
-    /// "[A,B]=C" takes the array on the right apart.
-    bool patchPattern(std::size_t open, std::size_t close) {
-        if (!mayBegin(open)) return false;
-        std::fill(text_.begin() + static_cast<std::ptrdiff_t>(open),
-                  text_.begin() + static_cast<std::ptrdiff_t>(close) + 1, u' ');
-        text_[open] = u'q';
-        return isOther_ = true;
-    }
-
-    /// Behind a name, or in front of one.
-    bool patchIncrement(std::size_t at) {
-        if (at + 1 >= text_.size()) return false;
-        std::size_t const left = before(at);
-        bool const isBehind =
-            left != std::u16string::npos && mayBeNamePart(text_[left]) && isBehindName(left);
-        if (!isBehind && !mayBeNameStart(unitAt(skipBlanks(at + 2)))) return false;
-        text_[at] = u' ';
-        text_[at + 1] = u' ';
-        return isOther_ = true;
-    }
-
-    bool isBehindName(std::size_t last) const {
-        std::size_t first = last;
-        while (first > 0 && mayBeNamePart(text_[first - 1])) --first;
-        return !isDigit(text_[first]);
-    }
-
-    bool patchWord(std::size_t at) {
-        std::size_t end = at;
-        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
-        std::u16string_view const word = std::u16string_view(text_).substr(at, end - at);
-        bool const isThis = word == u"this";
-        if (!isThis && std::find(kWordsThatAreNames.begin(), kWordsThatAreNames.end(), word) ==
-                           kWordsThatAreNames.end()) {
-            return false;
-        }
-        if (isThis) isOther_ = true;
-        for (; at < end; ++at) text_[at] = upperCase(text_[at]);
-        return true;
-    }
-
-    /// An octal number has another value, written here as a decimal one.
-    bool patchOctal(std::size_t at) {
-        std::size_t end = at;
-        double value = 0;
-        bool isOctal = true;
-        for (; isDigit(unitAt(end)); ++end) {
-            isOctal = isOctal && text_[end] < u'8';
-            value = value * 8 + (text_[end] - u'0');
-        }
-        constexpr double kMostDigits = 1e15;
-        bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
-        if (!isNumber || (isOctal && unitAt(end) == u'.')) return false;
-        std::u16string decimal;
-        if (isOctal) {
-            std::string const digits = std::to_string(static_cast<std::int64_t>(value));
-            decimal.assign(digits.begin(), digits.end());
-        } else {
-            std::size_t first = at;
-            while (first + 1 < end && text_[first] == u'0') ++first;
-            decimal = text_.substr(first, end - first);
-        }
-        text_.replace(at, end - at, decimal);
-        return true;
-    }
-
-    /// "(A)=>": the only parameters that a converted formula can have.
-    bool patchArrow(std::size_t at) {
-        std::size_t const close = before(at);
-        if (close == std::u16string::npos || text_[close] != u')') return false;
-        std::size_t const open = text_.rfind(u'(', close);
-        if (open == std::u16string::npos || !holdsNames(open + 1, close)) return false;
-        return patchPattern(open, close);
-    }
-
-    /// Whether there are names between commas.
-    bool holdsNames(std::size_t start, std::size_t end) const {
-        bool expectsName = true;
-        for (std::size_t i = skipBlanks(start); i < end; i = skipBlanks(i)) {
-            bool const isPart = expectsName ? mayBeNameStart(text_[i]) : text_[i] == u',';
-            if (!isPart) return false;
-            ++i;
-            while (expectsName && i < end && mayBeNamePart(text_[i])) ++i;
-            expectsName = !expectsName;
-        }
-        return true;
-    }
-
-    /// Whether an assignment or a function may begin at `at`.
-    bool mayBegin(std::size_t at) const {
-        std::size_t const left = before(at);
-        if (left == std::u16string::npos || text_[left] == u'(' || text_[left] == u',') return true;
-        if (left == 0) return false;
-        bool const isArrow = text_[left] == u'>' && text_[left - 1] == u'=';
-        bool const isAssignment = text_[left] == u'=' && text_[left - 1] != u'=' &&
-                                  text_[left - 1] != u'!' && text_[left - 1] != u'<' &&
-                                  text_[left - 1] != u'>';
-        return isArrow || isAssignment;
-    }
-
-    /// Two statements on one line.
-    bool patchSemicolon(std::size_t at) {
-        std::size_t const place = text_.find(u';', at == 0 ? 0 : at - 1);
-        if (place == std::u16string::npos) return false;
-        text_[place] = u',';
-        return isOther_ = true;
-    }
-
-    /// "F(A)=B" compiles, and fails when it runs. The call may stand in parentheses.
-    bool patchCallAssignment(std::size_t at) {
-        if (unitAt(at) != u'=' || unitAt(at + 1) == u'=' || unitAt(at + 1) == u'>') return false;
-        std::size_t const first = callBefore(before(at));
-        if (first == std::u16string::npos || !mayBegin(first)) return false;
-        text_[at] = u',';
-        return isOther_ = true;
-    }
-
-    /// Where the call begins that `close` closes, with the parentheses around it; npos where
-    /// something else stands there.
-    std::size_t callBefore(std::size_t close) const {
-        std::size_t first = std::u16string::npos;
-        std::size_t inside = std::u16string::npos;
-        for (;;) {
-            std::size_t const open = opening(close);
-            if (open == std::u16string::npos) return open;
-            std::size_t const start = nameBefore(open);
-            if (inside != std::u16string::npos && start != inside) return std::u16string::npos;
-            if (inside == std::u16string::npos) first = start;
-            if (start < open) {
-                bool const isCall =
-                    !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
-                return isCall ? first : std::u16string::npos;
+/// Comments as blanks, but for their line ends.
+void clearComments(std::u16string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        char16_t const unit = text[i];
+        if (unit == u'"' || unit == u'\'') {
+            for (++i; i < text.size() && text[i] != unit; ++i) {
+                if (text[i] == u'\\') ++i;
             }
-            inside = skipBlanks(open + 1);
-            close = before(close);
+            continue;
+        }
+        if (unit != u'/' || i + 1 >= text.size()) continue;
+        if (text[i + 1] == u'/') {
+            while (i < text.size() && !isLineEnd(text[i])) text[i++] = u' ';
+        } else if (text[i + 1] == u'*') {
+            std::size_t const end = text.find(u"*/", i + 2);
+            if (end == std::u16string::npos) return;
+            for (; i < end + 2; ++i) {
+                if (!isLineEnd(text[i])) text[i] = u' ';
+            }
+            --i;
         }
     }
-
-    /// "F(A,)": a comma may end the arguments.
-    bool patchLastComma(std::size_t at) {
-        std::size_t const comma = before(at);
-        if (unitAt(at) != u')' || comma == std::u16string::npos || text_[comma] != u',') {
-            return false;
-        }
-        std::size_t const last = before(comma);
-        std::size_t const open = opening(at);
-        bool const isCall = open != std::u16string::npos && nameBefore(open) < open;
-        if (!isCall || last == open || text_[last] == u',') return false;
-        text_[comma] = u' ';
-        return isOther_ = true;
-    }
-
-    /// "A:B" is a statement with a label.
-    bool patchLabel(std::size_t at) {
-        std::size_t const start = skipBlanks(0);
-        if (unitAt(at) != u':' || unitAt(at + 1) == u'=' || !mayBeNameStart(unitAt(start))) {
-            return false;
-        }
-        std::size_t const end = start + nameLength(start);
-        if (skipBlanks(end) != at || isReservedWord(text_.substr(start, end - start))) return false;
-        std::fill_n(text_.begin(), at + 1, u' ');
-        return isOther_ = true;
-    }
-
-    /// The parenthesis that `close` closes; npos where there is none.
-    std::size_t opening(std::size_t close) const {
-        if (close >= text_.size() || text_[close] != u')') return std::u16string::npos;
-        std::size_t depth = 0;
-        for (std::size_t at = close + 1; at-- > 0;) {
-            if (text_[at] == u')') ++depth;
-            if (text_[at] == u'(' && --depth == 0) return at;
-        }
-        return std::u16string::npos;
-    }
-
-    /// Where the name in front of a call's parenthesis begins; `open` without a name.
-    std::size_t nameBefore(std::size_t open) const {
-        std::size_t const last = before(open);
-        if (last == std::u16string::npos) return open;
-        std::size_t start = last + 1;
-        while (start > 0 && (mayBeNamePart(text_[start - 1]) || text_[start - 1] == u'.')) --start;
-        return start <= last ? start : open;
-    }
-
-    /// The length of the name at `start`.
-    std::size_t nameLength(std::size_t start) const {
-        std::size_t end = start;
-        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
-        return end - start;
-    }
-
-    std::u16string& text_;
-    bool isOther_ = false;
-};
+}
 
 }  // namespace
 
@@ -308,24 +55,24 @@ std::u16string withKnownLetters(std::u16string_view text) {
 Converted convertFormula(std::u16string_view formula) {
     Converted converted;
     converted.javaScript = Converter::_convert(std::u16string(formula).c_str());
-    std::u16string text = withKnownLetters(converted.javaScript);
-    Patcher patcher(text);
+    Patches patches{withKnownLetters(converted.javaScript)};
+    clearComments(patches.text);
     // Each patch removes what was refused; formulas that need many are no formulas of interest.
     constexpr int kMostPatches = 64;
     for (int i = 0; i < kMostPatches; ++i) {
-        auto parsed = parseExpression(text);
+        auto parsed = parseExpression(patches.text);
         if (auto* const expression = std::get_if<Expression>(&parsed)) {
             converted.compiles = true;
-            converted.isOther = patcher.isOther();
+            converted.isOther = patches.isOther;
             converted.expression = std::move(*expression);
             return converted;
         }
         auto const& refusal = std::get<Refusal>(parsed);
-        if (refusal.reason == Reason::tooComplex) {
+        if (refusal.reason == Refusal::Reason::tooComplex) {
             converted.compiles = converted.isTooLarge = true;
             return converted;
         }
-        if (!patcher.patch(refusal)) return converted;
+        if (!patches.patch(refusal)) return converted;
     }
     return converted;
 }

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "convert/Converter.h"
+#include "text/ReservedWords.h"
 #include "text/WhiteSpace.h"
 #include "translate/Functions.h"
 #include "translate/Letters.h"
-#include "translate/ReservedWords.h"
 #include "translate/check/CallTemplate.h"
 #include "translate/check/OperatorScan.h"
 
@@ -108,7 +108,8 @@ class Finder {
         std::u16string_view const digits = written(node.place);
         std::size_t const count = std::min(digits.find_first_not_of(u"0123456789"), digits.size());
         if (count < 2 || digits[0] != u'0') return;
-        bool const isOctal = digits.substr(0, count).find_first_of(u"89") == std::u16string_view::npos;
+        bool const isOctal =
+            digits.substr(0, count).find_first_of(u"89") == std::u16string_view::npos;
         bool const isChanged =
             digits.substr(0, count).find_first_not_of(u'0') < count - 1 || count < digits.size();
         if (isOctal && isChanged) add(Code::leadingZero, index, node.place);
@@ -209,7 +210,8 @@ class Finder {
                 break;
             case Operator::logicalAnd:
             case Operator::logicalOr:
-                if (!hasBlanksAround(node.sign) || sign.find_first_of(u" \t\u00A0") != std::u16string_view::npos) {
+                if (!hasBlanksAround(node.sign) ||
+                    sign.find_first_of(u" \t\u00A0") != std::u16string_view::npos) {
                     add(Code::logicBlanks, index, node.sign);
                 }
                 break;
@@ -262,7 +264,8 @@ class Finder {
         auto const isPlain = [this](Node const& number) {
             std::u16string_view const digits = written(number.place);
             return number.kind == NodeKind::number && !number.isParenthesized &&
-                   isDigit(digits[0]) && digits.find_first_not_of(u"0123456789.") == std::u16string_view::npos;
+                   isDigit(digits[0]) &&
+                   digits.find_first_not_of(u"0123456789.") == std::u16string_view::npos;
         };
         if (!isPlain(left) || !isPlain(right)) return false;
         std::uint32_t const start = left.place.start;

@@ -5,21 +5,13 @@
 
 #include "translate/Functions.h"
 #include "translate/Letters.h"
-#include "translate/Operators.h"
 
 namespace kx::translate {
 namespace {
 
-/// Above all operators: operands, calls, what stands in parentheses.
-constexpr Binding kOperandBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 2);
 constexpr Binding kSignBinding = static_cast<Binding>(static_cast<int>(Binding::power) + 1);
 
 constexpr std::size_t kLongestRewriting = 4000;
-
-std::u16string numberText(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
 
 std::u16string inParentheses(std::u16string const& text) { return u"(" + text + u")"; }
 
@@ -36,11 +28,12 @@ Binding bindingOf(Node const& node) {
     }
 }
 
-bool isWholeFrom(Node const& node, double least) {
-    return node.kind == NodeKind::number && node.scale == 0 && node.number >= least;
-}
-
 }  // namespace
+
+std::u16string numberText(std::size_t number) {
+    std::string const digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
 
 Rewriter::Rewriter(Tree const& tree, std::u16string_view source, Settings const& settings,
                    std::vector<Found> const& found)
@@ -135,8 +128,10 @@ Rewriter::Part Rewriter::copy(NodeIndex index) {
                                      node.kind == NodeKind::negation;
         // A negation takes one operand in JavaScript.
         Binding const own = node.kind == NodeKind::negation ? kOperandBinding : bindingOf(node);
-        bool const isLoose = !part.isParenthesized && isBelowOperator &&
-                             rendered.binding < bindingOf(part) && rendered.binding <= own;
+        bool const isDouble = node.kind == NodeKind::sign && part.kind == NodeKind::sign;
+        bool const isLoose =
+            !part.isParenthesized && isBelowOperator &&
+            (isDouble || (rendered.binding < bindingOf(part) && rendered.binding <= own));
         whole.text += isLoose ? inParentheses(rendered.text) : rendered.text;
         at = part.place.end;
     }
@@ -166,7 +161,7 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
         text.append(sign).append(operand(right));
         return Part{std::move(text), traits(op).binding, true};
     };
-    if (has(index, Code::textMinus)) return impossible();
+    if (has(index, Code::textMinus)) return renderTextMinus(node);
     switch (node.op) {
         case Operator::equal:
             return renderEqual(node);
@@ -186,7 +181,9 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
         default:
             break;
     }
-    if (has(index, Code::textCompare)) return renderCompared(node, traits(node.op).name);
+    if (has(index, Code::textCompare) || ignoresLastBlanks(node)) {
+        return renderCompared(node, traits(node.op).name);
+    }
     if (has(index, Code::doubleSign)) {
         return {
             operand(left) + (node.op == Operator::add ? u"+(" : u"-(") + argument(node, 1) + u")",
@@ -221,11 +218,41 @@ Rewriter::Part Rewriter::renderLeading(std::u16string const& text, Node const& r
 
 /// A comparison of texts as JavaScript has to do it.
 Rewriter::Part Rewriter::renderCompared(Node const& node, std::u16string_view sign) {
-    if (settings_.isExact) return impossible();
-    Node const& right = tree_.child(node, 1);
-    std::u16string text = renderLeading(argument(node, 0), right).text;
-    text.append(sign).append(operand(tree_.nodes[node.firstChild].nextSibling));
+    NodeIndex const left = node.firstChild;
+    NodeIndex const right = tree_.nodes[left].nextSibling;
+    std::u16string text = settings_.isExact
+                              ? withoutLastBlanks(left)
+                              : renderLeading(argument(node, 0), tree_.nodes[right]).text;
+    text.append(sign).append(settings_.isExact ? withoutLastBlanks(right) : operand(right));
     return {std::move(text), Binding::comparison, true};
+}
+
+/// An operand whose blanks at the end do not count.
+std::u16string Rewriter::withoutLastBlanks(NodeIndex index) {
+    if (!mayEndInBlank(index)) return operand(index);
+    Part const part = render(index);
+    if (!part.isPossible) isPossible_ = false;
+    return u"TRIM(" + part.text + u")";
+}
+
+bool Rewriter::mayEndInBlank(NodeIndex index) const {
+    Node const& node = tree_.nodes[index];
+    if (node.kind == NodeKind::text && !node.isEscaped) return written(node.sign).ends_with(u' ');
+    if (node.function == nullptr) return true;
+    std::u16string_view const function = node.function->row.name;
+    return function != u"TRIM" && function != u"ALLTRIM";
+}
+
+/// Whether texts are compared, and blanks at their ends may not count.
+bool Rewriter::ignoresLastBlanks(Node const& node) const {
+    if (!settings_.isExact || node.op == Operator::identical) return false;
+    NodeIndex const left = node.firstChild;
+    NodeIndex const right = tree_.nodes[left].nextSibling;
+    bool const isText =
+        tree_.nodes[left].valueKind == Kind::text || tree_.nodes[right].valueKind == Kind::text;
+    bool const isComparison = traits(node.op).binding == Binding::equality ||
+                              traits(node.op).binding == Binding::comparison;
+    return isText && isComparison && (mayEndInBlank(left) || mayEndInBlank(right));
 }
 
 Rewriter::Part Rewriter::renderEqual(Node const& node) {
@@ -252,7 +279,6 @@ Rewriter::Part Rewriter::renderGreaterOrEqual(Node const& node) {
     std::u16string const less = isText
                                     ? renderCompared(node, u"<").text
                                     : operand(left) + u"<" + operand(tree_.nodes[left].nextSibling);
-    if (isText && settings_.isExact) return impossible();
     return {u"!(" + less + u")", Binding::negation, true};
 }
 
@@ -269,168 +295,6 @@ Rewriter::Part Rewriter::renderText(NodeIndex index) {
     std::u16string text = safeText(written(node.sign), inTexts_);
     bool const isSum = text.find(u'+') != std::u16string::npos && text != copy(index).text;
     return {std::move(text), isSum ? Binding::sum : kOperandBinding, true};
-}
-
-Rewriter::Part Rewriter::renderCall(NodeIndex index) {
-    Node const& node = tree_.nodes[index];
-    if (codes_[index] == 0) return copy(index);
-    if (node.callee != Callee::language || has(index, Code::nameDamaged)) return impossible();
-    std::u16string_view const function = node.function->row.name;
-    if (has(index, Code::functionDiffers) || has(index, Code::argumentCut)) {
-        return renderDiffering(node, function);
-    }
-    return has(index, Code::functionBroken) ? renderBroken(node, function)
-                                            : renderUnknown(node, function);
-}
-
-Rewriter::Part Rewriter::renderDiffering(Node const& node, std::u16string_view function) {
-    if (function == u"SUBSTR" || function == u"STUFF") return renderSubstring(node, function);
-    if (function == u"AT" || function == u"RAT") return renderPosition(node, function);
-    if (function == u"INT" && node.childCount == 1) return renderInteger(node);
-    if (function == u"BETWEEN" && node.childCount == 3) return renderBetween(node);
-    if (function == u"INLIST" && node.childCount > 1) return renderInList(node);
-    if (function == u"LOG10" && node.childCount == 1) {
-        return {u"LOG(" + argument(node, 0) + u")/LOG(10)", Binding::product, true};
-    }
-    if (function == u"MOD" && node.childCount == 2) {
-        std::u16string const divisor = operand(tree_.nodes[node.firstChild].nextSibling);
-        return {
-            u"((" + operand(node.firstChild) + u"%" + divisor + u")+" + divisor + u")%" + divisor,
-            Binding::product, true};
-    }
-    if (function == u"ROUND" && node.childCount == 2 && isWholeFrom(tree_.child(node, 1), 0)) {
-        return operandPart(u"VAL(ROUND(" + argument(node, 0) + u"," + argument(node, 1) + u"))");
-    }
-    return impossible();
-}
-
-/// Positions count from 0. Where the position is no literal it may be 0 or negative.
-Rewriter::Part Rewriter::renderSubstring(Node const& node, std::u16string_view function) {
-    bool const isStuff = function == u"STUFF";
-    if (node.childCount < 2 || !isWholeFrom(tree_.child(node, 1), 1)) return impossible();
-    if (isStuff && (node.childCount != 4 || !isWholeFrom(tree_.child(node, 2), 0))) {
-        return impossible();
-    }
-    bool const hasCount = !isStuff && node.childCount == 3;
-    if (hasCount && !isWholeFrom(tree_.child(node, 2), 1)) return impossible();
-    if (node.childCount > 4 || (!isStuff && node.childCount > 3)) return impossible();
-    std::u16string text(function);
-    text += u"(" + argument(node, 0) + u"," + argument(node, 1) + u"-1";
-    for (std::size_t i = 2; i < node.childCount; ++i) text += u"," + argument(node, i);
-    return operandPart(text + u")");
-}
-
-Rewriter::Part Rewriter::renderPosition(Node const& node, std::u16string_view function) {
-    if (node.childCount != 2) return impossible();
-    Node const& sought = tree_.child(node, 0);
-    if (textLength(tree_, sought).least == 0) return impossible();
-    return {std::u16string(function) + u"(" + argument(node, 1) + u"," + argument(node, 0) + u")+1",
-            Binding::sum, true};
-}
-
-Rewriter::Part Rewriter::renderInteger(Node const& node) {
-    std::u16string const number = argument(node, 0);
-    std::u16string const compared = operand(node.firstChild);
-    return operandPart(u"IIF(" + compared + u"<0,CEIL(" + number + u"),FLOOR(" + number + u"))");
-}
-
-Rewriter::Part Rewriter::renderBetween(Node const& node) {
-    bool isNumber = false;
-    for (NodeIndex at = node.firstChild; at != kNoNode; at = tree_.nodes[at].nextSibling) {
-        isNumber = isNumber || tree_.nodes[at].valueKind == Kind::number;
-    }
-    if (!isNumber) return impossible();
-    NodeIndex const low = tree_.nodes[node.firstChild].nextSibling;
-    std::u16string const value = operand(node.firstChild);
-    return {u"!(" + value + u"<" + operand(low) + u") .AND. " + value + u"<=" +
-                operand(tree_.nodes[low].nextSibling),
-            Binding::logicalAnd, true};
-}
-
-Rewriter::Part Rewriter::renderInList(Node const& node) {
-    if (settings_.isExact) return impossible();
-    std::u16string const value = operand(node.firstChild);
-    Kind const kind = tree_.nodes[node.firstChild].valueKind;
-    std::u16string text;
-    for (NodeIndex at = tree_.nodes[node.firstChild].nextSibling; at != kNoNode;
-         at = tree_.nodes[at].nextSibling) {
-        Node const& other = tree_.nodes[at];
-        if (!text.empty()) text += u" .OR. ";
-        bool const isText = other.valueKind == Kind::text || kind == Kind::text;
-        bool const isNumber = other.valueKind == Kind::number || kind == Kind::number;
-        if (!isText && !isNumber) return impossible();
-        text += (isText ? renderLeading(value, other).text : value) + u"==" + operand(at);
-    }
-    return {std::move(text), Binding::logicalOr, true};
-}
-
-Rewriter::Part Rewriter::renderBroken(Node const& node, std::u16string_view function) {
-    if (function == u"POWER" && node.childCount == 2) {
-        return operandPart(u"Math.pow(" + argument(node, 0) + u"," + argument(node, 1) + u")");
-    }
-    if (node.childCount != 1) return impossible();
-    if (function == u"SQRT") return operandPart(u"Math.pow(" + argument(node, 0) + u",0.5)");
-    if (function == u"EXP") {
-        return operandPart(u"Math.pow(2.718281828459045," + argument(node, 0) + u")");
-    }
-    if (function == u"ASIN") return operandPart(u"ASN(" + argument(node, 0) + u")");
-    if (function == u"ACOS") return operandPart(u"ACS(" + argument(node, 0) + u")");
-    if (function == u"ATAN") return operandPart(u"ATN(" + argument(node, 0) + u")");
-    if (function == u"SIGN") {
-        std::u16string const number = operand(node.firstChild);
-        return operandPart(u"IIF(" + number + u">0,1,IIF(" + number + u"<0,-1,0))");
-    }
-    bool const isUpper = function == u"ISUPPER";
-    if (!isUpper && function != u"ISLOWER") return impossible();
-    std::u16string const first = u"LEFT(" + argument(node, 0) + u",1)";
-    return {first + (isUpper ? u"<>LOWER(" : u"<>UPPER(") + first + u")", Binding::equality, true};
-}
-
-Rewriter::Part Rewriter::renderUnknown(Node const& node, std::u16string_view function) {
-    if (function == u"EMPTY" && node.childCount == 1) {
-        switch (tree_.child(node, 0).valueKind) {
-            case Kind::text:
-                return {u"LEN(ALLTRIM(" + argument(node, 0) + u"))==0", Binding::equality, true};
-            case Kind::number:
-                return {operand(node.firstChild) + u"==0", Binding::equality, true};
-            case Kind::logical:
-                return {u"!" + operand(node.firstChild), Binding::negation, true};
-            default:
-                return impossible();
-        }
-    }
-    if (function == u"PADR" || function == u"PADL") return renderPadded(node);
-    // A name that was cut means a function that may be installed.
-    constexpr auto kInstalled = std::to_array<std::u16string_view>(
-        {u"ALLTRIM", u"UPPER", u"LOWER", u"LEFT", u"RIGHT", u"SPACE", u"REPLICATE", u"LTRIM",
-         u"OCCURS", u"CHRTRAN", u"FLOOR"});
-    bool const isInstalled =
-        std::find(kInstalled.begin(), kInstalled.end(), function) != kInstalled.end();
-    if (!isInstalled) return impossible();
-    std::u16string text(function);
-    text += u'(';
-    for (std::size_t i = 0; i < node.childCount; ++i) {
-        if (i > 0) text += u',';
-        text += argument(node, i);
-    }
-    return operandPart(text + u")");
-}
-
-Rewriter::Part Rewriter::renderPadded(Node const& node) {
-    bool const isKnown = node.childCount == 2 && tree_.child(node, 0).valueKind == Kind::text &&
-                         isWholeFrom(tree_.child(node, 1), 1);
-    if (!isKnown) return impossible();
-    std::u16string const width = argument(node, 1);
-    bool const isLeft = node.function->row.name == std::u16string_view(u"PADL");
-    if (!isLeft) {
-        return operandPart(u"LEFT(" + operand(node.firstChild) + u"+SPACE(" + width + u")," +
-                           width + u")");
-    }
-    if (textLength(tree_, tree_.child(node, 0)).most > tree_.child(node, 1).number) {
-        return impossible();
-    }
-    return operandPart(u"RIGHT(SPACE(" + width + u")+" + operand(node.firstChild) + u"," + width +
-                       u")");
 }
 
 }  // namespace kx::translate

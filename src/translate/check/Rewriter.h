@@ -1,16 +1,24 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "translate/Operators.h"
 #include "translate/Settings.h"
 #include "translate/Tree.h"
 #include "translate/check/Findings.h"
 #include "translate/check/SafeText.h"
 
 namespace kx::translate {
+
+/// Above all operators: operands, calls, what stands in parentheses.
+inline constexpr Binding kOperandBinding =
+    static_cast<Binding>(static_cast<int>(Binding::power) + 2);
+
+std::u16string numberText(std::size_t number);
 
 /// Writes formulas in such a way that the exact conversion keeps what they mean. What is written is
 /// to be converted and compared before anyone is told.
@@ -53,8 +61,17 @@ class Rewriter {
     Part renderInteger(Node const& node);
     Part renderSubstring(Node const& node, std::u16string_view function);
     Part renderPosition(Node const& node, std::u16string_view function);
-    Part renderPadded(Node const& node);
+    Part renderPadded(Node const& node, std::u16string_view function);
+    Part renderNumberText(Node const& node, std::u16string_view function);
+    Part renderValue(Node const& node);
+    Part renderTextMinus(Node const& node);
+    Part literal(std::u16string_view text);
     Part renderLeading(std::u16string const& text, Node const& right);
+
+    std::optional<std::u16string> paddedText(NodeIndex index);
+    std::u16string withoutLastBlanks(NodeIndex index);
+    bool mayEndInBlank(NodeIndex index) const;
+    bool ignoresLastBlanks(Node const& node) const;
 
     bool has(NodeIndex index, Code code) const {
         return (codes_[index] >> static_cast<int>(code) & 1) != 0;
@@ -76,5 +93,10 @@ class Rewriter {
     bool isPossible_ = true;
     std::size_t written_ = 0;
 };
+
+/// Whether it is a literal of a whole number from `least` on.
+inline bool isWholeFrom(Node const& node, double least) {
+    return node.kind == NodeKind::number && node.scale == 0 && node.number >= least;
+}
 
 }  // namespace kx::translate

@@ -1,3 +1,5 @@
-// memory: 64 MiB
-// error: The script was ended: it needed more than the memory limit of 64 MiB
-new Uint8Array(2 ** 26).join('')
+// hangs: 1000 ms
+// limit: 100 ms
+// memory: 4096 MiB
+// error: The script was ended: it ran longer than its time limit of 100 ms
+new Uint8Array(2 ** 28).join('')

@@ -1,3 +1,4 @@
-// memory: 64 MiB
-// error: The script was ended: it needed more than the memory limit of 64 MiB
+// hangs: 1000 ms
+// limit: 100 ms
+// error: The script was ended: it ran longer than its time limit of 100 ms
 Array.prototype.slice.call(new Uint8Array(2 ** 26))

@@ -1,3 +1,3 @@
-// limit: 100 ms
-// error: The script was ended: it ran longer than its time limit of 100 ms
+// dies: Fatal javascript OOM in invalid array length
+// error: The script was ended: its worker process ended
 Array.prototype.sort.call({ length: 2 ** 53 - 1 })

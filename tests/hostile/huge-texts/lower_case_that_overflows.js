@@ -1,3 +1,4 @@
+// signal: SEGV
 // memory: 4096 MiB
-// error: RangeError: Invalid string length
+// error: The script was ended: its worker process ended
 '\u0130'.repeat(2 ** 28).toLowerCase().length

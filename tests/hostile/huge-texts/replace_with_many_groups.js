@@ -1,3 +1,3 @@
-// limit: 300 ms
-// error: The script was ended: it ran longer than its time limit of 300 ms
+// dies: Fatal JavaScript invalid size error
+// error: The script was ended: its worker process ended
 'a'.repeat(2 ** 22).replace(/a/g, '$&'.repeat(40))

@@ -1,3 +1,3 @@
-// limit: 300 ms
-// error: The script was ended: it ran longer than its time limit of 300 ms
+// dies: Fatal JavaScript invalid size error
+// error: The script was ended: its worker process ended
 'x'.repeat(2 ** 20).replace(/x/g, { toString: () => '$&'.repeat(1000) })

@@ -1,4 +1,5 @@
 // hangs: 1000 ms
-// since V8 13.6: error: The script was ended: it ran longer than its time limit of 100 ms
 // limit: 100 ms
+// error: The script was ended: it ran longer than its time limit of 100 ms
+// since V8 13.6: error: The script was ended: it ran longer than its time limit of 100 ms
 [...new Intl.Segmenter('en').segment('a'.repeat(2 ** 24))].length

@@ -1,3 +1,0 @@
-// memory: 64 MiB
-// error: The script was ended: it needed more than the memory limit of 64 MiB
-Array.from({ length: 1e9 })
