@@ -17,8 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         at += 2;
         return data[at - 2] + 256U * data[at - 1];
     });
-    while (at + 2 <= size && !hosts.isOver())
-        kx::fuzz::checkEqual(hosts.step(), u"", "a difference");
+    while (at + 2 <= size) kx::fuzz::checkEqual(hosts.step(), u"", "a difference");
     kx::fuzz::checkEqual(hosts.compareContexts(), u"", "a difference");
     return 0;
 }

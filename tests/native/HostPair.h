@@ -16,9 +16,6 @@ class HostPair {
     /// Does something chosen, and says what if there was a difference.
     std::u16string step();
 
-    /// Whether a limit has ended a script, in one of the hosts perhaps: no step does anything then.
-    bool isOver() const { return isOver_; }
-
     /// Compares the names and values of all globals, and what the last regular expression matched.
     /// Empty where they are the same.
     std::u16string compareContexts();
@@ -37,6 +34,8 @@ class HostPair {
     std::u16string compare(std::u16string const& what, Outcome const& native,
                            Outcome const& engine);
 
+    void noteLimits();
+
     std::u16string source();
     std::u16string bind();
     std::u16string parse();
@@ -49,5 +48,5 @@ class HostPair {
     KxJsParser engine_;
     std::vector<std::u16string> parsed_;
     std::u16string done_;  // for the report
-    bool isOver_ = false;
+    bool isOver_ = false;  // a limit has ended a script, in one of them perhaps
 };
