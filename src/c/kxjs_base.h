@@ -6,6 +6,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/// Marks a function that the library exports.
 #if defined(__GNUC__)
 #define KXJS_C_API __attribute__((visibility("default")))
 #else
@@ -35,7 +36,7 @@ extern "C" {
 typedef int32_t kxjs_status;
 
 enum {
-    KXJS_OK = 0,
+    KXJS_OK = 0,  ///< the call did what it was asked to do
     /// The script ran, and its result contains "NaN". Result and error text are both set.
     KXJS_RESULT_NAN = 1,
     /// The formula failed: kxjs_host_failure() and the error text, or the findings, say why.

@@ -33,7 +33,7 @@ enum {
 ///     kxjs_isolation_init(&isolation, sizeof isolation);
 ///     isolation.required_sandbox = KXJS_SANDBOX_SYSTEM_CALL_FILTER;
 typedef struct kxjs_isolation {
-    size_t struct_size;
+    size_t struct_size;  ///< set by kxjs_isolation_init()
     /// The most private memory that the worker may take for formulas, in bytes: four times the
     /// limit that kxjs_host_set_memory_limit() sets is a good value. A worker that needs more ends.
     uint64_t memory_limit;
@@ -43,7 +43,7 @@ typedef struct kxjs_isolation {
     /// Path of the program kxjs-worker, as the system takes it; null where it is installed with the
     /// library. It has to be of the library's version.
     char const* worker;
-    size_t worker_length;
+    size_t worker_length;       ///< of the path, in bytes
     uint32_t required_sandbox;  ///< pieces of the sandbox without which there is no host
     uint32_t reserved;          ///< 0
 } kxjs_isolation;
@@ -151,8 +151,8 @@ enum {
 typedef struct kxjs_failure {
     size_t struct_size;  ///< set before the call
     int32_t kind;        ///< a KXJS_FAILURE_ constant
-    int32_t line;
-    int32_t column;
+    int32_t line;        ///< from 1, or 0
+    int32_t column;      ///< of the mistake's begin, from 1, or 0
     int32_t end_column;  ///< the first column behind the mistake, on the same line
     /// 1 where the exception comes from elsewhere, and the place is the call that led there.
     int32_t is_in_call;
@@ -174,7 +174,7 @@ typedef struct kxjs_frame {
     int32_t line;          ///< from 1, in the text that the frame lies in
     int32_t column;        ///< from 1, in UTF-16 code units
     int32_t is_in_source;  ///< 1 where that text is the application's source
-    int32_t reserved;
+    int32_t reserved;      ///< 0
 } kxjs_frame;
 
 /// A frame of that failure, innermost first; `function` becomes the name of the function, empty for

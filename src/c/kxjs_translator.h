@@ -89,11 +89,11 @@ KXJS_C_API kxjs_status kxjs_findings_count(kxjs_findings* findings, size_t* coun
 /// The place of a finding in the formula, in UTF-16 code units from 0, and the part of the formula
 /// that its rewriting replaces.
 typedef struct kxjs_finding {
-    size_t struct_size;  ///< set before the call
-    size_t position;
-    size_t length;
+    size_t struct_size;       ///< set before the call
+    size_t position;          ///< from 0
+    size_t length;            ///< in code units
     size_t rewrite_position;  ///< 0 where there is no rewriting
-    size_t rewrite_length;
+    size_t rewrite_length;    ///< in code units
 } kxjs_finding;
 
 /// The finding `index`. `code` becomes "SYNTAX" or a name such as "EQUALS_ASSIGNS", `text` what is
