@@ -3,6 +3,9 @@
 #ifndef KXJS_BASE_H
 #define KXJS_BASE_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include <stddef.h>
 #include <stdint.h>
 
@@ -93,5 +96,7 @@ KXJS_C_API char const* kxjs_version_text(void);
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

@@ -3,6 +3,9 @@
 #ifndef KXJS_COLUMNS_H
 #define KXJS_COLUMNS_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_host.h"
 #include "c/kxjs_text.h"
@@ -139,5 +142,7 @@ KXJS_C_API kxjs_status kxjs_columns_failure(kxjs_columns* columns, size_t index,
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

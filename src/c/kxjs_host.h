@@ -3,6 +3,9 @@
 #ifndef KXJS_HOST_H
 #define KXJS_HOST_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 #include "c/kxjs_variable.h"
@@ -215,5 +218,7 @@ KXJS_C_API kxjs_status kxjs_extract_utf16(uint16_t const* source, size_t source_
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

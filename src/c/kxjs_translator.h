@@ -4,6 +4,9 @@
 #ifndef KXJS_TRANSLATOR_H
 #define KXJS_TRANSLATOR_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 
@@ -152,5 +155,7 @@ KXJS_C_API kxjs_status kxjs_run_time_part(kxjs_text* java_script);
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif
