@@ -10,6 +10,7 @@
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
+#include "translate/RunTimePart.h"
 
 namespace kx {
 
@@ -40,7 +41,9 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
     return Program::make(
-        expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
+        expression, {{names.data(), source.variables.size()},
+                     hasLibrary_ || isLibraryDeferred_,
+                     hasRunTimePart_});
 }
 
 bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {
@@ -81,7 +84,12 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
 ScriptEffects InProcessHost::effectsOf(Expression const* expression,
                                        WrappedSource const& source) const {
     ScriptEffects effects;
-    if (expression == nullptr || hadEffects_ || !arePlain(source)) return effects;
+    if (hadEffects_ || !arePlain(source)) return effects;
+    if (expression == nullptr) {
+        effects.isRunTimePart = translate::isRunTimePart(source.callerText());
+        effects.mayHave = !effects.isRunTimePart;
+        return effects;
+    }
     auto const names = namesReadWithoutEffects(*expression);
     if (!names) return effects;
     effects.mayHave = false;
