@@ -21,8 +21,10 @@ bool isConstant(std::u16string_view name) {
 }
 
 bool arePlain(WrappedSource const& source) {
-    return std::all_of(source.variables.begin(), source.variables.end(),
-                       [](BoundVariable* variable) { return variable->isPlain(); });
+    // The run-time part of translated formulas cannot be assigned to.
+    return std::all_of(
+        source.variables.begin(), source.variables.end(),
+        [](BoundVariable* variable) { return variable->isPlain() && variable->key() != u"kx"; });
 }
 
 }  // namespace
@@ -40,10 +42,9 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(
-        expression, {{names.data(), source.variables.size()},
-                     hasLibrary_ || isLibraryDeferred_,
-                     hasRunTimePart_});
+    return Program::make(expression, {{names.data(), source.variables.size()},
+                                      hasLibrary_ || isLibraryDeferred_,
+                                      hasRunTimePart_});
 }
 
 bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {

@@ -96,9 +96,8 @@ bool evaluatesNoText(Expression const& expression, Node const& call) {
 
 bool isHarmlessMemberOf(Expression const& expression, Node const& member) {
     std::u16string_view const name = expression.text(member);
-    return isHarmlessMember(name) ||
-           (isRunTimePart(expression, expression.child(member, 0)) &&
-            (isHarmlessRunTimeFunction(name) || name == u"exact"));
+    return isHarmlessMember(name) || (isRunTimePart(expression, expression.child(member, 0)) &&
+                                      (isHarmlessRunTimeFunction(name) || name == u"exact"));
 }
 
 bool isHarmlessCall(Expression const& expression, Node const& call) {

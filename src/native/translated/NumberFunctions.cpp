@@ -42,8 +42,7 @@ std::optional<std::u16string_view> formatted(Arguments arguments, TextArena& are
     auto const width = wholeOf(arguments[1]);
     if (!width || *width > kMostWidth) return std::nullopt;
     constexpr std::size_t kUsualWidth = 10;
-    return inWidth(number.number,
-                   *width <= 0 ? kUsualWidth : static_cast<std::size_t>(*width),
+    return inWidth(number.number, *width <= 0 ? kUsualWidth : static_cast<std::size_t>(*width),
                    places.value_or(0), arena);
 }
 
@@ -131,8 +130,10 @@ bool extreme(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!result.isNumber() && !result.isText()) return false;
     for (Value const& value : arguments.subspan(1)) {
         if (value.type != result.type) return false;
-        bool const isLess = value.isText() ? value.text < result.text : value.number < result.number;
-        bool const isMore = value.isText() ? value.text > result.text : value.number > result.number;
+        bool const isLess =
+            value.isText() ? value.text < result.text : value.number < result.number;
+        bool const isMore =
+            value.isText() ? value.text > result.text : value.number > result.number;
         if (kIsMax ? isMore : isLess) result = value;
     }
     return true;

@@ -1,11 +1,10 @@
 // The operators of translated formulas.
-#include "native/translated/Arguments.h"
-#include "native/translated/Functions.h"
-
 #include <algorithm>
 #include <array>
 
 #include "native/Conversions.h"
+#include "native/translated/Arguments.h"
+#include "native/translated/Functions.h"
 
 namespace kx {
 

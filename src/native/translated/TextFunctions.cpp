@@ -22,8 +22,7 @@ std::u16string_view withoutLastBlanks(std::u16string_view text) {
 }
 
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() &&
-           give(static_cast<double>(arguments[0].text.size()), result);
+    return arguments[0].isText() && give(static_cast<double>(arguments[0].text.size()), result);
 }
 
 template <bool kAtStart, bool kAtEnd>
@@ -128,8 +127,7 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     if (!width || *width > static_cast<double>(TextArena::kMostWork)) return false;
     std::array<Value, 2> const shown{value, arguments[3]};
     Value text = value;
-    if (value.isNumber() &&
-        !findRunTimeFunction(u"ntos", false)->compute(shown, workspace, text)) {
+    if (value.isNumber() && !findRunTimeFunction(u"ntos", false)->compute(shown, workspace, text)) {
         return false;
     }
     if (*width < 1) return give(std::u16string_view(), result);
@@ -138,7 +136,9 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const fill = arguments[2].isText() ? arguments[2].text : u" ";
     char16_t const unit = fill.empty() ? u'\0' : fill[0];
     std::size_t const missing = size - text.text.size();
-    std::size_t const before = kSide == Side::left ? missing : kSide == Side::both ? missing / 2 : 0;
+    std::size_t const before = kSide == Side::left   ? missing
+                               : kSide == Side::both ? missing / 2
+                                                     : 0;
     char16_t* const room = workspace.arena.allocate(size);
     if (room == nullptr) return false;
     char16_t* const middle = std::fill_n(room, before, unit);
