@@ -53,7 +53,7 @@ void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
 
 void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
                             Carriers& carriers) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     v8::HandleScope const handles(isolate);
     v8::TryCatch const ignored(isolate);
     for (auto const& [effect, variable] : pending_) {
@@ -74,7 +74,7 @@ void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::Object
 }
 
 void DeferredEffects::applyMatch(v8::Local<v8::Context> context) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     bool const all = goesThroughAll(pattern_);
     v8::Local<v8::String> const text = toV8String(isolate, expressionOf(pattern_));
     v8::Local<v8::String> const subject = toV8String(isolate, subject_);
