@@ -220,6 +220,7 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const sought = arguments[1].text;
     if (sought.empty()) return give(text, result);
     if (!workspace.arena.countWork(text.size() * sought.size())) return false;
+    std::u16string_view const replacement = arguments[2].isText() ? arguments[2].text : u"";
     double const first = std::max(1.0, *from);
     std::u16string made;
     std::size_t start = 0;
@@ -228,7 +229,7 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
          place = text.find(sought, start)) {
         if (*most >= 0 && number >= first - 1 && number - first + 1 >= *most) break;
         made.append(text.substr(start, place - start));
-        made.append(++number >= first ? arguments[2].text : sought);
+        made.append(++number >= first ? replacement : sought);
         if (made.size() > TextArena::kMostWork) return false;
         start = place + sought.size();
     }
