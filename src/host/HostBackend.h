@@ -75,8 +75,7 @@ class HostBackend {
     virtual void setTimeLimit(std::chrono::milliseconds limit) = 0;
     virtual void setMemoryLimit(std::size_t bytes) = 0;
 
-    /// As KxJsParser says. Nothing for a backend that does not evaluate formulas without V8.
-    virtual void setNativeEvaluation(bool /*isOn*/) {}
+    virtual void setNativeEvaluation(bool isOn) = 0;
 
     /// Ends the run that is going on, if any. Any thread.
     virtual void terminate() = 0;

@@ -40,6 +40,7 @@ class IsolatedHost final : public HostBackend {
     }
     void setTimeLimit(std::chrono::milliseconds limit) override { log_.setTimeLimit(limit); }
     void setMemoryLimit(std::size_t bytes) override;
+    void setNativeEvaluation(bool isOn) override { log_.setNativeEvaluation(isOn); }
     void terminate() override;
     EndReason endReason() const override { return endReason_; }
     KxJsSandbox const* sandbox() const override { return &worker_.sandbox(); }

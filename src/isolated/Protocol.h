@@ -20,6 +20,7 @@ enum class Command : std::uint8_t {
     RELEASE,          ///< id of a script or of columns
     TIME_LIMIT,       ///< milliseconds, 64 bits
     MEMORY_LIMIT,     ///< bytes, 64 bits
+    NATIVE,           ///< 0 or 1: whether formulas may be evaluated without V8
     INSTALL,          ///< nothing
     RESET,            ///< nothing
     COMPILE,          ///< id, source
