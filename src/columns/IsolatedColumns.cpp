@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <limits>
+#include <functional>
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
 
+#include "columns/ColumnReply.h"
 #include "columns/ColumnTexts.h"
 #include "columns/FlagScope.h"
 #include "host/EndText.h"
@@ -166,12 +167,14 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     request.put(number_);
     request.put(static_cast<std::uint8_t>(evaluation.results.index()));
     request.put(static_cast<std::uint64_t>(last - first));
-    std::size_t const resultsOffset = putValues(request, first, last);
+    std::byte* const results = putValues(request, evaluation.results, first, last);
     auto reader = host_.send(left, error);
     if (reader) {
-        bool const isDone = takeBlock(*reader, evaluation, last, resultsOffset);
+        std::size_t const failures = evaluation.outcome.failures.size();
+        bool const isDone = takeBlock(*reader, evaluation, last, results);
         if (!host_.checkEnd(*reader, error)) {
             evaluation.outcome.records = first;
+            evaluation.outcome.failures.resize(failures);
             return false;
         }
         if (evaluation.outcome.records > 0) bindRecord(evaluation.outcome.records - 1);
@@ -190,10 +193,24 @@ std::size_t IsolatedColumns::mostRecords() const {
     return ColumnArea::mostRecords(columns_.size() + 1, sizes);
 }
 
-/// Hands over the values of a block: texts in the message, all others in the area. Returns where in
-/// the area the results will be.
-std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
-                                       std::size_t last) const {
+/// Where `bytes` of a block's values are in the memory that the host shares; kInArea where they are
+/// not there as a whole.
+std::uint64_t IsolatedColumns::placeOf(void const* values, std::size_t bytes) const {
+    std::span<std::byte const> const shared = host_.sharedMemory();
+    auto const* const first = static_cast<std::byte const*>(values);
+    std::less<> const isBefore;
+    if (isBefore(first, shared.data()) || isBefore(shared.data() + shared.size(), first)) {
+        return kInArea;
+    }
+    auto const offset = static_cast<std::size_t>(first - shared.data());
+    return bytes <= shared.size() - offset ? offset : kInArea;
+}
+
+/// Hands over the values of a block: texts in the message, numbers where they are if the worker can
+/// read them there, all others in the area. Returns where in the area the results will be; null
+/// where they will be where the caller wants them.
+std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const& results,
+                                      std::size_t first, std::size_t last) const {
     ColumnArea area(last - first);
     for (Column const& column : columns_) {
         if (column.isText()) {
@@ -202,57 +219,53 @@ std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
             }
             continue;
         }
-        std::byte* const goal = host_.area() + area.take(sizeIn(column));
         std::visit(
             [&](auto const* values) {
                 using Value = std::remove_cvref_t<decltype(*values)>;
                 if constexpr (std::is_arithmetic_v<Value>) {
-                    std::memcpy(goal, values + first, (last - first) * sizeof(Value));
+                    std::size_t const bytes = (last - first) * sizeof(Value);
+                    std::uint64_t const place =
+                        std::is_same_v<Value, bool> ? kInArea : placeOf(values + first, bytes);
+                    writer.put(place);
+                    if (place != kInArea) return;
+                    std::memcpy(host_.area() + area.take(sizeof(Value)), values + first, bytes);
                 }
             },
             column.values);
     }
-    return area.take(0);
+    std::uint64_t place = kInArea;
+    if (auto* const* const numbers = std::get_if<double*>(&results)) {
+        place = placeOf(*numbers + first, (last - first) * sizeof(double));
+    }
+    writer.put(place);
+    return place == kInArea ? host_.area() + area.take(0) : nullptr;
 }
 
 /// Takes the results of a block. False where the worker has ended it early.
 bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                                std::size_t resultsOffset) {
+                                std::byte const* results) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
     std::size_t const first = outcome.records;
-    auto const records =
-        static_cast<std::size_t>(reader.takeUpTo(static_cast<std::uint64_t>(last - first)));
-    std::u16string const error = reader.takeText();
-    auto const reason =
-        static_cast<EndReason>(reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
-    auto const failures = reader.takeUpTo(static_cast<std::uint64_t>(last - first));
-    for (std::uint64_t i = 0; i < failures; ++i) {
-        KxJsColumns::Failure failure{};
-        failure.record = first + reader.takeUpTo(static_cast<std::uint64_t>(last - first));
-        failure.error = evaluation.texts.shared(reader.takeText());
-        failure.message = evaluation.texts.shared(reader.takeText());
-        constexpr auto kLargest = std::numeric_limits<std::int32_t>::max();
-        failure.line = reader.takeUpTo(kLargest);
-        failure.column = reader.takeUpTo(kLargest);
-        failure.endColumn = reader.takeUpTo(kLargest);
+    ColumnReply reply = takeColumnReply(reader, last - first, evaluation.texts);
+    for (KxJsColumns::Failure& failure : reply.failures) {
+        failure.record += first;
         outcome.failures.push_back(std::move(failure));
     }
-    takeResults(reader, evaluation, records, resultsOffset);
-    outcome.records = first + records;
-    if (error.empty() && outcome.records == last) return true;
-    outcome.error = error;
-    if (reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
+    takeResults(reader, evaluation, reply.records, results);
+    outcome.records = first + reply.records;
+    if (reply.error.empty() && outcome.records == last) return true;
+    outcome.error = reply.error;
+    if (reply.reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
     return false;
 }
 
 void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
-                                  std::size_t records, std::size_t resultsOffset) const {
+                                  std::size_t records, std::byte const* results) const {
     std::size_t const first = evaluation.outcome.records;
-    std::byte const* const results = host_.area() + resultsOffset;
     if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
         for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
     } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
-        std::memcpy(*numbers + first, results, records * sizeof(double));
+        if (results != nullptr) std::memcpy(*numbers + first, results, records * sizeof(double));
     } else {
         bool* const values = std::get<bool*>(evaluation.results) + first;
         // A byte that is neither 0 nor 1 would be no truth value.

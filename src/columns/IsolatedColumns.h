@@ -34,11 +34,13 @@ class IsolatedColumns final : public ColumnsBackend {
     bool compileInWorker(std::u16string& error);
     bool runBlock(Evaluation& evaluation, std::size_t last);
     std::size_t mostRecords() const;
-    std::size_t putValues(MessageWriter& writer, std::size_t first, std::size_t last) const;
+    std::uint64_t placeOf(void const* values, std::size_t bytes) const;
+    std::byte* putValues(MessageWriter& writer, ColumnResults const& results, std::size_t first,
+                         std::size_t last) const;
     bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                   std::size_t resultsOffset);
+                   std::byte const* results);
     void takeResults(MessageReader& reader, Evaluation const& evaluation, std::size_t records,
-                     std::size_t resultsOffset) const;
+                     std::byte const* results) const;
     bool goesOn(Evaluation& evaluation);
     void bindRecord(std::size_t record);
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -82,6 +83,9 @@ class HostBackend {
 
     /// What an isolated host's worker is held by; null for a host in this process.
     virtual KxJsSandbox const* sandbox() const { return nullptr; }
+
+    /// As KxJsParser says; empty for a host in this process.
+    virtual std::span<std::byte> sharedMemory() const { return {}; }
 
     /// Why the last run was ended before its script was.
     virtual EndReason endReason() const = 0;

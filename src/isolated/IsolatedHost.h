@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -44,6 +45,7 @@ class IsolatedHost final : public HostBackend {
     void terminate() override;
     EndReason endReason() const override { return endReason_; }
     KxJsSandbox const* sandbox() const override { return &worker_.sandbox(); }
+    std::span<std::byte> sharedMemory() const override { return worker_.sharedMemory(); }
 
     /// For columns, which send requests of their own: begins one, sends it and takes the reply.
     /// Each gives false or nothing, and a text in `error`, where the worker ends.

@@ -33,7 +33,7 @@ void FormulaService::prepareWorker() {
 }
 
 void FormulaService::serve(WorkerEnd& end) {
-    area_ = end.area();
+    end_ = &end;
     std::vector<std::byte> request;
     MessageWriter reply;
     while (true) {
@@ -82,7 +82,9 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             break;
         case Command::COMPILE_COLUMNS: {
             auto const number = request.take<std::uint32_t>();
-            WorkerColumns& columns = columns_.try_emplace(number, *host_, area_).first->second;
+            WorkerColumns& columns =
+                columns_.try_emplace(number, *host_, end_->area(), end_->sharedMemory())
+                    .first->second;
             putResult(reply, withOutcome(columns.compile(request)));
             break;
         }
