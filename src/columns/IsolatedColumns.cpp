@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <functional>
+#include <limits>
+#include <span>
 #include <stdexcept>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -24,7 +26,20 @@ using Clock = std::chrono::steady_clock;
 /// Between two calls of whoever watches.
 constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
-constexpr std::size_t kLargestBlock = std::size_t{1} << 16;
+constexpr Clock::duration kClockStep = std::chrono::microseconds(1);
+/// Of one block to the next.
+constexpr std::size_t kLargestGrowth = 64;
+
+/// More records than any memory holds.
+constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+constexpr std::u16string_view kTooMany = u"There are too many columns for an isolated host";
+
+/// The size of a block after one of `size` records took `time`.
+std::size_t nextSize(std::size_t size, Clock::duration time) {
+    if (time >= kBlockTime) return std::max<std::size_t>(size / 2, 1);
+    auto const fitting = static_cast<std::size_t>(kBlockTime / 2 / std::max(time, kClockStep));
+    return size * std::clamp<std::size_t>(fitting, 1, kLargestGrowth);
+}
 
 /// Bytes of a value in the area; none for texts, which are in the messages.
 std::size_t sizeIn(Column const& column) {
@@ -94,8 +109,8 @@ bool IsolatedColumns::compile(std::u16string const& source, std::u16string& erro
         return false;
     }
     isCompiled_ = false;
-    if (mostRecords() == 0) {
-        error = u"There are too many columns for an isolated host";
+    if (mostRecords(kAll, ColumnResults()) == 0) {
+        error = kTooMany;
         return false;
     }
     if (!bindToHost(error)) return false;
@@ -138,14 +153,14 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
     FlagScope const evaluating(isEvaluating_);
     host_.beginEvaluation();
     Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
-    std::size_t const largest = std::min(kLargestBlock, mostRecords());
+    std::size_t const largest = mostRecords(count, results);
+    if (largest == 0) outcome.error = kTooMany;
     std::size_t size = std::min(kFirstBlock, largest);
-    while (outcome.records < count) {
+    while (outcome.records < count && largest != 0) {
         Clock::time_point const start = Clock::now();
         bool const isDone = runBlock(evaluation, std::min(count, outcome.records + size));
         if (!isDone || !goesOn(evaluation)) break;
-        size = Clock::now() - start < kBlockTime ? std::min(size * 2, largest)
-                                                 : std::max<std::size_t>(size / 2, 1);
+        size = std::min(nextSize(size, Clock::now() - start), largest);
     }
     host_.log().setTimeLimit(host_.log().timeLimit());  // the blocks had less
     return outcome;
@@ -184,26 +199,33 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     return false;
 }
 
-/// How many records a block may have, so that their values have room; 0 where there are too many
-/// columns.
-std::size_t IsolatedColumns::mostRecords() const {
-    std::size_t sizes = sizeof(double);  // of a result
-
-    for (Column const& column : columns_) sizes += sizeIn(column);
+/// How many records a block may have, so that the values that are copied have room; 0 where there
+/// are too many columns. `sharing` is how many records are looked for in shared memory.
+std::size_t IsolatedColumns::mostRecords(std::size_t sharing, ColumnResults const& results) const {
+    auto const isCopied = [&](auto const* values) {
+        return placeOf(values, 0, sharing) == kInArea;
+    };
+    std::size_t sizes = std::visit(isCopied, results) ? sizeof(double) : 0;
+    for (Column const& column : columns_) {
+        if (std::visit(isCopied, column.values)) sizes += sizeIn(column);
+    }
     return ColumnArea::mostRecords(columns_.size() + 1, sizes);
 }
 
-/// Where `bytes` of a block's values are in the memory that the host shares; kInArea where they are
-/// not there as a whole.
-std::uint64_t IsolatedColumns::placeOf(void const* values, std::size_t bytes) const {
-    std::span<std::byte const> const shared = host_.sharedMemory();
-    auto const* const first = static_cast<std::byte const*>(values);
-    std::less<> const isBefore;
-    if (isBefore(first, shared.data()) || isBefore(shared.data() + shared.size(), first)) {
-        return kInArea;
+/// Where the values of a block are in the memory that the host shares; kInArea where they are not
+/// there as a whole, or are no numbers: others can be damaged.
+template <class T>
+std::uint64_t IsolatedColumns::placeOf(T const* values, std::size_t first, std::size_t last) const {
+    if constexpr (std::is_same_v<T, double> || std::is_same_v<T, std::int32_t>) {
+        std::span<std::byte> const shared = host_.sharedMemory();
+        auto const begin = reinterpret_cast<std::uintptr_t>(values + first);
+        auto const memory = reinterpret_cast<std::uintptr_t>(shared.data());
+        std::uintptr_t const offset = begin - memory;
+        bool const isInside = begin >= memory && offset < shared.size() &&
+                              last - first <= (shared.size() - offset) / sizeof(T);
+        return isInside ? offset : kInArea;
     }
-    auto const offset = static_cast<std::size_t>(first - shared.data());
-    return bytes <= shared.size() - offset ? offset : kInArea;
+    return kInArea;
 }
 
 /// Hands over the values of a block: texts in the message, numbers where they are if the worker can
@@ -223,20 +245,17 @@ std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const
             [&](auto const* values) {
                 using Value = std::remove_cvref_t<decltype(*values)>;
                 if constexpr (std::is_arithmetic_v<Value>) {
-                    std::size_t const bytes = (last - first) * sizeof(Value);
-                    std::uint64_t const place =
-                        std::is_same_v<Value, bool> ? kInArea : placeOf(values + first, bytes);
+                    std::uint64_t const place = placeOf(values, first, last);
                     writer.put(place);
                     if (place != kInArea) return;
-                    std::memcpy(host_.area() + area.take(sizeof(Value)), values + first, bytes);
+                    std::memcpy(host_.area() + area.take(sizeof(Value)), values + first,
+                                (last - first) * sizeof(Value));
                 }
             },
             column.values);
     }
-    std::uint64_t place = kInArea;
-    if (auto* const* const numbers = std::get_if<double*>(&results)) {
-        place = placeOf(*numbers + first, (last - first) * sizeof(double));
-    }
+    std::uint64_t const place =
+        std::visit([&](auto const* values) { return placeOf(values, first, last); }, results);
     writer.put(place);
     return place == kInArea ? host_.area() + area.take(0) : nullptr;
 }
