@@ -56,8 +56,8 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "formula evaluation on embedded V8 (development files)
 ${_setting}
 
-This package holds the C++ headers, and what CMake and pkg-config need to
-find the library. Applications need no headers of V8."
+This package holds the headers for C++ and C, and what CMake and
+pkg-config need to find the library. Applications need no headers of V8."
 )
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME kxjs)

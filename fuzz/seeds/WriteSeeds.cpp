@@ -170,9 +170,9 @@ void addReplies(Seeds& seeds) {
 /// Steps of a worker: turn, length, more, rest. The first is its report that it is ready.
 void addChannelWords(Seeds& seeds) {
     std::string const ready{0, 2, 0, 0};
-    for (char const turn : {0, 1, 2, 3, -1}) {
+    for (char const turn : {'\0', '\1', '\2', '\3', '\xff'}) {
         for (char length = 0; length < 8; ++length) {
-            for (char const more : {0, 1, 4}) {
+            for (char const more : {'\0', '\1', '\4'}) {
                 std::string const step{turn, length, more, 7};
                 seeds.add({ready, step, ready, step, step});
             }
@@ -189,6 +189,29 @@ void addChoices(Seeds& seeds) {
         while (choices.size() < kLength) choices += static_cast<char>(random() & 0xFF);
         seeds.add({choices});
     }
+}
+
+/// Steps, each ended as fuzz/c_api reads them.
+std::string stepsOf(std::initializer_list<std::string> steps) {
+    std::string joined;
+    for (std::string const& step : steps) joined += step + '\x1e';
+    return joined;
+}
+
+/// Calls of the C interface on one formula: objects in the slots 0 to 8, then calls.
+void addCalls(Seeds& seeds, std::string const& formula) {
+    // Host, two texts, columns, list, variable, translator, findings, functions.
+    std::string const objects =
+        stepsOf({"H0000", "c1000", "c2000", "c3003", "c4001", "c5002A", "c6004", "c7005", "c8206"});
+    seeds.add({objects, stepsOf({"i0000", "v0000A=", "k1000" + formula, "p0020" + formula, "x0122",
+                                 "y1000", "l0100", "f1000", "y1000", "f0002", "r0000"})});
+    seeds.add(
+        {objects, stepsOf({"s4000one", "s4000two", "b3000A", "b3404T", "g3000", "o3100A+" + formula,
+                           "u3120xx", "b3004B", "o3100A+B", "u3120xxxxxxxx", "u3422", "q3100",
+                           "s4003", "f0002", "u3121xx", "f3004", "f4001", "q3100"})});
+    seeds.add({objects,
+               stepsOf({"T6000A", "T6174" + formula, "T6173" + formula, "F7100", "C8103", "V5100",
+                        "v0506", "v0567=x", "D4100" + formula, "s4003", "z1201", "y1000"})});
 }
 
 void writeAll(fs::path const& top) {
@@ -213,6 +236,8 @@ void writeAll(fs::path const& top) {
         extract.add({"\x01", script});
         columns.add({script.substr(0, 1), "\x01", script});
     }
+    Seeds calls(top, "c_api");
+    for (std::string const& formula : formulas()) addCalls(calls, formula);
     Seeds variables(top, "variables");
     addVariables(variables);
     Seeds text(top, "text");

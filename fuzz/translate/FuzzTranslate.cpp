@@ -1,5 +1,6 @@
 // Translates and checks whatever the fuzzer makes: findings lie in the formula, both ways agree on
 // what is a formula, and what is proposed keeps its meaning.
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -55,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     }();
     std::u16string text = kx::fuzz::textOf({reinterpret_cast<char const*>(data), size});
     // The conversion ends there.
-    text.resize(text.find(u'\0') == text.npos ? text.size() : text.find(u'\0'));
+    text.resize(std::min(text.find(u'\0'), text.size()));
     checkFormula(plain, text);
     checkFormula(exact, text);
     return 0;

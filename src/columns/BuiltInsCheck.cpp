@@ -31,7 +31,7 @@ std::vector<std::u16string> allNames() {
 
 bool isGetter(v8::Local<v8::Context> context, std::u16string const& name) {
     return context->Global()
-        ->HasRealNamedCallbackProperty(context, toV8Name(context->GetIsolate(), name))
+        ->HasRealNamedCallbackProperty(context, toV8Name(v8::Isolate::GetCurrent(), name))
         .FromMaybe(true);
 }
 
@@ -44,8 +44,8 @@ bool isFunctionOfAnotherScript(v8::Local<v8::Value> value) {
 
 bool areBuiltInsUntouched(v8::Local<v8::Context> context, int libraryId) {
     static auto const& names = *new std::vector(allNames());  // hosts may be used at exit
-    v8::HandleScope const handles(context->GetIsolate());
-    v8::TryCatch const ignored(context->GetIsolate());
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
+    v8::TryCatch const ignored(v8::Isolate::GetCurrent());
     // A getter would show that the names are read.
     if (std::any_of(names.begin(), names.end(),
                     [&](auto const& name) { return isGetter(context, name); })) {

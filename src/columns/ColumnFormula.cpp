@@ -37,11 +37,12 @@ std::optional<ColumnBindings> ColumnFormula::bindings(v8::Local<v8::Context> con
     if (!expression_) return std::nullopt;
     // A script may have put a function in a member's place that reads a column's global.
     if (host_.hadEffects() && expression_->usesMembers) return std::nullopt;
-    v8::HandleScope const handles(context->GetIsolate());
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
     if (host_.hadEffects() && !areKeysAsBound(context)) return std::nullopt;
     bool callsBuiltIns = false;
     auto const& library = host_.record()->libraryScript();
-    int const libraryId = library == nullptr ? -1 : library->get(context->GetIsolate())->GetId();
+    int const libraryId =
+        library == nullptr ? -1 : library->get(v8::Isolate::GetCurrent())->GetId();
     ColumnBindings bindings;
     for (auto const& [text, isCalled] : expression_->names) {
         std::u16string const name(text);

@@ -34,7 +34,7 @@ bool hasOwnAccessor(v8::Local<v8::Context> context, v8::Local<v8::Object> carrie
     return carrier->HasRealNamedCallbackProperty(context, accessor).FromMaybe(false) &&
            carrier->GetOwnPropertyDescriptor(context, accessor).ToLocal(&descriptor) &&
            descriptor.As<v8::Object>()
-               ->HasRealNamedProperty(context, toV8Name(context->GetIsolate(), u"value"))
+               ->HasRealNamedProperty(context, toV8Name(v8::Isolate::GetCurrent(), u"value"))
                .FromMaybe(false);
 }
 
@@ -49,7 +49,7 @@ bool areCarriersKeys(std::vector<std::u16string> const& keys) {
 bool isBoundAsMade(v8::Local<v8::Context> context, std::u16string const& key,
                    BoundVariable const& bound, std::u16string_view accessorName) {
     if (!isName(key)) return false;
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     v8::HandleScope const handles(isolate);
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::String> const name = toV8Name(isolate, key);
@@ -65,7 +65,7 @@ bool isBoundAsMade(v8::Local<v8::Context> context, std::u16string const& key,
 bool areCarriersUnshadowed(v8::Local<v8::Context> context,
                            std::vector<std::u16string> const& keys) {
     if (keys.empty()) return true;
-    v8::HandleScope const handles(context->GetIsolate());
+    v8::HandleScope const handles(v8::Isolate::GetCurrent());
     std::vector<std::u16string> names;
     for (std::u16string const& key : keys) names.push_back(carrierNameFor(key));
     return unshadowedValues(context, names).has_value();

@@ -30,7 +30,7 @@ bool isIn(List const& list, std::u16string_view name) {
 }  // namespace
 
 v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_view name) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     v8::TryCatch const ignored(isolate);
     v8::Local<v8::Value> value;
     if (!context->Global()
@@ -43,7 +43,7 @@ v8::Local<v8::Value> globalValue(v8::Local<v8::Context> context, std::u16string_
 
 std::optional<std::vector<v8::Local<v8::Value>>> unshadowedValues(
     v8::Local<v8::Context> context, std::vector<std::u16string> const& names) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     v8::TryCatch const ignored(isolate);
     // An array of what the names stand for in a script.
     std::u16string list = u"[";

@@ -38,7 +38,7 @@ v8::Local<v8::Object> Carriers::make(v8::Local<v8::Context> context,
 void Carriers::define(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
                       BoundVariable& variable) {
     v8::Local<v8::Object> const carrier = make(context, shape, variable);
-    v8::Local<v8::String> const name = variable.carrierName(context->GetIsolate());
+    v8::Local<v8::String> const name = variable.carrierName(v8::Isolate::GetCurrent());
     if (carrier.IsEmpty() || name.IsEmpty()) return;
     variable.globals().hasCarrier =
         context->Global()->CreateDataProperty(context, name, carrier).FromMaybe(false);

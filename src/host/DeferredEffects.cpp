@@ -38,7 +38,7 @@ void DeferredEffects::noteCarrier(BoundVariable& variable) {
 }
 
 void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
-                              std::span<Value const> values, Match const& match) {
+                              std::span<Value const> values) {
     for (std::size_t i = 0; i < variables.size(); ++i) {
         BoundVariable* const variable = variables[i];
         variable->keepValue(values[i]);
@@ -46,6 +46,9 @@ void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
         pending_.push_back({Effect::assignment, variable});
         variable->globals().isAssignmentPending = true;
     }
+}
+
+void DeferredEffects::noteMatch(Match const& match) {
     if (match.pattern == Match::Pattern::none) return;
     pattern_ = match.pattern;
     subject_ = match.subject;
@@ -53,7 +56,7 @@ void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
 
 void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,
                             Carriers& carriers) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     v8::HandleScope const handles(isolate);
     v8::TryCatch const ignored(isolate);
     for (auto const& [effect, variable] : pending_) {
@@ -74,7 +77,7 @@ void DeferredEffects::apply(v8::Local<v8::Context> context, v8::Local<v8::Object
 }
 
 void DeferredEffects::applyMatch(v8::Local<v8::Context> context) {
-    v8::Isolate* const isolate = context->GetIsolate();
+    v8::Isolate* const isolate = v8::Isolate::GetCurrent();
     bool const all = goesThroughAll(pattern_);
     v8::Local<v8::String> const text = toV8String(isolate, expressionOf(pattern_));
     v8::Local<v8::String> const subject = toV8String(isolate, subject_);

@@ -43,21 +43,24 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
         expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
 }
 
-bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {
-    if (script.program() == nullptr) return false;
+Evaluator& InProcessHost::evaluator() {
     if (evaluator_ == nullptr) evaluator_ = std::make_unique<Evaluator>();
+    return *evaluator_;
+}
+
+Value const* InProcessHost::compute(HostScript const& script) {
+    if (script.program() == nullptr) return nullptr;
     std::vector<BoundVariable*> const& variables = script.source().variables;
-    std::span<Value> const values = evaluator_->roomFor(variables.size());
+    std::span<Value> const values = evaluator().roomFor(variables.size());
     std::transform(variables.begin(), variables.end(), values.begin(),
                    [](BoundVariable const* variable) { return variable->nativeValue(); });
-    Value value;
-    if (!evaluator_->run(*script.program(), values, value)) return false;
-    auto const text = evaluator_->textOf(value);
-    if (!text) return false;
-    result = text->substr(0, text->find(u'\0'));
-    deferred_.noteRun(variables, values, evaluator_->match());
-    countChange();
-    return true;
+    return evaluator_->run(*script.program(), values);
+}
+
+void InProcessHost::noteRun(HostScript const& script) {
+    std::vector<BoundVariable*> const& variables = script.source().variables;
+    deferred_.noteRun(variables, evaluator_->roomFor(variables.size()));
+    deferred_.noteMatch(evaluator_->match());
 }
 
 V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::Context> context) {

@@ -11,11 +11,14 @@
 namespace kx {
 class BoundVariable;
 
-/// A pointer that is no text of this library, such as char const*. The language would convert it to
-/// bool.
+/// What the language would convert to a value that is not meant: a pointer that is no text of this
+/// library, such as char const*, to true, and a character to its code.
 template <class T>
-concept PointerButNoText = std::disjunction_v<std::is_pointer<T>, std::is_member_pointer<T>> &&
-    !std::is_convertible_v<T, char16_t const*>;
+concept NoValue =
+    (std::disjunction_v<std::is_pointer<T>, std::is_member_pointer<T>> &&
+     !std::is_convertible_v<T, char16_t const*>) ||
+    std::disjunction_v<std::is_same<T, char>, std::is_same<T, wchar_t>, std::is_same<T, char8_t>,
+                       std::is_same<T, char16_t>, std::is_same<T, char32_t>>;
 }  // namespace kx
 
 /// A named value that an application gives to its scripts.
@@ -54,7 +57,7 @@ class KXJS_API KxJsVariable {
     KxJsVariable(std::u16string key, char16_t const* value);
     KxJsVariable(std::u16string key, std::u16string const& value);
     KxJsVariable(std::u16string key, bool value);
-    template <kx::PointerButNoText T>
+    template <kx::NoValue T>
     KxJsVariable(std::u16string key, T value) = delete;
     /// @}
     /// Copies take over every field.
@@ -89,7 +92,7 @@ class KXJS_API KxJsVariable {
     void setValue(std::u16string value);
     void setValue(char16_t const* value);
     void setValue(bool value);
-    template <kx::PointerButNoText T>
+    template <kx::NoValue T>
     void setValue(T value) = delete;
     /// @}
 

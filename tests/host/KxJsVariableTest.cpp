@@ -63,6 +63,15 @@ TEST(KxJsVariable, doesNotCompileWithOtherPointers) {
     EXPECT_EQ(variable.getStrValue(), u"ext");
 }
 
+// A character would become the number of its code.
+TEST(KxJsVariable, doesNotCompileWithCharacters) {
+    static_assert(kIsRefused<char> && kIsRefused<wchar_t> && kIsRefused<char8_t>);
+    static_assert(kIsRefused<char16_t> && kIsRefused<char32_t>);
+    static_assert(kIsTaken<std::int8_t> && kIsTaken<std::int16_t> && kIsTaken<std::uint16_t>);
+    KxJsVariable const variable(kKey, std::int8_t{'5'});
+    EXPECT_EQ(variable.getLongValue(), 53);
+}
+
 TEST(KxJsVariable, keepsTheOtherFieldsAtTheirDefaults) {
     KxJsVariable const variable(kKey, u"12");
     EXPECT_EQ(variable.getLongValue(), 0);

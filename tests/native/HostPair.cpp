@@ -111,6 +111,7 @@ HostPair::HostPair(Choices const& choices) : choices_(choices), generator_(choic
     if (choices_() % 8 == 0) return;
     native_.initialize();
     engine_.initialize();
+    noteLimits();
 }
 
 std::u16string HostPair::failureOf(KxJsParser const& host) {
@@ -132,6 +133,13 @@ std::u16string HostPair::compare(std::u16string const& what, Outcome const& nati
                outcome.failure;
     };
     return done_ + what + text(native) + u"\ninstead of" + text(engine);
+}
+
+void HostPair::noteLimits() {
+    for (KxJsParser const* const host : {&native_, &engine_}) {
+        KxJsFailure const* const failure = host->lastFailure();
+        if (failure != nullptr && failure->kind == KxJsFailure::Kind::LIMIT) isOver_ = true;
+    }
 }
 
 std::u16string HostPair::source() {
@@ -195,8 +203,9 @@ std::u16string HostPair::evaluate(std::u16string const& source) {
 }
 
 std::u16string HostPair::step() {
-    if (isOver_) return {};
+    // A caller that steps for as long as there are choices comes to an end.
     std::uint64_t const choice = choices_() % 100;
+    if (isOver_) return {};
     if (choice < 35) return bind();
     if (choice < 55) return parse();
     if (choice < 88) return execute();
@@ -205,11 +214,13 @@ std::u16string HostPair::step() {
         done_ += u"reset\n";
         native_.reset();
         engine_.reset();
+        noteLimits();
         parsed_.clear();
     } else if (choice < 98) {
         done_ += u"initialize\n";
         native_.initialize();
         engine_.initialize();
+        noteLimits();
     } else {
         return evaluate(std::u16string(choice < 99 ? kMatch : kGlobals));
     }

@@ -34,6 +34,8 @@ class HostPair {
     std::u16string compare(std::u16string const& what, Outcome const& native,
                            Outcome const& engine);
 
+    void noteLimits();
+
     std::u16string source();
     std::u16string bind();
     std::u16string parse();

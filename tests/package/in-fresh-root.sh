@@ -52,6 +52,8 @@ files >before
 install ./*.deb
 g++ -std=c++20 consumer/main.cpp $(pkg-config --cflags --libs kxjsparser) -o with-pkg-config
 ./with-pkg-config
+gcc -std=c99 consumer_c/main.c $(pkg-config --cflags --libs kxjsparser) -o c-with-pkg-config
+./c-with-pkg-config
 cmake -S consumer -B with-cmake >cmake.log && cmake --build with-cmake >>cmake.log || {
     cat cmake.log
     fail "building with CMake"
