@@ -8,6 +8,8 @@
 #include <variant>
 
 #include "host/KxJsVariable.h"
+#include "host/SeenText.h"
+#include "native/Value.h"
 
 namespace kx {
 
@@ -27,6 +29,11 @@ struct Column {
         return std::visit([&](auto const* first) { return variable(first[record]); }, values);
     }
 
+    /// What scripts see of it.
+    Value nativeValue(std::size_t record) const {
+        return std::visit([&](auto const* first) { return seen(first[record]); }, values);
+    }
+
     /// A variable of the column's type.
     KxJsVariable blank() const {
         return std::visit([&]<class T>(T const* /*first*/) { return variable(T()); }, values);
@@ -40,6 +47,11 @@ struct Column {
     }
 
   private:
+    static Value seen(double value) { return Value::of(value); }
+    static Value seen(std::int32_t value) { return Value::of(static_cast<double>(value)); }
+    static Value seen(bool value) { return Value::of(value); }
+    static Value seen(std::u16string_view value) { return Value::of(seenText(value)); }
+
     template <class T>
     KxJsVariable variable(T const& value) const {
         if constexpr (std::is_same_v<T, std::u16string_view>) {

@@ -22,6 +22,10 @@ constexpr std::size_t kLargestBlock = std::size_t{1} << 14;
 /// Choosing a path takes as long as this many records one by one.
 constexpr std::size_t kChoice = 64;
 constexpr std::size_t kLongestPause = kChoice << 6;
+/// Evaluated without V8 between two looks at whether the evaluation is to end.
+constexpr std::size_t kNativeBlock = 64;
+/// So many records with numbers alone are worth a kernel, whose loop is faster once it runs.
+constexpr std::size_t kWorthKernel = 256;
 
 }  // namespace
 
@@ -35,7 +39,9 @@ ColumnEvaluation::ColumnEvaluation(KxJsParser& parser, InProcessHost& host, Colu
       count_(count),
       context_(host.context()),
       outcome_(outcome),
-      results_(results, outcome) {}
+      results_(results, outcome) {
+    if (formula.script().program() != nullptr) native_.emplace(host, formula.script(), columns);
+}
 
 void ColumnEvaluation::run(KxJsColumns::Progress const& progress) {
     std::size_t size = kFirstBlock;
@@ -71,6 +77,11 @@ bool ColumnEvaluation::goesOnAfter(KxJsColumns::Progress const& progress) {
 bool ColumnEvaluation::runBlock(std::size_t last) {
     Clock::time_point const deadline = Clock::now() + kBlockTime;
     while (results_.next() < last) {
+        if (path_ == Path::native && results_.next() + 1 < count_) {
+            if (!runNatively(std::min(last, count_ - 1))) return false;
+            if (Clock::now() >= deadline) return true;
+            continue;
+        }
         if (path_ != Path::fast || results_.next() + 1 == count_) {
             if (!runOneByOne()) return false;
             if (path_ == Path::unchosen && hasSucceeded_ && results_.next() >= slowUntil_) {
@@ -94,12 +105,44 @@ bool ColumnEvaluation::runBlock(std::size_t last) {
     return true;
 }
 
+bool ColumnEvaluation::runNatively(std::size_t last) {
+    if (host_.endReason() != EndReason::none) {
+        outcome_.error = host_.limits().endText();
+        return false;
+    }
+    if (host_.isNativeAllowed() &&
+        native_->block(results_, std::min(last, results_.next() + kNativeBlock))) {
+        return true;
+    }
+    ++nativeFailures_;
+    leavePath();
+    return true;
+}
+
+bool ColumnEvaluation::isNativePathBest() const {
+    if (!native_ || !host_.isNativeAllowed()) return false;
+    // A record that fails costs as much as many that do not.
+    if (nativeFailures_ > 1 + results_.next() / kNativeBlock) return false;
+    return native_->readsTexts() || count_ - results_.next() < kWorthKernel;
+}
+
 bool ColumnEvaluation::runOneByOne() {
+    for (Column const& column : columns_) parser_.addSetVariable(column.at(results_.next()));
+    bool const isDone =
+        host_.runNatively(formula_.script(), [this](Evaluator& evaluator, Value const& value) {
+            return results_.convert(evaluator, value);
+        });
+    if (!isDone) return runInV8();
+    hasSucceeded_ = true;
+    results_.endRecord();
+    return true;
+}
+
+bool ColumnEvaluation::runInV8() {
     if (formula_.mayHaveEffects()) host_.countScript();
     v8::Isolate* const isolate = host_.isolate();
     v8::HandleScope const handles(isolate);
     v8::TryCatch const capture(isolate);
-    for (Column const& column : columns_) parser_.addSetVariable(column.at(results_.next()));
     v8::Local<v8::Value> const completion = host_.runOnce(formula_.script(), context_, capture);
     if (!completion.IsEmpty()) {
         results_.convert(isolate, context_, completion);
@@ -120,7 +163,8 @@ bool ColumnEvaluation::runOneByOne() {
 }
 
 void ColumnEvaluation::choosePath() {
-    path_ = Path::slow;
+    path_ = isNativePathBest() ? Path::native : Path::slow;
+    if (path_ == Path::native) return;
     // The last record takes the slow path anyway.
     if (count_ - results_.next() < 2 || count_ > v8compat::kMostArrayElements) return;
     auto const names = formula_.bindings(context_, columns_);

@@ -11,6 +11,7 @@
 #include "columns/ColumnFormula.h"
 #include "columns/ColumnRun.h"
 #include "columns/KxJsColumns.h"
+#include "columns/NativeRun.h"
 #include "columns/RecordResults.h"
 #include "host/InProcessHost.h"
 
@@ -19,11 +20,12 @@ namespace kx {
 /// One evaluation of a formula over records. Lives inside a LimitedRun and a handle scope, with the
 /// context entered.
 ///
-/// There are two paths. On the fast one a kernel runs many records at a time; on the slow one the
-/// script runs record by record, as KxJsParser::execute() would. The first record always takes the
+/// There are three paths. On the slow one the script runs record by record, as
+/// KxJsParser::execute() would. On the fast one a kernel of V8's runs many records at a time, and
+/// on the native one records are evaluated without V8. The first record always takes the
 /// slow path, so that names which scripts have made unusable show, and the last too, so that it
-/// leaves behind what execute() leaves. A record that fails in the kernel is run again on the slow
-/// path, which gives its result and its error text.
+/// leaves behind what execute() leaves. A record that fails on another path is run again on the
+/// slow path, which gives its result and its error text.
 class ColumnEvaluation {
   public:
     ColumnEvaluation(KxJsParser& parser, InProcessHost& host, ColumnFormula& formula,
@@ -34,11 +36,14 @@ class ColumnEvaluation {
     void run(KxJsColumns::Progress const& progress);
 
   private:
-    enum class Path : std::uint8_t { unchosen, fast, slow };
+    enum class Path : std::uint8_t { unchosen, native, fast, slow };
 
     /// Both return false where the evaluation was ended.
     bool runBlock(std::size_t last);
+    bool runNatively(std::size_t last);
     bool runOneByOne();
+    bool runInV8();
+    bool isNativePathBest() const;
     bool goesOnAfter(KxJsColumns::Progress const& progress);
 
     void choosePath();
@@ -60,9 +65,11 @@ class ColumnEvaluation {
     RecordResults results_;
 
     Path path_ = Path::unchosen;
-    bool hasSucceeded_ = false;  // a record since the path was left
-    std::size_t fastFrom_ = 0;   // the record at which the fast path was taken
-    std::size_t pause_ = 0;      // how many records the next choice waits for
+    bool hasSucceeded_ = false;        // a record since the path was left
+    std::optional<NativeRun> native_;  // where the formula has a program
+    std::size_t nativeFailures_ = 0;
+    std::size_t fastFrom_ = 0;  // the record at which the fast path was taken
+    std::size_t pause_ = 0;     // how many records the next choice waits for
     std::size_t slowUntil_ = 0;
     std::optional<v8::HandleScope> runHandles_;
     std::optional<ColumnRun> run_;

@@ -23,7 +23,7 @@ class ColumnFormula {
     ColumnFormula(InProcessHost& host, std::u16string source,
                   std::unique_ptr<CompiledScript> script);
 
-    CompiledScript const& script() const { return *script_; }
+    HostScript const& script() const { return static_cast<HostScript const&>(*script_); }
 
     /// Whether the script still has its variables: the host was not reset since.
     bool isCurrent() const { return generation_ == host_.generation(); }

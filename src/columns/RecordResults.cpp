@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "engine/Text.h"
+#include "native/Conversions.h"
 
 namespace kx {
 
@@ -28,6 +29,27 @@ void RecordResults::convert(v8::Isolate* isolate, v8::Local<v8::Context> context
     } else {
         std::get<bool*>(results_)[record] = completion->BooleanValue(isolate);
     }
+}
+
+bool RecordResults::convert(Evaluator& evaluator, Value const& value) {
+    std::size_t const record = next();
+    if (auto* const* texts = std::get_if<std::u16string*>(&results_)) {
+        auto const text = evaluator.textOf(value);
+        if (!text) return false;
+        (*texts)[record] = *text;
+        if (contains(*text, u'N') && text->find(kNaN) != std::u16string::npos) noteNotANumber();
+    } else if (auto* const* numbers = std::get_if<double*>(&results_)) {
+        if (value.isNumber()) {
+            (*numbers)[record] = value.number;
+            return true;
+        }
+        auto const number = toNumber(value);
+        if (!number) return false;
+        (*numbers)[record] = *number;
+    } else {
+        std::get<bool*>(results_)[record] = isTrue(value);
+    }
+    return true;
 }
 
 void RecordResults::fail(std::u16string error, KxJsFailure const& failure) {

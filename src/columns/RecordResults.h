@@ -10,6 +10,7 @@
 #include "columns/KxJsColumns.h"
 #include "columns/RecentTexts.h"
 #include "host/KxJsFailure.h"
+#include "native/Program.h"
 
 namespace kx {
 
@@ -28,6 +29,9 @@ class RecordResults {
     /// v8::TryCatch.
     void convert(v8::Isolate* isolate, v8::Local<v8::Context> context,
                  v8::Local<v8::Value> completion);
+
+    /// Converts `value`, that of the next record. False where that needs V8.
+    bool convert(Evaluator& evaluator, Value const& value);
 
     /// The next record has failed.
     void fail(std::u16string error, KxJsFailure const& failure);

@@ -38,7 +38,7 @@ void DeferredEffects::noteCarrier(BoundVariable& variable) {
 }
 
 void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
-                              std::span<Value const> values, Match const& match) {
+                              std::span<Value const> values) {
     for (std::size_t i = 0; i < variables.size(); ++i) {
         BoundVariable* const variable = variables[i];
         variable->keepValue(values[i]);
@@ -46,6 +46,9 @@ void DeferredEffects::noteRun(std::span<BoundVariable* const> variables,
         pending_.push_back({Effect::assignment, variable});
         variable->globals().isAssignmentPending = true;
     }
+}
+
+void DeferredEffects::noteMatch(Match const& match) {
     if (match.pattern == Match::Pattern::none) return;
     pattern_ = match.pattern;
     subject_ = match.subject;

@@ -24,8 +24,10 @@ class DeferredEffects {
     void noteCarrier(BoundVariable& variable);
 
     /// A formula was run that read these values of its variables.
-    void noteRun(std::span<BoundVariable* const> variables, std::span<Value const> values,
-                 Match const& match);
+    void noteRun(std::span<BoundVariable* const> variables, std::span<Value const> values);
+
+    /// A formula was run that left this match.
+    void noteMatch(Match const& match);
 
     /// Belongs inside the context.
     void apply(v8::Local<v8::Context> context, v8::Local<v8::ObjectTemplate> shape,

@@ -93,6 +93,27 @@ class InProcessHost final : public HostBackend {
     /// Evaluates formulas without V8 where that shows in nothing but time. On by default.
     void setNativeEvaluation(bool isOn) override { isNativeOn_ = isOn; }
 
+    /// Whether formulas may be evaluated without V8 now.
+    bool isNativeAllowed() const;
+
+    /// Runs `script` once without V8, where its values and isNativeAllowed() let it. `take` gets
+    /// the evaluator and the value, and says whether it could use that. False where V8 has to run
+    /// the script; nothing has happened then.
+    template <class Take>
+    bool runNatively(HostScript const& script, Take take) {
+        if (!isNativeAllowed()) return false;
+        Value const* const value = compute(script);
+        if (value == nullptr || !take(*evaluator_, *value)) return false;
+        noteRun(script);
+        return true;
+    }
+
+    /// The same in steps, for evaluations that run a script many times.
+    /// @{
+    Evaluator& evaluator();
+    void noteMatch(Match const& match) { deferred_.noteMatch(match); }
+    /// @}
+
     /// Whether a script has run that may have changed what others see: globals beside those of
     /// variables with plain names, functions, members.
     bool hadEffects() const { return hadEffects_; }
@@ -114,11 +135,10 @@ class InProcessHost final : public HostBackend {
     bool install(std::u16string& error);
     WrappedSource wrap(std::u16string_view source);
     void defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context);
-    /// Whether formulas may be evaluated without V8 now.
-    bool isNativeAllowed() const;
     std::unique_ptr<Program> makeProgram(Expression const& expression,
                                          WrappedSource const& source) const;
-    bool runNatively(HostScript const& script, std::u16string& result);
+    Value const* compute(HostScript const& script);
+    void noteRun(HostScript const& script);
     std::u16string runInV8(HostScript const& script, std::u16string& error);
     /// Makes sure that V8 has compiled `script`, and that it sees what has been deferred. Null
     /// where that fails.
@@ -148,6 +168,7 @@ class InProcessHost final : public HostBackend {
     bool isContextDeferred_ = false;  // until V8 is needed
     bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one
     bool hasLibrary_ = false;
+    bool hasRunTimePart_ = false;  // of translated formulas
     bool hadEffects_ = false;  // a script may have changed what others see
     std::uint64_t generation_ = 0;
     std::uint64_t scriptsRun_ = 0;

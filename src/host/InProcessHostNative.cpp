@@ -10,6 +10,7 @@
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
+#include "translate/RunTimePart.h"
 
 namespace kx {
 
@@ -20,8 +21,10 @@ bool isConstant(std::u16string_view name) {
 }
 
 bool arePlain(WrappedSource const& source) {
-    return std::all_of(source.variables.begin(), source.variables.end(),
-                       [](BoundVariable* variable) { return variable->isPlain(); });
+    // The run-time part of translated formulas cannot be assigned to.
+    return std::all_of(
+        source.variables.begin(), source.variables.end(),
+        [](BoundVariable* variable) { return variable->isPlain() && variable->key() != u"kx"; });
 }
 
 }  // namespace
@@ -39,25 +42,29 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(
-        expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
+    return Program::make(expression, {{names.data(), source.variables.size()},
+                                      hasLibrary_ || isLibraryDeferred_,
+                                      hasRunTimePart_});
 }
 
-bool InProcessHost::runNatively(HostScript const& script, std::u16string& result) {
-    if (script.program() == nullptr) return false;
+Evaluator& InProcessHost::evaluator() {
     if (evaluator_ == nullptr) evaluator_ = std::make_unique<Evaluator>();
+    return *evaluator_;
+}
+
+Value const* InProcessHost::compute(HostScript const& script) {
+    if (script.program() == nullptr) return nullptr;
     std::vector<BoundVariable*> const& variables = script.source().variables;
-    std::span<Value> const values = evaluator_->roomFor(variables.size());
+    std::span<Value> const values = evaluator().roomFor(variables.size());
     std::transform(variables.begin(), variables.end(), values.begin(),
                    [](BoundVariable const* variable) { return variable->nativeValue(); });
-    Value value;
-    if (!evaluator_->run(*script.program(), values, value)) return false;
-    auto const text = evaluator_->textOf(value);
-    if (!text) return false;
-    result = text->substr(0, text->find(u'\0'));
-    deferred_.noteRun(variables, values, evaluator_->match());
-    countChange();
-    return true;
+    return evaluator_->run(*script.program(), values);
+}
+
+void InProcessHost::noteRun(HostScript const& script) {
+    std::vector<BoundVariable*> const& variables = script.source().variables;
+    deferred_.noteRun(variables, evaluator_->roomFor(variables.size()));
+    deferred_.noteMatch(evaluator_->match());
 }
 
 V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::Context> context) {
@@ -81,7 +88,12 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
 ScriptEffects InProcessHost::effectsOf(Expression const* expression,
                                        WrappedSource const& source) const {
     ScriptEffects effects;
-    if (expression == nullptr || hadEffects_ || !arePlain(source)) return effects;
+    if (hadEffects_ || !arePlain(source)) return effects;
+    if (expression == nullptr) {
+        effects.isRunTimePart = translate::isRunTimePart(source.callerText());
+        effects.mayHave = !effects.isRunTimePart;
+        return effects;
+    }
     auto const names = namesReadWithoutEffects(*expression);
     if (!names) return effects;
     effects.mayHave = false;

@@ -1,5 +1,6 @@
 // Scripts of a host in this process: compiled with their variables, run, and what their failures
 // become.
+#include <bitset>
 #include <optional>
 #include <utility>
 
@@ -12,12 +13,35 @@
 
 namespace kx {
 
+namespace {
+
+/// Finds keys in a source. There may be many keys, most of them not in it.
+class KeySearch {
+  public:
+    explicit KeySearch(std::u16string_view source) : source_(source) {
+        for (char16_t const unit : source) units_.set(unit % kUnits);
+    }
+
+    bool finds(std::u16string_view key) const {
+        return (key.empty() || units_[key.front() % kUnits]) && source_.find(key) != source_.npos;
+    }
+
+  private:
+    static constexpr std::size_t kUnits = 128;
+
+    std::u16string_view source_;
+    std::bitset<kUnits> units_;  // which there are; those that share a bit are not told apart
+};
+
+}  // namespace
+
 WrappedSource InProcessHost::wrap(std::u16string_view source) {
     WrappedSource wrapped;
     constexpr std::size_t kUsualPrologue = 128;
     wrapped.text.reserve(source.size() + kUsualPrologue);
+    KeySearch const search(source);
     for (auto const& [key, variable] : variables_) {
-        if (source.find(key) == std::u16string_view::npos) continue;
+        if (!search.finds(key)) continue;
         wrapped.variables.push_back(&bound(variable));
         wrapped.text += wrapped.variables.back()->prologueLine();
     }
@@ -90,7 +114,16 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
     forgetFailure();
     auto const& hostScript = static_cast<HostScript const&>(script);
     std::u16string result;
-    if (!isNativeAllowed() || !runNatively(hostScript, result)) result = runInV8(hostScript, error);
+    bool const isDone =
+        runNatively(hostScript, [&result](Evaluator& evaluator, Value const& value) {
+            auto const text = evaluator.textOf(value);
+            if (text) result = *text;
+            return text.has_value();
+        });
+    if (isDone)
+        countChange();
+    else
+        result = runInV8(hostScript, error);
     if (lastFailure() == nullptr && contains(result, u'N') &&
         result.find(u"NaN") != std::u16string::npos) {
         error = u"Not A Number";
@@ -113,7 +146,10 @@ std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& 
     // Calls the value's own toString, which can fail as the script can.
     std::u16string result = textOfValue(isolate(), context, completion);
     if (!completion.IsEmpty()) endConversion(completion);
-    if (!capture.HasCaught()) return result;
+    if (!capture.HasCaught()) {
+        hasRunTimePart_ = hasRunTimePart_ || script.effects().isRunTimePart;
+        return result;
+    }
     error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
     return {};
 }

@@ -70,25 +70,6 @@ std::optional<double> textToNumber(std::u16string_view text) {
     return kNaN;
 }
 
-std::optional<double> toNumber(Value const& value) {
-    switch (value.type) {
-        case Value::Type::undefined:
-            return kNaN;
-        case Value::Type::text:
-            return textToNumber(value.text);
-        default:
-            return value.number;  // null has 0
-    }
-}
-
-double wholePart(double number) { return std::isnan(number) ? 0 : std::trunc(number); }
-
-std::optional<double> toWholeNumber(Value const& value) {
-    auto const number = toNumber(value);
-    if (!number) return std::nullopt;
-    return wholePart(*number);
-}
-
 std::int32_t toInt32(double number) {
     constexpr double kRange = 4294967296.0;
     if (!std::isfinite(number)) return 0;

@@ -3,7 +3,9 @@
 /// result itself, is left to V8.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -15,16 +17,24 @@ namespace kx {
 
 bool isTrue(Value const& value);
 
-std::optional<double> toNumber(Value const& value);
-
 /// As the conversion of a text does it: plain decimals, blanks, and what is no number for sure.
 std::optional<double> textToNumber(std::u16string_view text);
 
+inline std::optional<double> toNumber(Value const& value) {
+    if (value.isText()) return textToNumber(value.text);
+    // That of null is 0.
+    return value.isUndefined() ? std::numeric_limits<double>::quiet_NaN() : value.number;
+}
+
 /// The number's whole part, 0 for NaN.
-double wholePart(double number);
+inline double wholePart(double number) { return std::isnan(number) ? 0 : std::trunc(number); }
 
 /// toNumber() and wholePart() of it.
-std::optional<double> toWholeNumber(Value const& value);
+inline std::optional<double> toWholeNumber(Value const& value) {
+    if (value.isNumber()) return wholePart(value.number);
+    auto const number = toNumber(value);
+    return number ? std::optional(wholePart(*number)) : std::nullopt;
+}
 
 std::int32_t toInt32(double number);
 

@@ -3,16 +3,56 @@
 
 namespace kx {
 
-bool Evaluator::run(Program const& program, std::span<Value const> variables, Value& result) {
+namespace {
+
+/// The most frequent operations on two numbers. False for others.
+bool calculateInPlace(Operation operation, Value& value, double right) {
+    auto const become = [&value](bool answer) {
+        value.type = Value::Type::boolean;
+        value.number = answer ? 1 : 0;
+    };
+    switch (operation) {
+        case Operation::add:
+            value.number += right;
+            return true;
+        case Operation::subtract:
+            value.number -= right;
+            return true;
+        case Operation::multiply:
+            value.number *= right;
+            return true;
+        case Operation::divide:
+            value.number /= right;
+            return true;
+        case Operation::less:
+            become(value.number < right);
+            return true;
+        case Operation::greater:
+            become(value.number > right);
+            return true;
+        case Operation::lessOrEqual:
+            become(value.number <= right);
+            return true;
+        case Operation::greaterOrEqual:
+            become(value.number >= right);
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+Value const* Evaluator::run(Program const& program, std::span<Value const> variables) {
     workspace_.arena.clear();
     workspace_.match = {};
-    if (!execute(program, variables)) return false;
-    result = values_[1];
-    return true;
+    return execute(program, variables) ? &values_[1] : nullptr;
 }
 
 std::optional<std::u16string_view> Evaluator::textOf(Value const& result) {
-    return toText(result, workspace_.arena);
+    auto const text = toText(result, workspace_.arena);
+    if (!text) return std::nullopt;
+    return text->substr(0, text->find(u'\0'));
 }
 
 bool Evaluator::computeUnary(Operation operation, Value& value) {
@@ -58,8 +98,15 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                 break;
             case Step::binary: {
                 --top;
-                Value const left = top[0];
-                if (!calculate(step.operation, left, top[1], workspace_.arena, *top)) return false;
+                if (top[0].isNumber() && top[1].isNumber() &&
+                    calculateInPlace(step.operation, top[0], top[1].number)) {
+                    break;
+                }
+                Value result;
+                if (!calculate(step.operation, top[0], top[1], workspace_.arena, result)) {
+                    return false;
+                }
+                *top = result;
                 break;
             }
             case Step::length:

@@ -17,14 +17,15 @@ namespace kx {
 /// Which names a formula may use beside those of JavaScript.
 struct Names {
     std::span<std::u16string_view const> variables;
-    bool hasCatalogues = true;  // the functions of the catalogues
+    bool hasCatalogues = true;    // the functions of the catalogues
+    bool hasRunTimePart = false;  // of translated formulas
 };
 
 /// A formula made ready to be evaluated without V8, again and again.
 ///
 ///     kx::Names const names{variables};
 ///     if (auto const program = kx::Program::make(expression, names))
-///         isDone = evaluator.run(*program, values, result);
+///         result = evaluator.run(*program, values);
 ///
 /// Results are those of V8 as long as what the names of JavaScript, of the catalogues and of the
 /// members stand for is as a new host has it. Threads: any; one at a time for an Evaluator.
@@ -80,12 +81,12 @@ class Evaluator {
         return std::span<Value>(variables_).first(count);
     }
 
-    /// False where the formula needs V8 for these values; nothing has happened then. `variables`
-    /// are those of the names that the formula was made with, in that order. The result's text is
-    /// valid until the next run, and as long as the formula and the variables' texts.
-    bool run(Program const& program, std::span<Value const> variables, Value& result);
+    /// The result, or null where the formula needs V8 for these values; nothing has happened then.
+    /// `variables` are those of the names that the formula was made with, in that order. The result
+    /// is valid until the next run, and as long as the formula and the variables' texts.
+    Value const* run(Program const& program, std::span<Value const> variables);
 
-    /// The text of `result`; empty where it is too long.
+    /// The text of `result` up to a zero; nothing where it is too long.
     std::optional<std::u16string_view> textOf(Value const& result);
 
     /// What the last run has matched, if it was not left to V8.

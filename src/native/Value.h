@@ -15,6 +15,20 @@ struct Value {
     double number = 0;  // of a truth value 0 or 1
     std::u16string_view text = {};
 
+    constexpr Value() = default;
+    constexpr Value(Type type, double number = 0, std::u16string_view text = {})
+        : type(type), number(number), text(text) {}
+    constexpr Value(Value const&) = default;
+    ~Value() = default;
+    // Part by part: to read a whole value that was written in parts just before, the processor
+    // waits until they are all in the cache.
+    constexpr Value& operator=(Value const& other) {
+        type = other.type;
+        number = other.number;
+        if (other.type == Type::text) text = other.text;
+        return *this;
+    }
+
     static Value of(double number) { return {Type::number, number}; }
     // Only of truth values: pointers would become some.
     static Value of(std::same_as<bool> auto value) { return {Type::boolean, value ? 1.0 : 0.0}; }

@@ -15,7 +15,7 @@ root = pathlib.Path(sys.argv[1])
 ending = r"[\w./*-]*\w\.(?:cpp|h|js|md|py|sh|txt|tsv|svg|map|cmake|1)"
 files = [
     "/" + str(path.relative_to(root))
-    for top in ("bench", "cmake", "docs", "examples", "fuzz", "packaging", "scripts", "src", "tests")
+    for top in ("bench", "cmake", "docs", "examples", "fuzz", "packaging", "python", "scripts", "src", "tests")
     for path in (root / top).rglob("*")
     if path.is_file()
 ] + ["/" + path.name for path in root.iterdir() if path.is_file()]
