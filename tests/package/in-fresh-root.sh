@@ -47,7 +47,7 @@ purge kxjs libkxjsparser0
 if ldconfig -p | grep libKxJsParser; then fail "the loader still knows the library"; fi
 
 say "development"
-install g++ cmake make pkg-config
+install g++ cmake make pkg-config python3
 files >before
 install ./*.deb
 g++ -std=c++20 consumer/main.cpp $(pkg-config --cflags --libs kxjsparser) -o with-pkg-config
@@ -62,8 +62,13 @@ with-cmake/consumer
 if readelf -d with-pkg-config | grep -E 'RPATH|RUNPATH'; then fail "the application has a path"; fi
 ldd with-pkg-config | grep -q 'libKxJsParser\.so\.0 => /lib' || fail "another library is loaded"
 
+say "Python"
+is "$(python3 -c 'import kxjsparser; print(kxjsparser.Host().evaluate("IIF(1<>2,6*7,0)"))')" 42
+python3 -c 'import kxjsparser; print(kxjsparser.Host(isolated=True).evaluate("1"))' >isolated ||
+    fail "no isolated host"
+
 say "removal"
-purge libkxjsparser-dev libkxjsparser0 kxjs
+purge python3-kxjsparser libkxjsparser-dev libkxjsparser0 kxjs
 files >after
 diff before after || fail "files are left, or gone"
 say "everything passed"
