@@ -49,6 +49,9 @@ typedef struct kxjs_isolation {
     size_t worker_length;       ///< of the path, in bytes
     uint32_t required_sandbox;  ///< pieces of the sandbox without which there is no host
     uint32_t reserved;          ///< 0
+    /// Bytes of memory that the host has in common with its worker: see kxjs_host_shared_memory().
+    /// It takes no memory until it is used, and makes the host ready some milliseconds later.
+    uint64_t shared_memory;
 } kxjs_isolation;
 
 /// Fills in the defaults. `struct_size` is sizeof the structure as the application knows it.
@@ -67,6 +70,13 @@ KXJS_C_API kxjs_status kxjs_host_free(kxjs_host* host);
 
 /// Which pieces of the sandbox the worker of an isolated host is in. KXJS_NOT_FOUND for others.
 KXJS_C_API kxjs_status kxjs_host_sandbox(kxjs_host* host, uint32_t* pieces);
+
+/// Memory that an isolated host has in common with its worker: kxjs_isolation.shared_memory bytes,
+/// zero at first, aligned for every type. It is the host's, and lives until that is freed. Columns
+/// of numbers and results that lie there are not copied. The worker can write there at any time:
+/// should a formula take it over, nothing that lies there is right any more. KXJS_NOT_FOUND, and
+/// null, where the host has none.
+KXJS_C_API kxjs_status kxjs_host_shared_memory(kxjs_host* host, void** memory, size_t* length);
 
 /// Defines the built-in functions. KXJS_FORMULA_FAILED where a limit ended that, the thread's stack
 /// is nearly used up, or scripts have locked the names.
