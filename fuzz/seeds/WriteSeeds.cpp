@@ -1,5 +1,6 @@
 // write_seeds DIRECTORY: for each fuzz target, a directory of inputs to start from, made of the
 // catalogue's examples, the real formulas and the tests' scripts.
+#include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -12,7 +13,10 @@
 #include <utility>
 #include <vector>
 
+#include "columns/ColumnReply.h"
 #include "convert/RealFormulas.h"
+#include "isolated/Message.h"
+#include "isolated/Protocol.h"
 #include "library/Catalogues.h"
 #include "library/SplitExample.h"
 
@@ -128,6 +132,41 @@ void addFiles(Seeds& seeds) {
     }
 }
 
+std::string textOf(kx::MessageWriter const& writer) {
+    std::string text;
+    for (std::byte const byte : writer.bytes()) text += static_cast<char>(byte);
+    return text;
+}
+
+/// What a worker answers, behind the number of records; 0 is the result of a command.
+void addReplies(Seeds& seeds) {
+    kx::CommandResult result;
+    for (bool const isFailure : {false, true}) {
+        result.isDone = !isFailure;
+        result.text = isFailure ? u"" : u"text";
+        if (isFailure) {
+            result.error = u"Error in line: 1";
+            result.endReason = kx::EndReason::timeLimit;
+            result.failure.emplace();
+            result.failure->message = u"message";
+            result.failure->frames.resize(2);
+        }
+        kx::MessageWriter writer;
+        putResult(writer, result);
+        seeds.add({std::string(1, '\0'), textOf(writer)});
+    }
+    for (std::size_t const failures : {0, 1, 3}) {
+        KxJsColumns::Outcome outcome;
+        outcome.records = 5;
+        for (std::size_t i = 0; i < failures; ++i) {
+            outcome.failures.push_back({i, KxJsColumns::SharedText(u"failure")});
+        }
+        kx::MessageWriter writer;
+        putColumnReply(writer, outcome, kx::EndReason::none);
+        seeds.add({"\x05", textOf(writer)});
+    }
+}
+
 /// Steps of a worker: turn, length, more, rest. The first is its report that it is ready.
 void addChannelWords(Seeds& seeds) {
     std::string const ready{0, 2, 0, 0};
@@ -207,6 +246,8 @@ void writeAll(fs::path const& top) {
     addFiles(csv);
     Seeds channel(top, "channel");
     addChannelWords(channel);
+    Seeds replies(top, "replies");
+    addReplies(replies);
     Seeds native(top, "native");
     addChoices(native);
 }
