@@ -207,7 +207,8 @@ class Load {
             bool const isError =
                 expected.error.empty() ? error.empty() : error.starts_with(expected.error);
             if (result != expected.result || !isError) {
-                fail("a result", source + u" gave " + result + u"; " + error);
+                std::u16string told = source;
+                fail("a result", told.append(u" gave ").append(result).append(u"; ").append(error));
             }
             return;
         }
