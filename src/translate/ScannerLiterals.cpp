@@ -87,13 +87,13 @@ Token Scanner::escapedText() const {
     std::uint32_t end = position_ + 2;
     while (end < end_ && source_[end] != u'"' && !isLineBreak(source_[end])) {
         if (source_[end] == u'\\') {
-            char16_t const escape = at(end + 1);
+            if (++end >= end_) break;
+            char16_t const escape = at(end);
             bool const isCode =
-                escape == u'x' && isHexadecimal(at(end + 2)) && isHexadecimal(at(end + 3));
+                escape == u'x' && isHexadecimal(at(end + 1)) && isHexadecimal(at(end + 2));
             bool const isKnown = escape == u'n' || escape == u'r' || escape == u't' ||
                                  escape == u'"' || escape == u'\\' || isCode;
-            if (!isKnown) fail({end, end + 2}, u"unknown escape in a text");
-            ++end;
+            if (!isKnown) fail({end - 1, end + 1}, u"unknown escape in a text");
         }
         ++end;
     }
