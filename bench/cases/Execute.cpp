@@ -61,10 +61,10 @@ std::vector<Case> executeCases() {
             executeCase("execute, same values, many decimals", many, 0.5),
             executeCase("execute, text, part and length",
                         text("S.substring(0,6)+'-'+S.length", "S:sub(1,6)..'-'..#S"), 0.55),
-            executeCase(
-                "execute, text, letters and case",
-                text("S.charAt(0)+S.substr(3,4).toUpperCase()", "S:sub(1,1)..S:sub(4,7):upper()"),
-                0.55),
+            executeCase("execute, text, letters and case",
+                        text("S.charAt(0)+S.substring(3,7).toUpperCase()",
+                             "S:sub(1,1)..S:sub(4,7):upper()"),
+                        0.55),
             executeCase("execute, new value, needs V8", power, 1.1)};
 }
 

@@ -29,7 +29,7 @@ std::vector<Shape> shapes() {
         {"text", formulaOf("NAME.substring(0,6)+'-'+NAME.length+'/'+#######",
                            "NAME:sub(1,6)..'-'..#NAME..'/'..#######", "")},
         {"text and condition",
-         formulaOf("PRICE>#######?'more':NAME.charAt(2)+NAME.substr(4)",
+         formulaOf("PRICE>#######?'more':NAME.charAt(2)+NAME.substring(4)",
                    "PRICE>####### and 'more' or NAME:sub(3,3)..NAME:sub(5)", "")},
         {"needs V8", formulaOf("Math.pow(PRICE,2)+#######", "PRICE^2+#######", "PRICE^2+#######"),
          true},
