@@ -49,8 +49,10 @@ std::vector<Case> executeCases() {
         return formula;
     };
     Formula const few = numbers("A*B+1.5", "A*B+1.5");
-    Formula const many = numbers("A/B*1.19+A", "A/B*1.19+A");
-    Formula const condition = numbers("A>B*3?A*0.93:B/A", "A>B*3 and A*0.93 or B/A");
+    Formula many = numbers("A/B*1.19+A", "A/B*1.19+A");
+    many.hasManyDecimals = true;
+    Formula condition = numbers("A>B*3?A*0.93:B/A", "A>B*3 and A*0.93 or B/A");
+    condition.hasManyDecimals = true;
     Formula power = numbers("Math.pow(A,2)+B", "A^2+B");
     power.muParser = "A^2+B";
     power.variables.front().step = 0.25;

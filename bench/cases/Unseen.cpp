@@ -36,6 +36,7 @@ std::vector<Shape> shapes() {
     };
     for (Shape& shape : shapes) {
         Formula& formula = shape.formula;
+        formula.hasManyDecimals = shape.name == "many decimals" || shape.name == "condition";
         formula.variables = {{.name = "PRICE", .number = 12.75, .step = 0.25}};
         if (formula.javaScript.find("COST") != std::string::npos) {
             formula.variables.push_back({.name = "COST", .number = 14.5});
