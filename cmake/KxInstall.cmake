@@ -1,8 +1,9 @@
 # The files that `cmake --install` installs: library, public headers, kxjs with its manual page and
-# completion, the CMake package KxJsParser and the pkg-config module kxjsparser. No file names the
-# prefix, so the result can be moved.
+# completion, the Python package, the CMake package KxJsParser and the pkg-config module kxjsparser. No
+# file names the prefix, so the result can be moved.
 #
-# The components: `library` to run applications, `development` to build them, `program` is kxjs.
+# The components: `library` to run applications, `development` to build them, `program` is kxjs,
+# `python` the Python package.
 
 include(CMakePackageConfigHelpers)
 
@@ -78,6 +79,19 @@ if(KXJS_BUILD_CLI)
         )
     endif()
 endif()
+
+# The same files for every version of Python. Debian's looks below the prefix /usr here; elsewhere
+# PYTHONPATH has to name the directory.
+set(KXJS_PYTHON_DIRECTORY lib/python3/dist-packages CACHE STRING "Where the Python package goes")
+install(
+    DIRECTORY ${PROJECT_SOURCE_DIR}/python/kxjsparser
+    DESTINATION ${KXJS_PYTHON_DIRECTORY}
+    COMPONENT python
+    FILES_MATCHING
+    PATTERN "*.py"
+    PATTERN "py.typed"
+    PATTERN "__pycache__" EXCLUDE
+)
 
 set(_package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/KxJsParser)
 install(

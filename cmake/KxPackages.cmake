@@ -1,9 +1,9 @@
-# Debian packages of the three components that KxInstall.cmake installs. scripts/package makes them,
+# Debian packages of the four components that KxInstall.cmake installs. scripts/package makes them,
 # with the preset `deb`.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL library development program)
+set(CPACK_COMPONENTS_ALL library development program python)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/packages)
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
@@ -29,7 +29,9 @@ set(CPACK_PACKAGE_CONTACT "${CPACK_DEBIAN_PACKAGE_MAINTAINER}")
 set(_exactly "(= ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 
 set(KXJS_LIBRARY_PACKAGE libkxjsparser${PROJECT_VERSION_MAJOR})
-set(_packages ${KXJS_LIBRARY_PACKAGE} libkxjsparser-dev kxjs)
+set(_packages ${KXJS_LIBRARY_PACKAGE} libkxjsparser-dev kxjs python3-kxjsparser)
+
+set(_control ${PROJECT_BINARY_DIR}/packaging)
 
 # A description: its first line is the summary.
 set(_setting
@@ -56,8 +58,8 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "formula evaluation on embedded V8 (development files)
 ${_setting}
 
-This package holds the C++ headers, and what CMake and pkg-config need to
-find the library. Applications need no headers of V8."
+This package holds the headers for C++ and C, and what CMake and
+pkg-config need to find the library. Applications need no headers of V8."
 )
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME kxjs)
@@ -70,6 +72,27 @@ ${_setting}
 
 This package holds kxjs, which evaluates and converts formulas, lists the
 variables that they need, and explains the built-in functions."
+)
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-kxjsparser)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "python3:any (>= 3.9), ${KXJS_LIBRARY_PACKAGE} ${_exactly}")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS "python3-numpy, python3-pandas")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-dask, python3-distributed")
+# The scripts that Debian's own packages of Python modules have.
+foreach(_script IN ITEMS postinst prerm)
+    configure_file(
+        ${PROJECT_SOURCE_DIR}/packaging/python3-${_script} ${_control}/python/${_script} COPYONLY
+    )
+    list(APPEND CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${_control}/python/${_script})
+endforeach()
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION
+    "formula evaluation on embedded V8 (Python 3)
+${_setting}
+
+This package holds the Python module kxjsparser. It evaluates formulas over
+arrays of NumPy, frames of pandas, and frames of Dask too."
 )
 
 # dpkg-shlibdeps asks for the packages of the shared libraries that the files need. It finds
@@ -85,7 +108,6 @@ if(PROJECT_VERSION_MAJOR EQUAL 0)
 else()
     math(EXPR KXJS_NEXT_INTERFACE "${PROJECT_VERSION_MAJOR} + 1")
 endif()
-set(_control ${PROJECT_BINARY_DIR}/packaging)
 configure_file(${PROJECT_SOURCE_DIR}/packaging/shlibs.in ${_control}/shlibs @ONLY)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
     ${_control}/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers

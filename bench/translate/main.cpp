@@ -1,9 +1,11 @@
-// Translation and check: formulas of 63 characters, long ones, hostile ones, and the real ones.
+// Translation and check, and translated formulas in hosts: formulas of 63 characters, long ones,
+// hostile ones, and the real ones.
 #include <benchmark/benchmark.h>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "Run.h"
 #include "translate/KxJsTranslator.h"
 
 namespace {
@@ -85,6 +87,7 @@ int main(int count, char** arguments) {
     benchmark::RegisterBenchmark("check/100000 real formulas", [](auto& state) {
         checkReal(state, kMany);
     })->Unit(benchmark::kMillisecond);
+    registerRuns();
     benchmark::Initialize(&count, arguments);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -1,5 +1,6 @@
 // write_seeds DIRECTORY: for each fuzz target, a directory of inputs to start from, made of the
 // catalogue's examples, the real formulas and the tests' scripts.
+#include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -12,7 +13,10 @@
 #include <utility>
 #include <vector>
 
+#include "columns/ColumnReply.h"
 #include "convert/RealFormulas.h"
+#include "isolated/Message.h"
+#include "isolated/Protocol.h"
 #include "library/Catalogues.h"
 #include "library/SplitExample.h"
 
@@ -128,6 +132,41 @@ void addFiles(Seeds& seeds) {
     }
 }
 
+std::string textOf(kx::MessageWriter const& writer) {
+    std::string text;
+    for (std::byte const byte : writer.bytes()) text += static_cast<char>(byte);
+    return text;
+}
+
+/// What a worker answers, behind the number of records; 0 is the result of a command.
+void addReplies(Seeds& seeds) {
+    kx::CommandResult result;
+    for (bool const isFailure : {false, true}) {
+        result.isDone = !isFailure;
+        result.text = isFailure ? u"" : u"text";
+        if (isFailure) {
+            result.error = u"Error in line: 1";
+            result.endReason = kx::EndReason::timeLimit;
+            result.failure.emplace();
+            result.failure->message = u"message";
+            result.failure->frames.resize(2);
+        }
+        kx::MessageWriter writer;
+        putResult(writer, result);
+        seeds.add({std::string(1, '\0'), textOf(writer)});
+    }
+    for (std::size_t const failures : {0, 1, 3}) {
+        KxJsColumns::Outcome outcome;
+        outcome.records = 5;
+        for (std::size_t i = 0; i < failures; ++i) {
+            outcome.failures.push_back({i, KxJsColumns::SharedText(u"failure")});
+        }
+        kx::MessageWriter writer;
+        putColumnReply(writer, outcome, kx::EndReason::none);
+        seeds.add({"\x05", textOf(writer)});
+    }
+}
+
 /// Steps of a worker: turn, length, more, rest. The first is its report that it is ready.
 void addChannelWords(Seeds& seeds) {
     std::string const ready{0, 2, 0, 0};
@@ -152,6 +191,29 @@ void addChoices(Seeds& seeds) {
     }
 }
 
+/// Steps, each ended as fuzz/c_api reads them.
+std::string stepsOf(std::initializer_list<std::string> steps) {
+    std::string joined;
+    for (std::string const& step : steps) joined += step + '\x1e';
+    return joined;
+}
+
+/// Calls of the C interface on one formula: objects in the slots 0 to 8, then calls.
+void addCalls(Seeds& seeds, std::string const& formula) {
+    // Host, two texts, columns, list, variable, translator, findings, functions.
+    std::string const objects =
+        stepsOf({"H0000", "c1000", "c2000", "c3003", "c4001", "c5002A", "c6004", "c7005", "c8206"});
+    seeds.add({objects, stepsOf({"i0000", "v0000A=", "k1000" + formula, "p0020" + formula, "x0122",
+                                 "y1000", "l0100", "f1000", "y1000", "f0002", "r0000"})});
+    seeds.add(
+        {objects, stepsOf({"s4000one", "s4000two", "b3000A", "b3404T", "g3000", "o3100A+" + formula,
+                           "u3120xx", "b3004B", "o3100A+B", "u3120xxxxxxxx", "u3422", "q3100",
+                           "s4003", "f0002", "u3121xx", "f3004", "f4001", "q3100"})});
+    seeds.add({objects,
+               stepsOf({"T6000A", "T6174" + formula, "T6173" + formula, "F7100", "C8103", "V5100",
+                        "v0506", "v0567=x", "D4100" + formula, "s4003", "z1201", "y1000"})});
+}
+
 void writeAll(fs::path const& top) {
     Seeds convert(top, "convert");
     Seeds run(top, "run");
@@ -174,6 +236,8 @@ void writeAll(fs::path const& top) {
         extract.add({"\x01", script});
         columns.add({script.substr(0, 1), "\x01", script});
     }
+    Seeds calls(top, "c_api");
+    for (std::string const& formula : formulas()) addCalls(calls, formula);
     Seeds variables(top, "variables");
     addVariables(variables);
     Seeds text(top, "text");
@@ -182,6 +246,8 @@ void writeAll(fs::path const& top) {
     addFiles(csv);
     Seeds channel(top, "channel");
     addChannelWords(channel);
+    Seeds replies(top, "replies");
+    addReplies(replies);
     Seeds native(top, "native");
     addChoices(native);
 }

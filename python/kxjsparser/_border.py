@@ -102,6 +102,9 @@ class Texts(Handle):
         )
         places = (ctypes.c_size_t * (count.value + 1)).from_address(offsets.value or 0)[:]
         units = ctypes.string_at(data.value or 0, 2 * places[-1])
+        joined = units.decode("utf-16-le", "surrogatepass")
+        if len(joined) == places[-1]:
+            return [joined[begin:end] for begin, end in zip(places, places[1:])]
         return [
             units[2 * begin : 2 * end].decode("utf-16-le", "surrogatepass")
             for begin, end in zip(places, places[1:])

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -14,6 +15,7 @@
 #include "c/HandleTable.h"
 #include "c/Objects.h"
 #include "c/kxjs_base.h"
+#include "c/kxjs_host.h"
 #include "text/Utf8.h"
 
 // What every call does at the border between C and C++: check what comes in, and turn exceptions
@@ -123,28 +125,38 @@ inline void setText(Text* text, std::u16string value) {
 /// More than any structure will grow to: a size above it is a mistake.
 inline constexpr std::size_t kMostStructSize = 1024;
 
-/// A structure of the application, which may be newer than the library: then the members that the
-/// library does not know have to be 0.
+/// The size of a structure in the first version of the interface: what every application has.
+template <class Struct>
+inline constexpr std::size_t kFirstSize = sizeof(Struct);
+template <>
+inline constexpr std::size_t kFirstSize<kxjs_isolation> = offsetof(kxjs_isolation, shared_memory);
+
+/// A structure of the application. Members that an older one lacks are 0. A newer one has to have 0
+/// in the members that the library does not know.
 template <class Struct>
 Struct readStruct(Struct const& given) {
     std::size_t const size = given.struct_size;
-    require(size >= sizeof(Struct) && size <= kMostStructSize, KXJS_BAD_ARGUMENT);
+    require(size >= kFirstSize<Struct> && size <= kMostStructSize, KXJS_BAD_ARGUMENT);
     auto const* const bytes = reinterpret_cast<unsigned char const*>(&given);
     for (std::size_t i = sizeof(Struct); i < size; ++i) require(bytes[i] == 0, KXJS_BAD_ARGUMENT);
-    return given;
+    Struct value{};
+    std::memcpy(&value, bytes, std::min(size, sizeof value));
+    return value;
 }
 
-/// Fills a structure of the application. Members that the library does not know become 0.
+/// Fills as much of a structure as the application knows. Members that the library does not know
+/// become 0.
 template <class Struct>
 void writeStruct(Struct& given, Struct value, std::size_t size) {
     value.struct_size = size;
-    std::memset(reinterpret_cast<unsigned char*>(&given), 0, size);
-    std::memcpy(&given, &value, sizeof value);
+    auto* const bytes = reinterpret_cast<unsigned char*>(&given);
+    std::memset(bytes, 0, size);
+    std::memcpy(bytes, &value, std::min(size, sizeof value));
 }
 template <class Struct>
 std::size_t sizeOfStruct(Struct* given) {
     std::size_t const size = out(given).struct_size;
-    require(size >= sizeof(Struct) && size <= kMostStructSize, KXJS_BAD_ARGUMENT);
+    require(size >= kFirstSize<Struct> && size <= kMostStructSize, KXJS_BAD_ARGUMENT);
     return size;
 }
 

@@ -42,6 +42,7 @@ KxJsIsolation isolationOf(kxjs_isolation const* isolation) {
     result.grace = limitOf(given.grace_ms);
     if (given.worker != nullptr) result.worker.assign(given.worker, given.worker_length);
     result.required = sandboxOf(given.required_sandbox);
+    result.sharedMemory = given.shared_memory;
     return result;
 }
 
@@ -68,12 +69,14 @@ extern "C" {
 kxjs_status kxjs_isolation_init(kxjs_isolation* isolation, size_t struct_size) {
     return guarded([&] {
         kxjs_isolation& given = out(isolation);
-        require(struct_size >= sizeof given && struct_size <= kMostStructSize, KXJS_BAD_ARGUMENT);
+        require(struct_size >= kFirstSize<kxjs_isolation> && struct_size <= kMostStructSize,
+                KXJS_BAD_ARGUMENT);
         KxJsIsolation const defaults;
         kxjs_isolation value{};
         value.memory_limit = defaults.memoryLimit;
         value.grace_ms = defaults.grace.count();
         value.required_sandbox = piecesOf(defaults.required);
+        value.shared_memory = defaults.sharedMemory;
         writeStruct(given, value, struct_size);
         return KXJS_OK;
     });
@@ -104,6 +107,17 @@ kxjs_status kxjs_host_sandbox(kxjs_host* host, uint32_t* pieces) {
         require(sandbox != nullptr, KXJS_NOT_FOUND);
         result = piecesOf(*sandbox);
         return KXJS_OK;
+    });
+}
+
+kxjs_status kxjs_host_shared_memory(kxjs_host* host, void** memory, size_t* length) {
+    return guarded([&] {
+        auto const shared = hostOf(host).parser.sharedMemory();
+        void*& place = out(memory);
+        size_t& size = out(length);
+        place = shared.empty() ? nullptr : shared.data();
+        size = shared.size();
+        return shared.empty() ? KXJS_NOT_FOUND : KXJS_OK;
     });
 }
 

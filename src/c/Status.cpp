@@ -1,8 +1,6 @@
 #include "c/kxjs_base.h"
 
-static_assert(KXJS_VERSION_MAJOR == KXJS_BUILT_MAJOR && KXJS_VERSION_MINOR == KXJS_BUILT_MINOR &&
-                  KXJS_VERSION_PATCH == KXJS_BUILT_PATCH,
-              "the header has the project's version");
+static_assert(KXJS_VERSION_NUMBER == KXJS_BUILT_NUMBER, "the header has the project's version");
 
 extern "C" {
 

@@ -3,9 +3,13 @@
 #ifndef KXJS_BASE_H
 #define KXJS_BASE_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include <stddef.h>
 #include <stdint.h>
 
+/// Marks a function that the library exports.
 #if defined(__GNUC__)
 #define KXJS_C_API __attribute__((visibility("default")))
 #else
@@ -35,7 +39,7 @@ extern "C" {
 typedef int32_t kxjs_status;
 
 enum {
-    KXJS_OK = 0,
+    KXJS_OK = 0,  ///< the call did what it was asked to do
     /// The script ran, and its result contains "NaN". Result and error text are both set.
     KXJS_RESULT_NAN = 1,
     /// The formula failed: kxjs_host_failure() and the error text, or the findings, say why.
@@ -92,5 +96,7 @@ KXJS_C_API char const* kxjs_version_text(void);
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

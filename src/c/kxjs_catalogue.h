@@ -3,6 +3,9 @@
 #ifndef KXJS_CATALOGUE_H
 #define KXJS_CATALOGUE_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 
@@ -111,5 +114,7 @@ KXJS_C_API kxjs_status kxjs_prelude(kxjs_texts* statements);
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

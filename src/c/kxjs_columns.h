@@ -3,6 +3,9 @@
 #ifndef KXJS_COLUMNS_H
 #define KXJS_COLUMNS_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_host.h"
 #include "c/kxjs_text.h"
@@ -27,14 +30,14 @@ typedef struct kxjs_columns kxjs_columns;
 /// freed first.
 KXJS_C_API kxjs_status kxjs_columns_create(kxjs_host* host, kxjs_columns** columns);
 
-/// Frees columns on any thread. KXJS_BUSY, and nothing happens, inside their progress function.
-/// Null is allowed.
+/// Frees columns, on the thread of their host or while that does not use it. KXJS_BUSY, and nothing
+/// happens, inside their progress function. Null is allowed.
 KXJS_C_API kxjs_status kxjs_columns_free(kxjs_columns* columns);
 
 /// A text of UTF-16 in the application's memory. `data` may be null where `length` is 0.
 typedef struct kxjs_span_utf16 {
-    uint16_t const* data;
-    size_t length;
+    uint16_t const* data;  ///< the first unit
+    size_t length;         ///< in units
 } kxjs_span_utf16;
 
 /// Names a column and says where its `count` values are. They must stay there, and as they are,
@@ -124,10 +127,10 @@ KXJS_C_API kxjs_status kxjs_columns_failure_records(kxjs_columns* columns, size_
 typedef struct kxjs_column_failure {
     size_t struct_size;  ///< set before the call
     size_t record;       ///< from 0
-    int32_t line;
-    int32_t column;
-    int32_t end_column;
-    int32_t reserved;
+    int32_t line;        ///< from 1, or 0
+    int32_t column;      ///< from 1, or 0
+    int32_t end_column;  ///< the first column behind the mistake, or 0
+    int32_t reserved;    ///< 0
 } kxjs_column_failure;
 
 /// The failure `index` of the last evaluation, in the order of the records. `error` becomes the
@@ -139,5 +142,7 @@ KXJS_C_API kxjs_status kxjs_columns_failure(kxjs_columns* columns, size_t index,
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

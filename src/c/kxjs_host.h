@@ -3,6 +3,9 @@
 #ifndef KXJS_HOST_H
 #define KXJS_HOST_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 #include "c/kxjs_variable.h"
@@ -33,7 +36,7 @@ enum {
 ///     kxjs_isolation_init(&isolation, sizeof isolation);
 ///     isolation.required_sandbox = KXJS_SANDBOX_SYSTEM_CALL_FILTER;
 typedef struct kxjs_isolation {
-    size_t struct_size;
+    size_t struct_size;  ///< set by kxjs_isolation_init()
     /// The most private memory that the worker may take for formulas, in bytes: four times the
     /// limit that kxjs_host_set_memory_limit() sets is a good value. A worker that needs more ends.
     uint64_t memory_limit;
@@ -43,9 +46,12 @@ typedef struct kxjs_isolation {
     /// Path of the program kxjs-worker, as the system takes it; null where it is installed with the
     /// library. It has to be of the library's version.
     char const* worker;
-    size_t worker_length;
+    size_t worker_length;       ///< of the path, in bytes
     uint32_t required_sandbox;  ///< pieces of the sandbox without which there is no host
     uint32_t reserved;          ///< 0
+    /// Bytes of memory that the host has in common with its worker: see kxjs_host_shared_memory().
+    /// It takes no memory until it is used, and makes the host ready some milliseconds later.
+    uint64_t shared_memory;
 } kxjs_isolation;
 
 /// Fills in the defaults. `struct_size` is sizeof the structure as the application knows it.
@@ -64,6 +70,13 @@ KXJS_C_API kxjs_status kxjs_host_free(kxjs_host* host);
 
 /// Which pieces of the sandbox the worker of an isolated host is in. KXJS_NOT_FOUND for others.
 KXJS_C_API kxjs_status kxjs_host_sandbox(kxjs_host* host, uint32_t* pieces);
+
+/// Memory that an isolated host has in common with its worker: kxjs_isolation.shared_memory bytes,
+/// zero at first, aligned for every type. It is the host's, and lives until that is freed. Columns
+/// of numbers and results that lie there are not copied. The worker can write there at any time:
+/// should a formula take it over, nothing that lies there is right any more. KXJS_NOT_FOUND, and
+/// null, where the host has none.
+KXJS_C_API kxjs_status kxjs_host_shared_memory(kxjs_host* host, void** memory, size_t* length);
 
 /// Defines the built-in functions. KXJS_FORMULA_FAILED where a limit ended that, the thread's stack
 /// is nearly used up, or scripts have locked the names.
@@ -151,8 +164,8 @@ enum {
 typedef struct kxjs_failure {
     size_t struct_size;  ///< set before the call
     int32_t kind;        ///< a KXJS_FAILURE_ constant
-    int32_t line;
-    int32_t column;
+    int32_t line;        ///< from 1, or 0
+    int32_t column;      ///< of the mistake's begin, from 1, or 0
     int32_t end_column;  ///< the first column behind the mistake, on the same line
     /// 1 where the exception comes from elsewhere, and the place is the call that led there.
     int32_t is_in_call;
@@ -174,7 +187,7 @@ typedef struct kxjs_frame {
     int32_t line;          ///< from 1, in the text that the frame lies in
     int32_t column;        ///< from 1, in UTF-16 code units
     int32_t is_in_source;  ///< 1 where that text is the application's source
-    int32_t reserved;
+    int32_t reserved;      ///< 0
 } kxjs_frame;
 
 /// A frame of that failure, innermost first; `function` becomes the name of the function, empty for
@@ -215,5 +228,7 @@ KXJS_C_API kxjs_status kxjs_extract_utf16(uint16_t const* source, size_t source_
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

@@ -3,6 +3,9 @@
 #ifndef KXJS_TEXT_H
 #define KXJS_TEXT_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 
 #ifdef __cplusplus
@@ -79,5 +82,7 @@ KXJS_C_API kxjs_status kxjs_texts_add_utf16(kxjs_texts* texts, uint16_t const* d
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

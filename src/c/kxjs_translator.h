@@ -4,6 +4,9 @@
 #ifndef KXJS_TRANSLATOR_H
 #define KXJS_TRANSLATOR_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 
@@ -89,11 +92,11 @@ KXJS_C_API kxjs_status kxjs_findings_count(kxjs_findings* findings, size_t* coun
 /// The place of a finding in the formula, in UTF-16 code units from 0, and the part of the formula
 /// that its rewriting replaces.
 typedef struct kxjs_finding {
-    size_t struct_size;  ///< set before the call
-    size_t position;
-    size_t length;
+    size_t struct_size;       ///< set before the call
+    size_t position;          ///< from 0
+    size_t length;            ///< in code units
     size_t rewrite_position;  ///< 0 where there is no rewriting
-    size_t rewrite_length;
+    size_t rewrite_length;    ///< in code units
 } kxjs_finding;
 
 /// The finding `index`. `code` becomes "SYNTAX" or a name such as "EQUALS_ASSIGNS", `text` what is
@@ -152,5 +155,7 @@ KXJS_C_API kxjs_status kxjs_run_time_part(kxjs_text* java_script);
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

@@ -4,6 +4,9 @@
 #ifndef KXJS_VARIABLE_H
 #define KXJS_VARIABLE_H
 
+// Checks for C++ mean other declarations.
+// NOLINTBEGIN(modernize-deprecated-headers,modernize-use-using)
+
 #include "c/kxjs_base.h"
 #include "c/kxjs_text.h"
 
@@ -75,5 +78,7 @@ KXJS_C_API kxjs_status kxjs_variable_to_text(kxjs_variable* variable, kxjs_text*
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers,modernize-use-using)
 
 #endif

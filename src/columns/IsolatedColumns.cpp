@@ -4,10 +4,13 @@
 #include <array>
 #include <cstring>
 #include <limits>
+#include <span>
 #include <stdexcept>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
+#include "columns/ColumnReply.h"
 #include "columns/ColumnTexts.h"
 #include "columns/FlagScope.h"
 #include "host/EndText.h"
@@ -23,7 +26,20 @@ using Clock = std::chrono::steady_clock;
 /// Between two calls of whoever watches.
 constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
-constexpr std::size_t kLargestBlock = std::size_t{1} << 16;
+constexpr Clock::duration kClockStep = std::chrono::microseconds(1);
+/// Of one block to the next.
+constexpr std::size_t kLargestGrowth = 4;
+
+/// More records than any memory holds.
+constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+constexpr std::u16string_view kTooMany = u"There are too many columns for an isolated host";
+
+/// The size of a block after one of `size` records took `time`.
+std::size_t nextSize(std::size_t size, Clock::duration time) {
+    if (time >= kBlockTime) return std::max<std::size_t>(size / 2, 1);
+    auto const fitting = static_cast<std::size_t>(kBlockTime / 2 / std::max(time, kClockStep));
+    return size * std::clamp<std::size_t>(fitting, 1, kLargestGrowth);
+}
 
 /// Bytes of a value in the area; none for texts, which are in the messages.
 std::size_t sizeIn(Column const& column) {
@@ -93,8 +109,8 @@ bool IsolatedColumns::compile(std::u16string const& source, std::u16string& erro
         return false;
     }
     isCompiled_ = false;
-    if (mostRecords() == 0) {
-        error = u"There are too many columns for an isolated host";
+    if (mostRecords(kAll, ColumnResults()) == 0) {
+        error = kTooMany;
         return false;
     }
     if (!bindToHost(error)) return false;
@@ -137,14 +153,14 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
     FlagScope const evaluating(isEvaluating_);
     host_.beginEvaluation();
     Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
-    std::size_t const largest = std::min(kLargestBlock, mostRecords());
+    std::size_t const largest = mostRecords(count, results);
+    if (largest == 0) outcome.error = kTooMany;
     std::size_t size = std::min(kFirstBlock, largest);
-    while (outcome.records < count) {
+    while (outcome.records < count && largest != 0) {
         Clock::time_point const start = Clock::now();
         bool const isDone = runBlock(evaluation, std::min(count, outcome.records + size));
         if (!isDone || !goesOn(evaluation)) break;
-        size = Clock::now() - start < kBlockTime ? std::min(size * 2, largest)
-                                                 : std::max<std::size_t>(size / 2, 1);
+        size = std::min(nextSize(size, Clock::now() - start), largest);
     }
     host_.log().setTimeLimit(host_.log().timeLimit());  // the blocks had less
     return outcome;
@@ -166,12 +182,14 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     request.put(number_);
     request.put(static_cast<std::uint8_t>(evaluation.results.index()));
     request.put(static_cast<std::uint64_t>(last - first));
-    std::size_t const resultsOffset = putValues(request, first, last);
+    std::byte* const results = putValues(request, evaluation.results, first, last);
     auto reader = host_.send(left, error);
     if (reader) {
-        bool const isDone = takeBlock(*reader, evaluation, last, resultsOffset);
+        std::size_t const failures = evaluation.outcome.failures.size();
+        bool const isDone = takeBlock(*reader, evaluation, last, results);
         if (!host_.checkEnd(*reader, error)) {
             evaluation.outcome.records = first;
+            evaluation.outcome.failures.resize(failures);
             return false;
         }
         if (evaluation.outcome.records > 0) bindRecord(evaluation.outcome.records - 1);
@@ -181,19 +199,40 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     return false;
 }
 
-/// How many records a block may have, so that their values have room; 0 where there are too many
-/// columns.
-std::size_t IsolatedColumns::mostRecords() const {
-    std::size_t sizes = sizeof(double);  // of a result
-
-    for (Column const& column : columns_) sizes += sizeIn(column);
+/// How many records a block may have, so that the values that are copied have room; 0 where there
+/// are too many columns. `sharing` is how many records are looked for in shared memory.
+std::size_t IsolatedColumns::mostRecords(std::size_t sharing, ColumnResults const& results) const {
+    auto const isCopied = [&](auto const* values) {
+        return placeOf(values, 0, sharing) == kInArea;
+    };
+    std::size_t sizes = std::visit(isCopied, results) ? sizeof(double) : 0;
+    for (Column const& column : columns_) {
+        if (std::visit(isCopied, column.values)) sizes += sizeIn(column);
+    }
     return ColumnArea::mostRecords(columns_.size() + 1, sizes);
 }
 
-/// Hands over the values of a block: texts in the message, all others in the area. Returns where in
-/// the area the results will be.
-std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
-                                       std::size_t last) const {
+/// Where the values of a block are in the memory that the host shares; kInArea where they are not
+/// there as a whole, or are no numbers: others can be damaged.
+template <class T>
+std::uint64_t IsolatedColumns::placeOf(T const* values, std::size_t first, std::size_t last) const {
+    if constexpr (std::is_same_v<T, double> || std::is_same_v<T, std::int32_t>) {
+        std::span<std::byte> const shared = host_.sharedMemory();
+        auto const begin = reinterpret_cast<std::uintptr_t>(values + first);
+        auto const memory = reinterpret_cast<std::uintptr_t>(shared.data());
+        std::uintptr_t const offset = begin - memory;
+        bool const isInside = begin >= memory && offset < shared.size() &&
+                              last - first <= (shared.size() - offset) / sizeof(T);
+        return isInside ? offset : kInArea;
+    }
+    return kInArea;
+}
+
+/// Hands over the values of a block: texts in the message, numbers where they are if the worker can
+/// read them there, all others in the area. Returns where in the area the results will be; null
+/// where they will be where the caller wants them.
+std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const& results,
+                                      std::size_t first, std::size_t last) const {
     ColumnArea area(last - first);
     for (Column const& column : columns_) {
         if (column.isText()) {
@@ -202,57 +241,50 @@ std::size_t IsolatedColumns::putValues(MessageWriter& writer, std::size_t first,
             }
             continue;
         }
-        std::byte* const goal = host_.area() + area.take(sizeIn(column));
         std::visit(
             [&](auto const* values) {
                 using Value = std::remove_cvref_t<decltype(*values)>;
                 if constexpr (std::is_arithmetic_v<Value>) {
-                    std::memcpy(goal, values + first, (last - first) * sizeof(Value));
+                    std::uint64_t const place = placeOf(values, first, last);
+                    writer.put(place);
+                    if (place != kInArea) return;
+                    std::memcpy(host_.area() + area.take(sizeof(Value)), values + first,
+                                (last - first) * sizeof(Value));
                 }
             },
             column.values);
     }
-    return area.take(0);
+    std::uint64_t const place =
+        std::visit([&](auto const* values) { return placeOf(values, first, last); }, results);
+    writer.put(place);
+    return place == kInArea ? host_.area() + area.take(0) : nullptr;
 }
 
 /// Takes the results of a block. False where the worker has ended it early.
 bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                                std::size_t resultsOffset) {
+                                std::byte const* results) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
     std::size_t const first = outcome.records;
-    auto const records =
-        static_cast<std::size_t>(reader.takeUpTo(static_cast<std::uint64_t>(last - first)));
-    std::u16string const error = reader.takeText();
-    auto const reason =
-        static_cast<EndReason>(reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
-    auto const failures = reader.takeUpTo(static_cast<std::uint64_t>(last - first));
-    for (std::uint64_t i = 0; i < failures; ++i) {
-        KxJsColumns::Failure failure{};
-        failure.record = first + reader.takeUpTo(static_cast<std::uint64_t>(last - first));
-        failure.error = evaluation.texts.shared(reader.takeText());
-        failure.message = evaluation.texts.shared(reader.takeText());
-        constexpr auto kLargest = std::numeric_limits<std::int32_t>::max();
-        failure.line = reader.takeUpTo(kLargest);
-        failure.column = reader.takeUpTo(kLargest);
-        failure.endColumn = reader.takeUpTo(kLargest);
+    ColumnReply reply = takeColumnReply(reader, last - first, evaluation.texts);
+    for (KxJsColumns::Failure& failure : reply.failures) {
+        failure.record += first;
         outcome.failures.push_back(std::move(failure));
     }
-    takeResults(reader, evaluation, records, resultsOffset);
-    outcome.records = first + records;
-    if (error.empty() && outcome.records == last) return true;
-    outcome.error = error;
-    if (reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
+    takeResults(reader, evaluation, reply.records, results);
+    outcome.records = first + reply.records;
+    if (reply.error.empty() && outcome.records == last) return true;
+    outcome.error = reply.error;
+    if (reply.reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
     return false;
 }
 
 void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
-                                  std::size_t records, std::size_t resultsOffset) const {
+                                  std::size_t records, std::byte const* results) const {
     std::size_t const first = evaluation.outcome.records;
-    std::byte const* const results = host_.area() + resultsOffset;
     if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
         for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
     } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
-        std::memcpy(*numbers + first, results, records * sizeof(double));
+        if (results != nullptr) std::memcpy(*numbers + first, results, records * sizeof(double));
     } else {
         bool* const values = std::get<bool*>(evaluation.results) + first;
         // A byte that is neither 0 nor 1 would be no truth value.

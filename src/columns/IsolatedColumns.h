@@ -33,12 +33,15 @@ class IsolatedColumns final : public ColumnsBackend {
     bool bindToHost(std::u16string& error);
     bool compileInWorker(std::u16string& error);
     bool runBlock(Evaluation& evaluation, std::size_t last);
-    std::size_t mostRecords() const;
-    std::size_t putValues(MessageWriter& writer, std::size_t first, std::size_t last) const;
+    std::size_t mostRecords(std::size_t sharing, ColumnResults const& results) const;
+    template <class T>
+    std::uint64_t placeOf(T const* values, std::size_t first, std::size_t last) const;
+    std::byte* putValues(MessageWriter& writer, ColumnResults const& results, std::size_t first,
+                         std::size_t last) const;
     bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                   std::size_t resultsOffset);
+                   std::byte const* results);
     void takeResults(MessageReader& reader, Evaluation const& evaluation, std::size_t records,
-                     std::size_t resultsOffset) const;
+                     std::byte const* results) const;
     bool goesOn(Evaluation& evaluation);
     void bindRecord(std::size_t record);
 

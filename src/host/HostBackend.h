@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,14 +76,16 @@ class HostBackend {
     virtual void setTimeLimit(std::chrono::milliseconds limit) = 0;
     virtual void setMemoryLimit(std::size_t bytes) = 0;
 
-    /// As KxJsParser says. Nothing for a backend that does not evaluate formulas without V8.
-    virtual void setNativeEvaluation(bool /*isOn*/) {}
+    virtual void setNativeEvaluation(bool isOn) = 0;
 
     /// Ends the run that is going on, if any. Any thread.
     virtual void terminate() = 0;
 
     /// What an isolated host's worker is held by; null for a host in this process.
     virtual KxJsSandbox const* sandbox() const { return nullptr; }
+
+    /// As KxJsParser says; empty for a host in this process.
+    virtual std::span<std::byte> sharedMemory() const { return {}; }
 
     /// Why the last run was ended before its script was.
     virtual EndReason endReason() const = 0;

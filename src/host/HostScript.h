@@ -31,6 +31,7 @@ struct WrappedSource {
 /// What a script can do to its context that others see.
 struct ScriptEffects {
     bool mayHave = true;
+    bool isRunTimePart = false;  // of translated formulas, which is in the context from then on
     /// It has none where these names stand for plain values, or for nothing.
     std::vector<std::u16string> unlessPlain = {};
 };

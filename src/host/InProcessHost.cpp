@@ -1,7 +1,6 @@
 // The life of a host in this process: its context, the built-in functions, what it frees.
 #include "host/InProcessHost.h"
 
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -9,6 +8,7 @@
 #include "engine/V8Compat.h"
 #include "host/KxJsParser.h"
 #include "host/LibraryScript.h"
+#include "host/NativeDefault.h"
 
 namespace kx {
 
@@ -16,15 +16,6 @@ namespace {
 
 constexpr std::u16string_view kNoContext =
     u"V8 cannot run scripts now: the thread's stack is nearly used up";
-
-/// The environment switches it off, for whoever cannot change the program.
-bool isNativeByDefault() {
-    static bool const isOn = [] {
-        char const* const value = std::getenv("KXJS_NATIVE_EVALUATION");
-        return value == nullptr || std::string_view(value) != "off";
-    }();
-    return isOn;
-}
 
 }  // namespace
 

@@ -168,6 +168,7 @@ class InProcessHost final : public HostBackend {
     bool isContextDeferred_ = false;  // until V8 is needed
     bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one
     bool hasLibrary_ = false;
+    bool hasRunTimePart_ = false;  // of translated formulas
     bool hadEffects_ = false;  // a script may have changed what others see
     std::uint64_t generation_ = 0;
     std::uint64_t scriptsRun_ = 0;

@@ -10,6 +10,7 @@
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
+#include "translate/RunTimePart.h"
 
 namespace kx {
 
@@ -20,8 +21,10 @@ bool isConstant(std::u16string_view name) {
 }
 
 bool arePlain(WrappedSource const& source) {
-    return std::all_of(source.variables.begin(), source.variables.end(),
-                       [](BoundVariable* variable) { return variable->isPlain(); });
+    // The run-time part of translated formulas cannot be assigned to.
+    return std::all_of(
+        source.variables.begin(), source.variables.end(),
+        [](BoundVariable* variable) { return variable->isPlain() && variable->key() != u"kx"; });
 }
 
 }  // namespace
@@ -39,8 +42,9 @@ std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
         [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(
-        expression, {{names.data(), source.variables.size()}, hasLibrary_ || isLibraryDeferred_});
+    return Program::make(expression, {{names.data(), source.variables.size()},
+                                      hasLibrary_ || isLibraryDeferred_,
+                                      hasRunTimePart_});
 }
 
 Evaluator& InProcessHost::evaluator() {
@@ -84,7 +88,12 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
 ScriptEffects InProcessHost::effectsOf(Expression const* expression,
                                        WrappedSource const& source) const {
     ScriptEffects effects;
-    if (expression == nullptr || hadEffects_ || !arePlain(source)) return effects;
+    if (hadEffects_ || !arePlain(source)) return effects;
+    if (expression == nullptr) {
+        effects.isRunTimePart = translate::isRunTimePart(source.callerText());
+        effects.mayHave = !effects.isRunTimePart;
+        return effects;
+    }
     auto const names = namesReadWithoutEffects(*expression);
     if (!names) return effects;
     effects.mayHave = false;

@@ -146,7 +146,10 @@ std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& 
     // Calls the value's own toString, which can fail as the script can.
     std::u16string result = textOfValue(isolate(), context, completion);
     if (!completion.IsEmpty()) endConversion(completion);
-    if (!capture.HasCaught()) return result;
+    if (!capture.HasCaught()) {
+        hasRunTimePart_ = hasRunTimePart_ || script.effects().isRunTimePart;
+        return result;
+    }
     error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);
     return {};
 }

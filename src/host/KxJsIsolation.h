@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -30,6 +31,11 @@ struct KxJsIsolation {
     /// How long a script may run on after its time limit, or after KxJsParser::terminate(), before
     /// its worker is ended.
     std::chrono::milliseconds grace{100};
+
+    /// Bytes of memory that the host has in common with its worker: see
+    /// KxJsParser::sharedMemory(). It takes no memory until it is used. A host with it is ready
+    /// some milliseconds later than others, since no worker in reserve can have it.
+    std::size_t sharedMemory = 0;
 
     /// Path of the program kxjs-worker; empty where it is installed with the library. It has to be
     /// of the library's version.

@@ -97,6 +97,8 @@ void KxJsParser::terminate() { _mBackend->terminate(); }
 
 KxJsSandbox const* KxJsParser::sandbox() const { return _mBackend->sandbox(); }
 
+std::span<std::byte> KxJsParser::sharedMemory() const { return _mBackend->sharedMemory(); }
+
 kx::HostBackend& KxJsParser::_backend() const { return *_mBackend; }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param)

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -125,6 +126,16 @@ class KXJS_API KxJsParser {
 
     /// Which pieces of the sandbox the worker of an isolated host is in; null for other hosts.
     KxJsSandbox const* sandbox() const;
+
+    /// Memory that an isolated host has in common with its worker: KxJsIsolation::sharedMemory
+    /// bytes, zero at first, aligned for every type, for the life of the host. Empty for other
+    /// hosts. KxJsColumns leaves numbers and results of numbers that lie there where they are,
+    /// instead of copying them. The worker can write there at any time: should a formula take it
+    /// over, nothing that lies there is right any more.
+    ///
+    ///     std::span<std::byte> memory = parser.sharedMemory();
+    ///     double* prices = reinterpret_cast<double*>(memory.data());
+    std::span<std::byte> sharedMemory() const;
 
     /// Ends each run that takes longer than `limit`; 0, the default, is no limit. The result is
     /// then empty, the error text names the limit, and the host goes on working. parse() counts as

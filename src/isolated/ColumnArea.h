@@ -7,8 +7,8 @@
 
 namespace kx {
 
-/// Where the numbers and truth values of a block of records lie in the area of a channel: column by
-/// column, then the results. Both sides work it out from the same sizes.
+/// Where the numbers and truth values of a block of records lie that are copied, in the area of a
+/// channel: column by column, then the results. Both sides work it out from the same sizes.
 class ColumnArea {
   public:
     /// `records` are those of the block.

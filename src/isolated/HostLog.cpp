@@ -39,12 +39,17 @@ void HostLog::leave(IsolatedScript const& script) noexcept {
 
 void HostLog::setTimeLimit(std::chrono::milliseconds limit) {
     timeLimit_ = limit;
-    haveLimitsChanged_ = true;
+    haveSettingsChanged_ = true;
 }
 
 void HostLog::setMemoryLimit(std::size_t bytes) {
     memoryLimit_ = bytes;
-    haveLimitsChanged_ = true;
+    haveSettingsChanged_ = true;
+}
+
+void HostLog::setNativeEvaluation(bool isOn) {
+    isNative_ = isOn;
+    haveSettingsChanged_ = true;
 }
 
 void HostLog::noteVariable(KxJsVariable const& variable) noexcept {
@@ -73,14 +78,16 @@ std::vector<std::u16string> HostLog::keysIn(std::u16string_view source) const {
 }
 
 void HostLog::putChanges(MessageWriter& writer) {
-    if (haveLimitsChanged_) {
+    if (haveSettingsChanged_) {
         writer.put(Command::TIME_LIMIT);
         writer.put(static_cast<std::int64_t>(timeLimit_.count()));
         if (memoryLimit_) {
             writer.put(Command::MEMORY_LIMIT);
             writer.put(static_cast<std::uint64_t>(*memoryLimit_));
         }
-        haveLimitsChanged_ = false;
+        writer.put(Command::NATIVE);
+        writer.put(static_cast<std::uint8_t>(isNative_));
+        haveSettingsChanged_ = false;
     }
     for (std::uint32_t const script : released_) {
         writer.put(Command::RELEASE);
@@ -122,7 +129,7 @@ std::size_t HostLog::putAll(MessageWriter& writer) {
         ++results;
     }
     released_.clear();
-    haveLimitsChanged_ = true;
+    haveSettingsChanged_ = true;
     haveAllChanged_ = true;
     return results;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/HostBackend.h"
+#include "host/NativeDefault.h"
 #include "isolated/Message.h"
 
 namespace kx {
@@ -47,6 +48,7 @@ class HostLog {
     void setTimeLimit(std::chrono::milliseconds limit);
     void setMemoryLimit(std::size_t bytes);
     std::chrono::milliseconds timeLimit() const { return timeLimit_; }
+    void setNativeEvaluation(bool isOn);
     void noteLibrary() { hasLibrary_ = true; }
     void noteVariable(KxJsVariable const& variable) noexcept;
     /// Forgets variables and scripts, before the host does.
@@ -63,7 +65,7 @@ class HostLog {
 
     /// Writes what has changed since the last time.
     void putChanges(MessageWriter& writer);
-    /// Writes everything but the variables' values and the time limit, which count as changed
+    /// Writes everything but the variables' values and the settings, which count as changed
     /// then. Returns how many results are to come.
     std::size_t putAll(MessageWriter& writer);
 
@@ -81,7 +83,8 @@ class HostLog {
     std::chrono::milliseconds timeLimit_{0};
     std::optional<std::size_t> memoryLimit_;
     bool hasLibrary_ = false;
-    bool haveLimitsChanged_ = false;
+    bool isNative_ = isNativeByDefault();
+    bool haveSettingsChanged_ = true;
     std::map<std::uint32_t, IsolatedScript const*> scripts_;
     std::uint32_t lastNumber_ = 0;
     std::size_t columns_ = 0;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -40,9 +41,11 @@ class IsolatedHost final : public HostBackend {
     }
     void setTimeLimit(std::chrono::milliseconds limit) override { log_.setTimeLimit(limit); }
     void setMemoryLimit(std::size_t bytes) override;
+    void setNativeEvaluation(bool isOn) override { log_.setNativeEvaluation(isOn); }
     void terminate() override;
     EndReason endReason() const override { return endReason_; }
     KxJsSandbox const* sandbox() const override { return &worker_.sandbox(); }
+    std::span<std::byte> sharedMemory() const override { return worker_.sharedMemory(); }
 
     /// For columns, which send requests of their own: begins one, sends it and takes the reply.
     /// Each gives false or nothing, and a text in `error`, where the worker ends.

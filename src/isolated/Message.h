@@ -61,13 +61,13 @@ class MessageReader {
     T takeUpTo(T largest) {
         T const value = take<T>();
         if (value >= 0 && value <= largest) return value;
-        fail();
+        refuse();
         return 0;
     }
     std::u16string takeText() {
         std::size_t const length = take<std::uint32_t>();
         if (length > left_ / sizeof(char16_t)) {
-            fail();
+            refuse();
             return {};
         }
         std::u16string text(length, u'\0');
@@ -77,8 +77,14 @@ class MessageReader {
 
     template <class T>
     void takeArray(T* goal, std::size_t count) {
-        if (count > left_ / sizeof(T)) return fail();
+        if (count > left_ / sizeof(T)) return refuse();
         takeBytes(goal, count * sizeof(T));
+    }
+
+    /// Calls the message wrong, for a reason that only the caller knows.
+    void refuse() {
+        isRight_ = false;
+        left_ = 0;
     }
 
     bool hasMore() const { return left_ != 0; }
@@ -87,16 +93,11 @@ class MessageReader {
 
   private:
     void takeBytes(void* goal, std::size_t size) {
-        if (size > left_) return fail();
+        if (size > left_) return refuse();
         if (size != 0) std::memcpy(goal, next_, size);
         next_ += size;
         left_ -= size;
     }
-    void fail() {
-        isRight_ = false;
-        left_ = 0;
-    }
-
     std::byte const* next_;
     std::size_t left_;
     bool isRight_ = true;

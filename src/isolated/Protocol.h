@@ -20,13 +20,19 @@ enum class Command : std::uint8_t {
     RELEASE,          ///< id of a script or of columns
     TIME_LIMIT,       ///< milliseconds, 64 bits
     MEMORY_LIMIT,     ///< bytes, 64 bits
+    NATIVE,           ///< 0 or 1: whether formulas may be evaluated without V8
     INSTALL,          ///< nothing
     RESET,            ///< nothing
     COMPILE,          ///< id, source
     RUN,              ///< id
     COMPILE_COLUMNS,  ///< id, number of columns, name and type of each, source
-    RUN_COLUMNS       ///< id, type of results, number of records, values of text columns
+    RUN_COLUMNS  ///< id, type of results, number of records, values of text columns or place of
+                 ///< others, place of results
 };
+
+/// Where the values of a block are that are in the area of the channel; other places are offsets in
+/// the memory that the application shares.
+inline constexpr std::uint64_t kInArea = ~std::uint64_t{0};
 
 /// What came of one of those, except RUN_COLUMNS.
 struct CommandResult {

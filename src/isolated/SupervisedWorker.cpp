@@ -56,6 +56,10 @@ SupervisedWorker::SupervisedWorker(KxJsIsolation const& isolation)
     : isolation_(isolation),
       settings_{isolation.worker.empty() ? workerProgram() : isolation.worker, protocolVersion(),
                 isolation.memoryLimit, piecesOf(isolation.required)} {
+    if (isolation.sharedMemory != 0) {
+        sharedMemory_.emplace(SharedMemory::create(isolation.sharedMemory));
+        settings_.sharedMemory = &*sharedMemory_;
+    }
     start();
 }
 

@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "host/KxJsIsolation.h"
+#include "process/SharedMemory.h"
 #include "process/Worker.h"
 
 namespace kx {
@@ -43,6 +45,11 @@ class SupervisedWorker {
     /// Ends the call that is going on, if any: softly, or after the grace. Any thread.
     void terminate();
 
+    /// Memory that each worker gets, for the life of this object.
+    std::span<std::byte> sharedMemory() const {
+        return sharedMemory_ ? std::span(sharedMemory_->data(), sharedMemory_->size())
+                             : std::span<std::byte>();
+    }
     /// See Worker::area(); for the worker that is there.
     std::byte* area() const { return worker_->area(); }
 
@@ -54,6 +61,7 @@ class SupervisedWorker {
     Ending endingOf(Worker::Outcome outcome, bool isTerminated) const;
 
     KxJsIsolation isolation_;
+    std::optional<SharedMemory> sharedMemory_;
     WorkerSettings settings_;
     KxJsSandbox sandbox_;
     std::u16string lastEnd_;

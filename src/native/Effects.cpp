@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "native/translated/Functions.h"
+
 namespace kx {
 
 namespace {
@@ -69,7 +71,17 @@ bool isMath(Expression const& expression, Node const& node) {
 bool isHarmlessObject(Expression const& expression, Node const& node) {
     if (node.kind != NodeKind::name) return false;
     std::u16string_view const name = expression.text(node);
-    return name == u"Math" || name == u"Number" || name == u"String";
+    return name == u"Math" || name == u"Number" || name == u"String" || name == u"kx";
+}
+
+/// "kx", "kx.exact" and calls of "kx.of": the run-time part of translated formulas, or nothing.
+bool isRunTimePart(Expression const& expression, Node const& node) {
+    if (node.kind == NodeKind::name) return expression.text(node) == u"kx";
+    Node const& member = node.kind == NodeKind::call ? expression.child(node, 0) : node;
+    if (member.kind != NodeKind::member) return false;
+    bool const isKnown = expression.text(member) == (&member == &node ? u"exact" : u"of");
+    Node const& object = expression.child(member, 0);
+    return isKnown && object.kind == NodeKind::name && expression.text(object) == u"kx";
 }
 
 /// IIF and COND evaluate their conditions where those are texts.
@@ -82,10 +94,16 @@ bool evaluatesNoText(Expression const& expression, Node const& call) {
     return true;
 }
 
+bool isHarmlessMemberOf(Expression const& expression, Node const& member) {
+    std::u16string_view const name = expression.text(member);
+    return isHarmlessMember(name) || (isRunTimePart(expression, expression.child(member, 0)) &&
+                                      (isHarmlessRunTimeFunction(name) || name == u"exact"));
+}
+
 bool isHarmlessCall(Expression const& expression, Node const& call) {
     Node const& callee = expression.child(call, 0);
     std::u16string_view const name = expression.text(callee);
-    if (callee.kind == NodeKind::member) return isHarmlessMember(name);
+    if (callee.kind == NodeKind::member) return isHarmlessMemberOf(expression, callee);
     if (callee.kind != NodeKind::name) return false;
     if (name == u"IIF" || name == u"COND") return evaluatesNoText(expression, call);
     return isIn(kFunctions, name);
@@ -98,7 +116,7 @@ bool isHarmless(Expression const& expression, Node const& node) {
         case NodeKind::index:
             return false;
         case NodeKind::member:
-            return isHarmlessMember(expression.text(node));
+            return isHarmlessMemberOf(expression, node);
         case NodeKind::call:
             return isHarmlessCall(expression, node);
         default:

@@ -4,6 +4,8 @@
 #include <limits>
 #include <optional>
 
+#include "native/translated/Functions.h"
+
 namespace kx {
 
 namespace {
@@ -137,6 +139,25 @@ class ProgramMaker {
                !findVariable(u"Math");
     }
 
+    /// The EXACT of "kx", "kx.exact" and "kx.of(EXACT, date format, epoch)"; empty for others. What
+    /// dates are printed like is no matter: they are left to V8.
+    std::optional<bool> exactOfRunTimePart(Node const& node) const {
+        if (!names_.hasRunTimePart || findVariable(u"kx")) return std::nullopt;
+        if (node.kind == NodeKind::name && expression_.text(node) == u"kx") return false;
+        bool const isCall = node.kind == NodeKind::call && node.childCount == 4;
+        Node const& member = isCall ? expression_.child(node, 0) : node;
+        if (member.kind != NodeKind::member) return std::nullopt;
+        Node const& object = expression_.child(member, 0);
+        if (object.kind != NodeKind::name || expression_.text(object) != u"kx") return std::nullopt;
+        if (!isCall)
+            return expression_.text(member) == u"exact" ? std::optional(true) : std::nullopt;
+        bool const isPlain = expression_.text(member) == u"of" &&
+                             expression_.child(node, 1).kind == NodeKind::boolean &&
+                             expression_.child(node, 2).kind == NodeKind::string &&
+                             expression_.child(node, 3).kind == NodeKind::number;
+        return isPlain ? std::optional(expression_.child(node, 1).number != 0) : std::nullopt;
+    }
+
     bool addMember(Node const& node) {
         Node const& object = expression_.child(node, 0);
         if (isMath(object)) {
@@ -155,6 +176,9 @@ class ProgramMaker {
         std::u16string_view const name = expression_.text(callee);
         Node const& object = expression_.child(callee, 0);
         if (isMath(object)) return addArguments(node, findMathFunction(name), Step::call, 0);
+        if (auto const isExact = exactOfRunTimePart(object)) {
+            return addArguments(node, findRunTimeFunction(name, *isExact), Step::call, 0);
+        }
         Function const* const member = findTextMember(name);
         return member != nullptr && add(object) && addArguments(node, member, Step::member, 1);
     }

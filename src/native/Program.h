@@ -17,7 +17,8 @@ namespace kx {
 /// Which names a formula may use beside those of JavaScript.
 struct Names {
     std::span<std::u16string_view const> variables;
-    bool hasCatalogues = true;  // the functions of the catalogues
+    bool hasCatalogues = true;    // the functions of the catalogues
+    bool hasRunTimePart = false;  // of translated formulas
 };
 
 /// A formula made ready to be evaluated without V8, again and again.

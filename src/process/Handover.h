@@ -12,8 +12,11 @@ namespace kx {
 
 /// Messages between application and zygote, over sequenced sockets. One message is one packet.
 
-/// What an application asks the zygote for.
-enum class ZygoteRequest : std::uint8_t { WORKER = 1 };
+/// An application asks the zygote for a worker. A descriptor of memory comes with the request where
+/// the worker is to have more than a channel in common with the application.
+struct WorkerRequest {
+    std::uint64_t sharedMemory = 0;  ///< bytes of that memory; 0 for none
+};
 
 /// What it gets: `error` is 0, or errno where there is no worker. With the worker come three
 /// descriptors: the channel's memory, its bell and the worker's leash.

@@ -25,6 +25,7 @@ class SharedMemory {
     std::byte* data() const { return data_; }
     std::size_t size() const { return size_; }
     /// For handing the memory over. It is not needed for the mapping.
+    int descriptor() const { return descriptor_.get(); }
     OwnedDescriptor takeDescriptor() { return std::move(descriptor_); }
 
   private:

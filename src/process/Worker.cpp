@@ -49,7 +49,7 @@ Worker::~Worker() {
 
 Worker::Parts Worker::takeFromZygote(WorkerSettings const& settings) {
     std::vector<OwnedDescriptor> descriptors =
-        ZygoteLink::of(settings.program, settings.version).takeWorker();
+        ZygoteLink::of(settings.program, settings.version).takeWorker(settings.sharedMemory);
     return {std::move(descriptors[0]), std::move(descriptors[1]), std::move(descriptors[2])};
 }
 

@@ -18,10 +18,11 @@ namespace kx {
 
 /// How workers are started.
 struct WorkerSettings {
-    std::string program;               ///< path of the worker's program
-    std::string version;               ///< what it has to call itself
-    std::uint64_t memoryLimit = 0;     ///< bytes beyond what a new worker has
-    SandboxPieces requiredPieces = 0;  ///< without these, none is started
+    std::string program;                         ///< path of the worker's program
+    std::string version;                         ///< what it has to call itself
+    std::uint64_t memoryLimit = 0;               ///< bytes beyond what a new worker has
+    SandboxPieces requiredPieces = 0;            ///< without these, none is started
+    SharedMemory const* sharedMemory = nullptr;  ///< of the application, which the worker gets too
 };
 
 /// A worker process, as the application sees it. It ends with this object.

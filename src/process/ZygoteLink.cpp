@@ -61,12 +61,12 @@ ZygoteLink& ZygoteLink::of(std::string const& program, std::string const& versio
 ZygoteLink::ZygoteLink(std::string program, std::string version)
     : program_(std::move(program)), version_(std::move(version)) {}
 
-std::vector<OwnedDescriptor> ZygoteLink::takeWorker() {
+std::vector<OwnedDescriptor> ZygoteLink::takeWorker(SharedMemory const* shared) {
     std::lock_guard const lock(mutex_);
     std::vector<OwnedDescriptor> descriptors;
-    if (socket_ && ask(descriptors)) return descriptors;
+    if (socket_ && ask(shared, descriptors)) return descriptors;
     start();
-    if (ask(descriptors)) return descriptors;
+    if (ask(shared, descriptors)) return descriptors;
     socket_.close();
     throw std::runtime_error(program_ + " gives no worker");
 }
@@ -94,8 +94,14 @@ void ZygoteLink::start() {
 }
 
 /// Fills `descriptors` with those of a new worker. False where the zygote is not there.
-bool ZygoteLink::ask(std::vector<OwnedDescriptor>& descriptors) {
-    if (!sendPacket(socket_.get(), packetOf(ZygoteRequest::WORKER))) return false;
+bool ZygoteLink::ask(SharedMemory const* shared, std::vector<OwnedDescriptor>& descriptors) {
+    WorkerRequest request;
+    std::vector<int> handedOver;
+    if (shared != nullptr) {
+        request.sharedMemory = shared->size();
+        handedOver.push_back(shared->descriptor());
+    }
+    if (!sendPacket(socket_.get(), packetOf(request), handedOver)) return false;
     ZygoteAnswer answer;
     if (!receiveValue(socket_.get(), answer, kPatienceInMilliseconds, &descriptors)) return false;
     if (answer.error == 0 && descriptors.size() == kWorkerDescriptors) return true;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "process/OwnedDescriptor.h"
+#include "process/SharedMemory.h"
 
 namespace kx {
 
@@ -16,15 +17,16 @@ class ZygoteLink {
     /// The link to the zygote of `program`, which has to call itself `version`.
     static ZygoteLink& of(std::string const& program, std::string const& version);
 
-    /// A worker's memory, bell and leash. Throws std::system_error or std::runtime_error where
+    /// A worker's memory, bell and leash. The worker has `shared`, too, where that is not null; one
+    /// without is there sooner. Throws std::system_error or std::runtime_error where
     /// there can be none.
-    std::vector<OwnedDescriptor> takeWorker();
+    std::vector<OwnedDescriptor> takeWorker(SharedMemory const* shared);
 
   private:
     ZygoteLink(std::string program, std::string version);
 
     void start();
-    bool ask(std::vector<OwnedDescriptor>& descriptors);
+    bool ask(SharedMemory const* shared, std::vector<OwnedDescriptor>& descriptors);
 
     std::string program_;
     std::string version_;

@@ -1,5 +1,6 @@
 #include "text/Utf8.h"
 
+#include <algorithm>
 #include <array>
 
 #include "text/Surrogates.h"
@@ -36,6 +37,14 @@ Form const* formOf(unsigned char lead) {
     return nullptr;
 }
 
+/// How many units at the start are ASCII, as those of most texts are. Such a start is the same in
+/// both encodings, and copied at once.
+template <class Text>
+std::size_t asciiLength(Text text) {
+    auto const isWide = [](auto unit) { return unit < 0 || unit >= 0x80; };
+    return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isWide) - text.begin());
+}
+
 void appendUtf8(std::string& bytes, char32_t character) {
     auto const continuation = [character](int shift) {
         return static_cast<char>(0x80 | ((character >> shift) & 0x3F));
@@ -59,9 +68,11 @@ InvalidUtf8::InvalidUtf8(std::size_t position)
       position_(position) {}
 
 std::u16string utf16FromUtf8(std::string_view bytes) {
+    std::size_t const ascii = asciiLength(bytes);
     std::u16string text;
     text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) {
+    text.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
+    for (std::size_t at = ascii; at < bytes.size();) {
         auto const lead = static_cast<unsigned char>(bytes[at]);
         if (lead < 0x80) {
             text += static_cast<char16_t>(lead);
@@ -87,9 +98,11 @@ std::u16string utf16FromUtf8(std::string_view bytes) {
 }
 
 std::string utf8FromUtf16(std::u16string_view text) {
+    std::size_t const ascii = asciiLength(text);
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    bytes.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii));
+    for (std::size_t at = ascii; at < text.size();) {
         char32_t const character = nextCharacter(text, at);
         bool const isHalf = character >= 0xD800 && character <= 0xDFFF;
         appendUtf8(bytes, isHalf ? kReplacement : character);

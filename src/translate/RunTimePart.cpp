@@ -43,4 +43,11 @@ std::u16string const& runTimePart() {
     return script;
 }
 
+bool isRunTimePart(std::u16string_view script) {
+    // Most scripts are no functions: the text is not made for them.
+    constexpr std::size_t kBeginning = 28;
+    std::u16string_view const begin = std::u16string_view(kRunTimeText).substr(0, kBeginning);
+    return script.starts_with(begin) && script == runTimePart();
+}
+
 }  // namespace kx::translate

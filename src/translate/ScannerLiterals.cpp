@@ -118,7 +118,7 @@ Token Scanner::quotedDate() {
 /// A date, or the beginning of what else stands in braces.
 Token Scanner::brace() {
     std::u16string_view const behind = source_.substr(position_ + 1, end_ - position_ - 1);
-    auto const until = [this](std::size_t length) {
+    auto const until = [](std::size_t length) {
         return static_cast<std::uint32_t>(length + 1);
     };
     DateReader strict(behind);

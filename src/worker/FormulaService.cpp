@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/Engine.h"
+#include "host/InProcessHost.h"
 #include "worker/WorkerEnd.h"
 
 namespace kx {
@@ -24,13 +25,15 @@ void FormulaService::prepareZygote() { startEngine(); }
 void FormulaService::prepareWorker() {
     // The zygote has started the engine and no more, so everything of it came along.
     forkedChild = false;
-    host_ = std::make_unique<KxJsParser>();
     std::u16string ignored;
-    host_->evaluate(kFirstCalls, ignored);
+    // Calls like these end native evaluation for their host.
+    KxJsParser().evaluate(kFirstCalls, ignored);
+    host_ = std::make_unique<KxJsParser>();
+    inProcessHost(*host_).makeContext(ignored);
 }
 
 void FormulaService::serve(WorkerEnd& end) {
-    area_ = end.area();
+    end_ = &end;
     std::vector<std::byte> request;
     MessageWriter reply;
     while (true) {
@@ -59,6 +62,9 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
         case Command::MEMORY_LIMIT:
             host_->setMemoryLimit(request.take<std::uint64_t>());
             break;
+        case Command::NATIVE:
+            host_->setNativeEvaluation(request.takeBool());
+            break;
         case Command::INSTALL:
             host_->initialize();
             putResult(reply, withOutcome({}));
@@ -76,7 +82,9 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             break;
         case Command::COMPILE_COLUMNS: {
             auto const number = request.take<std::uint32_t>();
-            WorkerColumns& columns = columns_.try_emplace(number, *host_, area_).first->second;
+            WorkerColumns& columns =
+                columns_.try_emplace(number, *host_, end_->area(), end_->sharedMemory())
+                    .first->second;
             putResult(reply, withOutcome(columns.compile(request)));
             break;
         }

@@ -32,7 +32,7 @@ class FormulaService final : public WorkerService {
     CommandResult withOutcome(CommandResult result) const;
 
     std::unique_ptr<KxJsParser> host_;
-    std::byte* area_ = nullptr;
+    WorkerEnd* end_ = nullptr;
     std::map<std::uint32_t, std::unique_ptr<CompiledScript>> scripts_;
     std::map<std::uint32_t, WorkerColumns> columns_;
 };

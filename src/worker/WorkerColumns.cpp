@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "columns/ColumnReply.h"
 #include "host/HostBackend.h"
 
 namespace kx {
@@ -28,7 +29,7 @@ void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
     auto const count = static_cast<std::size_t>(request.take<std::uint64_t>());
     ColumnArea area(count);
     takeValues(request, area, count);
-    std::byte* const goal = area_ + area.take(0);
+    std::byte* const goal = takePlace(request, area, 0);
     if (type == 0) {
         std::vector<std::u16string> results(count);
         auto const outcome = columns_->evaluate(count, results.data());
@@ -41,11 +42,17 @@ void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
     }
 }
 
+/// Where values of `size` bytes each are.
+std::byte* WorkerColumns::takePlace(MessageReader& request, ColumnArea& area, std::size_t size) {
+    auto const place = request.take<std::uint64_t>();
+    return place == kInArea ? area_ + area.take(size) : shared_ + place;
+}
+
 void WorkerColumns::takeValues(MessageReader& request, ColumnArea& area, std::size_t count) {
     constexpr std::array<std::size_t, 3> kSizes = {sizeof(double), sizeof(std::int32_t), 1};
     for (Column& column : bound_) {
         if (column.type < Type::TEXT) {
-            bind(column, area_ + area.take(kSizes[static_cast<std::size_t>(column.type)]));
+            bind(column, takePlace(request, area, kSizes[static_cast<std::size_t>(column.type)]));
             continue;
         }
         column.texts.resize(count);
@@ -69,18 +76,7 @@ void WorkerColumns::bind(Column const& column, std::byte const* values) {
 }
 
 void WorkerColumns::putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const {
-    reply.put(static_cast<std::uint64_t>(outcome.records));
-    reply.putText(outcome.error);
-    reply.put(host_._backend().endReason());
-    reply.put(static_cast<std::uint64_t>(outcome.failures.size()));
-    for (KxJsColumns::Failure const& failure : outcome.failures) {
-        reply.put(static_cast<std::uint64_t>(failure.record));
-        reply.putText(failure.error.str());
-        reply.putText(failure.message.str());
-        reply.put(failure.line);
-        reply.put(failure.column);
-        reply.put(failure.endColumn);
-    }
+    putColumnReply(reply, outcome, host_._backend().endReason());
 }
 
 }  // namespace kx

@@ -14,10 +14,12 @@
 
 namespace kx {
 
-/// Columns in a worker. Numbers and truth values are read and written in the area of the channel.
+/// Columns in a worker. Numbers and truth values are read and written in place.
 class WorkerColumns {
   public:
-    WorkerColumns(KxJsParser& host, std::byte* area) : host_(host), area_(area) {}
+    /// `area` is that of the channel, `shared` is memory of the application's, or null.
+    WorkerColumns(KxJsParser& host, std::byte* area, std::byte* shared)
+        : host_(host), area_(area), shared_(shared) {}
 
     /// Obeys COMPILE_COLUMNS, from the number of columns on.
     CommandResult compile(MessageReader& request);
@@ -33,12 +35,14 @@ class WorkerColumns {
         std::vector<std::u16string> texts = {};
     };
 
+    std::byte* takePlace(MessageReader& request, ColumnArea& area, std::size_t size);
     void takeValues(MessageReader& request, ColumnArea& area, std::size_t count);
     void bind(Column const& column, std::byte const* values);
     void putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const;
 
     KxJsParser& host_;
     std::byte* area_;
+    std::byte* shared_;
     std::unique_ptr<KxJsColumns> columns_;
     std::vector<Column> bound_;
 };

@@ -8,14 +8,14 @@
 
 namespace kx {
 
-WorkerEnd::WorkerEnd(std::byte* memory, int bell)
-    : memory_(memory), words_(channelWords(memory)), bell_(bell) {}
+WorkerEnd::WorkerEnd(WorkerMemory memory, int bell)
+    : memory_(memory), words_(channelWords(memory.channel)), bell_(bell) {}
 
 void WorkerEnd::receive(std::vector<std::byte>& message) {
     message.clear();
     while (true) {
         awaitTurn();
-        std::byte const* const bytes = applicationPart(memory_);
+        std::byte const* const bytes = applicationPart(memory_.channel);
         message.insert(message.end(), bytes, bytes + words_.application.length.load());
         if (words_.application.more.load() == 0) break;
         sendPart({}, false);
@@ -47,7 +47,7 @@ bool WorkerEnd::hasAnswered(std::uint32_t call) const {
 }
 
 void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
-    if (!bytes.empty()) std::memcpy(workerPart(memory_), bytes.data(), bytes.size());
+    if (!bytes.empty()) std::memcpy(workerPart(memory_.channel), bytes.data(), bytes.size());
     ChannelLane& lane = words_.worker;
     lane.length.store(static_cast<std::uint32_t>(bytes.size()), std::memory_order_relaxed);
     lane.more.store(hasMore ? 1 : 0, std::memory_order_relaxed);

@@ -10,18 +10,26 @@
 
 namespace kx {
 
+/// What a worker has in common with the application.
+struct WorkerMemory {
+    std::byte* channel;
+    std::byte* own;  ///< memory of the application's; null where there is none
+};
+
 /// The worker's end of a channel, which trusts the application.
 class WorkerEnd {
   public:
-    /// Over the `memory` of a channel. Writing to the descriptor `bell` wakes the application.
-    WorkerEnd(std::byte* memory, int bell);
+    /// Over the channel in `memory`. Writing to the descriptor `bell` wakes the application.
+    WorkerEnd(WorkerMemory memory, int bell);
 
     /// Waits for the next message. `message` is replaced.
     void receive(std::vector<std::byte>& message);
     void send(std::span<std::byte const> message);
 
     /// kChannelArea bytes that the application sees too.
-    std::byte* area() const { return channelArea(memory_); }
+    std::byte* area() const { return channelArea(memory_.channel); }
+    /// Memory of the application's, or null.
+    std::byte* sharedMemory() const { return memory_.own; }
 
     /// Sleeps until the application asks to end the work for a message, and returns the message's
     /// number. For a thread of its own, as are the next two.
@@ -37,7 +45,7 @@ class WorkerEnd {
     bool sharesProcessor() const;
     void stepAside();
 
-    std::byte* memory_;
+    WorkerMemory memory_;
     ChannelWords& words_;
     int bell_;
     std::uint32_t turn_ = 0;

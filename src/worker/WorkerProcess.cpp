@@ -66,7 +66,7 @@ void startInterruptThread(Interrupts& interrupts) {
 
 }  // namespace
 
-void runWorker(WorkerService& service, std::byte* memory, int bell, pid_t zygote) {
+void runWorker(WorkerService& service, WorkerMemory memory, int bell, pid_t zygote) {
     endWith(zygote);
     keepOnly(bell);
     defaultSignals();

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstddef>
 #include <sys/types.h>
+
+#include "worker/WorkerEnd.h"
 
 namespace kx {
 
@@ -9,6 +10,6 @@ class WorkerService;
 
 /// What a process does that the zygote has just forked: serves over the channel in `memory`, in the
 /// sandbox. `bell` wakes the application, and `zygote` is the parent with which it ends.
-[[noreturn]] void runWorker(WorkerService& service, std::byte* memory, int bell, pid_t zygote);
+[[noreturn]] void runWorker(WorkerService& service, WorkerMemory memory, int bell, pid_t zygote);
 
 }  // namespace kx

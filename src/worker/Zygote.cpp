@@ -15,12 +15,14 @@
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include "process/ChannelMemory.h"
 #include "process/DetachedSpawn.h"
 #include "process/Handover.h"
 #include "process/SharedMemory.h"
+#include "process/SystemError.h"
 #include "worker/MemoryCeiling.h"
 #include "worker/WorkerProcess.h"
 #include "worker/WorkerService.h"
@@ -57,7 +59,7 @@ int Zygote::run() {
     if (chdir("/") != 0) return 1;
     service_.prepareZygote();
     waitMask_ = watchChildren();
-    makeSpare();
+    spare_ = makeWorker(nullptr);
     std::string_view const version = service_.version();
     if (!sendPacket(kZygoteSocket, std::as_bytes(std::span(version)))) return 1;
     while (serveOnce()) {
@@ -86,42 +88,56 @@ bool Zygote::serveOnce() {
 }
 
 bool Zygote::answerRequest() {
-    ZygoteRequest request{};
-    if (!receiveValue(kZygoteSocket, request, 0)) return false;
-    if (!spare_) makeSpare();
-    ZygoteAnswer const answer{spareError_};
-    if (!spare_) return sendPacket(kZygoteSocket, packetOf(answer));
+    WorkerRequest request;
+    std::vector<OwnedDescriptor> shared;
+    if (!receiveValue(kZygoteSocket, request, 0, &shared)) return false;
+    std::optional<Fresh> const worker = takeWorker(request.sharedMemory, std::move(shared));
+    ZygoteAnswer const answer{worker ? 0 : error_};
+    if (!worker) return sendPacket(kZygoteSocket, packetOf(answer));
     std::array<int, 2> leash = {-1, -1};
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, leash.data()) != 0) return false;
     OwnedDescriptor const theirs(leash[1]);
-    children_.push_back({spare_->process, OwnedDescriptor(leash[0])});
-    std::array<int, kWorkerDescriptors> const descriptors = {spare_->memory.get(),
-                                                             spare_->bell.get(), theirs.get()};
+    children_.push_back({worker->process, OwnedDescriptor(leash[0])});
+    std::array<int, kWorkerDescriptors> const descriptors = {worker->memory.get(),
+                                                             worker->bell.get(), theirs.get()};
     bool const isSent = sendPacket(kZygoteSocket, packetOf(answer), descriptors);
-    spare_.reset();
-    makeSpare();
+    if (!spare_) spare_ = makeWorker(nullptr);
     return isSent;
 }
 
-/// Leaves `spare_` empty, with the reason in `spareError_`, where there can be none.
-void Zygote::makeSpare() {
+/// The one in reserve, or a new one that has the memory `shared`. Empty, with the reason in
+/// `error_`, where there can be none.
+std::optional<Zygote::Fresh> Zygote::takeWorker(std::uint64_t sharedBytes,
+                                                std::vector<OwnedDescriptor> shared) {
+    if (shared.empty()) return spare_ ? std::exchange(spare_, {}) : makeWorker(nullptr);
+    try {
+        auto const memory = SharedMemory::open(std::move(shared.front()), sharedBytes);
+        return makeWorker(&memory);
+    } catch (std::system_error const& failure) {
+        error_ = failure.code().value();
+        return {};
+    }
+}
+
+/// Empty, with the reason in `error_`, where there can be none.
+std::optional<Zygote::Fresh> Zygote::makeWorker(SharedMemory const* shared) {
     try {
         SharedMemory memory = SharedMemory::create(kChannelSize);
         std::array<int, 2> bell = {-1, -1};
-        if (pipe2(bell.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-            spareError_ = errno;
-            return;
-        }
+        if (pipe2(bell.data(), O_CLOEXEC | O_NONBLOCK) != 0) throwSystemError("pipe2");
         OwnedDescriptor heard(bell[0]);
         OwnedDescriptor const rung(bell[1]);
         pid_t const zygote = getpid();
         pid_t const process = fork();
-        if (process == 0) runWorker(service_, memory.data(), rung.get(), zygote);
-        spareError_ = process < 0 ? errno : 0;
-        if (process < 0) return;
-        spare_.emplace(Spare{process, memory.takeDescriptor(), std::move(heard)});
+        if (process == 0) {
+            std::byte* const own = shared == nullptr ? nullptr : shared->data();
+            runWorker(service_, {memory.data(), own}, rung.get(), zygote);
+        }
+        if (process < 0) throwSystemError("fork");
+        return Fresh{process, memory.takeDescriptor(), std::move(heard)};
     } catch (std::system_error const& failure) {
-        spareError_ = failure.code().value();
+        error_ = failure.code().value();
+        return {};
     }
 }
 

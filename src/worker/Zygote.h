@@ -1,11 +1,14 @@
 #pragma once
 
 #include <csignal>
+#include <cstdint>
 #include <list>
 #include <optional>
 #include <sys/types.h>
+#include <vector>
 
 #include "process/OwnedDescriptor.h"
+#include "process/SharedMemory.h"
 
 namespace kx {
 
@@ -26,8 +29,8 @@ class Zygote {
         pid_t process;
         OwnedDescriptor leash;
     };
-    /// The worker in reserve.
-    struct Spare {
+    /// A worker that the application has not yet.
+    struct Fresh {
         pid_t process;
         OwnedDescriptor memory;
         OwnedDescriptor bell;
@@ -35,7 +38,8 @@ class Zygote {
 
     bool serveOnce();
     bool answerRequest();
-    void makeSpare();
+    std::optional<Fresh> takeWorker(std::uint64_t sharedBytes, std::vector<OwnedDescriptor> shared);
+    std::optional<Fresh> makeWorker(SharedMemory const* shared);
     bool obeyLeash(Child& child);
     void end(std::list<Child>::iterator child);
     void reap();
@@ -43,8 +47,8 @@ class Zygote {
     WorkerService& service_;
     sigset_t waitMask_{};
     std::list<Child> children_;
-    std::optional<Spare> spare_;
-    int spareError_ = 0;
+    std::optional<Fresh> spare_;
+    int error_ = 0;  // why there is no worker
 };
 
 }  // namespace kx

@@ -94,12 +94,14 @@ class CHandles : public testing::Test {
 };
 
 TEST_F(CHandles, OfHosts) {
+    void* memory = nullptr;
     kxjs_host* freed = nullptr;
     ASSERT_EQ(kxjs_host_create(&freed), KXJS_OK);
     ASSERT_EQ(kxjs_host_free(freed), KXJS_OK);
     tryAll<kxjs_host, kxjs_text>(
         {
             CALL(kxjs_host_sandbox, it, &a.pieces),
+            CALL(kxjs_host_shared_memory, it, &memory, &a.count),
             CALL(kxjs_host_initialize, it),
             CALL(kxjs_host_reset, it),
             CALL(kxjs_host_set_int32, it, "A", 1, 1),

@@ -1,4 +1,5 @@
 // Isolated hosts by the C interface.
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -13,6 +14,9 @@ using kx::test::evaluated;
 using kx::test::itemsOf;
 using kx::test::Text;
 using kx::test::TextList;
+
+/// The structure of the first applications.
+constexpr std::size_t kFirstSize = offsetof(kxjs_isolation, shared_memory);
 
 kxjs_isolation settings() {
     kxjs_isolation isolation;
@@ -40,13 +44,13 @@ TEST(CIsolation, RefusesStructuresThatItDoesNotUnderstand) {
     } newer{settings(), 0};
     newer.known.struct_size = sizeof newer;
     kxjs_host* host = nullptr;
-    EXPECT_EQ(kxjs_isolation_init(&newer.known, sizeof(kxjs_isolation) - 1), KXJS_BAD_ARGUMENT);
+    EXPECT_EQ(kxjs_isolation_init(&newer.known, kFirstSize - 1), KXJS_BAD_ARGUMENT);
     EXPECT_EQ(kxjs_isolation_init(nullptr, sizeof(kxjs_isolation)), KXJS_NULL_ARGUMENT);
     ASSERT_EQ(kxjs_host_create_isolated(&newer.known, &host, nullptr), KXJS_OK);
     EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
     newer.added = 1;
     EXPECT_EQ(kxjs_host_create_isolated(&newer.known, &host, nullptr), KXJS_BAD_ARGUMENT);
-    for (std::size_t const size : {std::size_t{0}, sizeof(kxjs_isolation) - 1, ~std::size_t{0}}) {
+    for (std::size_t const size : {std::size_t{0}, kFirstSize - 1, ~std::size_t{0}}) {
         newer.known.struct_size = size;
         EXPECT_EQ(kxjs_host_create_isolated(&newer.known, &host, nullptr), KXJS_BAD_ARGUMENT);
     }
@@ -59,6 +63,46 @@ TEST(CIsolation, RefusesStructuresThatItDoesNotUnderstand) {
     isolation = settings();
     isolation.reserved = 1;
     EXPECT_EQ(kxjs_host_create_isolated(&isolation, &host, nullptr), KXJS_BAD_ARGUMENT);
+}
+
+TEST(CIsolation, TakesTheFirstStructureWithoutLookingBehindIt) {
+    kxjs_isolation isolation = settings();
+    isolation.shared_memory = 12345;
+    ASSERT_EQ(kxjs_isolation_init(&isolation, kFirstSize), KXJS_OK);
+    EXPECT_EQ(isolation.shared_memory, 12345U) << "behind the structure's end";
+    isolation.worker = KXJS_TEST_WORKER;
+    isolation.worker_length = std::strlen(isolation.worker);
+    kxjs_host* host = nullptr;
+    ASSERT_EQ(kxjs_host_create_isolated(&isolation, &host, nullptr), KXJS_OK);
+    void* memory = &isolation;
+    std::size_t length = 1;
+    EXPECT_EQ(kxjs_host_shared_memory(host, &memory, &length), KXJS_NOT_FOUND);
+    EXPECT_EQ(memory, nullptr);
+    EXPECT_EQ(length, 0U);
+    EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
+}
+
+TEST(CIsolation, SharesMemoryThatColumnsUse) {
+    constexpr std::size_t kCount = 1000;
+    kxjs_isolation isolation = settings();
+    isolation.shared_memory = 2 * kCount * sizeof(double);
+    kxjs_host* host = nullptr;
+    ASSERT_EQ(kxjs_host_create_isolated(&isolation, &host, nullptr), KXJS_OK);
+    void* memory = nullptr;
+    std::size_t length = 0;
+    ASSERT_EQ(kxjs_host_shared_memory(host, &memory, &length), KXJS_OK);
+    ASSERT_GE(length, isolation.shared_memory);
+    auto* const values = static_cast<double*>(memory);
+    double* const results = values + kCount;
+    for (std::size_t i = 0; i < kCount; ++i) values[i] = static_cast<double>(i);
+    kxjs_columns* columns = nullptr;
+    ASSERT_EQ(kxjs_columns_create(host, &columns), KXJS_OK);
+    ASSERT_EQ(kxjs_columns_bind_double(columns, "A", 1, values, kCount), KXJS_OK);
+    ASSERT_EQ(kxjs_columns_compile(columns, KXJS_LITERAL("A*2"), nullptr), KXJS_OK);
+    ASSERT_EQ(kxjs_columns_evaluate_double(columns, results, kCount, nullptr, nullptr), KXJS_OK);
+    EXPECT_EQ(results[kCount - 1], 2.0 * (kCount - 1));
+    EXPECT_EQ(kxjs_columns_free(columns), KXJS_OK);
+    EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
 }
 
 TEST(CIsolation, SaysWhyThereIsNoWorker) {

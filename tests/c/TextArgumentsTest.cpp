@@ -172,6 +172,7 @@ TEST_F(CTextArguments, OutParametersMustBeThere) {
         kxjs_variable_double(variable, nullptr),
         kxjs_variable_bool(variable, nullptr),
         kxjs_host_sandbox(host, nullptr),
+        kxjs_host_shared_memory(host, nullptr, &count),
         kxjs_host_variable_type(host, "A", 1, nullptr),
         kxjs_host_parse(host, "1", 1, nullptr, text),
         kxjs_host_failure(host, nullptr, text, text),

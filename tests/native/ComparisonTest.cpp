@@ -8,29 +8,15 @@
 #include <vector>
 
 #include "FormulaGenerator.h"
+#include "NativeValue.h"
 #include "SearchSize.h"
 #include "expression/Parser.h"
 #include "host/ScriptHost.h"
-#include "host/SeenText.h"
 #include "native/Program.h"
 
 namespace {
 
 constexpr std::array<std::u16string_view, 6> kNames = {u"A", u"B", u"C", u"S", u"T", u"U"};
-
-kx::Value valueOf(KxJsVariable const& variable, std::u16string& text) {
-    switch (variable.getType()) {
-        case KxJsVariable::TYPE_OF_VAR_LONG:
-            return kx::Value::of(static_cast<double>(variable.getLongValue()));
-        case KxJsVariable::TYPE_OF_VAR_DOUBLE:
-            return kx::Value::of(variable.getDoubleValue());
-        case KxJsVariable::TYPE_OF_VAR_STRING:
-            text = variable.getStrValue();
-            return kx::Value::of(kx::seenText(text));
-        default:
-            return kx::Value::of(variable.getBooleanValue());
-    }
-}
 
 /// What a regular expression of the last run has left, as scripts see it.
 constexpr std::u16string_view kMatch =

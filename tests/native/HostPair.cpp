@@ -22,6 +22,7 @@ constexpr std::array kKeys = {
     u"\u00e9t\u00e9"sv,
     // That are more than variables to scripts, or none.
     u"LEN"sv,
+    u"kx"sv,
     u"A___A"sv,
     u"my var"sv,
     u"toString"sv,
@@ -87,6 +88,16 @@ constexpr std::array kScripts = {
     u"ALLTRIM(S)"sv,
     u"VAL(S)+VAL(T)"sv,
     u"ISALPHA(S)"sv,
+    u"kx"sv,
+    u"kx=5"sv,
+    u"kx.add"sv,
+    u"typeof kx"sv,
+    u"delete kx"sv,
+    u"kx.type(()=>A)"sv,
+    u"kx.unknown(A)"sv,
+    u"kx.of(true,'YYYY',B).eq(S,T)"sv,
+    u"Object.defineProperty(this,'kx',{value:{add:function(){return 7}}})"sv,
+    u"String.prototype.slice=function(){return 's'}"sv,
 };
 
 constexpr std::u16string_view kGlobals =
@@ -102,7 +113,8 @@ constexpr std::u16string_view kLimited = u"The script was ";
 
 }  // namespace
 
-HostPair::HostPair(Choices const& choices) : choices_(choices), generator_(choices) {
+HostPair::HostPair(Choices const& choices)
+    : choices_(choices), generator_(choices), translated_(choices) {
     engine_.setNativeEvaluation(false);
     for (KxJsParser* const host : {&native_, &engine_}) {
         host->setTimeLimit(kTimeLimit);
@@ -112,6 +124,7 @@ HostPair::HostPair(Choices const& choices) : choices_(choices), generator_(choic
     native_.initialize();
     engine_.initialize();
     noteLimits();
+    if (choices_() % 2 == 0) evaluate(KxJsTranslator::runTimePart());
 }
 
 std::u16string HostPair::failureOf(KxJsParser const& host) {
@@ -143,7 +156,10 @@ void HostPair::noteLimits() {
 }
 
 std::u16string HostPair::source() {
-    if (choices_() % 4 == 0) return std::u16string(kScripts[choices_() % kScripts.size()]);
+    std::uint64_t const choice = choices_() % 12;
+    if (choice < 3) return std::u16string(kScripts[choices_() % kScripts.size()]);
+    if (choice < 6) return translated_.translation();
+    if (choice == 6 && choices_() % 16 == 0) return KxJsTranslator::runTimePart();
     return generator_.formula();
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "FormulaGenerator.h"
+#include "TranslatedGenerator.h"
 #include "host/KxJsParser.h"
 
 /// Does the same in two hosts, one of which leaves everything to V8, and compares what a caller
@@ -44,6 +45,7 @@ class HostPair {
 
     Choices choices_;
     FormulaGenerator generator_;
+    TranslatedGenerator translated_;
     KxJsParser native_;
     KxJsParser engine_;
     std::vector<std::u16string> parsed_;

@@ -15,7 +15,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkdir "$work/kxjs"
 cp "$@" "$work/kxjs"
-cp -r "$here/consumer" "$here/in-fresh-root.sh" "$work/kxjs"
+cp -r "$here/consumer" "$here/consumer_c" "$here/in-fresh-root.sh" "$work/kxjs"
 chmod 755 "$work"
 
 # The hooks run before the system is removed. Of this shell's environment they get only the proxy

@@ -35,6 +35,7 @@ is() {
 say "kxjs alone, with what it depends on"
 install ./libkxjsparser0_*.deb ./kxjs_*.deb
 is "$(kxjs eval '1+1')" 2
+is "$(kxjs eval --isolated '1+1')" 2
 is "$(kxjs eval -v A=5 "IIF(A>2 .AND. A<>7,'OK','KO')")" OK
 if kxjs eval 'A*' 2>error; then fail "a wrong formula is no failure"; fi
 grep -q SyntaxError error || fail "no error text"
@@ -47,11 +48,13 @@ purge kxjs libkxjsparser0
 if ldconfig -p | grep libKxJsParser; then fail "the loader still knows the library"; fi
 
 say "development"
-install g++ cmake make pkg-config
+install g++ cmake make pkg-config python3
 files >before
 install ./*.deb
 g++ -std=c++20 consumer/main.cpp $(pkg-config --cflags --libs kxjsparser) -o with-pkg-config
 ./with-pkg-config
+gcc -std=c99 consumer_c/main.c $(pkg-config --cflags --libs kxjsparser) -o c-with-pkg-config
+./c-with-pkg-config
 cmake -S consumer -B with-cmake >cmake.log && cmake --build with-cmake >>cmake.log || {
     cat cmake.log
     fail "building with CMake"
@@ -60,8 +63,13 @@ with-cmake/consumer
 if readelf -d with-pkg-config | grep -E 'RPATH|RUNPATH'; then fail "the application has a path"; fi
 ldd with-pkg-config | grep -q 'libKxJsParser\.so\.0 => /lib' || fail "another library is loaded"
 
+say "Python"
+is "$(python3 -c 'import kxjsparser; print(kxjsparser.Host().evaluate("IIF(1<>2,6*7,0)"))')" 42
+python3 -c 'import kxjsparser; print(kxjsparser.Host(isolated=True).evaluate("1"))' >isolated ||
+    fail "no isolated host"
+
 say "removal"
-purge libkxjsparser-dev libkxjsparser0 kxjs
+purge python3-kxjsparser libkxjsparser-dev libkxjsparser0 kxjs
 files >after
 diff before after || fail "files are left, or gone"
 say "everything passed"

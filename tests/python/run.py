@@ -6,12 +6,17 @@
 import importlib.util
 import sys
 
-needed = [module for module in sys.argv[1].split(",") if module]
-missing = [module for module in needed if importlib.util.find_spec(module) is None]
-if missing:
-    print(f"skipped: {sys.executable} has no {', '.join(missing)}: scripts/setup --with python")
-    sys.exit(77)
 
-import pytest
+def run(modules, files):
+    missing = [name for name in modules.split(",") if name and not importlib.util.find_spec(name)]
+    if missing:
+        print(f"skipped: no {', '.join(missing)} for {sys.executable}: scripts/setup --with python")
+        return 77
+    import pytest
 
-sys.exit(pytest.main(["-q", "-p", "no:cacheprovider", *sys.argv[2:]]))
+    return pytest.main(["-q", "-p", "no:cacheprovider", *files])
+
+
+# The workers of a test import this file.
+if __name__ == "__main__":
+    sys.exit(run(sys.argv[1], sys.argv[2:]))

@@ -45,6 +45,7 @@ std::vector<std::pair<std::u16string, std::u16string>> translatedPages() {
 void writePages(std::string const& directory, bool isTranslated) {
     std::vector<NamedFile> files;
     auto const pages = isTranslated ? translatedPages() : KxJsParser::_getUserDocumentation();
+    files.reserve(pages.size() + 1);
     for (auto const& [name, page] : pages) {
         files.push_back({utf8FromUtf16(docsPageFile(name)), fileText(page)});
     }

@@ -73,6 +73,7 @@ ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
     setLimits(parser, limits);
     parser.initialize();
     std::vector<std::u16string> keys;
+    keys.reserve(variables.size());
     for (KxJsVariable const& variable : variables) keys.push_back(variable.getKey());
     FormulaReader const reader(options.language, keys);
     reader.prepare(parser);

@@ -53,12 +53,17 @@ class Patcher {
         return at == 0 ? std::u16string::npos : at - 1;
     }
 
-    /// An array, or a block at the start of the script.
+    /// An array, an object, or a block at the start of the script.
     bool patchBrackets(std::size_t at) {
-        bool const isBlock = text_[at] == u'{';
-        if (isBlock && before(at) != std::u16string::npos) return false;
-        std::size_t const close = closingBracket(at, isBlock ? u'}' : u']');
+        bool const isBrace = text_[at] == u'{';
+        bool const isBlock = isBrace && before(at) == std::u16string::npos;
+        std::size_t const close = closingBracket(at, isBrace ? u'}' : u']');
         if (close == std::u16string::npos) return false;
+        // An object of names.
+        bool const isObject = isBrace && !isBlock;
+        if (isObject && (text_.find(u'=', at) < close || !holdsTargets(at + 1, close))) {
+            return false;
+        }
         // What follows a block is a statement of its own.
         if (isBlock && skipBlanks(close + 1) < text_.size()) text_.insert(close + 1, 1, u',');
         bool const isEmpty = skipBlanks(at + 1) == close;

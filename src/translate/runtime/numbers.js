@@ -20,7 +20,7 @@ const decimals = (x, places) => {
   let form = decimalForm(x, 15);
   if (form.exponent + 1 + places > 15) form = decimalForm(x, 16);
   const text = roundedDigits(form, places).padStart(places + 1, '0');
-  const sign = x < 0 && /[1-9]/.test(text) ? '-' : '';
+  const sign = x < 0 && Number(text) !== 0 ? '-' : '';
   if (places === 0) return sign + text;
   return sign + text.slice(0, -places) + '.' + text.slice(-places);
 };
@@ -79,7 +79,15 @@ const zeroFilled = (text) => {
 };
 
 const value = (text) => {
-  const parts = /^[ \t\r\n]*([+-]?)(\d*)(?:\.(\d*))?/.exec(text);
-  const number = finite(Number((parts[2] || '0') + '.' + (parts[3] || '0')));
-  return parts[1] === '-' ? 0 - number : number;
+  let at = 0;
+  while (isSpace(text[at])) ++at;
+  const isNegative = text[at] === '-';
+  if (isNegative || text[at] === '+') ++at;
+  const start = at;
+  while (text[at] >= '0' && text[at] <= '9') ++at;
+  if (text[at] === '.') {
+    do ++at; while (text[at] >= '0' && text[at] <= '9');
+  }
+  const number = finite(Number('0' + text.slice(start, at)));
+  return isNegative ? 0 - number : number;
 };

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Adds the benchmarks of translated formulas in hosts.
+void registerRuns();

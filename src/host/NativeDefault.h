@@ -1,0 +1,9 @@
+#pragma once
+
+namespace kx {
+
+/// Whether a new host evaluates plain expressions without V8. KXJS_NATIVE_EVALUATION=off in the
+/// environment switches it off, for whoever cannot change the program.
+bool isNativeByDefault();
+
+}  // namespace kx
