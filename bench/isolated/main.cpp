@@ -143,6 +143,7 @@ void compareColumns(int rounds) {
     std::array<KxJsParser, 3> hosts = {KxJsParser(), KxJsParser(KxJsIsolation()),
                                        KxJsParser(sharing)};
     std::vector<std::unique_ptr<Table>> tables;
+    tables.reserve(hosts.size());
     for (KxJsParser& host : hosts) {
         tables.push_back(std::make_unique<Table>(host, host.sharedMemory()));
     }
