@@ -73,6 +73,7 @@ class Column:
         dtype: type = float,
         progress: Progress | None = None,
         failures: list[RecordFailure] | None = None,
+        out: Any = None,
     ) -> Any:
         """Evaluates the formula for each record, with its columns as variables.
 
@@ -83,6 +84,9 @@ class Column:
         Records that fail are appended to ``failures``, and have NaN, False or "" as their result.
         Without ``failures``, the first of them raises :class:`FormulaError` after all records. With
         ``dtype=str``, texts that contain "NaN" are appended too, and do not raise.
+
+        ``out`` is an array for numbers or truth values, contiguous and of ``dtype``, in place of a
+        new one.
 
         ``progress`` is called about every hundredth of a second with the number of records that are
         done and that there are. What it raises ends the evaluation, and so does Ctrl-C.
@@ -101,8 +105,10 @@ class Column:
         for name, column in values.items():
             if len(column.array) != count:
                 raise ValueError(f"the column {name} has {len(column.array)} records, not {count}")
+        if out is not None:
+            _check_out(out, dtype, count)
         columns = self._bind(values)
-        result = self._evaluate(columns, count, dtype, progress)
+        result = self._evaluate(columns, count, dtype, progress, out)
         self._report(columns, failures)
         pandas = sys.modules.get("pandas")
         if pandas is not None and isinstance(table, pandas.DataFrame):
@@ -132,7 +138,7 @@ class Column:
         return self._columns
 
     def _evaluate(
-        self, columns: Handle, count: int, dtype: type, progress: Progress | None
+        self, columns: Handle, count: int, dtype: type, progress: Progress | None, out: Any
     ) -> Any:
         raised: list[BaseException] = []
 
@@ -152,7 +158,7 @@ class Column:
             texts = Texts()
             status = library.kxjs_columns_evaluate_texts(columns, texts, count, None, self._error)
         else:
-            result: Any = numpy.empty(count, dtype=dtype)
+            result = numpy.empty(count, dtype=dtype) if out is None else out
             name = "double" if dtype is float else "bool"
             evaluate = getattr(library, f"kxjs_columns_evaluate_{name}")
             status = evaluate(columns, result.ctypes.data, count, None, self._error)
@@ -191,6 +197,19 @@ class Column:
                     self.source,
                     failure.record,
                 )
+
+
+def _check_out(out: Any, dtype: type, count: int) -> None:
+    fits = (
+        isinstance(out, numpy.ndarray)
+        and dtype is not str
+        and out.dtype == numpy.dtype(dtype)
+        and out.shape == (count,)
+        and out.flags.c_contiguous
+        and out.flags.writeable
+    )
+    if not fits:
+        raise ValueError(f"out is no contiguous array of {count} times {dtype.__name__}")
 
 
 def _record_count(table: Table) -> int:

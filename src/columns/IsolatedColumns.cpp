@@ -28,7 +28,7 @@ constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
 constexpr Clock::duration kClockStep = std::chrono::microseconds(1);
 /// Of one block to the next.
-constexpr std::size_t kLargestGrowth = 64;
+constexpr std::size_t kLargestGrowth = 4;
 
 /// More records than any memory holds.
 constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();

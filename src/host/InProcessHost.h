@@ -169,7 +169,7 @@ class InProcessHost final : public HostBackend {
     bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one
     bool hasLibrary_ = false;
     bool hasRunTimePart_ = false;  // of translated formulas
-    bool hadEffects_ = false;  // a script may have changed what others see
+    bool hadEffects_ = false;      // a script may have changed what others see
     std::uint64_t generation_ = 0;
     std::uint64_t scriptsRun_ = 0;
     std::uint64_t otherChanges_ = 0;

@@ -87,13 +87,13 @@ Token Scanner::escapedText() const {
     std::uint32_t end = position_ + 2;
     while (end < end_ && source_[end] != u'"' && !isLineBreak(source_[end])) {
         if (source_[end] == u'\\') {
-            char16_t const escape = at(end + 1);
+            if (++end >= end_) break;
+            char16_t const escape = at(end);
             bool const isCode =
-                escape == u'x' && isHexadecimal(at(end + 2)) && isHexadecimal(at(end + 3));
+                escape == u'x' && isHexadecimal(at(end + 1)) && isHexadecimal(at(end + 2));
             bool const isKnown = escape == u'n' || escape == u'r' || escape == u't' ||
                                  escape == u'"' || escape == u'\\' || isCode;
-            if (!isKnown) fail({end, end + 2}, u"unknown escape in a text");
-            ++end;
+            if (!isKnown) fail({end - 1, end + 1}, u"unknown escape in a text");
         }
         ++end;
     }
@@ -118,9 +118,7 @@ Token Scanner::quotedDate() {
 /// A date, or the beginning of what else stands in braces.
 Token Scanner::brace() {
     std::u16string_view const behind = source_.substr(position_ + 1, end_ - position_ - 1);
-    auto const until = [](std::size_t length) {
-        return static_cast<std::uint32_t>(length + 1);
-    };
+    auto const until = [](std::size_t length) { return static_cast<std::uint32_t>(length + 1); };
     DateReader strict(behind);
     if (strict.take(u'^')) {
         auto const date = strict.takeNumbers(4, 2);

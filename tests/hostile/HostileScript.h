@@ -21,7 +21,7 @@
 ///     // begins: x,x,x          the beginning of a long result
 ///     // error: RangeError      a part of the error text; without it there must be none
 ///     // next: fresh            later formulas may fail in the same host
-///     // dies: Fatal error      V8 ends an application's process with this message
+///     // dies: invalid size     V8 ends an application's process with this in its message
 ///     // signal: SEGV           this signal ends an application's process
 ///     // hangs: 1000 ms         nothing ends it in process within this time
 ///     // isolated               not run in process, where it takes seconds or gigabytes to end

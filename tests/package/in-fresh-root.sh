@@ -35,6 +35,7 @@ is() {
 say "kxjs alone, with what it depends on"
 install ./libkxjsparser0_*.deb ./kxjs_*.deb
 is "$(kxjs eval '1+1')" 2
+is "$(kxjs eval --isolated '1+1')" 2
 is "$(kxjs eval -v A=5 "IIF(A>2 .AND. A<>7,'OK','KO')")" OK
 if kxjs eval 'A*' 2>error; then fail "a wrong formula is no failure"; fi
 grep -q SyntaxError error || fail "no error text"

@@ -154,6 +154,33 @@ def test_a_formula_that_does_not_compile(host):
         assert caught.value.kind is Kind.COMPILE
 
 
+@pytest.mark.parametrize("dtype", [float, bool])
+def test_results_in_a_given_array(host, dtype):
+    out = numpy.zeros(3, dtype=dtype)
+    assert host.compile_column("A")({"A": [1, 2, 0]}, dtype=dtype, out=out) is out
+    assert out.tolist() == numpy.array([1, 2, 0]).astype(dtype).tolist()
+
+
+@pytest.mark.parametrize(
+    ("out", "dtype"),
+    [
+        (numpy.zeros(2), float),
+        (numpy.zeros(4), float),
+        (numpy.zeros((3, 1)), float),
+        (numpy.zeros(6)[::2], float),
+        (numpy.zeros(3, dtype=">f8"), float),
+        (numpy.zeros(3, dtype="float32"), float),
+        (numpy.zeros(3), bool),
+        (numpy.broadcast_to(0.0, 3), float),
+        (numpy.zeros(3, dtype=object), str),
+        ([0.0, 0.0, 0.0], float),
+    ],
+)
+def test_arrays_for_results_that_do_not_fit(host, out, dtype):
+    with pytest.raises(ValueError, match="out is no contiguous array of 3 times"):
+        host.compile_column("A")({"A": [1, 2, 3]}, dtype=dtype, out=out)
+
+
 def slow_table(records=3000000):
     return {"A": numpy.arange(float(records))}
 

@@ -126,11 +126,11 @@ class Load {
     explicit Load(std::chrono::milliseconds round) : round_(round) {}
 
     /// Runs formulas in a host that is replaced now and then.
-    void useHosts(unsigned seed) {
-        std::mt19937_64 random(seed);
+    void useHosts(std::size_t number) {
+        std::mt19937_64 random(number);
         while (!isOver_) {
             try {
-                useHost(random);
+                useHost(random, right_[number]);
             } catch (std::runtime_error const&) {
                 ++ended_;  // its first worker was killed before it was ready
             }
@@ -144,6 +144,7 @@ class Load {
             for (auto const end = Clock::now() + round_; Clock::now() < end;) {
                 killOne(random);
                 ++kills_;
+                awaitResults();
                 std::this_thread::sleep_for(std::chrono::milliseconds(random() % 100));
             }
             // Until the ends are known and a worker is in reserve again.
@@ -164,7 +165,7 @@ class Load {
     bool hasEndedCalls() const { return ended_ > 0; }
 
   private:
-    void useHost(std::mt19937_64& random) {
+    void useHost(std::mt19937_64& random, std::atomic<long>& right) {
         KxJsParser host{KxJsIsolation()};
         host.initialize();
         host.setTimeLimit(10s);
@@ -172,7 +173,19 @@ class Load {
         host.addSetVariable(KxJsVariable(u"B", 2.5));
         host.addSetVariable(KxJsVariable(u"S", u"some text"));
         host.addSetVariable(KxJsVariable(u"T", true));
-        for (int i = 0; i < 200 && !isOver_; ++i) check(host, random);
+        for (int i = 0; i < 200 && !isOver_; ++i) {
+            check(host, random);
+            ++right;
+        }
+    }
+
+    /// Until each thread has a result: a slow machine shall do more than start processes.
+    void awaitResults() const {
+        std::array<long, kHosts> before{};
+        std::ranges::copy(right_, before.begin());
+        for (std::size_t i = 0; i < kHosts; ++i) {
+            while (right_[i] == before[i]) std::this_thread::sleep_for(1ms);
+        }
     }
 
     /// One formula, again until no worker ends meanwhile.
@@ -181,9 +194,10 @@ class Load {
         Case const& expected = formulas[random() % formulas.size()];
         std::u16string const source = Converter::_convert(std::u16string(expected.source).c_str());
         // Several may be killed in a row.
+        std::u16string error;
         for (int attempts = 0; attempts < 100; ++attempts) {
             ++calls_;
-            std::u16string error;
+            error.clear();
             std::u16string const result = host.evaluate(source, error);
             KxJsFailure const* const failure = host.lastFailure();
             if (failure != nullptr && failure->kind == KxJsFailure::Kind::WORKER_ENDED) {
@@ -193,11 +207,12 @@ class Load {
             bool const isError =
                 expected.error.empty() ? error.empty() : error.starts_with(expected.error);
             if (result != expected.result || !isError) {
-                fail("a result", source + u" gave " + result + u"; " + error);
+                std::u16string told = source;
+                fail("a result", told.append(u" gave ").append(result).append(u"; ").append(error));
             }
             return;
         }
-        fail("no worker lives", source);
+        fail("no worker lives", error);
     }
 
     std::chrono::milliseconds const round_;
@@ -205,6 +220,7 @@ class Load {
     long kills_ = 0;
     std::atomic<long> calls_ = 0;
     std::atomic<long> ended_ = 0;
+    std::array<std::atomic<long>, kHosts> right_{};
 };
 
 }  // namespace
@@ -218,8 +234,8 @@ int main(int argumentCount, char** arguments) {
     ::setenv(kMark, std::to_string(getpid()).c_str(), 1);
     Load load(std::chrono::milliseconds(seconds * 1000 / kRounds));
     std::vector<std::thread> threads;
-    for (unsigned i = 0; i < kHosts; ++i) {
-        threads.emplace_back([&load, i] { load.useHosts(i + 1); });
+    for (std::size_t i = 0; i < kHosts; ++i) {
+        threads.emplace_back([&load, i] { load.useHosts(i); });
     }
     std::vector<Counts> const rounds = load.killAndMeasure();
     for (std::thread& thread : threads) thread.join();

@@ -1,3 +1,3 @@
-// dies: Fatal javascript OOM in invalid array length
+// dies: invalid array length
 // error: The script was ended: its worker process ended
 Array.prototype.sort.call({ length: 2 ** 53 - 1 })

@@ -1,3 +1,3 @@
-// dies: Fatal JavaScript invalid size error
+// dies: invalid size error
 // error: The script was ended: its worker process ended
 'xy'.repeat(2 ** 25 + 16).replace(/x/g, () => 'y')
