@@ -148,8 +148,9 @@ kxjs_status kxjs_functions_count(kxjs_functions* functions, size_t* count) {
 kxjs_status kxjs_functions_text(kxjs_functions* functions, size_t index, int32_t which,
                                 kxjs_text* text) {
     return guarded([&] {
-        KxJsFunction const& record = recordOf(functions, index);
-        object<Text>(text).set(textOfRecord(record, which));
+        object<Functions>(functions);
+        auto& result = object<Text>(text);
+        result.set(textOfRecord(recordOf(functions, index), which));
         return KXJS_OK;
     });
 }
@@ -157,10 +158,11 @@ kxjs_status kxjs_functions_text(kxjs_functions* functions, size_t index, int32_t
 kxjs_status kxjs_functions_lists(kxjs_functions* functions, size_t index, kxjs_texts* parameters,
                                  kxjs_texts* descriptions, kxjs_texts* examples) {
     return guarded([&] {
-        KxJsFunction const& record = recordOf(functions, index);
+        object<Functions>(functions);
         auto* const names = optional<Texts>(parameters);
         auto* const texts = optional<Texts>(descriptions);
         auto* const exampleTexts = optional<Texts>(examples);
+        KxJsFunction const& record = recordOf(functions, index);
         setLists(names, texts, record.getParameters());
         if (exampleTexts != nullptr) exampleTexts->change() = record.getExamples();
         return KXJS_OK;

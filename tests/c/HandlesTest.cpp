@@ -290,6 +290,10 @@ TEST_F(CHandles, ThatMayBeNullAreCheckedToo) {
     EXPECT_EQ(kxjs_columns_evaluate_double(a.columns, a.d.data(), 0, nullptr, wrong),
               KXJS_BAD_HANDLE);
     EXPECT_EQ(kxjs_host_execute(host, 0, nullptr, nullptr), KXJS_OK);
+    // Handles come first, whatever else is wrong.
+    EXPECT_EQ(kxjs_functions_text(a.functions, 999, KXJS_FUNCTION_NAME, wrong), KXJS_BAD_HANDLE);
+    EXPECT_EQ(kxjs_functions_lists(a.functions, 999, handleOf<kxjs_texts>(1), nullptr, nullptr),
+              KXJS_BAD_HANDLE);
 }
 
 TEST_F(CHandles, AreFreedOnceAndNullIsNothing) {
