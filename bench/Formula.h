@@ -23,6 +23,7 @@ struct Formula {
     std::string lua = {};       ///< empty where the work cannot be said
     std::string muParser = {};  ///< empty where the work cannot be said
     std::vector<Variable> variables = {};
+    bool hasManyDecimals = false;  ///< its results, whose digits not every peer writes exactly
 };
 
 /// The text of an unseen formula: `pattern` with its seven # replaced by a number made of `number`.

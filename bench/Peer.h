@@ -14,7 +14,7 @@ namespace bench {
 
 using Nanoseconds = std::chrono::nanoseconds;
 
-enum class Task : std::uint8_t { makeHosts, parse, execute, oneShot, convert };
+enum class Task : std::uint8_t { makeHosts, firstRun, parse, execute, oneShot, convert };
 
 /// One way to evaluate formulas. An object has at most one current formula, so every case has peers
 /// of its own. They share what an engine has once per process or thread.
@@ -36,6 +36,10 @@ class Peer {
     virtual std::string resultInLastHost(std::string const& /*javaScript*/) { throw cannot(); }
     /// Destroys them.
     virtual void dropHosts() {}
+
+    /// Makes hosts that bind the variables of the current formula, compile it and run it, once
+    /// each.
+    virtual Nanoseconds firstRuns(std::uint64_t /*count*/) { throw cannot(); }
 
     /// Binds the variables of `formula` and makes it the current formula.
     virtual void use(Formula const& formula) = 0;

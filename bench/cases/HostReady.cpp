@@ -1,4 +1,5 @@
-// A host that knows the built-in functions. Raw V8's part is a bare context: the floor.
+// A host that knows the built-in functions, alone and with its first formula that needs V8. Raw
+// V8's part is a bare context: the floor.
 #include "cases/Cases.h"
 
 namespace bench {
@@ -22,8 +23,24 @@ std::vector<Case> hostReadyCases() {
         peer.dropHosts();
         return text;
     };
-    ready.goal = 1.1;
-    return {ready};
+    ready.goal = 0.1;
+
+    Case first;
+    first.title = "host ready, and its first formula for V8";
+    first.task = Task::firstRun;
+    first.formula.javaScript = "Math.pow(A,2)+B";
+    first.formula.variables = {{.name = "A", .number = 3.25}, {.name = "B", .number = 7.125}};
+    first.batch = 4;
+    first.prepare = [formula = first.formula](Peer& peer) { peer.use(formula); };
+    first.work = [](Peer& peer, std::uint64_t, std::uint64_t count) {
+        return peer.firstRuns(count);
+    };
+    first.results = [](Peer& peer) {
+        peer.firstRuns(2);
+        return peer.result();
+    };
+    first.goal = 1.25;
+    return {ready, first};
 }
 
 }  // namespace bench

@@ -46,7 +46,9 @@ class Duktape final : public Peer {
         return std::to_string(DUK_VERSION / 10000) + "." + std::to_string(DUK_VERSION / 100 % 100) +
                "." + std::to_string(DUK_VERSION % 100);
     }
-    bool can(Task task, Formula const&) const override { return task != Task::convert; }
+    bool can(Task task, Formula const&) const override {
+        return task != Task::convert && task != Task::firstRun;
+    }
 
     Nanoseconds makeHosts(std::uint64_t count) override {
         dropHosts();

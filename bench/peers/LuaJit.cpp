@@ -24,7 +24,8 @@ class LuaJit final : public Peer {
     std::string name() const override { return "LuaJIT"; }
     std::string version() const override { return LUAJIT_VERSION + sizeof("LuaJIT ") - 1; }
     bool can(Task task, Formula const& formula) const override {
-        return task != Task::makeHosts && task != Task::convert && !formula.lua.empty();
+        return (task == Task::parse || task == Task::execute || task == Task::oneShot) &&
+               !formula.lua.empty();
     }
 
     void use(Formula const& formula) override {

@@ -32,7 +32,10 @@ class MuJs final : public Peer {
         return std::to_string(JS_VERSION_MAJOR) + "." + std::to_string(JS_VERSION_MINOR) + "." +
                std::to_string(JS_VERSION_PATCH);
     }
-    bool can(Task task, Formula const&) const override { return task != Task::convert; }
+    bool can(Task task, Formula const& formula) const override {
+        if (formula.hasManyDecimals) return false;
+        return task != Task::convert && task != Task::firstRun;
+    }
 
     Nanoseconds makeHosts(std::uint64_t count) override {
         dropHosts();

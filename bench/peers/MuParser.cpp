@@ -16,7 +16,8 @@ class MuParser final : public Peer {
     std::string name() const override { return "muParser"; }
     std::string version() const override { return mu::Parser().GetVersion(mu::pviBRIEF); }
     bool can(Task task, Formula const& formula) const override {
-        return task != Task::makeHosts && task != Task::convert && !formula.muParser.empty();
+        return (task == Task::parse || task == Task::execute || task == Task::oneShot) &&
+               !formula.muParser.empty();
     }
 
     void use(Formula const& formula) override {

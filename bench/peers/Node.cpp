@@ -98,7 +98,8 @@ class Node final : public Peer {
     std::string version() const override { return process_.ask(request("hello")); }
     bool can(Task task, Formula const& formula) const override {
         // Its regular expressions take quadratic time on hostile text.
-        return task != Task::convert || formula.javaScript.size() < 100;
+        if (task == Task::convert) return formula.javaScript.size() < 100;
+        return task != Task::firstRun;
     }
 
     Nanoseconds makeHosts(std::uint64_t count) override {

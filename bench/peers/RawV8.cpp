@@ -77,6 +77,22 @@ class RawV8 final : public Peer {
 
     void dropHosts() override { hosts_.clear(); }
 
+    Nanoseconds firstRuns(std::uint64_t count) override {
+        Session const session(isolate_);
+        std::u16string const source = prologue_ + widen(formula_.javaScript);
+        return timed([&] {
+            for (std::uint64_t i = 0; i < count; ++i) {
+                v8::HandleScope const handles(isolate_);
+                context_.Reset(isolate_, v8::Context::New(isolate_, nullptr, shape_.Get(isolate_)));
+                v8::Local<v8::Context> const context = context_.Get(isolate_);
+                v8::Context::Scope const entered(context);
+                bindAll();
+                run(context,
+                    v8::Script::Compile(context, v8String(isolate_, source)).ToLocalChecked());
+            }
+        });
+    }
+
     void use(Formula const& formula) override {
         Session const session(isolate_);
         v8::HandleScope const handles(isolate_);

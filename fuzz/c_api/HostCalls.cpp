@@ -11,6 +11,7 @@ namespace {
 constexpr std::int64_t kTimeLimit = 50;  // ms
 constexpr std::uint64_t kMemoryLimit = std::uint64_t{32} << 20;
 constexpr std::size_t kMostHosts = 3;
+constexpr std::int32_t kUntouched = 77;
 
 /// A structure with a size of its own, and memory behind it.
 template <class Struct>
@@ -84,12 +85,16 @@ void runFormula(Machine& machine, Step const& step) {
     Machine::Use const third{step.c, Kind::TEXT, true};
     auto const units = unitsOf(step);
     std::size_t const length = lengthOf(step, step.text.size());
-    std::int32_t script = 77;
+    kxjs_status status = KXJS_OK;
+    std::int32_t script = kUntouched;
     switch (step.operation) {
         case 'p':
-            machine.check(kxjs_host_parse(host, step.text.data(), length, &script, error),
-                          {first, third});
-            return check(script == 77 || script >= -1, "a script's number");
+            status = kxjs_host_parse(host, step.text.data(), length, &script, error);
+            machine.check(status, {first, third});
+            return check(status == KXJS_OK               ? script >= 0
+                         : status == KXJS_FORMULA_FAILED ? script == -1
+                                                         : script == kUntouched,
+                         "a script's number");
         case 'P':
             return machine.check(
                 kxjs_host_parse_utf16(host, units.data(), units.size(), &script, error),
@@ -224,7 +229,8 @@ bool runHostCall(Machine& machine, Step const& step) {
             machine.check(kxjs_host_terminate(host), {isHost});
             return true;
         case 'n':
-            machine.check(kxjs_host_set_native_evaluation(host, step.choice % 2), {isHost});
+            machine.check(kxjs_host_set_native_evaluation(host, step.choice % 2 == 0 ? 0 : 1),
+                          {isHost});
             return true;
         case 'm':
             machine.check(kxjs_host_set_time_limit(host, 1 + step.choice), {isHost});

@@ -41,9 +41,8 @@ kxjs_status freeAs(Kind kind, void* handle) {
 
 Machine::~Machine() {
     for (auto const& [handle, kind] : live_) {
-        fuzz::check(freeAs(kind, reinterpret_cast<void*>(handle)) == KXJS_OK,
-                    "a live handle can be freed");
-        fuzz::check(freeAs(kind, reinterpret_cast<void*>(handle)) == KXJS_BAD_HANDLE,
+        fuzz::check(freeAs(kind, handleOf<void>(handle)) == KXJS_OK, "a live handle can be freed");
+        fuzz::check(freeAs(kind, handleOf<void>(handle)) == KXJS_BAD_HANDLE,
                     "a freed handle cannot");
     }
 }
@@ -76,7 +75,7 @@ void Machine::release(Step const& step) {
     Kind const kind = static_cast<Kind>(step.choice % static_cast<unsigned int>(Kind::COUNT));
     std::uintptr_t const handle = slots_[step.a];
     bool const isIt = isAlive({step.a, kind});
-    kxjs_status const status = freeAs(kind, reinterpret_cast<void*>(handle));
+    kxjs_status const status = freeAs(kind, handleOf<void>(handle));
     if (handle == 0) {
         fuzz::check(status == KXJS_OK, "null can be freed");
     } else if (!isIt) {

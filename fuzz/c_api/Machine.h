@@ -30,6 +30,12 @@ struct Step {
     std::string_view text;
 };
 
+/// A number as a handle, which is what handles are.
+template <class Handle>
+Handle* handleOf(std::uintptr_t number) {
+    return reinterpret_cast<Handle*>(number);  // NOLINT(performance-no-int-to-ptr)
+}
+
 /// Handles in slots, some of them wrong, and the knowledge which are alive.
 class Machine {
   public:
@@ -53,7 +59,7 @@ class Machine {
 
     template <class Handle>
     Handle* handle(std::size_t slot) const {
-        return reinterpret_cast<Handle*>(slots_[slot]);
+        return handleOf<Handle>(slots_[slot]);
     }
     /// Puts what a call has made into a slot.
     template <class Handle>

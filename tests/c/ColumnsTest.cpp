@@ -10,7 +10,6 @@
 
 namespace {
 
-using kx::test::evaluated;
 using kx::test::Host;
 using kx::test::itemsOf;
 using kx::test::Table;

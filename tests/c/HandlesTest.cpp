@@ -10,6 +10,7 @@
 namespace {
 
 using kx::test::Findings;
+using kx::test::handleOf;
 using kx::test::Host;
 using kx::test::Text;
 using kx::test::TextList;
@@ -69,7 +70,7 @@ class CHandles : public testing::Test {
     /// another.
     template <class Handle, class Other>
     void tryAll(std::vector<Call<Handle>> const& calls, Handle* freed, Other* other) {
-        std::uintptr_t const address = reinterpret_cast<std::uintptr_t>(&a);
+        auto const address = reinterpret_cast<std::uintptr_t>(&a);
         std::vector<std::uintptr_t> wrong{1,
                                           15,
                                           16,
@@ -84,7 +85,7 @@ class CHandles : public testing::Test {
         for (Call<Handle> const& call : calls) {
             EXPECT_EQ(call.run(nullptr), KXJS_NULL_ARGUMENT) << call.name;
             for (std::uintptr_t const number : wrong) {
-                EXPECT_EQ(call.run(reinterpret_cast<Handle*>(number)), KXJS_BAD_HANDLE)
+                EXPECT_EQ(call.run(handleOf<Handle>(number)), KXJS_BAD_HANDLE)
                     << call.name << ' ' << number;
             }
         }
@@ -278,7 +279,7 @@ TEST_F(CHandles, OfTranslatorsAndFindings) {
 TEST_F(CHandles, ThatMayBeNullAreCheckedToo) {
     Host const host;
     std::int32_t script = 17;
-    kxjs_text* const wrong = reinterpret_cast<kxjs_text*>(std::uintptr_t{1});
+    auto* const wrong = handleOf<kxjs_text>(1);
     EXPECT_EQ(kxjs_host_parse(host, "1", 1, &script, wrong), KXJS_BAD_HANDLE);
     EXPECT_EQ(script, 17);
     ASSERT_EQ(kxjs_host_parse(host, "1", 1, &script, nullptr), KXJS_OK);

@@ -53,14 +53,21 @@ class Text : public Owned<kxjs_text, kxjs_text_create, kxjs_text_free> {
     }
 };
 
+/// A number as a handle, which is what handles are.
+template <class Handle>
+Handle* handleOf(std::uintptr_t number) {
+    return reinterpret_cast<Handle*>(number);  // NOLINT(performance-no-int-to-ptr)
+}
+
 inline std::vector<std::string> itemsOf(kxjs_texts* list) {
     char const* data = nullptr;
     std::size_t const* offsets = nullptr;
     std::size_t count = 0;
     EXPECT_EQ(kxjs_texts_utf8(list, &data, &offsets, &count), KXJS_OK);
     std::vector<std::string> items;
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
         items.emplace_back(data + offsets[i], data + offsets[i + 1]);
+    }
     return items;
 }
 

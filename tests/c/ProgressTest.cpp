@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Objects.h"
@@ -16,7 +17,8 @@ using kx::test::TextList;
 
 /// A column that takes long enough for calls of the progress function, in V8's slow way.
 constexpr std::size_t kRecords = 200000;
-constexpr char kSource[] = "(function(){var s=0;for(var i=0;i<1000;i++)s+=i;return s+A})()";
+constexpr std::string_view kSource =
+    "(function(){var s=0;for(var i=0;i<1000;i++)s+=i;return s+A})()";
 
 struct Work {
     Table table;

@@ -1,0 +1,105 @@
+// Formulas that no engine has seen before: compiled and kept, or bound, compiled and run once.
+// Their results have few decimals or many; the last one needs V8.
+#include "cases/Cases.h"
+
+namespace bench {
+
+namespace {
+
+struct Shape {
+    std::string name;
+    Formula formula;
+    bool needsV8 = false;
+};
+
+Formula formulaOf(std::string const& javaScript, std::string const& lua,
+                  std::string const& muParser) {
+    return {javaScript, lua.empty() ? "" : "return " + lua, muParser};
+}
+
+std::vector<Shape> shapes() {
+    std::string const few = "(PRICE*1.25+2.5)*(PRICE-3)+#######-PRICE";
+    std::string const many = "(PRICE+COST)/7*1.19-#######/3";
+    std::vector<Shape> shapes = {
+        {"few decimals", formulaOf(few, few, few)},
+        {"many decimals", formulaOf(many, many, many)},
+        {"condition", formulaOf("PRICE>COST?PRICE*0.93:#######/COST",
+                                "PRICE>COST and PRICE*0.93 or #######/COST",
+                                "PRICE>COST?PRICE*0.93:#######/COST")},
+        {"text", formulaOf("NAME.substring(0,6)+'-'+NAME.length+'/'+#######",
+                           "NAME:sub(1,6)..'-'..#NAME..'/'..#######", "")},
+        {"text and condition",
+         formulaOf("PRICE>#######?'more':NAME.charAt(2)+NAME.substring(4)",
+                   "PRICE>####### and 'more' or NAME:sub(3,3)..NAME:sub(5)", "")},
+        {"needs V8", formulaOf("Math.pow(PRICE,2)+#######", "PRICE^2+#######", "PRICE^2+#######"),
+         true},
+    };
+    for (Shape& shape : shapes) {
+        Formula& formula = shape.formula;
+        formula.hasManyDecimals = shape.name == "many decimals" || shape.name == "condition";
+        formula.variables = {{.name = "PRICE", .number = 12.75, .step = 0.25}};
+        if (formula.javaScript.find("COST") != std::string::npos) {
+            formula.variables.push_back({.name = "COST", .number = 14.5});
+        }
+        if (formula.javaScript.find("NAME") != std::string::npos) {
+            formula.variables.push_back({.name = "NAME", .text = "Quarterly report"});
+        }
+    }
+    return shapes;
+}
+
+Case unseenCase(Shape const& shape, std::string const& title, Task task) {
+    Case row;
+    row.title = title + ", " + shape.name;
+    row.task = task;
+    row.formula = shape.formula;
+    row.batch = 200;
+    row.prepare = [formula = shape.formula](Peer& peer) { peer.use(formula); };
+    row.goal = shape.needsV8 ? 1.1 : 0.15;
+    return row;
+}
+
+}  // namespace
+
+std::vector<Case> parseCases() {
+    std::vector<Case> rows;
+    for (Shape const& shape : shapes()) {
+        Case parse = unseenCase(shape, "parse", Task::parse);
+        parse.work = [](Peer& peer, std::uint64_t first, std::uint64_t count) {
+            Nanoseconds const time = peer.parse(first, count);
+            peer.forget();
+            return time;
+        };
+        parse.results = [](Peer& peer) {
+            peer.parse(17, 3);
+            peer.executeParsed();
+            std::string text = peer.result();
+            peer.forget();
+            return text;
+        };
+        rows.push_back(std::move(parse));
+    }
+    return rows;
+}
+
+std::vector<Case> oneShotCases() {
+    std::vector<Case> rows;
+    for (Shape const& shape : shapes()) {
+        Case oneShot = unseenCase(shape, "one-shot", Task::oneShot);
+        oneShot.work = [](Peer& peer, std::uint64_t first, std::uint64_t count) {
+            Nanoseconds const time = peer.oneShot(first, count);
+            peer.forget();
+            return time;
+        };
+        oneShot.results = [](Peer& peer) {
+            peer.oneShot(23, 5);
+            std::string text = peer.result();
+            peer.forget();
+            return text;
+        };
+        rows.push_back(std::move(oneShot));
+    }
+    return rows;
+}
+
+}  // namespace bench
