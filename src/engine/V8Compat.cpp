@@ -4,8 +4,8 @@
 
 #include <v8-version.h>
 
-// Exported by every libnode though no public header declares it. Weak, so that a V8 without
-// it still links; such a V8 must then be started by this library.
+// Exported by libnode up to V8 12 though no public header declares it. Weak, so that a newer one
+// still links.
 namespace v8::debug {
 __attribute__((weak)) v8::Platform* GetCurrentPlatform();
 }
@@ -13,7 +13,9 @@ __attribute__((weak)) v8::Platform* GetCurrentPlatform();
 namespace kx::v8compat {
 
 bool isV8Running() {
-    return v8::debug::GetCurrentPlatform != nullptr && v8::debug::GetCurrentPlatform() != nullptr;
+    if (v8::debug::GetCurrentPlatform != nullptr) return v8::debug::GetCurrentPlatform() != nullptr;
+    // Only newer engines may be asked this before they are started.
+    return v8::Isolate::TryGetCurrent() != nullptr;
 }
 
 void leaveWebAssemblyOut() {

@@ -23,7 +23,8 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 constexpr bool kCrashesBeyondStackLimit = V8_MAJOR_VERSION >= 13;
 
 /// Whether the application has started V8 in this process by itself. Starting it a second time
-/// ends the process, and V8 has no public question for it.
+/// ends the process, and V8 has no public question for it. Newer engines tell it only where the
+/// application has entered an isolate on this thread.
 bool isV8Running();
 
 /// Before the engine starts. The limits do not see WebAssembly's memory, and formulas do not need

@@ -71,6 +71,7 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
     applyDeferred(context);
     if (script.compiled() == nullptr) {
         v8::HandleScope const handles(isolate());
+        v8::Context::Scope const entered(context);  // newer engines compile in the current one only
         WrappedSource const& source = script.source();
         v8::Local<v8::String> const text = toV8String(isolate(), source.text);
         v8::Local<v8::Script> compiled;

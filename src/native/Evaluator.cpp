@@ -142,10 +142,11 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                 bool const isKept = step.step == Step::keepIfThere
                                         ? !top->isNullish()
                                         : isTrue(*top) == (step.step == Step::keepIfTrue);
-                if (isKept)
+                if (isKept) {
                     at = first + step.operand;
-                else
+                } else {
                     --top;
+                }
                 break;
             }
         }

@@ -247,8 +247,8 @@ class ProgramMaker {
         for (Node const& node : expression_.nodes()) {
             if (node.kind == NodeKind::string) size += node.textLength;
         }
-        program_->texts_ = std::make_unique<char16_t[]>(size);
-        nextText_ = program_->texts_.get();
+        program_->texts_.resize(size);
+        nextText_ = program_->texts_.data();
     }
 
     std::u16string_view textOf(Node const& node) {

@@ -64,7 +64,7 @@ class Program {
     std::vector<Instruction> instructions_;
     std::vector<Value> constants_;
     std::vector<Function const*> functions_;
-    std::unique_ptr<char16_t[]> texts_;  // of the constants
+    std::vector<char16_t> texts_;  // of the constants
 };
 
 /// Evaluates formulas, with memory that stays from one to the next.

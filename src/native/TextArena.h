@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace kx {
@@ -22,7 +21,7 @@ class TextArena {
             used_ += size;
             return room;
         }
-        return more_.emplace_back(std::make_unique<char16_t[]>(size)).get();
+        return more_.emplace_back(size).data();
     }
 
     bool countWork(std::size_t units) {
@@ -41,7 +40,7 @@ class TextArena {
     std::array<char16_t, 2048> first_;
     std::size_t used_ = 0;
     std::size_t work_ = 0;
-    std::vector<std::unique_ptr<char16_t[]>> more_;
+    std::vector<std::vector<char16_t>> more_;
 };
 
 }  // namespace kx
