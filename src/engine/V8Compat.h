@@ -22,6 +22,10 @@ constexpr std::size_t kMostArrayElements = v8::TypedArray::kMaxLength;
 /// the stack that it was told.
 constexpr bool kCrashesBeyondStackLimit = V8_MAJOR_VERSION >= 13;
 
+/// Whether a process that has started the engine, and made no isolate, can be forked and the child
+/// can use the engine. Newer engines have pages then that a child does not get.
+constexpr bool kCanForkOnceStarted = V8_MAJOR_VERSION < 12;
+
 /// Whether the application has started V8 in this process by itself. Starting it a second time
 /// ends the process, and V8 has no public question for it. Newer engines tell it only where the
 /// application has entered an isolate on this thread.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/Engine.h"
+#include "engine/V8Compat.h"
 #include "host/InProcessHost.h"
 #include "worker/WorkerEnd.h"
 
@@ -20,10 +21,12 @@ std::u16string const kUntouched = u"\uffff";
 
 }  // namespace
 
-void FormulaService::prepareZygote() { startEngine(); }
+void FormulaService::prepareZygote() {
+    if (v8compat::kCanForkOnceStarted) startEngine();
+}
 
 void FormulaService::prepareWorker() {
-    // The zygote has started the engine and no more, so everything of it came along.
+    // The zygote has at most started the engine, and then everything of it came along.
     forkedChild = false;
     std::u16string ignored;
     // Calls like these end native evaluation for their host.
