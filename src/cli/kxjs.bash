@@ -3,14 +3,22 @@
 # Commands, options and their values come from the program's help, and names of functions from its
 # list. A change of the program needs no change here.
 
+# _kxjs_help PROGRAM [COMMAND]: the help, which newer versions of CLI11 lay out in another way, in
+# the older one's layout.
+_kxjs_help() {
+    "$1" ${2:+"$2"} --help 2>/dev/null |
+        sed -E 's/^OPTIONS:/Options:/; s/^SUBCOMMANDS:/Subcommands:/; s/^ +(-[^ ,]+), +-/  \1,-/
+            s/^ {3,12}-/  -/'
+}
+
 # _kxjs_commands PROGRAM
 _kxjs_commands() {
-    "$1" --help 2>/dev/null | sed -n '/^Subcommands:/,/^$/s/^  \([a-z][a-z-]*\) .*/\1/p'
+    _kxjs_help "$1" | sed -n '/^Subcommands:/,/^$/s/^  \([a-z][a-z-]*\) .*/\1/p'
 }
 
 # _kxjs_options PROGRAM [COMMAND]: lines such as "-h,--help" and "-o FILE".
 _kxjs_options() {
-    "$1" ${2:+"$2"} --help 2>/dev/null |
+    _kxjs_help "$@" |
         sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\( [A-Z][A-Za-z.=_-]*\)\{0,1\}\)\( .*\)\{0,1\}$/\1/p'
 }
 

@@ -76,11 +76,11 @@ INSTANTIATE_TEST_SUITE_P(
              "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected token '||'\n"
              "A && || A\n"
              "     ^^\n"},
-        Case{
-            "word_made_by_the_conversion", "PRINT(A) A",
-            "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected identifier 'Math'\n"
-            "PR Math.floor(A) A\n"
-            "   ^^^^\n"}),
+        Case{"word_made_by_the_conversion", "PRINT(A) A",
+             "Error in line: 1 of the formula's JavaScript\nSyntaxError: Unexpected identifier "
+             "'Math'\n"
+             "PR Math.floor(A) A\n"
+             "   ^^^^\n"}),
     [](auto const& info) { return std::string(info.param.name); });
 
 }  // namespace

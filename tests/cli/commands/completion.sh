@@ -44,7 +44,7 @@ offers() {
 }
 
 # All commands of the program, and no others.
-expect "$("$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' |
+expect "$(_kxjs_help "$program" | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' |
     LC_ALL=C sort | paste -sd '|')" ""
 expect "convert" con
 expect "--version" --v

@@ -7,14 +7,21 @@ set -euo pipefail
 program=$1
 page=$2
 
+# help COMMAND...: the program's, in one layout for all versions of CLI11.
+help() {
+    "$program" "$@" --help |
+        sed -E 's/^OPTIONS:/Options:/; s/^SUBCOMMANDS:/Subcommands:/; s/^ +(-[^ ,]+), +-/  \1,-/
+            s/^ {3,12}-/  -/'
+}
+
 # options COMMAND...: the options in the program's help, without --help, which every command has.
 options() {
-    "$program" "$@" --help | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\).*/\1/p' | tr , '\n' |
+    help "$@" | sed -n '/^Options:/,/^$/s/^  \(-[^ ]*\).*/\1/p' | tr , '\n' |
         grep -vxE -e '-h|--help' || true
 }
 
 # commands: the commands in the program's help.
-commands() { "$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'; }
+commands() { help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'; }
 
 # section NAME: the lines of the page below the heading.
 section() {
