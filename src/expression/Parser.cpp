@@ -14,14 +14,10 @@
 
 namespace kx {
 
-namespace {
-
-constexpr std::size_t kLongestSource = 65535;
-
-}  // namespace
-
 class Parser {
   public:
+    static constexpr std::size_t kLongestSource = 65535;
+
     explicit Parser(std::u16string_view source) : scanner_(source) {}
 
     std::variant<Expression, Refusal> run() {
@@ -394,7 +390,7 @@ class Parser {
 };
 
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source) {
-    if (source.size() > kLongestSource) return Refusal{Refusal::Reason::tooComplex, {0, 1}};
+    if (source.size() > Parser::kLongestSource) return Refusal{Refusal::Reason::tooComplex, {0, 1}};
     return Parser(source).run();
 }
 
