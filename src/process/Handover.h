@@ -13,8 +13,8 @@ namespace kx {
 /// Messages between application and zygote, over sequenced sockets. One message is one packet.
 
 /// An application asks the zygote for a worker. A descriptor of memory comes with the request where
-/// the worker is to have more than a channel in common with the application: a worker in its sandbox
-/// cannot map it any more.
+/// the worker is to have more than a channel in common with the application: a worker in its
+/// sandbox cannot map it any more.
 struct WorkerRequest {
     std::uint64_t sharedMemory = 0;  ///< bytes of that memory; 0 for none
 };
