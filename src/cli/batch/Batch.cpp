@@ -15,9 +15,9 @@
 #include "cli/io/MessageText.h"
 #include "cli/io/Output.h"
 #include "cli/io/ProgressLine.h"
-#include "text/Utf8.h"
 #include "columns/KxJsColumns.h"
 #include "host/KxJsParser.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

@@ -7,10 +7,10 @@
 #include "cli/formula/ValueText.h"
 #include "cli/io/Errors.h"
 #include "cli/io/MessageText.h"
-#include "text/Utf8.h"
 #include "host/KxJsVariable.h"
 #include "text/NameUnits.h"
 #include "text/ReservedWords.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

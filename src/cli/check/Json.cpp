@@ -1,8 +1,8 @@
 #include "cli/check/Json.h"
 
 #include "cli/check/Summary.h"
-#include "text/Utf8.h"
 #include "text/Surrogates.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

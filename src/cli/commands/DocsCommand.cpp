@@ -9,8 +9,8 @@
 #include "cli/commands/DocsIndex.h"
 #include "cli/io/AtomicFile.h"
 #include "cli/io/Output.h"
-#include "text/Utf8.h"
 #include "host/KxJsParser.h"
+#include "text/Utf8.h"
 #include "translate/KxJsTranslator.h"
 
 namespace kx {

@@ -14,8 +14,8 @@
 #include "cli/formula/FormulaSource.h"
 #include "cli/formula/VariableOption.h"
 #include "cli/io/Output.h"
-#include "text/Utf8.h"
 #include "host/KxJsParser.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "cli/formula/TypedPlace.h"
 #include "cli/io/DisplayWidth.h"
-#include "text/Utf8.h"
 #include "text/LineEnd.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

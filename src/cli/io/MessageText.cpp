@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <string_view>
 
-#include "text/Utf8.h"
 #include "text/LineEnd.h"
 #include "text/Surrogates.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

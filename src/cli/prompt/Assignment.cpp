@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "cli/formula/VariableOption.h"
-#include "text/Utf8.h"
 #include "text/NameUnits.h"
+#include "text/Utf8.h"
 #include "text/WhiteSpace.h"
 
 namespace kx {

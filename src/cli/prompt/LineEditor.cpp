@@ -12,8 +12,8 @@
 #include "cli/io/Errors.h"
 #include "cli/io/Output.h"
 #include "cli/io/Terminal.h"
-#include "text/Utf8.h"
 #include "text/Surrogates.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

@@ -6,12 +6,12 @@
 
 #include "cli/formula/FormulaSource.h"
 #include "cli/io/Output.h"
-#include "text/Utf8.h"
 #include "cli/prompt/HistoryFile.h"
 #include "cli/prompt/InterruptWatch.h"
 #include "cli/prompt/LineEditor.h"
 #include "cli/prompt/NameCompletion.h"
 #include "cli/prompt/ReplSession.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {

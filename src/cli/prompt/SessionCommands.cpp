@@ -5,8 +5,8 @@
 #include "cli/formula/FailureReport.h"
 #include "cli/formula/FunctionHelp.h"
 #include "cli/io/Output.h"
-#include "text/Utf8.h"
 #include "cli/prompt/ReplSession.h"
+#include "text/Utf8.h"
 
 namespace kx {
 namespace {
