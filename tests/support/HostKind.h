@@ -25,6 +25,6 @@ inline KxJsIsolation testIsolation() {
 }
 
 /// A host of the kind that is tested.
-inline KxJsParser makeHost() {
-    return areHostsIsolated() ? KxJsParser(testIsolation()) : KxJsParser();
+inline KxJsParser makeHost(KxJsIsolation const& isolation = testIsolation()) {
+    return areHostsIsolated() ? KxJsParser(isolation) : KxJsParser();
 }
