@@ -69,6 +69,7 @@ class Patcher {
         bool const isEmpty = skipBlanks(at + 1) == close;
         std::size_t const behind = skipBlanks(close + 1);
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
+        if (isTargetInParentheses(at, behind)) return false;
         bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
         if (isAssigned) return (isEmpty || holdsTargets(at + 1, close)) && patchPattern(at, close);
         if (isEmpty && close == at + 1) {
@@ -79,6 +80,21 @@ class Patcher {
             if (isEmpty) text_[at + 1] = u'0';
         }
         return isOther_ = true;
+    }
+
+    /// "([A])=B": a pattern has no parentheses around it.
+    bool isTargetInParentheses(std::size_t first, std::size_t behind) const {
+        bool isInside = false;
+        for (;;) {
+            std::size_t const open = before(first);
+            bool const isGroup = unitAt(behind) == u')' && open != std::u16string::npos &&
+                                 text_[open] == u'(' && nameBefore(open) == open;
+            if (!isGroup) break;
+            isInside = true;
+            first = open;
+            behind = skipBlanks(behind + 1);
+        }
+        return isInside && unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
     }
 
     /// Brackets inside texts are none.
@@ -99,10 +115,11 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// Behind a name, or in front of one.
+    /// Behind a name, in parentheses perhaps, or in front of one.
     bool patchIncrement(std::size_t at) {
         if (at + 1 >= text_.size()) return false;
-        std::size_t const left = before(at);
+        std::size_t left = before(at);
+        while (left != std::u16string::npos && isNameInParentheses(left)) left = before(left);
         bool const isBehind =
             left != std::u16string::npos && ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
                                              callBefore(left) != std::u16string::npos);
@@ -115,6 +132,16 @@ class Patcher {
         text_[at] = u' ';
         text_[at + 1] = u' ';
         return isOther_ = true;
+    }
+
+    bool isNameInParentheses(std::size_t close) const {
+        std::size_t const open = opening(close);
+        if (open == std::u16string::npos || nameBefore(open) < open) return false;
+        std::size_t const last = before(close);
+        std::size_t const first = skipBlanks(open + 1);
+        return text_[last] == u')'
+                   ? isNameInParentheses(last)
+                   : mayBeNameStart(text_[first]) && first + nameLength(first) == last + 1;
     }
 
     bool isBehindName(std::size_t last) const {
@@ -145,7 +172,9 @@ class Patcher {
         }
         constexpr double kMostDigits = 1e15;
         bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
-        if (!isNumber || (isOctal && unitAt(end) == u'.')) return false;
+        // "007.or" is a property, 007.5 nothing.
+        bool const isObject = isOctal && unitAt(end) == u'.';
+        if (!isNumber || (isObject && !mayBeNameStart(unitAt(end + 1)))) return false;
         std::u16string decimal;
         if (isOctal) {
             std::string const digits = std::to_string(static_cast<std::int64_t>(value));
@@ -155,6 +184,7 @@ class Patcher {
             while (first + 1 < end && text_[first] == u'0') ++first;
             decimal = text_.substr(first, end - first);
         }
+        if (isObject) decimal = u'(' + decimal + u')';
         text_.replace(at, end - at, decimal);
         return true;
     }
