@@ -270,17 +270,44 @@ class Patcher {
         for (;;) {
             std::size_t const open = opening(close);
             if (open == std::u16string::npos) return open;
-            std::size_t const start = nameBefore(open);
+            bool const isCall = nameBefore(open) < open;
+            std::size_t const start = isCall ? chainBefore(before(open)) : open;
             if (inside != std::u16string::npos && start != inside) return std::u16string::npos;
             if (inside == std::u16string::npos) first = start;
-            if (start < open) {
-                bool const isCall =
-                    !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
-                return isCall ? first : std::u16string::npos;
-            }
+            if (isCall) return start == std::u16string::npos ? start : first;
             inside = skipBlanks(open + 1);
             close = before(close);
         }
+    }
+
+    /// Where the names, calls and points begin the last unit of which is at `last`, as those of
+    /// "(A==B).AND.LEN"; npos where JavaScript has no such chain.
+    std::size_t chainBefore(std::size_t last) const {
+        while (last != std::u16string::npos) {
+            std::size_t start = last + 1;
+            bool const isClosed = text_[last] == u')';
+            if (isClosed) {
+                start = opening(last);
+                if (start == std::u16string::npos) return start;
+                // The name that is called.
+                std::size_t const left = before(start);
+                if (left != std::u16string::npos && mayBeNamePart(text_[left])) start = left + 1;
+            }
+            std::size_t const end = start;
+            while (start > 0 && mayBeNamePart(text_[start - 1])) --start;
+            bool const isNamed = start < end;
+            if (!isNamed && !isClosed) break;
+            std::size_t const point = before(start);
+            if (point != std::u16string::npos && text_[point] == u'.') {
+                last = before(point);
+                continue;
+            }
+            bool const isName =
+                isNamed && mayBeNameStart(text_[start]) &&
+                !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
+            return isName || !isNamed ? start : std::u16string::npos;
+        }
+        return std::u16string::npos;
     }
 
     /// "F(A,)": a comma may end the arguments.

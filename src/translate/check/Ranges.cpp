@@ -106,6 +106,7 @@ bool keepsArguments(Tree const& tree, Node const& call) {
     if (call.callee != Callee::language || call.childCount == 0) return true;
     std::u16string_view const function = call.function->row.name;
     if (function == u"ASC") return textLength(tree, tree.child(call, 0)).least > 0;
+    if (function == u"OCCURS") return textLength(tree, tree.child(call, 0)).most > 0;
     if (function == u"CHR") {
         NumberRange const code = numberRange(tree, tree.child(call, 0));
         return code.least > -1 && code.most < kByteValues;
