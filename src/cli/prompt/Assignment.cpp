@@ -44,7 +44,7 @@ std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
         return KxJsVariable(name, value.substr(1, value.size() - 2));
     }
     KxJsVariable const guessed =
-        parseVariable(VariableOption::GUESS, utf8FromUtf16(name) + "=" + utf8FromUtf16(value));
+        parseVariable(VariableOption::guessed, utf8FromUtf16(name) + "=" + utf8FromUtf16(value));
     if (guessed.getType() == KxJsVariable::TYPE_OF_VAR_STRING) return std::nullopt;
     return guessed;
 }
