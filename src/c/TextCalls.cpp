@@ -152,8 +152,8 @@ kxjs_status kxjs_texts_utf16(kxjs_texts* texts, uint16_t const** data, size_t co
     return guarded([&] { return give(object<Texts>(texts).utf16(), data, offsets, count); });
 }
 
-kxjs_status kxjs_texts_separated_utf16(kxjs_texts* texts, uint16_t separator,
-                                       uint16_t const** data, size_t* length) {
+kxjs_status kxjs_texts_separated_utf16(kxjs_texts* texts, uint16_t separator, uint16_t const** data,
+                                       size_t* length) {
     return guarded([&] {
         std::u16string const* const text = object<Texts>(texts).separated(separator);
         require(text != nullptr, KXJS_REFUSED);
