@@ -34,10 +34,9 @@
 /// Structures that may grow begin with `struct_size`: set it to sizeof, in both directions.
 ///
 /// Threads: a host, its variables and its columns are used on the thread that made the host, or
-/// KXJS_WRONG_THREAD comes back. Two functions may be called anywhere: kxjs_host_terminate() and
-/// the
-/// `_free` functions. Other objects may be used on any thread, by one at a time. Functions without
-/// a handle may be called on any thread at any time.
+/// KXJS_WRONG_THREAD comes back. kxjs_host_terminate() and the `_free` functions may be called
+/// on any thread. Other objects may be used on any thread, by one at a time. Functions without a
+/// handle may be called on any thread at any time.
 #ifndef KXJSPARSER_H
 #define KXJSPARSER_H
 

@@ -56,10 +56,15 @@ class KXJS_API KxJsColumns {
     class KXJS_API SharedText {
       public:
         SharedText() = default;
+        /// Takes over `text`.
         explicit SharedText(std::u16string text);
 
+        /// The text, for as long as this copy or another lives.
+        /// @{
         std::u16string const& str() const;
         operator std::u16string const&() const { return str(); }
+        /// @}
+        /// Whether the text has no units.
         bool empty() const { return str().empty(); }
         friend bool operator==(SharedText const& one, std::u16string_view other) {
             return one.str() == other;

@@ -43,12 +43,15 @@ class KxJsFunction;
 /// Threads: there is no state. Any number of threads may convert at the same time.
 class KXJS_API Converter {
   public:
+    /// Converters have no state, so all are alike.
+    /// @{
     Converter() = default;
     Converter(Converter const&) = default;
     Converter(Converter&&) = default;
     Converter& operator=(Converter const&) = default;
     Converter& operator=(Converter&&) = default;
     ~Converter() = default;
+    /// @}
 
     /// Returns the JavaScript text for `formula`, which is UTF-16 and ends at its first zero unit.
     /// A null pointer counts as an empty formula. The caller keeps the formula and owns the result.

@@ -29,8 +29,8 @@ struct KxJsFailure {
         bool isInSource = false;  ///< whether that text is the caller's source
     };
 
-    Kind kind = Kind::RUN_ERROR;
-    std::u16string message;  ///< the exception's text, as in the error text
+    Kind kind = Kind::RUN_ERROR;  ///< the step that failed
+    std::u16string message;       ///< the exception's text, as in the error text
 
     std::int32_t line = 0;       ///< in the caller's source, from 1; 0 where no place is known
     std::int32_t column = 0;     ///< of the mistake's begin, from 1, in UTF-16 code units; or 0

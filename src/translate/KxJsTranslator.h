@@ -69,9 +69,9 @@ class KXJS_API KxJsTranslator {
     /// Something that stands against a translation.
     struct Finding {
         std::u16string code;  ///< "SYNTAX", or a name such as "MACRO"; docs/translation.md has all
-        std::size_t position = 0;  ///< from the formula's start
-        std::size_t length = 0;
-        std::u16string text;  ///< what is wrong, or was expected; in English
+        std::size_t position = 0;  ///< from the formula's start, in UTF-16 code units
+        std::size_t length = 0;    ///< in UTF-16 code units
+        std::u16string text;       ///< what is wrong, or was expected; in English
     };
 
     /// A formula's translation.
@@ -95,22 +95,22 @@ class KXJS_API KxJsTranslator {
     /// One thing that the exact conversion does to a formula, or may do.
     struct Damage {
         std::u16string code;       ///< a name such as "EQUALS_ASSIGNS"; docs/translation.md has all
-        std::size_t position = 0;  ///< from the formula's start
-        std::size_t length = 0;
-        std::u16string text;        ///< what happens, and what was meant; in English
+        std::size_t position = 0;  ///< from the formula's start, in UTF-16 code units
+        std::size_t length = 0;    ///< in UTF-16 code units
+        std::u16string text;       ///< what happens, and what was meant; in English
         std::u16string javaScript;  ///< what the conversion makes of the part
         /// What to write instead of the formula's part from `rewritePosition` on, so that the
         /// conversion keeps the meaning; empty where nothing is known to.
         std::u16string rewrite;
-        std::size_t rewritePosition = 0;
-        std::size_t rewriteLength = 0;
+        std::size_t rewritePosition = 0;  ///< from the formula's start, in UTF-16 code units
+        std::size_t rewriteLength = 0;    ///< in UTF-16 code units
     };
 
     /// What check() found.
     struct Check {
-        Verdict verdict = Verdict::SAME;
-        std::u16string javaScript;    ///< as Converter gives it
-        std::vector<Damage> damages;  ///< in order; one of the code "SYNTAX" for no formula
+        Verdict verdict = Verdict::SAME;  ///< the worst that was found
+        std::u16string javaScript;        ///< as Converter gives it
+        std::vector<Damage> damages;      ///< in order; one of the code "SYNTAX" for no formula
         /// The whole formula as it may be written for the exact conversion; empty where nothing is
         /// known to keep its meaning, and where it is good as it is.
         std::u16string rewrite;
@@ -120,10 +120,13 @@ class KXJS_API KxJsTranslator {
     KxJsTranslator();
     /// Throws std::invalid_argument for a date format without year, month and day, each once.
     explicit KxJsTranslator(Options const& options);
+    /// Copies share what they need; a translator that was moved from may be assigned and ended.
+    /// @{
     KxJsTranslator(KxJsTranslator const&);
     KxJsTranslator(KxJsTranslator&&) noexcept;
     KxJsTranslator& operator=(KxJsTranslator const&);
     KxJsTranslator& operator=(KxJsTranslator&&) noexcept;
+    /// @}
     ~KxJsTranslator();
 
     /// The JavaScript of `formula`, or why there is none: it is no formula, or contains what is

@@ -1,5 +1,7 @@
 #include "Trial.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <utility>
 
@@ -58,6 +60,10 @@ bool works(KxJsParser& host, std::string const& what) {
 
 KxJsIsolation isolationFor(HostileScript const& script) {
     KxJsIsolation isolation = testIsolation();
+    if (script.memoryLimit) {
+        isolation.memoryLimit =
+            std::max(isolation.memoryLimit, std::uint64_t{4} * *script.memoryLimit);
+    }
     // A script that hangs must end by its time limit before it has used up the memory.
     if (script.hangsFor.count() > 0) isolation.grace = KxJsIsolation().grace;
     return isolation;
