@@ -3,6 +3,8 @@
 from __future__ import annotations
 
 import ctypes
+import math
+import operator
 from typing import Any
 
 from ._library import library
@@ -38,6 +40,20 @@ def utf16(text: str) -> tuple[bytes, int]:
     """A text as the two arguments that C takes. Lone surrogates pass both ways."""
     data = text.encode("utf-16-le", "surrogatepass")
     return data, len(data) // 2
+
+
+def whole(name: str, value: Any, bits: int, *, is_signed: bool = True) -> int:
+    """A whole number as C takes it. ctypes would cut one that does not fit."""
+    number = operator.index(value)
+    least = -(2 ** (bits - 1)) if is_signed else 0
+    if not least <= number < least + 2**bits:
+        raise ValueError(f"{name} is from {least} to {least + 2**bits - 1}, not {number}")
+    return number
+
+
+def milliseconds(name: str, seconds: float | None) -> int:
+    """A time limit as C takes it, rounded up; None is none."""
+    return whole(name, math.ceil((seconds or 0) * 1000), 64)
 
 
 def code_points(text: str, units: int) -> int:

@@ -151,7 +151,8 @@ def test_settings_of_wrong_types():
 
 
 @pytest.mark.parametrize(
-    "settings", [{"timeout": -1}, {"timeout": float("nan")}, {"memory_limit": -1}]
+    "settings",
+    [{"timeout": -1}, {"timeout": float("nan")}, {"timeout": 1e300}, {"memory_limit": -1}],
 )
 def test_settings_outside_of_what_is_allowed(settings):
     with pytest.raises((KxJsError, ValueError)):

@@ -57,7 +57,9 @@ def test_translations_follow_the_settings():
     [
         ({"date_format": "nonsense"}, ValueError),
         ({"variables": {"A": list}}, KeyError),
-        ({"epoch": "1900"}, Exception),
+        ({"epoch": "1900"}, TypeError),
+        ({"epoch": 2**31}, ValueError),
+        ({"epoch": -(2**31) - 1}, ValueError),
     ],
 )
 def test_wrong_settings(settings, exception):
