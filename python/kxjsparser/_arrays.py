@@ -22,6 +22,8 @@ class Values(NamedTuple):
 def values_of(name: str, given: Any) -> Values:
     """The values of a column, without a copy where they are as C reads them."""
     array = _array(given)
+    if isinstance(given, numpy.ma.MaskedArray) and given.mask.any():
+        raise TypeError(f"the column {name} has masked values")
     if array.ndim != 1:
         raise ValueError(f"the column {name} has {array.ndim} dimensions, not 1")
     kind, size = array.dtype.kind, array.dtype.itemsize

@@ -5,7 +5,7 @@ from __future__ import annotations
 import ctypes
 import math
 import operator
-from typing import Any
+from typing import Any, NoReturn
 
 from ._library import library
 from .errors import KxJsError, WrongThreadError
@@ -38,6 +38,8 @@ def ensure(status: int) -> None:
 
 def utf16(text: str) -> tuple[bytes, int]:
     """A text as the two arguments that C takes. Lone surrogates pass both ways."""
+    if not isinstance(text, str):
+        raise TypeError(f"a text is a str, not {type(text).__name__}")
     data = text.encode("utf-16-le", "surrogatepass")
     return data, len(data) // 2
 
@@ -77,6 +79,10 @@ class Handle:
     def address(self) -> Any:
         """Where C stores the handle."""
         return ctypes.byref(self._as_parameter_)
+
+    def __reduce_ex__(self, _: Any) -> NoReturn:
+        # A copy would free the same handle.
+        raise TypeError(f"a {type(self).__name__} can neither be copied nor pickled")
 
     def free(self) -> None:
         handle, self._as_parameter_ = self._as_parameter_, ctypes.c_void_p()

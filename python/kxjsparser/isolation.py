@@ -61,8 +61,8 @@ class Isolation:
         if self.grace is not None:
             structure.grace_ms = milliseconds("grace", self.grace)
         if self.worker is not None:
-            structure.worker = os.fsencode(self.worker)
-            structure.worker_length = len(structure.worker)
+            path = os.fsencode(self.worker)
+            structure.worker, structure.worker_length = path, len(path)
         structure.required_sandbox |= whole(
             "required_sandbox", self.required_sandbox, 32, is_signed=False
         )

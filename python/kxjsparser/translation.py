@@ -110,7 +110,11 @@ class Translator:
         strict: bool = False,
     ) -> None:
         handle = self._handle = Handle("translator")
+        if isinstance(functions, str):
+            raise TypeError("functions are names, not one str")
         for name, kind in (variables or {}).items():
+            if kind not in _KINDS:
+                raise TypeError(f"the type of {name} is str, float, bool or None, not {kind!r}")
             ensure(
                 library.kxjs_translator_add_variable_utf16(handle, *utf16(name), _KINDS[kind])
             )

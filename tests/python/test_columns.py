@@ -141,6 +141,7 @@ def test_a_column_that_is_missing_is_an_error(host):
         ({"A": numpy.zeros(1, dtype="M8[s]"), "B": [1]}, TypeError, "A has datetime64"),
         ({"A": numpy.zeros(1, dtype=numpy.longdouble), "B": [1]}, TypeError, "A has"),
         ({"A": [2**53 + 1], "B": [1]}, OverflowError, "A has numbers beyond"),
+        ({"A": numpy.ma.array([1, 2], mask=[False, True]), "B": [1, 2]}, TypeError, "A has masked"),
         ({}, ValueError, "no columns"),
     ],
 )

@@ -37,6 +37,11 @@ def test_settings():
         assert host.evaluate("1+1") == "2"
 
 
+def test_a_worker_whose_path_has_a_zero():
+    with pytest.raises(KxJsError):
+        Host(isolated=Isolation(worker=b"\0"))
+
+
 def test_a_worker_that_is_not_there():
     with pytest.raises(KxJsError, match="/nowhere/kxjs-worker"):
         Host(isolated=Isolation(worker="/nowhere/kxjs-worker"))

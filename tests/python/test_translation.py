@@ -56,7 +56,8 @@ def test_translations_follow_the_settings():
     ("settings", "exception"),
     [
         ({"date_format": "nonsense"}, ValueError),
-        ({"variables": {"A": list}}, KeyError),
+        ({"variables": {"A": list}}, TypeError),
+        ({"functions": "OWN"}, TypeError),
         ({"epoch": "1900"}, TypeError),
         ({"epoch": 2**31}, ValueError),
         ({"epoch": -(2**31) - 1}, ValueError),
