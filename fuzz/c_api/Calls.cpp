@@ -14,40 +14,40 @@ void create(Machine& machine, Step const& step) {
         case 0: {
             kxjs_text* made = nullptr;
             status = kxjs_text_create(&made);
-            return machine.keep(step.a, Kind::TEXT, status, made);
+            return machine.keep(step.a, Kind::text, status, made);
         }
         case 1: {
             kxjs_texts* made = nullptr;
             status = kxjs_texts_create(&made);
-            return machine.keep(step.a, Kind::TEXTS, status, made);
+            return machine.keep(step.a, Kind::texts, status, made);
         }
         case 2: {
             kxjs_variable* made = nullptr;
             status = kxjs_variable_create(step.text.data(), step.text.size(), &made);
             machine.check(status, {});
-            return machine.keep(step.a, Kind::VARIABLE, status, made);
+            return machine.keep(step.a, Kind::variable, status, made);
         }
         case 3: {
             kxjs_columns* made = nullptr;
             status = kxjs_columns_create(machine.handle<kxjs_host>(step.b), &made);
-            machine.check(status, {{step.b, Kind::HOST}});
-            return machine.keep(step.a, Kind::COLUMNS, status, made);
+            machine.check(status, {{step.b, Kind::host}});
+            return machine.keep(step.a, Kind::columns, status, made);
         }
         case 4: {
             kxjs_translator* made = nullptr;
             status = kxjs_translator_create(&made);
-            return machine.keep(step.a, Kind::TRANSLATOR, status, made);
+            return machine.keep(step.a, Kind::translator, status, made);
         }
         case 5: {
             kxjs_findings* made = nullptr;
             status = kxjs_findings_create(&made);
-            return machine.keep(step.a, Kind::FINDINGS, status, made);
+            return machine.keep(step.a, Kind::findings, status, made);
         }
         default: {
             kxjs_functions* made = nullptr;
             status = kxjs_functions_create(static_cast<std::int32_t>(step.c) - 1, &made);
             machine.check(status, {});
-            return machine.keep(step.a, Kind::FUNCTIONS, status, made);
+            return machine.keep(step.a, Kind::functions, status, made);
         }
     }
 }
@@ -58,16 +58,16 @@ void readText(Machine& machine, Step const& step) {
     std::uint16_t const* units = nullptr;
     std::size_t length = 0;
     kxjs_status const status = kxjs_text_utf8(text, &data, &length);
-    machine.check(status, {{step.a, Kind::TEXT}});
+    machine.check(status, {{step.a, Kind::text}});
     if (status != KXJS_OK) return;
     check(std::memchr(data, 0, length + 1) != nullptr && data[length] == '\0', "a text's end");
-    machine.check(kxjs_text_utf16(text, &units, &length), {{step.a, Kind::TEXT}});
+    machine.check(kxjs_text_utf16(text, &units, &length), {{step.a, Kind::text}});
     check(std::all_of(units, units + length, [](auto unit) { return unit <= 0xFFFF; }), "units");
 }
 
 void useList(Machine& machine, Step const& step) {
     auto* const list = machine.handle<kxjs_texts>(step.a);
-    Machine::Use const first{step.a, Kind::TEXTS};
+    Machine::Use const first{step.a, Kind::texts};
     auto const units = unitsOf(step);
     std::size_t const half = step.text.size() / 2;
     std::array<std::size_t, 4> const offsets{step.choice == 9 ? step.text.size() : 0, half, half,
@@ -108,7 +108,7 @@ void useList(Machine& machine, Step const& step) {
 void useVariable(Machine& machine, Step const& step) {
     auto* const variable = machine.handle<kxjs_variable>(step.a);
     auto* const text = machine.handle<kxjs_text>(step.b);
-    Machine::Use const first{step.a, Kind::VARIABLE};
+    Machine::Use const first{step.a, Kind::variable};
     std::int32_t number = 0;
     switch (step.choice % 6) {
         case 0:
@@ -121,7 +121,7 @@ void useVariable(Machine& machine, Step const& step) {
             return machine.check(kxjs_variable_type(variable, &number), {first});
         case 3:
             return machine.check(kxjs_variable_to_text(variable, text),
-                                 {first, {step.b, Kind::TEXT}});
+                                 {first, {step.b, Kind::text}});
         default:
             return machine.check(kxjs_variable_set_double(variable, 1e300), {first});
     }
@@ -131,7 +131,7 @@ void useTranslator(Machine& machine, Step const& step) {
     auto* const translator = machine.handle<kxjs_translator>(step.a);
     auto* const text = machine.handle<kxjs_text>(step.b);
     auto* const findings = machine.handle<kxjs_findings>(step.c);
-    Machine::Use const first{step.a, Kind::TRANSLATOR};
+    Machine::Use const first{step.a, Kind::translator};
     char const* const data = step.text.data();
     std::size_t const length = lengthOf(step, step.text.size());
     std::int32_t verdict = 0;
@@ -148,17 +148,17 @@ void useTranslator(Machine& machine, Step const& step) {
         case 3:
             return machine.check(
                 kxjs_translator_check(translator, data, length, &verdict, text, text, findings),
-                {first, {step.b, Kind::TEXT, true}, {step.c, Kind::FINDINGS, true}});
+                {first, {step.b, Kind::text, true}, {step.c, Kind::findings, true}});
         default:
             return machine.check(
                 kxjs_translator_translate(translator, data, length, text, findings, nullptr),
-                {first, {step.b, Kind::TEXT, true}, {step.c, Kind::FINDINGS, true}});
+                {first, {step.b, Kind::text, true}, {step.c, Kind::findings, true}});
     }
 }
 
 void useFunctions(Machine& machine, Step const& step) {
     auto* const functions = machine.handle<kxjs_functions>(step.a);
-    Machine::Use const first{step.a, Kind::FUNCTIONS};
+    Machine::Use const first{step.a, Kind::functions};
     char const* const data = step.text.data();
     std::size_t const length = lengthOf(step, step.text.size());
     std::size_t index = step.c;
@@ -178,7 +178,7 @@ void useFunctions(Machine& machine, Step const& step) {
             return machine.check(
                 kxjs_functions_text(functions, index, static_cast<std::int32_t>(step.choice),
                                     machine.handle<kxjs_text>(step.b)),
-                {first, {step.b, Kind::TEXT}});
+                {first, {step.b, Kind::text}});
     }
 }
 
@@ -209,22 +209,22 @@ bool runOtherCall(Machine& machine, Step const& step) {
             machine.check(
                 kxjs_findings_get(machine.handle<kxjs_findings>(step.a), step.c, &finding,
                                   machine.handle<kxjs_text>(step.b), nullptr, nullptr, nullptr),
-                {{step.a, Kind::FINDINGS}, {step.b, Kind::TEXT, true}});
+                {{step.a, Kind::findings}, {step.b, Kind::text, true}});
             return true;
         case 'C':
             useFunctions(machine, step);
             return true;
         case 'k':
-            machine.check(kxjs_convert(step.text.data(), length, text), {{step.a, Kind::TEXT}});
+            machine.check(kxjs_convert(step.text.data(), length, text), {{step.a, Kind::text}});
             return true;
         case 'D':
             machine.check(
                 kxjs_extract(step.text.data(), length, 50, nullptr,
                              machine.handle<kxjs_texts>(step.a), machine.handle<kxjs_text>(step.b)),
-                {{step.a, Kind::TEXTS}, {step.b, Kind::TEXT, true}});
+                {{step.a, Kind::texts}, {step.b, Kind::text, true}});
             return true;
         case 'R':
-            machine.check(kxjs_run_time_part(text), {{step.a, Kind::TEXT}});
+            machine.check(kxjs_run_time_part(text), {{step.a, Kind::text}});
             return true;
         default:
             return false;

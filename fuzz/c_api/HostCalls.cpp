@@ -31,7 +31,7 @@ void createHost(Machine& machine, Step const& step) {
     kxjs_host* host = nullptr;
     kxjs_status const status = kxjs_host_create(&host);
     machine.check(status, {});
-    machine.keep(step.a, Kind::HOST, status, host);
+    machine.keep(step.a, Kind::host, status, host);
     check(kxjs_host_set_time_limit(host, kTimeLimit) == KXJS_OK, "a time limit");
     check(kxjs_host_set_memory_limit(host, kMemoryLimit) == KXJS_OK, "a memory limit");
     ++machine.hosts;
@@ -48,31 +48,31 @@ void setVariable(Machine& machine, Step const& step) {
     switch (step.choice % 10) {
         case 0:
             return machine.check(kxjs_host_set_int32(host, key.data(), length, 7),
-                                 {{step.a, Kind::HOST}});
+                                 {{step.a, Kind::host}});
         case 1:
             return machine.check(kxjs_host_set_double(host, key.data(), length, 0.5),
-                                 {{step.a, Kind::HOST}});
+                                 {{step.a, Kind::host}});
         case 2:
             return machine.check(kxjs_host_set_bool(host, key.data(), length, 5),
-                                 {{step.a, Kind::HOST}});
+                                 {{step.a, Kind::host}});
         case 3:
             return machine.check(kxjs_host_set_int32_utf16(host, units.data(), sign, 7),
-                                 {{step.a, Kind::HOST}});
+                                 {{step.a, Kind::host}});
         case 4:
             return machine.check(kxjs_host_variable_type(host, key.data(), length, &type),
-                                 {{step.a, Kind::HOST}});
+                                 {{step.a, Kind::host}});
         case 5:
             return machine.check(
                 kxjs_host_set_text_utf16(host, units.data(), sign, units.data(), units.size()),
-                {{step.a, Kind::HOST}});
+                {{step.a, Kind::host}});
         case 6:
             return machine.check(
                 kxjs_host_set_variable(host, machine.handle<kxjs_variable>(step.b)),
-                {{step.a, Kind::HOST}, {step.b, Kind::VARIABLE}});
+                {{step.a, Kind::host}, {step.b, Kind::variable}});
         default:
             return machine.check(
                 kxjs_host_set_text(host, key.data(), key.size(), value.data(), value.size()),
-                {{step.a, Kind::HOST}});
+                {{step.a, Kind::host}});
     }
 }
 
@@ -80,9 +80,9 @@ void runFormula(Machine& machine, Step const& step) {
     auto* const host = machine.handle<kxjs_host>(step.a);
     auto* const result = machine.handle<kxjs_text>(step.b);
     auto* const error = machine.handle<kxjs_text>(step.c);
-    Machine::Use const first{step.a, Kind::HOST};
-    Machine::Use const second{step.b, Kind::TEXT, true};
-    Machine::Use const third{step.c, Kind::TEXT, true};
+    Machine::Use const first{step.a, Kind::host};
+    Machine::Use const second{step.b, Kind::text, true};
+    Machine::Use const third{step.c, Kind::text, true};
     auto const units = unitsOf(step);
     std::size_t const length = lengthOf(step, step.text.size());
     kxjs_status status = KXJS_OK;
@@ -119,15 +119,15 @@ void readFailure(Machine& machine, Step const& step) {
     Sized<kxjs_failure> failure;
     Sized<kxjs_frame> frame;
     machine.check(kxjs_host_failure(host, failure.get(step.choice), text, text),
-                  {{step.a, Kind::HOST}, {step.b, Kind::TEXT, true}});
+                  {{step.a, Kind::host}, {step.b, Kind::text, true}});
     machine.check(kxjs_host_failure_frame(host, static_cast<std::int32_t>(step.choice) - 1,
                                           frame.get(step.choice / 4), text),
-                  {{step.a, Kind::HOST}, {step.b, Kind::TEXT, true}});
+                  {{step.a, Kind::host}, {step.b, Kind::text, true}});
 }
 
 void bindColumn(Machine& machine, Step const& step) {
     auto* const columns = machine.handle<kxjs_columns>(step.a);
-    Machine::Use const first{step.a, Kind::COLUMNS};
+    Machine::Use const first{step.a, Kind::columns};
     char const* const name = step.text.data();
     std::size_t const length = lengthOf(step, step.text.size());
     std::size_t const count = Machine::kRecords - step.c;
@@ -153,15 +153,15 @@ void bindColumn(Machine& machine, Step const& step) {
         default:
             return machine.check(
                 kxjs_columns_bind_texts(columns, name, length, machine.handle<kxjs_texts>(step.b)),
-                {first, {step.b, Kind::TEXTS}});
+                {first, {step.b, Kind::texts}});
     }
 }
 
 void evaluateColumns(Machine& machine, Step const& step) {
     auto* const columns = machine.handle<kxjs_columns>(step.a);
     auto* const error = machine.handle<kxjs_text>(step.c);
-    Machine::Use const first{step.a, Kind::COLUMNS};
-    Machine::Use const third{step.c, Kind::TEXT, true};
+    Machine::Use const first{step.a, Kind::columns};
+    Machine::Use const third{step.c, Kind::text, true};
     std::size_t const count =
         step.choice == 15 ? ~std::size_t{0} : std::min(step.text.size() * 4, Machine::kRecords);
     std::size_t records = 0;
@@ -180,7 +180,7 @@ void evaluateColumns(Machine& machine, Step const& step) {
                 kxjs_columns_evaluate_bool(columns, machine.truths.data(), count, &records, error);
             break;
         default:
-            areAlive = areAlive && isErrorAlive && machine.areAlive({{step.b, Kind::TEXTS}});
+            areAlive = areAlive && isErrorAlive && machine.areAlive({{step.b, Kind::texts}});
             status =
                 kxjs_columns_evaluate_texts(columns, machine.handle<kxjs_texts>(step.b),
                                             std::min(count, Machine::kRecords), &records, error);
@@ -192,7 +192,7 @@ void evaluateColumns(Machine& machine, Step const& step) {
 void readColumnFailures(Machine& machine, Step const& step) {
     auto* const columns = machine.handle<kxjs_columns>(step.a);
     auto* const text = machine.handle<kxjs_text>(step.b);
-    Machine::Use const first{step.a, Kind::COLUMNS};
+    Machine::Use const first{step.a, Kind::columns};
     std::size_t count = 0;
     machine.check(kxjs_columns_failure_count(columns, &count), {first});
     check(count <= Machine::kRecords, "as many failures as records");
@@ -200,7 +200,7 @@ void readColumnFailures(Machine& machine, Step const& step) {
     machine.check(kxjs_columns_failure_records(columns, records.data(), count), {first});
     Sized<kxjs_column_failure> failure;
     machine.check(kxjs_columns_failure(columns, step.c, failure.get(step.choice), text, text),
-                  {first, {step.b, Kind::TEXT, true}});
+                  {first, {step.b, Kind::text, true}});
 }
 
 std::int32_t progress(void* context, std::size_t records) {
@@ -213,8 +213,8 @@ std::int32_t progress(void* context, std::size_t records) {
 bool runHostCall(Machine& machine, Step const& step) {
     auto* const host = machine.handle<kxjs_host>(step.a);
     auto* const columns = machine.handle<kxjs_columns>(step.a);
-    Machine::Use const isHost{step.a, Kind::HOST};
-    Machine::Use const areColumns{step.a, Kind::COLUMNS};
+    Machine::Use const isHost{step.a, Kind::host};
+    Machine::Use const areColumns{step.a, Kind::columns};
     switch (step.operation) {
         case 'H':
             createHost(machine, step);
@@ -255,7 +255,7 @@ bool runHostCall(Machine& machine, Step const& step) {
             machine.check(
                 kxjs_columns_compile(columns, step.text.data(), lengthOf(step, step.text.size()),
                                      machine.handle<kxjs_text>(step.b)),
-                {areColumns, {step.b, Kind::TEXT, true}});
+                {areColumns, {step.b, Kind::text, true}});
             return true;
         case 'u':
             evaluateColumns(machine, step);

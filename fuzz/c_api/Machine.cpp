@@ -18,19 +18,19 @@ std::size_t digit(char byte, std::size_t below) {
 
 kxjs_status freeAs(Kind kind, void* handle) {
     switch (kind) {
-        case Kind::TEXT:
+        case Kind::text:
             return kxjs_text_free(static_cast<kxjs_text*>(handle));
-        case Kind::TEXTS:
+        case Kind::texts:
             return kxjs_texts_free(static_cast<kxjs_texts*>(handle));
-        case Kind::HOST:
+        case Kind::host:
             return kxjs_host_free(static_cast<kxjs_host*>(handle));
-        case Kind::VARIABLE:
+        case Kind::variable:
             return kxjs_variable_free(static_cast<kxjs_variable*>(handle));
-        case Kind::COLUMNS:
+        case Kind::columns:
             return kxjs_columns_free(static_cast<kxjs_columns*>(handle));
-        case Kind::TRANSLATOR:
+        case Kind::translator:
             return kxjs_translator_free(static_cast<kxjs_translator*>(handle));
-        case Kind::FINDINGS:
+        case Kind::findings:
             return kxjs_findings_free(static_cast<kxjs_findings*>(handle));
         default:
             return kxjs_functions_free(static_cast<kxjs_functions*>(handle));
@@ -72,7 +72,7 @@ bool Machine::runNext() {
 }
 
 void Machine::release(Step const& step) {
-    Kind const kind = static_cast<Kind>(step.choice % static_cast<unsigned int>(Kind::COUNT));
+    Kind const kind = static_cast<Kind>(step.choice % static_cast<unsigned int>(Kind::count));
     std::uintptr_t const handle = slots_[step.a];
     bool const isIt = isAlive({step.a, kind});
     kxjs_status const status = freeAs(kind, handleOf<void>(handle));
@@ -83,7 +83,7 @@ void Machine::release(Step const& step) {
     } else if (status == KXJS_OK) {
         live_.erase(handle);
     } else {
-        fuzz::check(kind == Kind::COLUMNS && depth_ > 1 && status == KXJS_BUSY,
+        fuzz::check(kind == Kind::columns && depth_ > 1 && status == KXJS_BUSY,
                     "only columns that are evaluated cannot be freed");
     }
 }

@@ -14,7 +14,7 @@
 namespace kx::fuzz {
 
 /// What a handle is for.
-enum class Kind { TEXT, TEXTS, HOST, VARIABLE, COLUMNS, TRANSLATOR, FINDINGS, FUNCTIONS, COUNT };
+enum class Kind { text, texts, host, variable, columns, translator, findings, functions, count };
 
 /// One line of the input: what is done, with which slots, and a text.
 ///

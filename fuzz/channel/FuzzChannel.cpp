@@ -1,5 +1,5 @@
-// A worker that lies as the fuzzer says: it writes any words into its lane of the channel, at any
-// time. The application's end has to call them what they are, and read nothing but the channel.
+// A worker that writes any words of the fuzzer's into its lane of the channel, at any time. The
+// application's end has to tell valid messages from others, and read nothing but the channel.
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -43,7 +43,7 @@ std::uint32_t lengthOf(Step step) {
     return step.length < 0xc0 ? likely[step.length % likely.size()] : step.rest * 1031U;
 }
 
-void tellLies(kx::ChannelWords& words, int bell, std::span<std::uint8_t const> input) {
+void forge(kx::ChannelWords& words, int wakePipe, std::span<std::uint8_t const> input) {
     for (; input.size() >= sizeof(Step); input = input.subspan(sizeof(Step))) {
         Step const step = {input[0], input[1], input[2], input[3]};
         std::uint32_t const asked = words.application.turn.load();
@@ -53,14 +53,14 @@ void tellLies(kx::ChannelWords& words, int bell, std::span<std::uint8_t const> i
         words.worker.cpu.store(step.rest);
         words.worker.turn.store(turnOf(step, asked));
         if ((step.more & 4U) == 0) {
-            [[maybe_unused]] ssize_t const written = write(bell, "", 1);
+            [[maybe_unused]] ssize_t const written = write(wakePipe, "", 1);
         }
         auto const end = std::chrono::steady_clock::now() + 100us;
         while (words.application.turn.load() == asked && std::chrono::steady_clock::now() < end) {
             std::this_thread::yield();
         }
     }
-    close(bell);
+    close(wakePipe);
 }
 
 }  // namespace
@@ -69,22 +69,22 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     static std::vector<std::byte> const request(kx::kChannelPart + 10);
     alignas(4096) static std::array<std::byte, kx::kChannelSize> memory;
     kx::ChannelWords& words = *new (memory.data()) kx::ChannelWords();
-    std::array<int, 2> bell = {-1, -1};
-    if (pipe2(bell.data(), O_NONBLOCK | O_CLOEXEC) != 0) return 0;
+    std::array<int, 2> wakePipe = {-1, -1};
+    if (pipe2(wakePipe.data(), O_NONBLOCK | O_CLOEXEC) != 0) return 0;
 
-    kx::ApplicationEnd end(memory.data(), kx::OwnedDescriptor(bell[0]), kLongest);
-    std::thread liar(tellLies, std::ref(words), bell[1], std::span(data, size));
+    kx::ApplicationEnd end(memory.data(), kx::OwnedDescriptor(wakePipe[0]), kLongest);
+    std::thread worker(forge, std::ref(words), wakePipe[1], std::span(data, size));
     kx::Deadline deadline;
     deadline.set(kx::Deadline::Clock::now() + 20ms);
     std::vector<std::byte> message;
     Outcome outcome = end.receive(message, deadline);
-    for (int i = 0; i < 8 && outcome == Outcome::ARRIVED; ++i) {
+    for (int i = 0; i < 8 && outcome == Outcome::arrived; ++i) {
         kx::fuzz::check(message.size() <= kLongest, "a message is longer than allowed");
         // Every other request takes two parts.
         end.announce();
         outcome = end.send(std::span(request).first(i % 2 == 0 ? 9 : request.size()), deadline);
-        if (outcome == Outcome::ARRIVED) outcome = end.receive(message, deadline);
+        if (outcome == Outcome::arrived) outcome = end.receive(message, deadline);
     }
-    liar.join();
+    worker.join();
     return 0;
 }

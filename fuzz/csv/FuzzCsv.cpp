@@ -112,13 +112,13 @@ void checkWriting(std::string_view bytes, Choices const& choices) {
 void checkNumbers(std::string_view cell) {
     static_cast<void>(kx::booleanFrom(cell));
     for (kx::CellType const type :
-         {kx::CellType::LONG, kx::CellType::DOUBLE, kx::CellType::GUESSED}) {
+         {kx::CellType::wholeNumber, kx::CellType::number, kx::CellType::guessed}) {
         auto const number = kx::numberInCell(type, cell);
         if (!number) continue;
         std::string const digits(cell);
         char* end = nullptr;
         check(std::strtod(digits.c_str(), &end) == *number && *end == '\0', "a cell's number");
-        check(type != kx::CellType::LONG || static_cast<std::int32_t>(*number) == *number,
+        check(type != kx::CellType::wholeNumber || static_cast<std::int32_t>(*number) == *number,
               "a cell's whole number");
     }
 }

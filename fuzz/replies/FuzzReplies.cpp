@@ -1,4 +1,4 @@
-// A worker that lies in its replies: the application takes any bytes as the result of a command or
+// A worker with invalid replies: the application takes any bytes as the result of a command or
 // of a block of columns. What it calls right has to be what a worker could have written.
 #include <cstddef>
 #include <cstdint>

@@ -7,14 +7,14 @@ namespace kx::c {
 
 /// What a handle stands for.
 enum class Kind : std::uint64_t {
-    TEXT = 1,
-    TEXTS,
-    HOST,
-    VARIABLE,
-    COLUMNS,
-    TRANSLATOR,
-    FINDINGS,
-    FUNCTIONS
+    text = 1,
+    texts,
+    host,
+    variable,
+    columns,
+    translator,
+    findings,
+    functions
 };
 
 /// The objects behind all handles of the process. A handle holds the number of a slot, the kind of

@@ -23,7 +23,7 @@ namespace kx::c {
 /// A text, with its UTF-8 form where that was asked for.
 class Text {
   public:
-    static constexpr Kind kKind = Kind::TEXT;
+    static constexpr Kind kKind = Kind::text;
 
     void set(std::u16string text) {
         utf16_ = std::move(text);
@@ -41,7 +41,7 @@ class Text {
 /// A list of texts, as one text.
 class Texts {
   public:
-    static constexpr Kind kKind = Kind::TEXTS;
+    static constexpr Kind kKind = Kind::texts;
     using Joined = KxJsColumns::JoinedTexts;
 
     /// UTF-8 has its own offsets.
@@ -98,7 +98,7 @@ class Texts {
 };
 
 struct Host {
-    static constexpr Kind kKind = Kind::HOST;
+    static constexpr Kind kKind = Kind::host;
 
     Host() = default;
     explicit Host(KxJsIsolation const& isolation) : parser(isolation) {}
@@ -108,7 +108,7 @@ struct Host {
 };
 
 struct Variable {
-    static constexpr Kind kKind = Kind::VARIABLE;
+    static constexpr Kind kKind = Kind::variable;
     std::u16string key;
     KxJsVariable variable;  ///< has the key from its first value on
 
@@ -123,7 +123,7 @@ struct Variable {
 };
 
 struct Columns {
-    static constexpr Kind kKind = Kind::COLUMNS;
+    static constexpr Kind kKind = Kind::columns;
 
     struct Numbers {};  ///< that need no look before an evaluation
     struct Bools {
@@ -154,7 +154,7 @@ struct Columns {
 /// A translator whose settings can change.
 class Translator {
   public:
-    static constexpr Kind kKind = Kind::TRANSLATOR;
+    static constexpr Kind kKind = Kind::translator;
 
     template <class Change>
     void set(Change change) {
@@ -176,12 +176,12 @@ class Translator {
 };
 
 struct Findings {
-    static constexpr Kind kKind = Kind::FINDINGS;
+    static constexpr Kind kKind = Kind::findings;
     std::vector<KxJsTranslator::Damage> items;  ///< findings too, which have fewer members
 };
 
 struct Functions {
-    static constexpr Kind kKind = Kind::FUNCTIONS;
+    static constexpr Kind kKind = Kind::functions;
     std::vector<KxJsFunction> records;
 };
 

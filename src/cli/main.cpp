@@ -4,5 +4,6 @@
 #include "cli/commands/CommandLine.h"
 
 int main(int argc, char** argv) {
-    return kx::runCommandLine(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    std::vector<std::string> const arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return static_cast<int>(kx::runCommandLine(arguments));
 }

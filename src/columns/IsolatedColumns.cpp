@@ -123,7 +123,7 @@ bool IsolatedColumns::compile(std::u16string const& source, std::u16string& erro
 /// Adds to the prepared request, and sends it.
 bool IsolatedColumns::compileInWorker(std::u16string& error) {
     MessageWriter& request = host_.request();
-    request.put(Command::COMPILE_COLUMNS);
+    request.put(Command::compileColumns);
     request.put(number_);
     request.put(static_cast<std::uint32_t>(columns_.size()));
     for (Column const& column : columns_) {
@@ -176,9 +176,9 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     }
     std::chrono::milliseconds const left = evaluation.timeLeft();
     MessageWriter& request = host_.request();
-    request.put(Command::TIME_LIMIT);
+    request.put(Command::timeLimit);
     request.put(static_cast<std::int64_t>(left.count()));
-    request.put(Command::RUN_COLUMNS);
+    request.put(Command::runColumns);
     request.put(number_);
     request.put(static_cast<std::uint8_t>(evaluation.results.index()));
     request.put(static_cast<std::uint64_t>(last - first));

@@ -20,7 +20,7 @@ NativeRun::NativeRun(InProcessHost& host, HostScript const& script,
 bool NativeRun::block(RecordResults& results, std::size_t last) {
     auto const& variables = script_.source().variables;
     Evaluator& evaluator = host_.evaluator();
-    std::span<Value> const values = evaluator.roomFor(variables.size());
+    std::span<Value> const values = evaluator.variableValues(variables.size());
     std::transform(variables.begin(), variables.end(), values.begin(),
                    [](BoundVariable const* variable) { return variable->nativeValue(); });
     for (; results.next() < last; results.endRecord()) {

@@ -55,7 +55,7 @@ Evaluator& InProcessHost::evaluator() {
 Value const* InProcessHost::compute(HostScript const& script) {
     if (script.program() == nullptr) return nullptr;
     std::vector<BoundVariable*> const& variables = script.source().variables;
-    std::span<Value> const values = evaluator().roomFor(variables.size());
+    std::span<Value> const values = evaluator().variableValues(variables.size());
     std::transform(variables.begin(), variables.end(), values.begin(),
                    [](BoundVariable const* variable) { return variable->nativeValue(); });
     return evaluator_->run(*script.program(), values);
@@ -63,7 +63,7 @@ Value const* InProcessHost::compute(HostScript const& script) {
 
 void InProcessHost::noteRun(HostScript const& script) {
     std::vector<BoundVariable*> const& variables = script.source().variables;
-    deferred_.noteRun(variables, evaluator_->roomFor(variables.size()));
+    deferred_.noteRun(variables, evaluator_->variableValues(variables.size()));
     deferred_.noteMatch(evaluator_->match());
 }
 

@@ -79,23 +79,23 @@ std::vector<std::u16string> HostLog::keysIn(std::u16string_view source) const {
 
 void HostLog::putChanges(MessageWriter& writer) {
     if (haveSettingsChanged_) {
-        writer.put(Command::TIME_LIMIT);
+        writer.put(Command::timeLimit);
         writer.put(static_cast<std::int64_t>(timeLimit_.count()));
         if (memoryLimit_) {
-            writer.put(Command::MEMORY_LIMIT);
+            writer.put(Command::memoryLimit);
             writer.put(static_cast<std::uint64_t>(*memoryLimit_));
         }
-        writer.put(Command::NATIVE);
+        writer.put(Command::native);
         writer.put(static_cast<std::uint8_t>(isNative_));
         haveSettingsChanged_ = false;
     }
     for (std::uint32_t const script : released_) {
-        writer.put(Command::RELEASE);
+        writer.put(Command::release);
         writer.put(script);
     }
     released_.clear();
     auto const put = [&writer](KxJsVariable const& variable) {
-        writer.put(Command::SET_VARIABLE);
+        writer.put(Command::setVariable);
         putVariable(writer, variable);
     };
     if (haveAllChanged_) {
@@ -110,7 +110,7 @@ void HostLog::putChanges(MessageWriter& writer) {
 std::size_t HostLog::putAll(MessageWriter& writer) {
     std::size_t results = 0;
     if (hasLibrary_) {
-        writer.put(Command::INSTALL);
+        writer.put(Command::install);
         ++results;
     }
     // A script sees the variables that were bound before it was compiled. Older scripts come first,
@@ -120,10 +120,10 @@ std::size_t HostLog::putAll(MessageWriter& writer) {
         for (std::u16string const& key : script->keys()) {
             auto const variable = variables_.find(key);
             if (variable == variables_.end() || !bound.insert(key).second) continue;
-            writer.put(Command::SET_VARIABLE);
+            writer.put(Command::setVariable);
             putVariable(writer, variable->second);
         }
-        writer.put(Command::COMPILE);
+        writer.put(Command::compile);
         writer.put(number);
         writer.putText(script->source());
         ++results;

@@ -18,11 +18,11 @@ constexpr std::chrono::seconds kRestoration{30};
 std::u16string textOfEnd(Ending ending, std::chrono::milliseconds limit,
                          std::u16string const& status) {
     switch (ending) {
-        case Ending::TIME_LIMIT:
+        case Ending::timeLimit:
             return timeLimitText(limit) + u", and its worker process was replaced";
-        case Ending::TERMINATED:
+        case Ending::terminated:
             return std::u16string(kTerminatedText) + u", and its worker process was replaced";
-        case Ending::LIED:
+        case Ending::invalid:
             return u"The script was ended: its worker process sent what makes no sense";
         default:
             return u"The script was ended: its worker process ended" +
@@ -45,7 +45,7 @@ void IsolatedHost::installLibrary() {
     log_.noteLibrary();
     std::u16string ignored;
     if (!prepare(ignored)) return;
-    request_.put(Command::INSTALL);
+    request_.put(Command::install);
     exchange(ignored);
 }
 
@@ -53,7 +53,7 @@ std::unique_ptr<CompiledScript> IsolatedHost::compile(std::u16string_view source
                                                       std::u16string& error) {
     if (!prepare(error)) return nullptr;
     auto script = std::make_unique<IsolatedScript>(log_, source, log_.keysIn(source));
-    request_.put(Command::COMPILE);
+    request_.put(Command::compile);
     request_.put(script->number());
     request_.putText(source);
     auto const result = exchange(error);
@@ -63,7 +63,7 @@ std::unique_ptr<CompiledScript> IsolatedHost::compile(std::u16string_view source
 
 std::u16string IsolatedHost::run(CompiledScript const& script, std::u16string& error) {
     if (!prepare(error)) return {};
-    request_.put(Command::RUN);
+    request_.put(Command::run);
     request_.put(static_cast<IsolatedScript const&>(script).number());
     auto result = exchange(error);
     return result ? std::move(result->text) : std::u16string();
@@ -75,7 +75,7 @@ void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
         // It cannot be asked from here, and still has what is forgotten now.
         isWorkerStale_ = true;
     } else if (worker_.isThere() && prepare(ignored)) {
-        request_.put(Command::RESET);
+        request_.put(Command::reset);
         exchange(ignored);
     }
     ++resets_;
@@ -136,7 +136,7 @@ std::optional<CommandResult> IsolatedHost::exchange(std::u16string& error) {
 std::optional<MessageReader> IsolatedHost::send(std::chrono::milliseconds limit,
                                                 std::u16string& error) {
     Ending const ending = worker_.call(request_.bytes(), reply_, limit);
-    if (ending == Ending::ANSWERED) return MessageReader(reply_);
+    if (ending == Ending::answered) return MessageReader(reply_);
     noteEnd(ending, limit, error);
     return std::nullopt;
 }
@@ -145,7 +145,7 @@ std::optional<MessageReader> IsolatedHost::send(std::chrono::milliseconds limit,
 bool IsolatedHost::checkEnd(MessageReader const& reader, std::u16string& error) {
     if (reader.isRight()) return true;
     worker_.giveUp();
-    noteEnd(Ending::LIED, {}, error);
+    noteEnd(Ending::invalid, {}, error);
     return false;
 }
 
@@ -162,8 +162,8 @@ void IsolatedHost::terminate() {
 
 void IsolatedHost::noteEnd(Ending ending, std::chrono::milliseconds limit, std::u16string& error) {
     error = textOfEnd(ending, limit, worker_.lastEnd());
-    endReason_ = ending == Ending::TIME_LIMIT   ? EndReason::timeLimit
-                 : ending == Ending::TERMINATED ? EndReason::terminated
+    endReason_ = ending == Ending::timeLimit    ? EndReason::timeLimit
+                 : ending == Ending::terminated ? EndReason::terminated
                                                 : EndReason::workerEnded;
     noteFailure(KxJsFailure::Kind::WORKER_ENDED, error);
 }

@@ -14,30 +14,30 @@ namespace kx {
 /// What library and worker call themselves. They have to be of one build of the protocol.
 char const* protocolVersion();
 
-/// A request is a sequence of commands. Those from INSTALL on are answered, in their order.
+/// A request is a sequence of commands. Those from `install` on are answered, in their order.
 enum class Command : std::uint8_t {
-    SET_VARIABLE,     ///< key, type, value
-    RELEASE,          ///< id of a script or of columns
-    TIME_LIMIT,       ///< milliseconds, 64 bits
-    MEMORY_LIMIT,     ///< bytes, 64 bits
-    NATIVE,           ///< 0 or 1: whether formulas may be evaluated without V8
-    INSTALL,          ///< nothing
-    RESET,            ///< nothing
-    COMPILE,          ///< id, source
-    RUN,              ///< id
-    COMPILE_COLUMNS,  ///< id, number of columns, name and type of each, source
-    RUN_COLUMNS  ///< id, type of results, number of records, values of text columns or place of
-                 ///< others, place of results
+    setVariable,     ///< key, type, value
+    release,         ///< id of a script or of columns
+    timeLimit,       ///< milliseconds, 64 bits
+    memoryLimit,     ///< bytes, 64 bits
+    native,          ///< 0 or 1: whether formulas may be evaluated without V8
+    install,         ///< nothing
+    reset,           ///< nothing
+    compile,         ///< id, source
+    run,             ///< id
+    compileColumns,  ///< id, number of columns, name and type of each, source
+    runColumns       ///< id, type of results, number of records, values of text columns or place of
+                     ///< others, place of results
 };
 
-/// Where the values of a block are that are in the area of the channel; other places are offsets in
-/// the memory that the application shares.
+/// The place of values that are in the area of the channel. Other places are offsets in the memory
+/// that the application shares.
 inline constexpr std::uint64_t kInArea = ~std::uint64_t{0};
 
-/// What came of one of those, except RUN_COLUMNS.
+/// The answer to one of those, except `runColumns`.
 struct CommandResult {
-    bool isDone = false;  ///< COMPILE: whether there is a script now
-    std::u16string text;  ///< RUN: the text of the completion value
+    bool isDone = false;  ///< `compile`: whether there is a script now
+    std::u16string text;  ///< `run`: the text of the completion value
     std::optional<std::u16string> error;
     EndReason endReason = EndReason::none;
     std::optional<KxJsFailure> failure;

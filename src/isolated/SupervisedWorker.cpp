@@ -15,10 +15,10 @@ namespace {
 
 /// The bit of each piece that a KxJsSandbox tells of.
 constexpr auto kPieces = std::to_array<std::pair<bool KxJsSandbox::*, SandboxPiece>>({
-    {&KxJsSandbox::noNewPrivileges, SandboxPiece::NO_NEW_PRIVILEGES},
-    {&KxJsSandbox::noCapabilities, SandboxPiece::NO_CAPABILITIES},
-    {&KxJsSandbox::landlock, SandboxPiece::LANDLOCK},
-    {&KxJsSandbox::systemCallFilter, SandboxPiece::SYSTEM_CALL_FILTER},
+    {&KxJsSandbox::noNewPrivileges, SandboxPiece::noNewPrivileges},
+    {&KxJsSandbox::noCapabilities, SandboxPiece::noCapabilities},
+    {&KxJsSandbox::landlock, SandboxPiece::landlock},
+    {&KxJsSandbox::systemCallFilter, SandboxPiece::systemCallFilter},
 });
 
 SandboxPieces piecesOf(KxJsSandbox const& sandbox) {
@@ -80,17 +80,17 @@ SupervisedWorker::Ending SupervisedWorker::call(std::span<std::byte const> reque
         isTerminated_ = false;
     }
     Worker::Outcome const outcome = worker_->call(request, reply);
-    Ending ending = Ending::ANSWERED;
+    Ending ending = Ending::answered;
     {
         std::lock_guard const lock(mutex_);
         isCalling_ = false;
         ending = endingOf(outcome, isTerminated_);
     }
-    if (ending == Ending::CRASHED) {
+    if (ending == Ending::crashed) {
         auto const status = worker_->endStatus();
         lastEnd_ = status ? textOfStatus(*status) : std::u16string();
     }
-    if (ending != Ending::ANSWERED) giveUp();
+    if (ending != Ending::answered) giveUp();
     return ending;
 }
 
@@ -110,14 +110,14 @@ void SupervisedWorker::terminate() {
 SupervisedWorker::Ending SupervisedWorker::endingOf(Worker::Outcome outcome,
                                                     bool isTerminated) const {
     switch (outcome) {
-        case Worker::Outcome::ARRIVED:
-            return Ending::ANSWERED;
-        case Worker::Outcome::LATE:
-            return isTerminated ? Ending::TERMINATED : Ending::TIME_LIMIT;
-        case Worker::Outcome::ENDED:
-            return Ending::CRASHED;
+        case Worker::Outcome::arrived:
+            return Ending::answered;
+        case Worker::Outcome::late:
+            return isTerminated ? Ending::terminated : Ending::timeLimit;
+        case Worker::Outcome::ended:
+            return Ending::crashed;
         default:
-            return Ending::LIED;
+            return Ending::invalid;
     }
 }
 

@@ -21,11 +21,11 @@ class SupervisedWorker {
   public:
     /// How a call ended.
     enum class Ending : std::uint8_t {
-        ANSWERED,
-        TIME_LIMIT,  ///< it ran on after the limit and the grace
-        TERMINATED,  ///< the same, after terminate()
-        CRASHED,     ///< the worker ended by itself
-        LIED         ///< it wrote what no worker writes
+        answered,
+        timeLimit,   ///< the worker ran on after the limit and the grace
+        terminated,  ///< the same, after terminate()
+        crashed,     ///< the worker ended by itself
+        invalid      ///< the worker broke the protocol
     };
 
     /// Throws std::system_error or std::runtime_error where there can be no worker.
@@ -37,10 +37,10 @@ class SupervisedWorker {
     void start();
 
     /// Sends `request` and gets the `reply`. `limit` is the time that the worker may take by
-    /// itself; 0 is none. After any other ending than ANSWERED the worker is not there any more.
+    /// itself; 0 is none. After any other ending than `answered` the worker is not there any more.
     Ending call(std::span<std::byte const> request, std::vector<std::byte>& reply,
                 std::chrono::milliseconds limit);
-    /// Ends a worker of which a reply has turned out to be a lie.
+    /// Ends the worker, of which a reply has turned out to be invalid.
     void giveUp();
     /// Ends the call that is going on, if any: softly, or after the grace. Any thread.
     void terminate();
@@ -53,7 +53,7 @@ class SupervisedWorker {
     /// See Worker::area(); for the worker that is there.
     std::byte* area() const { return worker_->area(); }
 
-    /// How the last worker ended that has CRASHED: "signal 11", say; empty where that is not known.
+    /// How the last worker ended that has crashed: "signal 11", say; empty where that is not known.
     std::u16string const& lastEnd() const { return lastEnd_; }
     KxJsSandbox const& sandbox() const { return sandbox_; }
 

@@ -14,8 +14,6 @@ namespace kx {
 
 namespace {
 
-using Arguments = std::span<Value const>;
-
 /// eval() of what is no text is itself.
 bool iif(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (arguments[0].isText()) return false;
@@ -148,13 +146,11 @@ bool bump(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 // Of JavaScript itself.
 
 bool numberOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    auto const number = toNumber(arguments[0]);
-    return number && give(*number, result);
+    return give(toNumber(arguments[0]), result);
 }
 
 bool textOf(Arguments arguments, Workspace& workspace, Value& result) {
-    auto const text = toText(arguments[0], workspace.arena);
-    return text && give(*text, result);
+    return give(toText(arguments[0], workspace.arena), result);
 }
 
 bool truthOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {

@@ -8,10 +8,6 @@ namespace kx {
 
 namespace {
 
-using Arguments = std::span<Value const>;
-
-double sizeOf(std::u16string_view text) { return static_cast<double>(text.size()); }
-
 /// How often `for(var i=0;i<count;i++)` runs. False where that is too often.
 bool loops(double count, std::size_t& times) {
     if (count > static_cast<double>(TextArena::kMostWork)) return false;
@@ -22,11 +18,9 @@ bool loops(double count, std::size_t& times) {
 bool filled(char16_t unit, double count, Workspace& workspace, std::u16string_view& text) {
     std::size_t times = 0;
     if (!loops(count, times)) return false;
-    char16_t* const room = workspace.arena.allocate(times);
-    if (room == nullptr) return false;
-    std::fill_n(room, times, unit);
-    text = {room, times};
-    return true;
+    auto const units = repeated(std::u16string_view(&unit, 1), times, workspace.arena);
+    text = units.value_or(std::u16string_view());
+    return units.has_value();
 }
 
 /// "n1=(n1)?n1:usual", of a number.
@@ -36,8 +30,8 @@ bool numberOr(Value const& value, double usual, double& number) {
     return true;
 }
 
-/// The place of the occurrence `which`, or -1. What may not end is not for here: a part without
-/// units, or an occurrence that counting never reaches.
+/// The place of the occurrence `which`, or -1. A search that may not end is left to V8: for an
+/// empty part, or for an occurrence that counting never reaches.
 bool findOccurrence(std::u16string_view text, std::u16string_view part, Value const& which,
                     bool isFromEnd, Workspace& workspace, Value& result) {
     double sought = 0;
@@ -65,15 +59,8 @@ bool inLowerCase(Value const& value, Workspace& workspace, Value& result) {
 bool countOccurrences(std::u16string_view part, std::u16string_view text, Workspace& workspace,
                       Value& result) {
     if (part.empty()) return give(sizeOf(text) - 1, result);
-    double count = 0;
-    std::size_t start = 0;
-    while (true) {
-        double place = 0;
-        if (!indexOf(text, part, start, workspace.arena, place)) return false;
-        if (place == -1) return give(count, result);
-        ++count;
-        start = static_cast<std::size_t>(place) + part.size();
-    }
+    auto const count = countParts(text, part, workspace.arena);
+    return count && give(static_cast<double>(*count), result);
 }
 
 /// TRUNCATE of a number.
@@ -87,8 +74,7 @@ bool cut(double number, double decimals, Workspace& workspace, Value& result) {
                 kept)) {
         return false;
     }
-    auto const value = textToNumber(kept.text);
-    return value && give(*value, result);
+    return give(textToNumber(kept.text), result);
 }
 
 }  // namespace
@@ -128,10 +114,9 @@ bool ascii(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool charOf(Arguments arguments, Workspace& workspace, Value& result) {
     auto const code = toNumber(arguments[0]);
-    char16_t* const room = workspace.arena.allocate(1);
-    if (!code || room == nullptr) return false;
-    *room = static_cast<char16_t>(toInt32(*code) & 0xFFFF);
-    return give(std::u16string_view(room, 1), result);
+    if (!code) return false;
+    auto const unit = static_cast<char16_t>(toInt32(*code) & 0xFFFF);
+    return give(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
 }
 
 bool len(Arguments arguments, Workspace& workspace, Value& result) {
@@ -143,8 +128,7 @@ bool concat(Arguments arguments, Workspace& workspace, Value& result) {
     auto const first = toText(arguments[0], workspace.arena);
     auto const second = toText(arguments[1], workspace.arena);
     if (!first || !second) return false;
-    auto const text = joined(*first, *second, workspace.arena);
-    return text && give(*text, result);
+    return give(joined(*first, *second, workspace.arena), result);
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -230,8 +214,7 @@ bool rpad(Arguments arguments, Workspace& workspace, Value& result) {
     auto const size = toNumber(arguments[1]);
     std::u16string_view blanks;
     if (!text || !size || !filled(u' ', *size - sizeOf(*text), workspace, blanks)) return false;
-    auto const whole = joined(*text, blanks, workspace.arena);
-    return whole && give(*whole, result);
+    return give(joined(*text, blanks, workspace.arena), result);
 }
 
 bool repeat(Arguments arguments, Workspace& workspace, Value& result) {
@@ -242,12 +225,7 @@ bool repeat(Arguments arguments, Workspace& workspace, Value& result) {
     auto const text = toText(arguments[0], workspace.arena);
     std::size_t times = 0;
     if (!text || !loops(arguments[1].number, times)) return false;
-    char16_t* const room = workspace.arena.allocate(times * text->size());
-    if (room == nullptr) return false;
-    for (std::size_t i = 0; i < times; ++i) {
-        std::copy(text->begin(), text->end(), room + i * text->size());
-    }
-    return give(std::u16string_view(room, times * text->size()), result);
+    return give(repeated(*text, times, workspace.arena), result);
 }
 
 bool truncate(Arguments arguments, Workspace& workspace, Value& result) {
@@ -279,8 +257,7 @@ bool fillUp(Arguments arguments, char16_t filler, Workspace& workspace, Value& r
     auto const text = toText(number, workspace.arena);
     std::u16string_view front;
     if (!text || !filled(filler, size - sizeOf(*text), workspace, front)) return false;
-    auto const whole = joined(front, *text, workspace.arena);
-    return whole && give(*whole, result);
+    return give(joined(front, *text, workspace.arena), result);
 }
 
 bool insert(Arguments arguments, Workspace& workspace, Value& result) {
@@ -295,8 +272,7 @@ bool insert(Arguments arguments, Workspace& workspace, Value& result) {
     }
     auto const front = joined(before.text, *inserted, workspace.arena);
     if (!front) return false;
-    auto const whole = joined(*front, after.text, workspace.arena);
-    return whole && give(*whole, result);
+    return give(joined(*front, after.text, workspace.arena), result);
 }
 
 bool replace(Arguments arguments, Workspace& workspace, Value& result) {
@@ -308,23 +284,21 @@ bool replace(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const text = arguments[0].text;
     if (!with || part->empty()) return false;
     std::u16string_view const separator = arguments[2].isUndefined() ? u"," : *with;
-    Value count;
-    if (!countOccurrences(*part, text, workspace, count)) return false;
-    auto const occurrences = static_cast<std::size_t>(count.number);
-    std::size_t const size =
-        text.size() - occurrences * part->size() + occurrences * separator.size();
-    char16_t* const room = workspace.arena.allocate(size);
-    if (room == nullptr) return false;
-    char16_t* end = room;
+    auto const count = countParts(text, *part, workspace.arena);
+    if (!count) return false;
+    std::size_t const size = text.size() - *count * part->size() + *count * separator.size();
+    char16_t* const units = workspace.arena.allocate(size);
+    if (units == nullptr) return false;
+    char16_t* end = units;
     std::size_t start = 0;
-    for (std::size_t i = 0; i < occurrences; ++i) {
+    for (std::size_t i = 0; i < *count; ++i) {
         std::size_t const place = text.find(*part, start);
         end = std::copy(text.begin() + start, text.begin() + place, end);
         end = std::copy(separator.begin(), separator.end(), end);
         start = place + part->size();
     }
     std::copy(text.begin() + start, text.end(), end);
-    return give(std::u16string_view(room, size), result);
+    return give(std::u16string_view(units, size), result);
 }
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
@@ -332,20 +306,9 @@ bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     auto const search = toText(arguments[1], workspace.arena);
     auto const replacement = toText(arguments[2], workspace.arena);
     if (!text || !search || !replacement) return false;
-    char16_t* const room = workspace.arena.allocate(text->size());
-    if (room == nullptr || !workspace.arena.countWork(text->size() * search->size())) return false;
     // Without units to look for, the loop that adds units does not run.
     if (search->empty()) return give(std::u16string_view(), result);
-    char16_t* end = room;
-    for (char16_t const unit : *text) {
-        std::size_t const place = search->find(unit);
-        if (place == std::u16string_view::npos) {
-            *end++ = unit;
-        } else if (place < replacement->size()) {
-            *end++ = (*replacement)[place];
-        }
-    }
-    return give(std::u16string_view(room, static_cast<std::size_t>(end - room)), result);
+    return give(replacedUnits(*text, *search, *replacement, workspace.arena), result);
 }
 
 /// The first match of /-?\d+\.?\d*/, or the whole text.

@@ -17,12 +17,6 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kLongestDecimal = 40;
 
-std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isWhiteSpace(text.back())) text.remove_suffix(1);
-    return text;
-}
-
 /// Digits with at most one point among them.
 bool isPlainDecimal(std::u16string_view text) {
     std::size_t digits = 0;
@@ -53,7 +47,7 @@ bool isTrue(Value const& value) {
 }
 
 std::optional<double> textToNumber(std::u16string_view text) {
-    text = trimmed(text);
+    text = withoutOuterSpace(text);
     if (text.empty()) return 0;
     bool const hasSign = text.front() == u'-' || text.front() == u'+';
     std::u16string_view const digits = text.substr(hasSign ? 1 : 0);
@@ -91,17 +85,17 @@ std::optional<std::u16string_view> toText(Value const& value, TextArena& arena) 
         default:
             break;
     }
-    char16_t* const room = arena.allocate(kLongestNumberText);
-    if (room == nullptr) return std::nullopt;
-    return std::u16string_view(room, writeNumber(value.number, room));
+    char16_t* const units = arena.allocate(kLongestNumberText);
+    if (units == nullptr) return std::nullopt;
+    return std::u16string_view(units, writeNumber(value.number, units));
 }
 
 std::optional<std::u16string_view> joined(std::u16string_view left, std::u16string_view right,
                                           TextArena& arena) {
-    char16_t* const room = arena.allocate(left.size() + right.size());
-    if (room == nullptr) return std::nullopt;
-    std::copy(right.begin(), right.end(), std::copy(left.begin(), left.end(), room));
-    return std::u16string_view(room, left.size() + right.size());
+    char16_t* const units = arena.allocate(left.size() + right.size());
+    if (units == nullptr) return std::nullopt;
+    std::copy(right.begin(), right.end(), std::copy(left.begin(), left.end(), units));
+    return std::u16string_view(units, left.size() + right.size());
 }
 
 bool areStrictlyEqual(Value const& left, Value const& right) {

@@ -1,4 +1,5 @@
-// What is not on a list here may have effects: a mistake then costs time and never a result.
+// What is evaluated without V8 has no effects, except texts that IIF and COND evaluate. Of the
+// rest, what is not on a list here may have effects: a mistake then costs time and never a result.
 #include "native/Effects.h"
 
 #include <algorithm>
@@ -12,40 +13,24 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array kMembers = {
-    u"E"sv,        u"LN10"sv,        u"LN2"sv,         u"LOG10E"sv,       u"LOG2E"sv,
-    u"PI"sv,       u"SQRT1_2"sv,     u"SQRT2"sv,       u"abs"sv,          u"acos"sv,
-    u"asin"sv,     u"atan"sv,        u"atan2"sv,       u"cbrt"sv,         u"ceil"sv,
-    u"charAt"sv,   u"charCodeAt"sv,  u"concat"sv,      u"cos"sv,          u"cosh"sv,
-    u"endsWith"sv, u"exp"sv,         u"floor"sv,       u"fromCharCode"sv, u"hypot"sv,
-    u"includes"sv, u"indexOf"sv,     u"lastIndexOf"sv, u"left"sv,         u"length"sv,
-    u"log"sv,      u"log10"sv,       u"log2"sv,        u"ltrim"sv,        u"max"sv,
-    u"min"sv,      u"padEnd"sv,      u"padStart"sv,    u"pow"sv,          u"repeat"sv,
-    u"replace"sv,  u"right"sv,       u"round"sv,       u"rtrim"sv,        u"sign"sv,
-    u"sin"sv,      u"sinh"sv,        u"slice"sv,       u"sqrt"sv,         u"startsWith"sv,
-    u"substr"sv,   u"substring"sv,   u"tan"sv,         u"tanh"sv,         u"toExponential"sv,
-    u"toFixed"sv,  u"toLowerCase"sv, u"toPrecision"sv, u"toString"sv,     u"toUpperCase"sv,
-    u"trim"sv,     u"trunc"sv,
+/// Members without effects, beside those that native/Functions.h knows.
+constexpr std::array kOtherMembers = {
+    u"acos"sv,        u"asin"sv,     u"atan"sv,   u"atan2"sv,         u"cbrt"sv,
+    u"concat"sv,      u"cos"sv,      u"cosh"sv,   u"exp"sv,           u"fromCharCode"sv,
+    u"hypot"sv,       u"left"sv,     u"length"sv, u"log"sv,           u"log10"sv,
+    u"log2"sv,        u"ltrim"sv,    u"padEnd"sv, u"padStart"sv,      u"pow"sv,
+    u"repeat"sv,      u"replace"sv,  u"right"sv,  u"rtrim"sv,         u"sin"sv,
+    u"sinh"sv,        u"tan"sv,      u"tanh"sv,   u"toExponential"sv, u"toFixed"sv,
+    u"toPrecision"sv, u"toString"sv, u"trim"sv,
 };
 
-/// Global functions without effects: of the catalogues, and of JavaScript. Not IIF and COND, which
-/// evaluate texts.
-constexpr std::array kFunctions = {
-    u"ALLTRIM"sv,  u"ANTILOG"sv,   u"ASCII"sv,   u"AT"sv,       u"ATC"sv,     u"BETWEEN"sv,
-    u"BUMP"sv,     u"Boolean"sv,   u"CHAR"sv,    u"CHRTRAN"sv,  u"CONCAT"sv,  u"DEGREES"sv,
-    u"EVEN"sv,     u"EXP"sv,       u"FRAC"sv,    u"INLIST"sv,   u"INSERT"sv,  u"IOCCURS"sv,
-    u"ISALNUM"sv,  u"ISALPHA"sv,   u"ISASCII"sv, u"ISCNTRL"sv,  u"ISDIGIT"sv, u"ISGRAPH"sv,
-    u"ISLOWER"sv,  u"ISPRINT"sv,   u"ISPUNCT"sv, u"ISSPACE"sv,  u"ISUPPER"sv, u"ISXDIGIT"sv,
-    u"LEFT"sv,     u"LEN"sv,       u"LOCATE"sv,  u"LOG"sv,      u"LOG10"sv,   u"LOWERCASE"sv,
-    u"LTRIM"sv,    u"MAX"sv,       u"MIN"sv,     u"Number"sv,   u"OCCURS"sv,  u"ODD"sv,
-    u"POWER"sv,    u"RADIANS"sv,   u"RAT"sv,     u"RATC"sv,     u"REPEAT"sv,  u"REPLACE"sv,
-    u"RIGHT"sv,    u"ROUND"sv,     u"RPAD"sv,    u"RTRIM"sv,    u"SIGN"sv,    u"SPACE"sv,
-    u"SQRT"sv,     u"STR"sv,       u"STRZ"sv,    u"SUBSTR"sv,   u"SWITCH"sv,  u"String"sv,
-    u"TRUNCATE"sv, u"UPPERCASE"sv, u"VAL"sv,     u"isFinite"sv, u"isNaN"sv,   u"parseFloat"sv,
-    u"parseInt"sv,
+/// Global functions without effects, beside those that native/Functions.h knows.
+constexpr std::array kOtherFunctions = {
+    u"ANTILOG"sv, u"EXP"sv,      u"LOG"sv,        u"LOG10"sv,
+    u"POWER"sv,   u"isFinite"sv, u"parseFloat"sv, u"parseInt"sv,
 };
 
-/// Those of them that never give a text.
+/// Global functions that never give a text.
 constexpr std::array kWithoutText = {
     u"ASCII"sv,    u"AT"sv,       u"ATC"sv,     u"BETWEEN"sv,  u"Boolean"sv, u"EVEN"sv,
     u"INLIST"sv,   u"IOCCURS"sv,  u"ISALNUM"sv, u"ISALPHA"sv,  u"ISASCII"sv, u"ISCNTRL"sv,
@@ -55,8 +40,8 @@ constexpr std::array kWithoutText = {
     u"parseInt"sv,
 };
 
-static_assert(std::is_sorted(kMembers.begin(), kMembers.end()));
-static_assert(std::is_sorted(kFunctions.begin(), kFunctions.end()));
+static_assert(std::is_sorted(kOtherMembers.begin(), kOtherMembers.end()));
+static_assert(std::is_sorted(kOtherFunctions.begin(), kOtherFunctions.end()));
 static_assert(std::is_sorted(kWithoutText.begin(), kWithoutText.end()));
 
 template <class List>
@@ -106,7 +91,7 @@ bool isHarmlessCall(Expression const& expression, Node const& call) {
     if (callee.kind == NodeKind::member) return isHarmlessMemberOf(expression, callee);
     if (callee.kind != NodeKind::name) return false;
     if (name == u"IIF" || name == u"COND") return evaluatesNoText(expression, call);
-    return isIn(kFunctions, name);
+    return findGlobalFunction(name) != nullptr || isIn(kOtherFunctions, name);
 }
 
 bool isHarmless(Expression const& expression, Node const& node) {
@@ -126,7 +111,10 @@ bool isHarmless(Expression const& expression, Node const& node) {
 
 }  // namespace
 
-bool isHarmlessMember(std::u16string_view name) { return isIn(kMembers, name); }
+bool isHarmlessMember(std::u16string_view name) {
+    return findTextMember(name) != nullptr || findMathFunction(name) != nullptr ||
+           findMathConstant(name) != nullptr || isIn(kOtherMembers, name);
+}
 
 bool isNeverText(Expression const& expression, Node const& node) {
     auto const child = [&](std::size_t which) -> Node const& {

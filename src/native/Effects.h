@@ -11,12 +11,12 @@ namespace kx {
 /// The names that a formula reads as values: those of called functions, and of Math, Number and
 /// String before a point, are not among them.
 ///
-/// Where all of them stand for plain values, or for nothing, evaluating the formula in a context as
-/// a new host has it does nothing that another formula, or whoever looks at globals, could see,
-/// beside what its regular expressions match. True for a formula that throws, too. Functions are no
-/// plain values: made to texts, they are called.
+/// Where all of them stand for plain values, or for nothing, evaluating the formula in a new host's
+/// context has no effect that another formula could see, but for what its regular expressions
+/// match. That holds for a formula that throws, too. Functions are no plain values: a conversion to
+/// text calls them.
 ///
-/// Empty where the formula may have effects anyhow.
+/// Empty where the formula may have effects whatever the names stand for.
 std::optional<std::vector<std::u16string_view>> namesReadWithoutEffects(
     Expression const& expression);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
 #include "native/Functions.h"
@@ -9,11 +10,11 @@
 namespace kx {
 
 /// The entry of that name in a table that is in the order of names, or null.
-template <class Entry, std::size_t kSize>
-Entry const* findByName(std::array<Entry, kSize> const& table, std::u16string_view name) {
+template <class Table>
+auto const* findByName(Table const& table, std::u16string_view name) {
     auto const found = std::lower_bound(
         table.begin(), table.end(), name,
-        [](Entry const& entry, std::u16string_view sought) { return entry.name < sought; });
+        [](auto const& entry, std::u16string_view sought) { return entry.name < sought; });
     return found != table.end() && found->name == name ? &*found : nullptr;
 }
 
@@ -27,6 +28,12 @@ template <class Result>
 bool give(Result const& value, Value& result) {
     result = Value::of(value);
     return true;
+}
+
+/// False where there is no value.
+template <class Result>
+bool give(std::optional<Result> const& value, Value& result) {
+    return value && give(*value, result);
 }
 
 }  // namespace kx

@@ -10,8 +10,6 @@ namespace kx {
 
 namespace {
 
-using Arguments = std::span<Value const>;
-
 /// A function of one number.
 template <double (*kCompute)(double)>
 bool ofNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {

@@ -139,8 +139,8 @@ class ProgramMaker {
                !findVariable(u"Math");
     }
 
-    /// The EXACT of "kx", "kx.exact" and "kx.of(EXACT, date format, epoch)"; empty for others. What
-    /// dates are printed like is no matter: they are left to V8.
+    /// The EXACT of "kx", "kx.exact" and "kx.of(EXACT, date format, epoch)"; empty for others. Date
+    /// format and epoch do not matter: dates are left to V8.
     std::optional<bool> exactOfRunTimePart(Node const& node) const {
         if (!names_.hasRunTimePart || findVariable(u"kx")) return std::nullopt;
         if (node.kind == NodeKind::name && expression_.text(node) == u"kx") return false;
@@ -195,7 +195,7 @@ class ProgramMaker {
         std::size_t count = given;
         for (std::size_t i = 1; i < node.childCount; ++i) {
             if (!add(expression_.child(node, i))) return false;
-            // What nobody asks for is evaluated all the same.
+            // Surplus arguments are evaluated, and dropped.
             if (count == function->parameters) {
                 emit(Step::drop, 0);
                 --values_;

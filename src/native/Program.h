@@ -73,11 +73,11 @@ class Evaluator {
     /// Values that can be waiting for an operation.
     static constexpr std::size_t kMostValues = 256;
 
-    /// Variables that roomFor() has room for.
+    /// Variables that a formula may have.
     static constexpr std::size_t kMostVariables = 32;
 
-    /// Room for the values of `count` variables, until the next call.
-    std::span<Value> roomFor(std::size_t count) {
+    /// Memory for the values of `count` variables, valid until the next call.
+    std::span<Value> variableValues(std::size_t count) {
         return std::span<Value>(variables_).first(count);
     }
 

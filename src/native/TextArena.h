@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 namespace kx {
@@ -13,15 +16,24 @@ class TextArena {
     /// Units of texts made and searched in one evaluation.
     static constexpr std::size_t kMostWork = std::size_t{1} << 18;
 
-    /// Room for `size` units, or null where there is too much work. Valid until clear().
+    /// Memory for `size` units, or null where there is too much work. Valid until clear().
     char16_t* allocate(std::size_t size) {
         if (!countWork(size)) return nullptr;
         if (size <= first_.size() - used_) {
-            char16_t* const room = first_.data() + used_;
+            char16_t* const units = first_.data() + used_;
             used_ += size;
-            return room;
+            return units;
         }
         return more_.emplace_back(size).data();
+    }
+
+    /// A copy of `text`, of char16_t or ASCII; empty where there is too much work.
+    template <class Unit>
+    std::optional<std::u16string_view> copy(std::basic_string_view<Unit> text) {
+        char16_t* const units = allocate(text.size());
+        if (units == nullptr) return std::nullopt;
+        std::copy(text.begin(), text.end(), units);
+        return std::u16string_view(units, text.size());
     }
 
     bool countWork(std::size_t units) {

@@ -13,13 +13,16 @@ namespace kx {
 
 namespace {
 
-using Arguments = std::span<Value const>;
-
-double sizeOf(std::u16string_view text) { return static_cast<double>(text.size()); }
-
 /// `number`, not below zero and not above the text's length.
 std::size_t clamped(double number, std::u16string_view text) {
     return static_cast<std::size_t>(std::clamp(number, 0.0, sizeOf(text)));
+}
+
+/// Counts the work of a search. The worst case of a short part is rare enough not to count.
+bool countSearch(std::u16string_view text, std::u16string_view part, TextArena& arena) {
+    constexpr std::size_t kShort = 16;
+    if (!arena.countWork(text.size() + part.size())) return false;
+    return part.size() <= kShort || arena.countWork(text.size() * part.size());
 }
 
 /// A place that counts from the end where it is negative.
@@ -48,9 +51,7 @@ bool slice(std::u16string_view text, Value const& start, Value const& end, Value
 
 bool indexOf(std::u16string_view text, std::u16string_view part, std::size_t start,
              TextArena& arena, double& place) {
-    // Mostly it takes much less.
-    if (!arena.countWork(text.size() + part.size())) return false;
-    if (part.size() > 16 && !arena.countWork(text.size() * part.size())) return false;
+    if (!countSearch(text, part, arena)) return false;
     std::size_t const found = text.find(part, start);
     place = found == std::u16string_view::npos ? -1 : static_cast<double>(found);
     return true;
@@ -64,27 +65,64 @@ bool lastIndexOf(std::u16string_view text, std::u16string_view part, TextArena& 
     return true;
 }
 
+std::optional<std::size_t> countParts(std::u16string_view text, std::u16string_view part,
+                                      TextArena& arena) {
+    if (!countSearch(text, part, arena)) return std::nullopt;
+    std::size_t count = 0;
+    for (std::size_t place = text.find(part); place != std::u16string_view::npos;
+         place = text.find(part, place + part.size())) {
+        ++count;
+    }
+    return count;
+}
+
+std::optional<std::u16string_view> repeated(std::u16string_view text, std::size_t times,
+                                            TextArena& arena) {
+    char16_t* const units = arena.allocate(text.size() * times);
+    if (units == nullptr) return std::nullopt;
+    if (text.size() == 1) {
+        std::fill_n(units, times, text.front());
+    } else {
+        for (std::size_t i = 0; i < times; ++i) text.copy(units + i * text.size(), text.size());
+    }
+    return std::u16string_view(units, text.size() * times);
+}
+
+std::optional<std::u16string_view> replacedUnits(std::u16string_view text,
+                                                 std::u16string_view sought,
+                                                 std::u16string_view replacement,
+                                                 TextArena& arena) {
+    char16_t* const units = arena.allocate(text.size());
+    if (units == nullptr || !arena.countWork(text.size() * sought.size())) return std::nullopt;
+    char16_t* end = units;
+    for (char16_t const unit : text) {
+        std::size_t const place = sought.find(unit);
+        if (place == std::u16string_view::npos) {
+            *end++ = unit;
+        } else if (place < replacement.size()) {
+            *end++ = replacement[place];
+        }
+    }
+    return std::u16string_view(units, static_cast<std::size_t>(end - units));
+}
+
 bool changeCase(std::u16string_view text, bool isUpper, TextArena& arena, Value& result) {
-    char16_t* const room = arena.allocate(text.size());
-    if (room == nullptr) return false;
+    char16_t* const units = arena.allocate(text.size());
+    if (units == nullptr) return false;
     char16_t const first = isUpper ? u'a' : u'A';
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] >= 128) return false;
         bool const changes = text[i] >= first && text[i] < first + 26;
-        room[i] = changes ? static_cast<char16_t>(text[i] ^ 0x20) : text[i];
+        units[i] = changes ? static_cast<char16_t>(text[i] ^ 0x20) : text[i];
     }
-    return give(std::u16string_view(room, text.size()), result);
+    return give(std::u16string_view(units, text.size()), result);
 }
 
 bool trimText(Value const& value, Match::Pattern pattern, Workspace& workspace, Value& result) {
     if (!value.isText()) return false;
     std::u16string_view text = value.text;
-    if (pattern != Match::Pattern::trailingBlanks) {
-        while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);
-    }
-    if (pattern != Match::Pattern::leadingBlanks) {
-        while (!text.empty() && isWhiteSpace(text.back())) text.remove_suffix(1);
-    }
+    if (pattern != Match::Pattern::trailingBlanks) text = withoutLeadingSpace(text);
+    if (pattern != Match::Pattern::leadingBlanks) text = withoutTrailingSpace(text);
     if (text.size() != value.text.size()) workspace.match = {pattern, value.text};
     return give(text, result);
 }
@@ -107,11 +145,7 @@ bool toFixed(double number, double decimals, TextArena& arena, Value& result) {
     if (number < 0) *end++ = '-';
     end = std::to_chars(end, digits.data() + digits.size(), size, std::chars_format::fixed, places)
               .ptr;
-    auto const length = static_cast<std::size_t>(end - digits.data());
-    char16_t* const room = arena.allocate(length);
-    if (room == nullptr) return false;
-    std::copy(digits.data(), end, room);
-    return give(std::u16string_view(room, length), result);
+    return give(arena.copy(std::string_view(digits.data(), end)), result);
 }
 
 namespace {

@@ -35,6 +35,7 @@ struct Value {
     static Value of(std::u16string_view text) { return {Type::text, 0, text}; }
 
     bool isNumber() const { return type == Type::number; }
+    bool isBoolean() const { return type == Type::boolean; }
     bool isText() const { return type == Type::text; }
     bool isUndefined() const { return type == Type::undefined; }
     bool isNullish() const { return type == Type::undefined || type == Type::null; }

@@ -11,27 +11,28 @@
 
 namespace kx {
 
-ApplicationEnd::ApplicationEnd(std::byte* memory, OwnedDescriptor bell, std::size_t longestMessage)
+ApplicationEnd::ApplicationEnd(std::byte* memory, OwnedDescriptor wakePipe,
+                               std::size_t longestMessage)
     : memory_(memory),
       words_(channelWords(memory)),
-      bell_(std::move(bell)),
+      wakePipe_(std::move(wakePipe)),
       longestMessage_(longestMessage) {}
 
 ApplicationEnd::Outcome ApplicationEnd::receive(std::vector<std::byte>& message,
                                                 Deadline& deadline) {
     message.clear();
     while (true) {
-        if (Outcome const outcome = awaitTurn(deadline); outcome != Outcome::ARRIVED) {
+        if (Outcome const outcome = awaitTurn(deadline); outcome != Outcome::arrived) {
             return outcome;
         }
         Part const part = lookAtPart();
         // Parts that another one follows are full: else empty parts could go on for ever.
         bool const hasRoom =
             part.length <= kChannelPart && part.length <= longestMessage_ - message.size();
-        if (!hasRoom || (part.hasMore && part.length != kChannelPart)) return Outcome::LIED;
+        if (!hasRoom || (part.hasMore && part.length != kChannelPart)) return Outcome::invalid;
         std::byte const* const bytes = workerPart(memory_);
         message.insert(message.end(), bytes, bytes + part.length);
-        if (!part.hasMore) return Outcome::ARRIVED;
+        if (!part.hasMore) return Outcome::arrived;
         sendPart({}, false);
     }
 }
@@ -41,14 +42,14 @@ ApplicationEnd::Outcome ApplicationEnd::send(std::span<std::byte const> message,
     while (message.size() > kChannelPart) {
         sendPart(message.first(kChannelPart), true);
         message = message.subspan(kChannelPart);
-        if (Outcome const outcome = awaitTurn(deadline); outcome != Outcome::ARRIVED) {
+        if (Outcome const outcome = awaitTurn(deadline); outcome != Outcome::arrived) {
             return outcome;
         }
         Part const part = lookAtPart();
-        if (part.length != 0 || part.hasMore) return Outcome::LIED;
+        if (part.length != 0 || part.hasMore) return Outcome::invalid;
     }
     sendPart(message, false);
-    return Outcome::ARRIVED;
+    return Outcome::arrived;
 }
 
 void ApplicationEnd::interrupt() {
@@ -69,50 +70,50 @@ void ApplicationEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
 ApplicationEnd::Outcome ApplicationEnd::awaitTurn(Deadline& deadline) {
     auto const begin = SpinBudget::Clock::now();
     bool const hasChanged =
-        budget_.spin([this] { return look() != Turn::SAME; },
+        budget_.spin([this] { return look() != Turn::same; },
                      [this] {
                          return words_.worker.cpu.load(std::memory_order_relaxed) ==
                                 static_cast<std::uint32_t>(sched_getcpu());
                      });
-    Outcome outcome = Outcome::ARRIVED;
+    Outcome outcome = Outcome::arrived;
     if (!hasChanged) outcome = sleepUntilTurn(deadline);
     budget_.note(SpinBudget::Clock::now() - begin);
-    if (outcome == Outcome::ARRIVED && look() != Turn::NEXT) return Outcome::LIED;
+    if (outcome == Outcome::arrived && look() != Turn::next) return Outcome::invalid;
     return outcome;
 }
 
 ApplicationEnd::Outcome ApplicationEnd::sleepUntilTurn(Deadline& deadline) {
     words_.application.sleeps.store(1);
-    Outcome outcome = Outcome::ARRIVED;
-    while (outcome == Outcome::ARRIVED && look() == Turn::SAME) outcome = poll(deadline);
+    Outcome outcome = Outcome::arrived;
+    while (outcome == Outcome::arrived && look() == Turn::same) outcome = poll(deadline);
     words_.application.sleeps.store(0, std::memory_order_relaxed);
     // A worker that answers and ends at once has answered.
-    if (outcome == Outcome::ENDED && look() != Turn::SAME) return Outcome::ARRIVED;
+    if (outcome == Outcome::ended && look() != Turn::same) return Outcome::arrived;
     return outcome;
 }
 
-/// Returns when there may be something new, ARRIVED, or when the wait is over.
+/// Returns Outcome::arrived when there may be something new, another outcome when the wait is over.
 ApplicationEnd::Outcome ApplicationEnd::poll(Deadline& deadline) {
     std::array<pollfd, 2> descriptors = {
-        {{bell_.get(), POLLIN, 0}, {deadline.descriptor(), POLLIN, 0}}};
+        {{wakePipe_.get(), POLLIN, 0}, {deadline.descriptor(), POLLIN, 0}}};
     auto const left = deadline.timeLeft();
     int const ready =
         ppoll(descriptors.data(), descriptors.size(), left.has_value() ? &*left : nullptr, nullptr);
-    if (ready < 0) return errno == EINTR ? Outcome::ARRIVED : Outcome::ENDED;
+    if (ready < 0) return errno == EINTR ? Outcome::arrived : Outcome::ended;
     if (descriptors[1].revents != 0) deadline.clearDescriptor();
     if ((descriptors[0].revents & POLLIN) != 0) {
-        std::array<std::byte, 64> rings;
-        [[maybe_unused]] ssize_t const got = read(bell_.get(), rings.data(), rings.size());
+        std::array<std::byte, 64> bytes;
+        [[maybe_unused]] ssize_t const got = read(wakePipe_.get(), bytes.data(), bytes.size());
     } else if (descriptors[0].revents != 0) {
-        return Outcome::ENDED;
+        return Outcome::ended;
     }
-    return deadline.isOver() ? Outcome::LATE : Outcome::ARRIVED;
+    return deadline.isOver() ? Outcome::late : Outcome::arrived;
 }
 
 ApplicationEnd::Turn ApplicationEnd::look() const {
     std::uint32_t const turn = words_.worker.turn.load();
-    if (turn == turn_) return Turn::SAME;
-    return turn == turn_ + 1 ? Turn::NEXT : Turn::OTHER;
+    if (turn == turn_) return Turn::same;
+    return turn == turn_ + 1 ? Turn::next : Turn::other;
 }
 
 ApplicationEnd::Part ApplicationEnd::lookAtPart() const {

@@ -18,16 +18,16 @@ namespace kx {
 class ApplicationEnd {
   public:
     enum class Outcome : std::uint8_t {
-        ARRIVED,
-        LATE,   ///< the deadline is over
-        ENDED,  ///< nobody is there any more
-        LIED    ///< the worker has written what no worker writes
+        arrived,
+        late,    ///< the deadline is over
+        ended,   ///< the worker has ended
+        invalid  ///< the worker has broken the protocol
     };
 
-    /// Over the `memory` of a channel, kChannelSize bytes. `bell` becomes readable when the worker
-    /// has sent to a sleeping application, and hangs up when the worker ends. Messages from the
-    /// worker of more than `longestMessage` bytes are lies.
-    ApplicationEnd(std::byte* memory, OwnedDescriptor bell, std::size_t longestMessage);
+    /// Over the `memory` of a channel, kChannelSize bytes. `wakePipe` becomes readable when the
+    /// worker has sent to a sleeping application, and hangs up when the worker ends. A message from
+    /// the worker of more than `longestMessage` bytes is invalid.
+    ApplicationEnd(std::byte* memory, OwnedDescriptor wakePipe, std::size_t longestMessage);
 
     /// Waits for what the worker sends next. `message` is replaced.
     Outcome receive(std::vector<std::byte>& message, Deadline& deadline);
@@ -40,7 +40,7 @@ class ApplicationEnd {
     void interrupt();
 
   private:
-    enum class Turn : std::uint8_t { SAME, NEXT, OTHER };
+    enum class Turn : std::uint8_t { same, next, other };
     struct Part {
         std::size_t length;
         bool hasMore;
@@ -55,7 +55,7 @@ class ApplicationEnd {
 
     std::byte* memory_;
     ChannelWords& words_;
-    OwnedDescriptor bell_;
+    OwnedDescriptor wakePipe_;
     std::size_t longestMessage_;
     std::uint32_t turn_ = 0;
     std::atomic<std::uint32_t> calls_ = 0;

@@ -20,22 +20,24 @@ struct WorkerRequest {
 };
 
 /// What it gets: `error` is 0, or errno where there is no worker. With the worker come three
-/// descriptors: the channel's memory, its bell and the worker's leash.
+/// descriptors: the channel's memory, its pipe that wakes the application, and the worker's
+/// control socket.
 struct ZygoteAnswer {
     std::int32_t error = 0;
 };
 inline constexpr std::size_t kWorkerDescriptors = 3;
 
-/// What an application says over a leash. Shutting the leash down ends the worker.
-struct LeashRequest {
+/// What an application sends over a worker's control socket. Shutting the socket down ends the
+/// worker.
+struct ControlRequest {
     std::uint64_t memoryLimit = 0;  ///< bytes beyond what the worker has now
 };
 
-/// What the zygote says over a leash.
-struct LeashReport {
-    enum class Kind : std::int32_t { LIMITED = 1, ENDED = 2 };
-    Kind kind = Kind::LIMITED;
-    std::int32_t value = 0;  ///< LIMITED: 0 or errno. ENDED: the status that waitpid() gives
+/// What the zygote sends over it.
+struct ControlReport {
+    enum class Kind : std::int32_t { limited = 1, ended = 2 };
+    Kind kind = Kind::limited;
+    std::int32_t value = 0;  ///< limited: 0 or errno. ended: the status that waitpid() gives
 };
 
 /// The most bytes of one packet.

@@ -6,10 +6,10 @@ namespace kx {
 
 /// The pieces of a worker's sandbox. What each does stands with enterSandbox().
 enum class SandboxPiece : std::uint32_t {
-    NO_NEW_PRIVILEGES = 1,
-    NO_CAPABILITIES = 2,
-    LANDLOCK = 4,
-    SYSTEM_CALL_FILTER = 8
+    noNewPrivileges = 1,
+    noCapabilities = 2,
+    landlock = 4,
+    systemCallFilter = 8
 };
 
 /// A set of pieces: the sum of their values.

@@ -25,17 +25,17 @@ constexpr int kEndNewsInMilliseconds = 100;
 
 struct Worker::Parts {
     OwnedDescriptor memory;
-    OwnedDescriptor bell;
-    OwnedDescriptor leash;
+    OwnedDescriptor wakePipe;
+    OwnedDescriptor control;
 };
 
 Worker::Worker(WorkerSettings const& settings) : Worker(takeFromZygote(settings), settings) {}
 
 Worker::Worker(Parts parts, WorkerSettings const& settings)
     : memory_(SharedMemory::open(std::move(parts.memory), kChannelSize)),
-      leash_(std::move(parts.leash)),
-      // A worker cannot tell more than it can hold, and a text may take twice the room on the way.
-      end_(memory_.data(), std::move(parts.bell), 2 * settings.memoryLimit + kChannelPart),
+      control_(std::move(parts.control)),
+      // A reply is no longer than the worker's memory; a text may take twice its bytes on the way.
+      end_(memory_.data(), std::move(parts.wakePipe), 2 * settings.memoryLimit + kChannelPart),
       owner_(getpid()) {
     memory_.takeDescriptor();
     awaitReadiness(settings);
@@ -44,7 +44,7 @@ Worker::Worker(Parts parts, WorkerSettings const& settings)
 
 Worker::~Worker() {
     // In a fork of the application the socket is the parent's too.
-    if (!isOfOtherProcess()) shutdown(leash_.get(), SHUT_RDWR);
+    if (!isOfOtherProcess()) shutdown(control_.get(), SHUT_RDWR);
 }
 
 Worker::Parts Worker::takeFromZygote(WorkerSettings const& settings) {
@@ -56,7 +56,7 @@ Worker::Parts Worker::takeFromZygote(WorkerSettings const& settings) {
 void Worker::awaitReadiness(WorkerSettings const& settings) {
     deadline_.set(Deadline::Clock::now() + kPatience);
     std::vector<std::byte> report;
-    if (end_.receive(report, deadline_) != Outcome::ARRIVED || report.size() != sizeof pieces_) {
+    if (end_.receive(report, deadline_) != Outcome::arrived || report.size() != sizeof pieces_) {
         throw std::runtime_error("the worker process could not be prepared");
     }
     std::memcpy(&pieces_, report.data(), sizeof pieces_);
@@ -66,10 +66,10 @@ void Worker::awaitReadiness(WorkerSettings const& settings) {
 }
 
 void Worker::limitMemory(std::uint64_t bytes) {
-    LeashReport report;
-    if (!sendPacket(leash_.get(), packetOf(LeashRequest{bytes})) ||
-        !receiveValue(leash_.get(), report, kPatienceInMilliseconds) ||
-        report.kind != LeashReport::Kind::LIMITED) {
+    ControlReport report;
+    if (!sendPacket(control_.get(), packetOf(ControlRequest{bytes})) ||
+        !receiveValue(control_.get(), report, kPatienceInMilliseconds) ||
+        report.kind != ControlReport::Kind::limited) {
         throw std::runtime_error("the worker process ended at its start");
     }
     if (report.value == 0) return;
@@ -83,19 +83,19 @@ void Worker::announce(Deadline::Clock::time_point end) {
 }
 
 Worker::Outcome Worker::call(std::span<std::byte const> request, std::vector<std::byte>& reply) {
-    if (isOfOtherProcess()) return Outcome::ENDED;
-    if (outcome_ != Outcome::ARRIVED) return outcome_;
+    if (isOfOtherProcess()) return Outcome::ended;
+    if (outcome_ != Outcome::arrived) return outcome_;
     outcome_ = end_.send(request, deadline_);
-    if (outcome_ == Outcome::ARRIVED) outcome_ = end_.receive(reply, deadline_);
+    if (outcome_ == Outcome::arrived) outcome_ = end_.receive(reply, deadline_);
     return outcome_;
 }
 
 bool Worker::isOfOtherProcess() const { return getpid() != owner_; }
 
 std::optional<int> Worker::endStatus() {
-    LeashReport report;
-    if (isOfOtherProcess() || !receiveValue(leash_.get(), report, kEndNewsInMilliseconds) ||
-        report.kind != LeashReport::Kind::ENDED) {
+    ControlReport report;
+    if (isOfOtherProcess() || !receiveValue(control_.get(), report, kEndNewsInMilliseconds) ||
+        report.kind != ControlReport::Kind::ended) {
         return std::nullopt;
     }
     return report.value;

@@ -40,7 +40,7 @@ class Worker {
 
     /// Begins a call, which has to be over at `end`. From now on it can be interrupted.
     void announce(Deadline::Clock::time_point end);
-    /// Sends `request` and waits for the `reply`. After any other outcome than ARRIVED the worker
+    /// Sends `request` and waits for the `reply`. After any other outcome than `arrived` the worker
     /// is of no use: further calls have the same outcome.
     Outcome call(std::span<std::byte const> request, std::vector<std::byte>& reply);
     /// Asks the worker to end what it does in the call that was announced last. It need not.
@@ -66,12 +66,12 @@ class Worker {
     void limitMemory(std::uint64_t bytes);
 
     SharedMemory memory_;
-    OwnedDescriptor leash_;
+    OwnedDescriptor control_;
     Deadline deadline_;
     ApplicationEnd end_;
     pid_t owner_;
     SandboxPieces pieces_ = 0;
-    Outcome outcome_ = Outcome::ARRIVED;
+    Outcome outcome_ = Outcome::arrived;
 };
 
 }  // namespace kx

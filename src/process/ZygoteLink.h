@@ -17,9 +17,9 @@ class ZygoteLink {
     /// The link to the zygote of `program`, which has to call itself `version`.
     static ZygoteLink& of(std::string const& program, std::string const& version);
 
-    /// A worker's memory, bell and leash. The worker has `shared`, too, where that is not null; one
-    /// without is there sooner. Throws std::system_error or std::runtime_error where
-    /// there can be none.
+    /// A worker's channel memory, wake pipe and control socket. Where `shared` is not null the
+    /// worker has that memory too; a worker without it starts sooner. Throws std::system_error or
+    /// std::runtime_error where there can be none.
     std::vector<OwnedDescriptor> takeWorker(SharedMemory const* shared);
 
   private:

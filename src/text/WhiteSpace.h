@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 namespace kx {
 
 /// Whether a code unit is white space or a line terminator of ECMAScript. This is the set that "\s"
@@ -14,6 +16,20 @@ constexpr bool isWhiteSpace(char16_t unit) {
            || unit == u'\u202F' || unit == u'\u205F'    // narrow and mathematical space
            || unit == u'\u3000'                         // ideographic space
            || unit == u'\uFEFF';                        // zero-width no-break space
+}
+
+constexpr std::u16string_view withoutLeadingSpace(std::u16string_view text) {
+    while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);
+    return text;
+}
+
+constexpr std::u16string_view withoutTrailingSpace(std::u16string_view text) {
+    while (!text.empty() && isWhiteSpace(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+constexpr std::u16string_view withoutOuterSpace(std::u16string_view text) {
+    return withoutTrailingSpace(withoutLeadingSpace(text));
 }
 
 }  // namespace kx

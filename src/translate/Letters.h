@@ -30,10 +30,6 @@ inline char16_t upperCase(char16_t unit) {
 constexpr bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == u'\u00A0'; }
 constexpr bool isLineBreak(char16_t unit) { return unit == u'\r' || unit == u'\n'; }
 
-constexpr bool isHexadecimal(char16_t unit) {
-    return isDigit(unit) || (unit >= u'a' && unit <= u'f') || (unit >= u'A' && unit <= u'F');
-}
-
 /// Whether `text` is `word`, an upper-case one, in whatever case.
 inline bool isWord(std::u16string_view text, std::u16string_view word) {
     return std::equal(text.begin(), text.end(), word.begin(), word.end(),

@@ -50,40 +50,40 @@ void FormulaService::serve(WorkerEnd& end) {
 
 void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
     switch (static_cast<Command>(request.take<std::uint8_t>())) {
-        case Command::SET_VARIABLE:
+        case Command::setVariable:
             host_->addSetVariable(takeVariable(request));
             break;
-        case Command::RELEASE: {
+        case Command::release: {
             auto const number = request.take<std::uint32_t>();
             scripts_.erase(number);
             columns_.erase(number);
             break;
         }
-        case Command::TIME_LIMIT:
+        case Command::timeLimit:
             host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
             break;
-        case Command::MEMORY_LIMIT:
+        case Command::memoryLimit:
             host_->setMemoryLimit(request.take<std::uint64_t>());
             break;
-        case Command::NATIVE:
+        case Command::native:
             host_->setNativeEvaluation(request.takeBool());
             break;
-        case Command::INSTALL:
+        case Command::install:
             host_->initialize();
             putResult(reply, withOutcome({}));
             break;
-        case Command::RESET:
+        case Command::reset:
             putResult(reply, reset());
             break;
-        case Command::COMPILE: {
+        case Command::compile: {
             auto const script = request.take<std::uint32_t>();
             putResult(reply, compile(script, request.takeText()));
             break;
         }
-        case Command::RUN:
+        case Command::run:
             putResult(reply, run(request.take<std::uint32_t>()));
             break;
-        case Command::COMPILE_COLUMNS: {
+        case Command::compileColumns: {
             auto const number = request.take<std::uint32_t>();
             WorkerColumns& columns =
                 columns_.try_emplace(number, *host_, end_->area(), end_->sharedMemory())
@@ -91,7 +91,7 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             putResult(reply, withOutcome(columns.compile(request)));
             break;
         }
-        case Command::RUN_COLUMNS:
+        case Command::runColumns:
             columns_.at(request.take<std::uint32_t>()).run(request, reply);
             break;
     }

@@ -23,7 +23,7 @@ void lowerLimits() {
 
 }  // namespace
 
-SandboxPieces enterSandbox(int bell) {
+SandboxPieces enterSandbox(int wakePipe) {
     // Other processes of the user cannot look into this one.
     prctl(PR_SET_DUMPABLE, 0);
     lowerLimits();
@@ -31,10 +31,10 @@ SandboxPieces enterSandbox(int bell) {
     auto const note = [&held](bool holds, SandboxPiece piece) {
         if (holds) held |= static_cast<SandboxPieces>(piece);
     };
-    note(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, SandboxPiece::NO_NEW_PRIVILEGES);
-    note(banFiles(), SandboxPiece::LANDLOCK);
-    note(dropCapabilities(), SandboxPiece::NO_CAPABILITIES);
-    note(filterSystemCalls(bell), SandboxPiece::SYSTEM_CALL_FILTER);
+    note(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, SandboxPiece::noNewPrivileges);
+    note(banFiles(), SandboxPiece::landlock);
+    note(dropCapabilities(), SandboxPiece::noCapabilities);
+    note(filterSystemCalls(wakePipe), SandboxPiece::systemCallFilter);
     return held;
 }
 

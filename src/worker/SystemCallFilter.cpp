@@ -49,12 +49,13 @@ bool allow(scmp_filter_ctx filter, int call, Arguments... arguments) {
     return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, sizeof...(arguments), arguments...) == 0;
 }
 
-bool addRules(scmp_filter_ctx filter, int bell) {
+bool addRules(scmp_filter_ctx filter, int wakePipe) {
     for (int call : kFree) {
         if (!allow(filter, call)) return false;
     }
     auto const self = static_cast<scmp_datum_t>(getpid());
-    return allow(filter, SCMP_SYS(write), SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(bell))) &&
+    return allow(filter, SCMP_SYS(write),
+                 SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(wakePipe))) &&
            allow(filter, SCMP_SYS(mmap),
                  SCMP_A3(SCMP_CMP_MASKED_EQ, MAP_TYPE | MAP_ANONYMOUS, kPrivateMemory)) &&
            allow(filter, SCMP_SYS(clone), SCMP_A0(SCMP_CMP_MASKED_EQ, ~kThreadExtras, kThread)) &&
@@ -68,12 +69,13 @@ bool addRules(scmp_filter_ctx filter, int bell) {
 
 }  // namespace
 
-bool filterSystemCalls(int bell) {
+bool filterSystemCalls(int wakePipe) {
     Filter const filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)), seccomp_release);
     if (!filter) return false;
     bool const isComplete =
         seccomp_attr_set(filter.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_KILL_PROCESS) == 0 &&
-        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0) == 0 && addRules(filter.get(), bell);
+        seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0) == 0 &&
+        addRules(filter.get(), wakePipe);
     return isComplete && seccomp_load(filter.get()) == 0;
 }
 

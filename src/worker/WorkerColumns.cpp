@@ -51,7 +51,7 @@ std::byte* WorkerColumns::takePlace(MessageReader& request, ColumnArea& area, st
 void WorkerColumns::takeValues(MessageReader& request, ColumnArea& area, std::size_t count) {
     constexpr std::array<std::size_t, 3> kSizes = {sizeof(double), sizeof(std::int32_t), 1};
     for (Column& column : bound_) {
-        if (column.type < Type::TEXT) {
+        if (column.type < Type::texts) {
             bind(column, takePlace(request, area, kSizes[static_cast<std::size_t>(column.type)]));
             continue;
         }
@@ -64,11 +64,11 @@ void WorkerColumns::takeValues(MessageReader& request, ColumnArea& area, std::si
 /// `values` are those of a column that has no texts.
 void WorkerColumns::bind(Column const& column, std::byte const* values) {
     switch (column.type) {
-        case Type::DOUBLE:
+        case Type::numbers:
             return columns_->bind(column.name, reinterpret_cast<double const*>(values));
-        case Type::LONG:
+        case Type::wholeNumbers:
             return columns_->bind(column.name, reinterpret_cast<std::int32_t const*>(values));
-        case Type::BOOLEAN:
+        case Type::booleans:
             return columns_->bind(column.name, reinterpret_cast<bool const*>(values));
         default:
             return columns_->bind(column.name, column.texts.data());

@@ -21,14 +21,14 @@ class WorkerColumns {
     WorkerColumns(KxJsParser& host, std::byte* area, std::byte* shared)
         : host_(host), area_(area), shared_(shared) {}
 
-    /// Obeys COMPILE_COLUMNS, from the number of columns on.
+    /// Obeys compileColumns, from the number of columns on.
     CommandResult compile(MessageReader& request);
-    /// Obeys RUN_COLUMNS, from the type of the results on.
+    /// Obeys runColumns, from the type of the results on.
     void run(MessageReader& request, MessageWriter& reply);
 
   private:
     /// As the position of a type in Column::Values.
-    enum class Type : std::uint8_t { DOUBLE, LONG, BOOLEAN, TEXT, TEXT_VIEW };
+    enum class Type : std::uint8_t { numbers, wholeNumbers, booleans, texts, textViews };
     struct Column {
         std::u16string name;
         Type type;

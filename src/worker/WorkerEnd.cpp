@@ -8,8 +8,8 @@
 
 namespace kx {
 
-WorkerEnd::WorkerEnd(WorkerMemory memory, int bell)
-    : memory_(memory), words_(channelWords(memory.channel)), bell_(bell) {}
+WorkerEnd::WorkerEnd(WorkerMemory memory, int wakePipe)
+    : memory_(memory), words_(channelWords(memory.channel)), wakePipe_(wakePipe) {}
 
 void WorkerEnd::receive(std::vector<std::byte>& message) {
     message.clear();
@@ -54,8 +54,8 @@ void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
     lane.cpu.store(static_cast<std::uint32_t>(sched_getcpu()), std::memory_order_relaxed);
     lane.turn.store(++turn_);
     if (words_.application.sleeps.load() == 0) return;
-    char const ring = 0;
-    [[maybe_unused]] ssize_t const written = write(bell_, &ring, 1);
+    char const byte = 0;
+    [[maybe_unused]] ssize_t const written = write(wakePipe_, &byte, 1);
 }
 
 void WorkerEnd::awaitTurn() {

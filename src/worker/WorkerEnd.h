@@ -19,8 +19,8 @@ struct WorkerMemory {
 /// The worker's end of a channel, which trusts the application.
 class WorkerEnd {
   public:
-    /// Over the channel in `memory`. Writing to the descriptor `bell` wakes the application.
-    WorkerEnd(WorkerMemory memory, int bell);
+    /// Over the channel in `memory`. Writing to the descriptor `wakePipe` wakes the application.
+    WorkerEnd(WorkerMemory memory, int wakePipe);
 
     /// Waits for the next message. `message` is replaced.
     void receive(std::vector<std::byte>& message);
@@ -47,7 +47,7 @@ class WorkerEnd {
 
     WorkerMemory memory_;
     ChannelWords& words_;
-    int bell_;
+    int wakePipe_;
     std::uint32_t turn_ = 0;
     std::uint32_t endedCall_ = 0;
     std::atomic<std::uint32_t> received_ = 0;

@@ -17,7 +17,7 @@ namespace kx {
 namespace {
 
 /// The only descriptor of a worker, beside 0 to 2, which lead nowhere.
-constexpr int kBell = 3;
+constexpr int kWakePipe = 3;
 
 /// Ends this process with its parent.
 void endWith(pid_t zygote) {
@@ -25,9 +25,9 @@ void endWith(pid_t zygote) {
     if (getppid() != zygote) _exit(0);
 }
 
-void keepOnly(int bell) {
-    if (bell != kBell) dup2(bell, kBell);
-    closefrom(kBell + 1);
+void keepOnly(int wakePipe) {
+    if (wakePipe != kWakePipe) dup2(wakePipe, kWakePipe);
+    closefrom(kWakePipe + 1);
 }
 
 void defaultSignals() {
@@ -66,13 +66,13 @@ void startInterruptThread(Interrupts& interrupts) {
 
 }  // namespace
 
-void runWorker(WorkerService& service, WorkerMemory memory, int bell, pid_t zygote) {
+void runWorker(WorkerService& service, WorkerMemory memory, int wakePipe, pid_t zygote) {
     endWith(zygote);
-    keepOnly(bell);
+    keepOnly(wakePipe);
     defaultSignals();
     service.prepareWorker();
-    SandboxPieces const pieces = enterSandbox(kBell);
-    WorkerEnd end(memory, kBell);
+    SandboxPieces const pieces = enterSandbox(kWakePipe);
+    WorkerEnd end(memory, kWakePipe);
     Interrupts interrupts{service, end};
     startInterruptThread(interrupts);
     end.send(packetOf(pieces));

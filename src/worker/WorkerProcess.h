@@ -9,7 +9,8 @@ namespace kx {
 class WorkerService;
 
 /// What a process does that the zygote has just forked: serves over the channel in `memory`, in the
-/// sandbox. `bell` wakes the application, and `zygote` is the parent with which it ends.
-[[noreturn]] void runWorker(WorkerService& service, WorkerMemory memory, int bell, pid_t zygote);
+/// sandbox. `wakePipe` wakes the application, and `zygote` is the parent with which it ends.
+[[noreturn]] void runWorker(WorkerService& service, WorkerMemory memory, int wakePipe,
+                            pid_t zygote);
 
 }  // namespace kx

@@ -71,7 +71,7 @@ int Zygote::run() {
 /// Waits for something to do, and does it. False when the application is gone.
 bool Zygote::serveOnce() {
     std::vector<pollfd> waited = {{kZygoteSocket, POLLIN, 0}, {kZygoteLifeline, POLLIN, 0}};
-    for (Child const& child : children_) waited.push_back({child.leash.get(), POLLIN, 0});
+    for (Child const& child : children_) waited.push_back({child.control.get(), POLLIN, 0});
     if (ppoll(waited.data(), waited.size(), nullptr, &waitMask_) < 0) {
         if (errno != EINTR) return false;
         reap();
@@ -80,7 +80,7 @@ bool Zygote::serveOnce() {
     auto child = children_.begin();
     for (std::size_t i = 2; i < waited.size(); ++i) {
         auto const next = std::next(child);
-        if (waited[i].revents != 0 && !obeyLeash(*child)) end(child);
+        if (waited[i].revents != 0 && !obeyControl(*child)) end(child);
         child = next;
     }
     if (waited[1].revents != 0) return false;
@@ -94,12 +94,12 @@ bool Zygote::answerRequest() {
     std::optional<Fresh> const worker = takeWorker(request.sharedMemory, std::move(shared));
     ZygoteAnswer const answer{worker ? 0 : error_};
     if (!worker) return sendPacket(kZygoteSocket, packetOf(answer));
-    std::array<int, 2> leash = {-1, -1};
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, leash.data()) != 0) return false;
-    OwnedDescriptor const theirs(leash[1]);
-    children_.push_back({worker->process, OwnedDescriptor(leash[0])});
+    std::array<int, 2> control = {-1, -1};
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, control.data()) != 0) return false;
+    OwnedDescriptor const theirs(control[1]);
+    children_.push_back({worker->process, OwnedDescriptor(control[0])});
     std::array<int, kWorkerDescriptors> const descriptors = {worker->memory.get(),
-                                                             worker->bell.get(), theirs.get()};
+                                                             worker->wakePipe.get(), theirs.get()};
     bool const isSent = sendPacket(kZygoteSocket, packetOf(answer), descriptors);
     if (!spare_) spare_ = makeWorker(nullptr);
     return isSent;
@@ -123,18 +123,18 @@ std::optional<Zygote::Fresh> Zygote::takeWorker(std::uint64_t sharedBytes,
 std::optional<Zygote::Fresh> Zygote::makeWorker(SharedMemory const* shared) {
     try {
         SharedMemory memory = SharedMemory::create(kChannelSize);
-        std::array<int, 2> bell = {-1, -1};
-        if (pipe2(bell.data(), O_CLOEXEC | O_NONBLOCK) != 0) throwSystemError("pipe2");
-        OwnedDescriptor heard(bell[0]);
-        OwnedDescriptor const rung(bell[1]);
+        std::array<int, 2> wakePipe = {-1, -1};
+        if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) throwSystemError("pipe2");
+        OwnedDescriptor readEnd(wakePipe[0]);
+        OwnedDescriptor const writeEnd(wakePipe[1]);
         pid_t const zygote = getpid();
         pid_t const process = fork();
         if (process == 0) {
             std::byte* const own = shared == nullptr ? nullptr : shared->data();
-            runWorker(service_, {memory.data(), own}, rung.get(), zygote);
+            runWorker(service_, {memory.data(), own}, writeEnd.get(), zygote);
         }
         if (process < 0) throwSystemError("fork");
-        return Fresh{process, memory.takeDescriptor(), std::move(heard)};
+        return Fresh{process, memory.takeDescriptor(), std::move(readEnd)};
     } catch (std::system_error const& failure) {
         error_ = failure.code().value();
         return {};
@@ -142,12 +142,12 @@ std::optional<Zygote::Fresh> Zygote::makeWorker(SharedMemory const* shared) {
 }
 
 /// False when the application lets go of the worker.
-bool Zygote::obeyLeash(Child& child) {
-    LeashRequest request;
-    if (!receiveValue(child.leash.get(), request, 0)) return false;
-    LeashReport const report{LeashReport::Kind::LIMITED,
-                             limitMemory(child.process, request.memoryLimit)};
-    return sendPacket(child.leash.get(), packetOf(report));
+bool Zygote::obeyControl(Child& child) {
+    ControlRequest request;
+    if (!receiveValue(child.control.get(), request, 0)) return false;
+    ControlReport const report{ControlReport::Kind::limited,
+                               limitMemory(child.process, request.memoryLimit)};
+    return sendPacket(child.control.get(), packetOf(report));
 }
 
 void Zygote::end(std::list<Child>::iterator child) {
@@ -164,7 +164,8 @@ void Zygote::reap() {
         auto const isIt = [process](Child const& child) { return child.process == process; };
         auto const child = std::find_if(children_.begin(), children_.end(), isIt);
         if (child == children_.end()) continue;
-        sendPacket(child->leash.get(), packetOf(LeashReport{LeashReport::Kind::ENDED, status}));
+        sendPacket(child->control.get(),
+                   packetOf(ControlReport{ControlReport::Kind::ended, status}));
         children_.erase(child);
     }
 }

@@ -27,20 +27,20 @@ class Zygote {
     /// A worker that the application has.
     struct Child {
         pid_t process;
-        OwnedDescriptor leash;
+        OwnedDescriptor control;
     };
     /// A worker that the application has not yet.
     struct Fresh {
         pid_t process;
         OwnedDescriptor memory;
-        OwnedDescriptor bell;
+        OwnedDescriptor wakePipe;
     };
 
     bool serveOnce();
     bool answerRequest();
     std::optional<Fresh> takeWorker(std::uint64_t sharedBytes, std::vector<OwnedDescriptor> shared);
     std::optional<Fresh> makeWorker(SharedMemory const* shared);
-    bool obeyLeash(Child& child);
+    bool obeyControl(Child& child);
     void end(std::list<Child>::iterator child);
     void reap();
 

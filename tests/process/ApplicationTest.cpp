@@ -76,7 +76,7 @@ TEST(Application, SeesNoStrangersAmongItsChildren) {
         EXPECT_TRUE(isRight(worker));
         EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
         EXPECT_EQ(errno, ECHILD);
-        EXPECT_EQ(ask(worker, TestRequest::ABORT).outcome, Outcome::ENDED);
+        EXPECT_EQ(ask(worker, TestRequest::abort).outcome, Outcome::ended);
         pid_t const zygote = parentOf(processOf(*std::make_unique<Worker>(testSettings())));
         kill(zygote, SIGKILL);
         EXPECT_TRUE(endsSoon(zygote));
@@ -92,7 +92,7 @@ TEST(Application, GetsANewZygoteWhereTheOldOneWasKilled) {
     ASSERT_GT(zygote, 1);
     kill(zygote, SIGKILL);
     EXPECT_TRUE(endsSoon(process));
-    EXPECT_EQ(ask(worker, TestRequest::ECHO).outcome, Outcome::ENDED);
+    EXPECT_EQ(ask(worker, TestRequest::echo).outcome, Outcome::ended);
     Worker next(testSettings());
     EXPECT_TRUE(isRight(next));
     EXPECT_NE(parentOf(processOf(next)), zygote);
@@ -104,7 +104,7 @@ TEST(Application, ThatForksHasWorkersInBothProcesses) {
     pid_t const child = fork();
     if (child == 0) {
         if (!worker.isOfOtherProcess()) _exit(1);
-        if (ask(worker, TestRequest::ECHO).outcome != Outcome::ENDED) _exit(2);
+        if (ask(worker, TestRequest::echo).outcome != Outcome::ended) _exit(2);
         Worker own(testSettings());
         worker.~Worker();
         _exit(isRight(own) ? 0 : 3);
@@ -146,7 +146,7 @@ TEST(Application, MayBeKilledInTheMiddleOfACall) {
     Application application([](Application& self) {
         Worker* const worker = startAndTell(self);
         alarm(1);
-        ask(*worker, TestRequest::SPIN);
+        ask(*worker, TestRequest::spin);
         return 0;
     });
     expectEnd(application);

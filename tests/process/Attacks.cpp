@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int kBell = 3;
+constexpr int kWakePipe = 3;
 
 struct Target {
     int victim;
@@ -61,7 +61,7 @@ constexpr auto kAttacks = std::to_array<Attack>({
     {"remove a file", [](Target const& target) { return syscall(SYS_unlink, target.file); }},
     {"look at a file", [](Target const&) { return syscall(SYS_access, "/etc/passwd", R_OK); }},
     {"list a directory",
-     [](Target const&) { return syscall(SYS_getdents64, kBell, scratch.data(), scratch.size()); }},
+     [](Target const&) { return syscall(SYS_getdents64, kWakePipe, scratch.data(), scratch.size()); }},
     {"an Internet socket",
      [](Target const&) { return syscall(SYS_socket, AF_INET, SOCK_STREAM, 0); }},
     {"a local socket", [](Target const&) { return syscall(SYS_socket, AF_UNIX, SOCK_DGRAM, 0); }},
@@ -143,21 +143,21 @@ constexpr auto kAttacks = std::to_array<Attack>({
          return syscall(SYS_io_uring_setup, 4, parameters.data());
      }},
     {"map a descriptor",
-     [](Target const&) { return syscall(SYS_mmap, 0, 4096, PROT_READ, MAP_PRIVATE, kBell, 0); }},
+     [](Target const&) { return syscall(SYS_mmap, 0, 4096, PROT_READ, MAP_PRIVATE, kWakePipe, 0); }},
     {"map shared memory",
      [](Target const&) {
          return syscall(SYS_mmap, 0, 4096, PROT_READ, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
      }},
     {"memory without a name", [](Target const&) { return syscall(SYS_memfd_create, "x", 0); }},
     {"System V memory", [](Target const&) { return syscall(SYS_shmget, 0, 4096, 01600); }},
-    {"copy a descriptor", [](Target const&) { return syscall(SYS_dup, kBell); }},
+    {"copy a descriptor", [](Target const&) { return syscall(SYS_dup, kWakePipe); }},
     {"change a descriptor",
-     [](Target const&) { return syscall(SYS_fcntl, kBell, F_SETFL, O_NONBLOCK); }},
-    {"control a device", [](Target const&) { return syscall(SYS_ioctl, kBell, 0x5412, scratch.data()); }},
+     [](Target const&) { return syscall(SYS_fcntl, kWakePipe, F_SETFL, O_NONBLOCK); }},
+    {"control a device", [](Target const&) { return syscall(SYS_ioctl, kWakePipe, 0x5412, scratch.data()); }},
     {"send a descriptor",
      [](Target const&) {
          msghdr header{};
-         return syscall(SYS_sendmsg, kBell, &header, 0);
+         return syscall(SYS_sendmsg, kWakePipe, &header, 0);
      }},
     {"write elsewhere", [](Target const&) { return syscall(SYS_write, 1, scratch.data(), 1); }},
     {"read", [](Target const&) { return syscall(SYS_read, 0, scratch.data(), 1); }},

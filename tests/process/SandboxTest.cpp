@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 
 #include "process/Attacks.h"
-#include "process/Lies.h"
+#include "process/Forgeries.h"
 #include "process/TestClient.h"
 
 namespace {
@@ -44,15 +44,15 @@ TEST_F(Sandbox, LeavesAnAttackerWithoutEffect) {
     std::size_t ended = 0;
     auto worker = std::make_unique<Worker>(testSettings());
     for (std::size_t number = 0; number < attackCount(); ++number) {
-        auto const reply = ask(*worker, TestRequest::ATTACK, number, target(), 10s);
-        if (reply.outcome == Outcome::ENDED) {
+        auto const reply = ask(*worker, TestRequest::attack, number, target(), 10s);
+        if (reply.outcome == Outcome::ended) {
             ++ended;
             auto const status = worker->endStatus();
             ASSERT_TRUE(status.has_value()) << number;
             EXPECT_EQ(WTERMSIG(*status), SIGSYS) << number;
             worker = std::make_unique<Worker>(testSettings());
         } else {
-            ASSERT_EQ(reply.outcome, Outcome::ARRIVED) << number;
+            ASSERT_EQ(reply.outcome, Outcome::arrived) << number;
             bool const isRefused = reply.text.starts_with("-1 " + std::to_string(EPERM) + " ") ||
                                    reply.text.starts_with("-1 " + std::to_string(ENOSYS) + " ");
             EXPECT_TRUE(isRefused) << reply.text;
@@ -65,23 +65,23 @@ TEST_F(Sandbox, LeavesAnAttackerWithoutEffect) {
     EXPECT_EQ(ended, 3) << "calls of other architectures";
 }
 
-TEST_F(Sandbox, LeavesALiarWithoutEffect) {
-    for (std::size_t number = 0; number < lieCount(); ++number) {
+TEST_F(Sandbox, LeavesForgedMessagesWithoutEffect) {
+    for (std::size_t number = 0; number < forgeryCount(); ++number) {
         Worker worker(testSettings());
         ASSERT_TRUE(isRight(worker));
-        auto const reply = ask(worker, TestRequest::LIE, number, {}, 500ms);
-        EXPECT_TRUE(reply.outcome == Outcome::LIED || reply.outcome == Outcome::LATE ||
-                    (reply.outcome == Outcome::ARRIVED && reply.text.size() == 8))
-            << nameOfLie(number);
+        auto const reply = ask(worker, TestRequest::forge, number, {}, 500ms);
+        EXPECT_TRUE(reply.outcome == Outcome::invalid || reply.outcome == Outcome::late ||
+                    (reply.outcome == Outcome::arrived && reply.text.size() == 8))
+            << nameOfForgery(number);
         Worker next(testSettings());
-        EXPECT_TRUE(isRight(next)) << nameOfLie(number);
+        EXPECT_TRUE(isRight(next)) << nameOfForgery(number);
     }
 }
 
 TEST_F(Sandbox, TellsItsPieces) {
     Worker worker(testSettings());
-    for (SandboxPiece piece : {SandboxPiece::NO_NEW_PRIVILEGES, SandboxPiece::NO_CAPABILITIES,
-                               SandboxPiece::SYSTEM_CALL_FILTER}) {
+    for (SandboxPiece piece : {SandboxPiece::noNewPrivileges, SandboxPiece::noCapabilities,
+                               SandboxPiece::systemCallFilter}) {
         EXPECT_NE(worker.pieces() & static_cast<kx::SandboxPieces>(piece), 0U)
             << static_cast<int>(piece);
     }
@@ -91,7 +91,7 @@ TEST_F(Sandbox, GivesNoWorkerWithoutARequiredPiece) {
     auto settings = testSettings();
     settings.requiredPieces = 1 << 30;
     EXPECT_THROW(Worker{settings}, std::runtime_error);
-    settings.requiredPieces = static_cast<kx::SandboxPieces>(SandboxPiece::SYSTEM_CALL_FILTER);
+    settings.requiredPieces = static_cast<kx::SandboxPieces>(SandboxPiece::systemCallFilter);
     Worker worker(settings);
     EXPECT_TRUE(isRight(worker));
 }

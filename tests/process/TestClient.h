@@ -38,12 +38,12 @@ inline TestReply ask(kx::Worker& worker, TestRequest request, std::uint64_t numb
 
 /// Whether the worker still does what it is for.
 inline bool isRight(kx::Worker& worker) {
-    auto const reply = ask(worker, TestRequest::ECHO, 0, "as ever");
-    return reply.outcome == kx::Worker::Outcome::ARRIVED && reply.text == "as ever";
+    auto const reply = ask(worker, TestRequest::echo, 0, "as ever");
+    return reply.outcome == kx::Worker::Outcome::arrived && reply.text == "as ever";
 }
 
 inline pid_t processOf(kx::Worker& worker) {
-    return std::stoi(ask(worker, TestRequest::PROCESS).text);
+    return std::stoi(ask(worker, TestRequest::process).text);
 }
 
 /// Whether the process ends within some seconds.

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "process/Attacks.h"
-#include "process/Lies.h"
+#include "process/Forgeries.h"
 #include "process/TestRequest.h"
 #include "worker/WorkerEnd.h"
 #include "worker/WorkerService.h"
@@ -30,7 +30,7 @@ Bytes bytesOf(std::string const& text) {
     return {first, first + text.size()};
 }
 
-/// Where the channel lies, which a worker that lies has found out.
+/// Where the channel is: a worker that forges messages has found it out.
 std::byte* findChannel() {
     std::ifstream maps("/proc/self/maps");
     for (std::string line; std::getline(maps, line);) {
@@ -61,32 +61,32 @@ class TestService final : public kx::WorkerService {
   private:
     Bytes answer(TestRequest request, std::uint64_t number, Bytes const& rest, unsigned turn) {
         switch (request) {
-            case TestRequest::ECHO:
+            case TestRequest::echo:
                 return rest;
-            case TestRequest::LENGTHEN:
+            case TestRequest::lengthen:
                 return Bytes(number, std::byte{7});
-            case TestRequest::PROCESS:
+            case TestRequest::process:
                 return bytesOf(std::to_string(getpid()));
-            case TestRequest::SPIN:
+            case TestRequest::spin:
                 for (std::atomic<bool> const forEver = true; forEver;) {
                 }
                 return {};
-            case TestRequest::WAIT:
+            case TestRequest::wait:
                 return waitForInterrupt();
-            case TestRequest::ALLOCATE:
+            case TestRequest::allocate:
                 return allocate(number);
-            case TestRequest::EXIT:
+            case TestRequest::exit:
                 _exit(static_cast<int>(number));
-            case TestRequest::ABORT:
+            case TestRequest::abort:
                 std::abort();
-            case TestRequest::THREADS:
+            case TestRequest::threads:
                 return startThreads(number);
-            case TestRequest::RANDOM:
+            case TestRequest::random:
                 return random();
-            case TestRequest::ATTACK:
+            case TestRequest::attack:
                 return makeAttempt(number, rest);
-            case TestRequest::LIE:
-                lie(number, channel_, turn, 3);
+            case TestRequest::forge:
+                forge(number, channel_, turn, 3);
                 while (true) std::this_thread::sleep_for(std::chrono::hours(1));
         }
         return {};

@@ -22,8 +22,8 @@ TEST(Worker, AnswersMessagesOfAnyLength) {
           kx::kChannelPart, 2 * kx::kChannelPart - 9, 5 * kx::kChannelPart + 17}) {
         std::string text(length, 'x');
         for (std::size_t i = 0; i < length; ++i) text[i] = static_cast<char>('a' + i % 23);
-        auto const reply = ask(worker, TestRequest::ECHO, 0, text);
-        EXPECT_EQ(reply.outcome, Outcome::ARRIVED) << length;
+        auto const reply = ask(worker, TestRequest::echo, 0, text);
+        EXPECT_EQ(reply.outcome, Outcome::arrived) << length;
         EXPECT_TRUE(reply.text == text) << length;
     }
 }
@@ -31,7 +31,7 @@ TEST(Worker, AnswersMessagesOfAnyLength) {
 TEST(Worker, AnswersManyMessages) {
     Worker worker(testSettings());
     for (int i = 0; i < 20000; ++i) {
-        ASSERT_EQ(ask(worker, TestRequest::ECHO, 0, std::to_string(i)).text, std::to_string(i));
+        ASSERT_EQ(ask(worker, TestRequest::echo, 0, std::to_string(i)).text, std::to_string(i));
     }
 }
 
@@ -45,7 +45,7 @@ TEST(Worker, AnswersAfterPausesOfAllLengths) {
 
 TEST(Worker, IsLateWhereItDoesNotAnswer) {
     Worker worker(testSettings());
-    EXPECT_EQ(ask(worker, TestRequest::SPIN, 0, {}, 50ms).outcome, Outcome::LATE);
+    EXPECT_EQ(ask(worker, TestRequest::spin, 0, {}, 50ms).outcome, Outcome::late);
 }
 
 TEST(Worker, EndsWithItsObjectWhateverItDoes) {
@@ -53,7 +53,7 @@ TEST(Worker, EndsWithItsObjectWhateverItDoes) {
     {
         Worker worker(testSettings());
         process = processOf(worker);
-        EXPECT_EQ(ask(worker, TestRequest::SPIN, 0, {}, 20ms).outcome, Outcome::LATE);
+        EXPECT_EQ(ask(worker, TestRequest::spin, 0, {}, 20ms).outcome, Outcome::late);
     }
     EXPECT_TRUE(endsSoon(process));
 }
@@ -64,7 +64,7 @@ TEST(Worker, IsInterruptedByAnotherThread) {
         std::this_thread::sleep_for(50ms);
         worker.interrupt();
     });
-    EXPECT_EQ(ask(worker, TestRequest::WAIT).text, "interrupted");
+    EXPECT_EQ(ask(worker, TestRequest::wait).text, "interrupted");
     other.join();
     EXPECT_TRUE(isRight(worker));
 }
@@ -75,7 +75,7 @@ TEST(Worker, IsGivenUpByAnotherThread) {
         std::this_thread::sleep_for(50ms);
         worker.endBefore(kx::Deadline::Clock::now() + 20ms);
     });
-    EXPECT_EQ(ask(worker, TestRequest::SPIN).outcome, Outcome::LATE);
+    EXPECT_EQ(ask(worker, TestRequest::spin).outcome, Outcome::late);
     other.join();
 }
 
@@ -94,10 +94,10 @@ TEST(Worker, TellsHowItEnded) {
         int signal;
         int status;
     };
-    for (Case const& one : {Case{TestRequest::EXIT, 3, 0, 3}, Case{TestRequest::EXIT, 0, 0, 0},
-                            Case{TestRequest::ABORT, 0, SIGABRT, 0}}) {
+    for (Case const& one : {Case{TestRequest::exit, 3, 0, 3}, Case{TestRequest::exit, 0, 0, 0},
+                            Case{TestRequest::abort, 0, SIGABRT, 0}}) {
         Worker worker(testSettings());
-        EXPECT_EQ(ask(worker, one.request, one.number).outcome, Outcome::ENDED);
+        EXPECT_EQ(ask(worker, one.request, one.number).outcome, Outcome::ended);
         auto const status = worker.endStatus();
         ASSERT_TRUE(status.has_value());
         if (one.signal != 0) {
@@ -105,7 +105,7 @@ TEST(Worker, TellsHowItEnded) {
         } else {
             EXPECT_EQ(WEXITSTATUS(*status), one.status);
         }
-        EXPECT_EQ(ask(worker, TestRequest::ECHO).outcome, Outcome::ENDED);
+        EXPECT_EQ(ask(worker, TestRequest::echo).outcome, Outcome::ended);
     }
 }
 
@@ -115,35 +115,35 @@ TEST(Worker, KilledFromOutsideHasEnded) {
         std::this_thread::sleep_for(50ms);
         kill(process, SIGKILL);
     });
-    EXPECT_EQ(ask(worker, TestRequest::SPIN).outcome, Outcome::ENDED);
+    EXPECT_EQ(ask(worker, TestRequest::spin).outcome, Outcome::ended);
     other.join();
 }
 
 TEST(Worker, HasNoMoreMemoryThanItsLimit) {
     Worker worker(testSettings());
-    EXPECT_EQ(ask(worker, TestRequest::ALLOCATE, 48 << 20).text, "done");
-    EXPECT_EQ(ask(worker, TestRequest::ALLOCATE, 65 << 20).text, "no memory");
-    EXPECT_EQ(ask(worker, TestRequest::ALLOCATE, std::uint64_t{1} << 40).text, "no memory");
+    EXPECT_EQ(ask(worker, TestRequest::allocate, 48 << 20).text, "done");
+    EXPECT_EQ(ask(worker, TestRequest::allocate, 65 << 20).text, "no memory");
+    EXPECT_EQ(ask(worker, TestRequest::allocate, std::uint64_t{1} << 40).text, "no memory");
     EXPECT_TRUE(isRight(worker));
 }
 
-TEST(Worker, ThatTellsMoreThanItCanHoldLies) {
+TEST(Worker, ThatSendsMoreThanItCanHoldIsInvalid) {
     auto settings = testSettings();
     settings.memoryLimit = std::uint64_t{1} << 20;
     Worker worker(settings);
-    EXPECT_EQ(ask(worker, TestRequest::LENGTHEN, 2 << 20).outcome, Outcome::ENDED);
+    EXPECT_EQ(ask(worker, TestRequest::lengthen, 2 << 20).outcome, Outcome::ended);
 }
 
 TEST(Worker, StartsThreads) {
     Worker worker(testSettings());
-    EXPECT_EQ(ask(worker, TestRequest::THREADS, 5).text, "5");
+    EXPECT_EQ(ask(worker, TestRequest::threads, 5).text, "5");
 }
 
 TEST(Worker, SharesNoRandomNumbers) {
     std::set<std::string> seen;
     for (int i = 0; i < 5; ++i) {
         Worker worker(testSettings());
-        seen.insert(ask(worker, TestRequest::RANDOM).text);
+        seen.insert(ask(worker, TestRequest::random).text);
     }
     EXPECT_EQ(seen.size(), 5);
 }

@@ -50,7 +50,7 @@ class Batch {
             throw UsageError("--as " + quotable(options_.resultName) +
                              ": there is such a column already");
         }
-        if (!readFormula()) return EXIT_STATUS_FAILED;
+        if (!readFormula()) return ExitStatus::failed;
         CsvBlock block = reader_.next(kBlockBytes);
         BatchColumns columns(header_, source_, options_.types);
         columns.guessTypes(block);
@@ -63,7 +63,7 @@ class Batch {
         std::u16string error;
         if (!evaluation.compile(source_, error)) {
             failures_->reportFormula(error, host_.lastFailure());
-            return EXIT_STATUS_FAILED;
+            return ExitStatus::failed;
         }
         output_.writeHeader(header_, options_.resultName, reader_);
         while (!block.empty()) {
@@ -72,7 +72,7 @@ class Batch {
             if (!block.empty()) columns.load(block, evaluation);
         }
         output_.commit();
-        return hasFailed_ ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+        return hasFailed_ ? ExitStatus::failed : ExitStatus::ok;
     }
 
   private:

@@ -60,16 +60,16 @@ CellType typeOfCells(CsvBlock const& block, std::size_t index, std::size_t heade
         std::string_view const cell = block.cell(record, index);
         // A record with too many cells fails. Its cells may be in the wrong columns.
         if (cell.empty() || block.cellCount(record) > headerCells) continue;
-        if (numberInCell(CellType::GUESSED, cell)) {
+        if (numberInCell(CellType::guessed, cell)) {
             hasNumbers = true;
         } else if (booleanFrom(cell)) {
             hasBooleans = true;
         } else {
-            return CellType::STRING;
+            return CellType::text;
         }
     }
-    if (hasNumbers == hasBooleans) return CellType::STRING;  // neither, or both
-    return hasNumbers ? CellType::GUESSED : CellType::BOOLEAN;
+    if (hasNumbers == hasBooleans) return CellType::text;  // neither, or both
+    return hasNumbers ? CellType::guessed : CellType::boolean;
 }
 
 }  // namespace
@@ -110,7 +110,7 @@ void BatchColumns::guessTypes(CsvBlock const& block) {
 
 bool BatchColumns::loadCell(Column& column, std::string_view cell) {
     std::size_t const position = loaded_.size();
-    if (column.type == CellType::STRING) {
+    if (column.type == CellType::text) {
         try {
             column.texts[position] = utf16FromUtf8(cell);
         } catch (InvalidUtf8 const&) {
@@ -118,7 +118,7 @@ bool BatchColumns::loadCell(Column& column, std::string_view cell) {
         }
         return column.texts[position].size() <= KxJsVariable::kMaxTextLength;
     }
-    if (column.type == CellType::BOOLEAN) {
+    if (column.type == CellType::boolean) {
         auto const value = booleanFrom(cell);
         column.booleans[position] = value.value_or(false);
         return value.has_value();
@@ -145,9 +145,9 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
     loaded_.clear();
     refused_.clear();
     for (Column& column : columns_) {
-        if (column.type == CellType::STRING) {
+        if (column.type == CellType::text) {
             column.texts.resize(block.size());
-        } else if (column.type == CellType::BOOLEAN) {
+        } else if (column.type == CellType::boolean) {
             // NOLINTNEXTLINE(modernize-avoid-c-arrays): as in the header
             column.booleans = std::make_unique<bool[]>(block.size());
         } else {
@@ -167,9 +167,9 @@ void BatchColumns::load(CsvBlock const& block, KxJsColumns& columns) {
 
 void BatchColumns::bind(KxJsColumns& columns) const {
     for (Column const& column : columns_) {
-        if (column.type == CellType::STRING) {
+        if (column.type == CellType::text) {
             columns.bind(column.name, column.texts.data());
-        } else if (column.type == CellType::BOOLEAN) {
+        } else if (column.type == CellType::boolean) {
             columns.bind(column.name, column.booleans.get());
         } else {
             columns.bind(column.name, column.numbers.data());

@@ -45,7 +45,7 @@ class BatchColumns {
         std::string header;
         std::u16string name;
         bool isTypeKnown = false;
-        CellType type = CellType::STRING;
+        CellType type = CellType::text;
         std::vector<double> numbers;
         // NOLINTNEXTLINE(modernize-avoid-c-arrays): std::vector<bool> has no array of bool
         std::unique_ptr<bool[]> booleans;

@@ -21,20 +21,20 @@ bool saysMore(std::string_view cell) {
 }  // namespace
 
 std::optional<CellType> cellTypeNamed(std::string_view name) {
-    if (name == "long") return CellType::LONG;
-    if (name == "double") return CellType::DOUBLE;
-    if (name == "bool") return CellType::BOOLEAN;
-    if (name == "string") return CellType::STRING;
+    if (name == "long") return CellType::wholeNumber;
+    if (name == "double") return CellType::number;
+    if (name == "bool") return CellType::boolean;
+    if (name == "string") return CellType::text;
     return std::nullopt;
 }
 
 std::string describe(CellType type) {
     switch (type) {
-        case CellType::LONG:
+        case CellType::wholeNumber:
             return "a whole number of 32 bits";
-        case CellType::BOOLEAN:
+        case CellType::boolean:
             return R"("true" or "false")";
-        case CellType::STRING:
+        case CellType::text:
             return "a text of at most 255 characters";
         default:
             return "a number";
@@ -42,8 +42,8 @@ std::string describe(CellType type) {
 }
 
 std::optional<double> numberInCell(CellType type, std::string_view cell) {
-    if (type == CellType::LONG) return wholeNumberFrom(cell);
-    if (type == CellType::GUESSED && saysMore(cell)) return std::nullopt;
+    if (type == CellType::wholeNumber) return wholeNumberFrom(cell);
+    if (type == CellType::guessed && saysMore(cell)) return std::nullopt;
     return numberFrom(cell);
 }
 

@@ -7,9 +7,9 @@
 
 namespace kx {
 
-/// The type of a column's cells in a formula. GUESSED is a number whose type follows from the
+/// The type of a column's cells in a formula. `guessed` is a number whose type follows from the
 /// cells. It is stricter than a type that the user has chosen: an item number such as 007 is text.
-enum class CellType : std::uint8_t { LONG, DOUBLE, GUESSED, BOOLEAN, STRING };
+enum class CellType : std::uint8_t { wholeNumber, number, guessed, boolean, text };
 
 /// The type called "long", "double", "bool" or "string".
 std::optional<CellType> cellTypeNamed(std::string_view name);

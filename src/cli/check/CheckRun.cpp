@@ -51,7 +51,7 @@ class CheckRun {
             }
         }
         flushOutput();
-        return summary_.keepsAll() ? EXIT_STATUS_OK : EXIT_STATUS_FAILED;
+        return summary_.keepsAll() ? ExitStatus::ok : ExitStatus::failed;
     }
 
   private:

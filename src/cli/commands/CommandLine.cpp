@@ -44,11 +44,11 @@ ExitStatus report(CLI::App const& app, CLI::Error const& error,
     if (app.exit(error, out, err) == 0) {
         print(utf16FromUtf8(out.str()));
         flushOutput();
-        return EXIT_STATUS_OK;
+        return ExitStatus::ok;
     }
     reportError(messageFor(app, error, arguments));
     reportError(R"("kxjs --help" and "kxjs COMMAND --help" explain the usage)");
-    return EXIT_STATUS_USAGE;
+    return ExitStatus::usage;
 }
 
 ExitStatus parseAndRun(std::vector<std::string> const& arguments) {
@@ -89,16 +89,16 @@ ExitStatus runCommandLine(std::vector<std::string> const& arguments) {
         return parseAndRun(arguments);
     } catch (UsageError const& error) {
         reportError(error.what());
-        return EXIT_STATUS_USAGE;
+        return ExitStatus::usage;
     } catch (ReaderGone const&) {
         endByPipeSignal();
-        return EXIT_STATUS_READER_GONE;
+        return ExitStatus::readerGone;
     } catch (std::bad_alloc const&) {
         reportError("out of memory");
     } catch (std::exception const& error) {
         reportError(error.what());
     }
-    return EXIT_STATUS_FAILED;
+    return ExitStatus::failed;
 }
 
 }  // namespace kx

@@ -18,7 +18,7 @@ ExitStatus runConvert(std::vector<std::string> const& formulas) {
         printLine(Converter::_convert(formula.text.c_str()));
     });
     flushOutput();
-    return EXIT_STATUS_OK;
+    return ExitStatus::ok;
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ void writePages(std::string const& directory, bool isTranslated) {
 ExitStatus runDocs(DocsOptions const& options) {
     if (!options.directory.empty()) {
         writePages(options.directory, options.isTranslated);
-        return EXIT_STATUS_OK;
+        return ExitStatus::ok;
     }
     bool const standalone = !options.isFragment;
     std::u16string const document =
@@ -68,7 +68,7 @@ ExitStatus runDocs(DocsOptions const& options) {
     } else {
         replaceFile(options.file, standalone ? fileText(document) : utf8FromUtf16(document));
     }
-    return EXIT_STATUS_OK;
+    return ExitStatus::ok;
 }
 
 }  // namespace

@@ -83,7 +83,7 @@ ExitStatus runEval(CLI::App const& command, EvalOptions const& options) {
         if (!evaluate(parser, formula, reader)) hasFailed = true;
     });
     flushOutput();
-    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? ExitStatus::failed : ExitStatus::ok;
 }
 
 }  // namespace
@@ -95,11 +95,11 @@ void addEval(CLI::App& app, Command& chosen) {
         options->variables[addRepeatable(*eval, name, "NAME=VALUE", help)] = kind;
     };
     addLanguage(*eval, options->language);
-    addVariable("-v", VariableOption::GUESS, "Bind a variable; the type follows from the value");
-    addVariable("--long", VariableOption::LONG, "Bind a whole number of 32 bits");
-    addVariable("--double", VariableOption::DOUBLE, "Bind a number");
-    addVariable("--string", VariableOption::STRING, "Bind a text");
-    addVariable("--bool", VariableOption::BOOLEAN, "Bind true or false");
+    addVariable("-v", VariableOption::guessed, "Bind a variable; the type follows from the value");
+    addVariable("--long", VariableOption::wholeNumber, "Bind a whole number of 32 bits");
+    addVariable("--double", VariableOption::number, "Bind a number");
+    addVariable("--string", VariableOption::text, "Bind a text");
+    addVariable("--bool", VariableOption::boolean, "Bind true or false");
     addLimits(*eval, options->limits);
     addIsolated(*eval, options->limits);
     addFormulas(*eval, options->formulas);

@@ -60,7 +60,7 @@ ExitStatus runExtract(ExtractOptions const& options) {
         reportScriptError(error);
     });
     flushOutput();
-    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? ExitStatus::failed : ExitStatus::ok;
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ void addFunctions(CLI::App& app, Command& chosen) {
                 printFunction(*name, cataloguesOf(*isTranslated));
             }
             flushOutput();
-            return EXIT_STATUS_OK;
+            return ExitStatus::ok;
         };
     });
 }

@@ -37,7 +37,7 @@ ExitStatus runTranslate(TranslateOptions const& options) {
     if (options.isRunTime) {
         print(KxJsTranslator::runTimePart());
         flushOutput();
-        return EXIT_STATUS_OK;
+        return ExitStatus::ok;
     }
     requireInput(options.formulas.empty(), "formula");
     bool hasFailed = false;
@@ -49,7 +49,7 @@ ExitStatus runTranslate(TranslateOptions const& options) {
         hasFailed = true;
         report(formula, translation.findings);
     });
-    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? ExitStatus::failed : ExitStatus::ok;
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 namespace kx {
 
 /// The exit status of kxjs.
-enum ExitStatus : int {
-    EXIT_STATUS_OK = 0,
-    EXIT_STATUS_FAILED = 1,
-    EXIT_STATUS_USAGE = 2,
-    EXIT_STATUS_READER_GONE = 141  // 128 + SIGPIPE, as shells report it
+enum class ExitStatus : int {
+    ok = 0,
+    failed = 1,
+    usage = 2,
+    readerGone = 141  // 128 + SIGPIPE, as shells report it
 };
 
 /// The command line or the input is wrong. Ends with status 2.
@@ -25,7 +25,7 @@ class WorkError : public std::runtime_error {
 /// The reader of standard output has closed it, as "head" does. Ends by SIGPIPE.
 class ReaderGone : public std::runtime_error {
   public:
-    ReaderGone() : std::runtime_error("nobody reads standard output any more") {}
+    ReaderGone() : std::runtime_error("standard output is closed") {}
 };
 
 }  // namespace kx

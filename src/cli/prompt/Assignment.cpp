@@ -11,27 +11,19 @@
 #include "text/WhiteSpace.h"
 
 namespace kx {
-namespace {
-
-std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isWhiteSpace(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isWhiteSpace(text.back())) text.remove_suffix(1);
-    return text;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::optional<Assignment> assignmentFrom(std::u16string const& line) {
     std::size_t const equals = line.find(u'=');
     if (equals == std::u16string::npos) return std::nullopt;
     std::u16string_view const text = line;
-    std::u16string_view const name = trimmed(text.substr(0, equals));
+    std::u16string_view const name = withoutOuterSpace(text.substr(0, equals));
     std::u16string_view const behind = text.substr(equals + 1);
-    if (!mayBeName(name) || trimmed(behind).empty()) return std::nullopt;
+    if (!mayBeName(name) || withoutOuterSpace(behind).empty()) return std::nullopt;
     if (behind.front() == u'=' || behind.front() == u'>' || behind.front() == u'<') {
         return std::nullopt;
     }
-    return Assignment{std::u16string(name), std::u16string(trimmed(behind))};
+    return Assignment{std::u16string(name), std::u16string(withoutOuterSpace(behind))};
 }
 
 std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
@@ -44,7 +36,7 @@ std::optional<KxJsVariable> literalVariable(Assignment const& assignment) {
         return KxJsVariable(name, value.substr(1, value.size() - 2));
     }
     KxJsVariable const guessed =
-        parseVariable(VariableOption::GUESS, utf8FromUtf16(name) + "=" + utf8FromUtf16(value));
+        parseVariable(VariableOption::guessed, utf8FromUtf16(name) + "=" + utf8FromUtf16(value));
     if (guessed.getType() == KxJsVariable::TYPE_OF_VAR_STRING) return std::nullopt;
     return guessed;
 }

@@ -94,7 +94,7 @@ ExitStatus runAtTerminal(Limits const& limits, LanguageOptions const& language) 
         runLine(session, *line);
     }
     // The user has seen the failures. Only lines that come from a file set the status.
-    return EXIT_STATUS_OK;
+    return ExitStatus::ok;
 }
 
 ExitStatus runOnLines(Limits const& limits, LanguageOptions const& language) {
@@ -103,7 +103,7 @@ ExitStatus runOnLines(Limits const& limits, LanguageOptions const& language) {
     forEachFormula({}, [&](Formula const& line) {
         if (!session.hasEnded() && !runLine(session, line.text)) hasFailed = true;
     });
-    return hasFailed ? EXIT_STATUS_FAILED : EXIT_STATUS_OK;
+    return hasFailed ? ExitStatus::failed : ExitStatus::ok;
 }
 
 }  // namespace

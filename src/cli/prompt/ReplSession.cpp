@@ -79,7 +79,7 @@ bool ReplSession::assign(Assignment const& assignment, std::u16string const& lin
         report(assignment.value, line, run);
         return false;
     }
-    return bind(parseVariable(VariableOption::GUESS,
+    return bind(parseVariable(VariableOption::guessed,
                               utf8FromUtf16(assignment.name) + "=" + utf8FromUtf16(run.result)));
 }
 

@@ -13,8 +13,6 @@
 
 namespace kx {
 
-using Arguments = std::span<Value const>;
-
 /// The whole part of a number; empty for other values, and for what has none.
 inline std::optional<double> wholeOf(Value const& value) {
     if (!value.isNumber() || !std::isfinite(value.number)) return std::nullopt;
@@ -35,12 +33,8 @@ inline bool giveFinite(double number, Value& result) {
     return std::isfinite(number) && give(number, result);
 }
 
-/// A copy of `text` that lives as long as the evaluation.
-inline bool giveCopy(std::u16string_view text, TextArena& arena, Value& result) {
-    char16_t* const room = arena.allocate(text.size());
-    if (room == nullptr) return false;
-    text.copy(room, text.size());
-    return give(std::u16string_view(room, text.size()), result);
+inline std::u16string_view withoutLastBlanks(std::u16string_view text) {
+    return text.substr(0, text.find_last_not_of(u' ') + 1);
 }
 
 }  // namespace kx

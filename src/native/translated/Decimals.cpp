@@ -70,24 +70,17 @@ std::string roundedDigits(DecimalForm const& form, int places) {
     return digits;
 }
 
-std::optional<std::u16string_view> copied(std::string_view text, TextArena& arena) {
-    char16_t* const room = arena.allocate(text.size());
-    if (room == nullptr) return std::nullopt;
-    std::copy(text.begin(), text.end(), room);
-    return std::u16string_view(room, text.size());
-}
-
-/// `text` with blanks in front; asterisks without a text, or where there is no room.
+/// `text` with blanks in front; asterisks where there is no text, or a longer one.
 std::optional<std::u16string_view> aligned(std::optional<std::u16string_view> text,
                                            std::size_t width, TextArena& arena) {
-    char16_t* const room = arena.allocate(width);
-    if (room == nullptr) return std::nullopt;
+    char16_t* const units = arena.allocate(width);
+    if (units == nullptr) return std::nullopt;
     if (!text || text->size() > width) {
-        std::fill_n(room, width, u'*');
+        std::fill_n(units, width, u'*');
     } else {
-        text->copy(std::fill_n(room, width - text->size(), u' '), text->size());
+        text->copy(std::fill_n(units, width - text->size(), u' '), text->size());
     }
-    return std::u16string_view(room, width);
+    return std::u16string_view(units, width);
 }
 
 }  // namespace
@@ -105,7 +98,7 @@ std::optional<std::u16string_view> decimalsOf(double number, std::size_t places,
     bool const isNegative = number < 0 && text.find_first_not_of('0') != std::string::npos;
     if (places > 0) text.insert(text.size() - places, 1, '.');
     if (isNegative) text.insert(0, 1, '-');
-    return copied(text, arena);
+    return arena.copy(std::string_view(text));
 }
 
 std::optional<std::size_t> ownDecimals(double number) {

@@ -21,7 +21,7 @@ std::optional<std::size_t> ownDecimals(double number);
 /// Rounded at so many decimals; tens and more where `places` is negative.
 std::optional<double> roundedAt(double number, double places);
 
-/// Right-aligned; asterisks where there is no room.
+/// Right-aligned; asterisks where the number is wider.
 std::optional<std::u16string_view> inWidth(double number, std::size_t width, std::size_t places,
                                            TextArena& arena);
 

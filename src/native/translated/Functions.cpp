@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "native/FunctionTable.h"
+
 namespace kx {
 
 namespace {
@@ -24,20 +26,12 @@ constexpr std::array kOthers = {
 
 static_assert(std::is_sorted(kOthers.begin(), kOthers.end()));
 
-Function const* findIn(std::span<Function const> functions, std::u16string_view name) {
-    auto const found = std::lower_bound(functions.begin(), functions.end(), name,
-                                        [](Function const& function, std::u16string_view sought) {
-                                            return function.name < sought;
-                                        });
-    return found != functions.end() && found->name == name ? &*found : nullptr;
-}
-
 }  // namespace
 
 Function const* findRunTimeFunction(std::u16string_view name, bool isExact) {
     for (auto const& functions : {runTimeOperators(isExact), runTimeTextFunctions(),
                                   runTimeNumberFunctions(), runTimeValueFunctions(isExact)}) {
-        if (Function const* const found = findIn(functions, name)) return found;
+        if (Function const* const found = findByName(functions, name)) return found;
     }
     return nullptr;
 }

@@ -17,10 +17,6 @@ namespace {
 
 constexpr double kMostWidth = 10000;
 
-bool giveText(std::optional<std::u16string_view> text, Value& result) {
-    return text && give(*text, result);
-}
-
 /// What the formula's text tells of a number's decimals.
 std::optional<std::size_t> scaleOf(Value const& scale) {
     if (!scale.isNumber()) return std::nullopt;
@@ -47,7 +43,7 @@ std::optional<std::u16string_view> formatted(Arguments arguments, TextArena& are
 }
 
 bool str(Arguments arguments, Workspace& workspace, Value& result) {
-    return giveText(formatted(arguments, workspace.arena), result);
+    return give(formatted(arguments, workspace.arena), result);
 }
 
 /// Leading blanks as zeros, the sign in front.
@@ -58,7 +54,7 @@ bool strZero(Arguments arguments, Workspace& workspace, Value& result) {
     std::size_t const start = std::min(filled.find_first_not_of(u' '), filled.size());
     std::fill_n(filled.begin(), start, u'0');
     if (start < filled.size() && filled[start] == u'-') std::swap(filled[0], filled[start]);
-    return giveCopy(filled, workspace.arena, result);
+    return give(workspace.arena.copy(std::u16string_view(filled)), result);
 }
 
 bool ntos(Arguments arguments, Workspace& workspace, Value& result) {
@@ -118,8 +114,7 @@ bool mod(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 bool roundFunction(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const places = wholeOf(arguments[1]);
     if (!arguments[0].isNumber() || !places) return false;
-    auto const rounded = roundedAt(arguments[0].number, *places);
-    return rounded && give(*rounded, result);
+    return give(roundedAt(arguments[0].number, *places), result);
 }
 
 /// Of numbers, or of texts.

@@ -12,19 +12,13 @@ namespace {
 
 bool areNumbers(Arguments arguments) { return arguments[0].isNumber() && arguments[1].isNumber(); }
 bool areTexts(Arguments arguments) { return arguments[0].isText() && arguments[1].isText(); }
-bool isLogical(Value const& value) { return value.type == Value::Type::boolean; }
-
-std::u16string_view withoutLastBlanks(std::u16string_view text) {
-    return text.substr(0, text.find_last_not_of(u' ') + 1);
-}
 
 bool add(Arguments arguments, Workspace& workspace, Value& result) {
     if (areNumbers(arguments)) {
         return giveFinite(arguments[0].number + arguments[1].number, result);
     }
     if (!areTexts(arguments)) return false;
-    auto const text = joined(arguments[0].text, arguments[1].text, workspace.arena);
-    return text && give(*text, result);
+    return give(joined(arguments[0].text, arguments[1].text, workspace.arena), result);
 }
 
 /// Blanks at the end of the left text go to the end.
@@ -36,12 +30,12 @@ bool subtract(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const left = arguments[0].text;
     std::u16string_view const right = arguments[1].text;
     std::u16string_view const first = withoutLastBlanks(left);
-    char16_t* const room = workspace.arena.allocate(left.size() + right.size());
-    if (room == nullptr) return false;
-    char16_t* const middle = std::copy(first.begin(), first.end(), room);
+    char16_t* const units = workspace.arena.allocate(left.size() + right.size());
+    if (units == nullptr) return false;
+    char16_t* const middle = std::copy(first.begin(), first.end(), units);
     char16_t* const end = std::copy(right.begin(), right.end(), middle);
     std::fill_n(end, left.size() - first.size(), u' ');
-    return give(std::u16string_view(room, left.size() + right.size()), result);
+    return give(std::u16string_view(units, left.size() + right.size()), result);
 }
 
 bool multiply(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -68,16 +62,16 @@ bool keepNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 }
 
 bool invert(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return isLogical(arguments[0]) && give(arguments[0].number == 0, result);
+    return arguments[0].isBoolean() && give(arguments[0].number == 0, result);
 }
 
 bool keepLogical(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     result = arguments[0];
-    return isLogical(arguments[0]);
+    return arguments[0].isBoolean();
 }
 
 bool exclusiveOr(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return isLogical(arguments[0]) && isLogical(arguments[1]) &&
+    return arguments[0].isBoolean() && arguments[1].isBoolean() &&
            give(arguments[0].number != arguments[1].number, result);
 }
 
@@ -88,7 +82,7 @@ bool identical(Arguments arguments, Workspace& /*workspace*/, Value& result) {
         return give(left.isNullish() && right.isNullish(), result);
     }
     if (left.type != right.type) return false;
-    return give(left.isText() ? left.text == right.text : left.number == right.number, result);
+    return give(areStrictlyEqual(left, right), result);
 }
 
 template <bool kIsExact, bool kIsNegated>
@@ -123,14 +117,14 @@ bool contains(Arguments arguments, Workspace& workspace, Value& result) {
     return give(!arguments[0].text.empty() && place >= 0, result);
 }
 
-/// The others have been evaluated, and that is all.
+/// The other arguments are evaluated for their errors only.
 bool first(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (arguments.empty()) return false;
     result = arguments[0];
     return true;
 }
 
-/// Dates are made texts by it, and are none of the values here.
+/// It changes dates only, which are left to V8.
 bool keep(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     result = arguments[0];
     return true;

@@ -17,12 +17,8 @@ std::u16string_view withoutFirstSpace(std::u16string_view text) {
     return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
 }
 
-std::u16string_view withoutLastBlanks(std::u16string_view text) {
-    return text.substr(0, text.find_last_not_of(u' ') + 1);
-}
-
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() && give(static_cast<double>(arguments[0].text.size()), result);
+    return arguments[0].isText() && give(sizeOf(arguments[0].text), result);
 }
 
 template <bool kAtStart, bool kAtEnd>
@@ -61,7 +57,7 @@ bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto from = wholeOf(arguments[1]);
     if (!arguments[0].isText() || !from) return false;
     std::u16string_view const text = arguments[0].text;
-    auto const size = static_cast<double>(text.size());
+    double const size = sizeOf(text);
     auto const count = wholeOr(arguments[2], size);
     if (!count) return false;
     if (*from < 0) from = std::max(1.0, size + *from + 1);
@@ -79,39 +75,35 @@ bool stuff(Arguments arguments, Workspace& workspace, Value& result) {
     if (!from || !count) return false;
     std::u16string_view const text = arguments[0].text;
     std::u16string_view const replacement = arguments[3].text;
-    auto const size = static_cast<double>(text.size());
+    double const size = sizeOf(text);
     if (*from < 0 || *from > size) from = size + 1;
     std::size_t const first = limitedTo(*from - 1, text.size());
     std::u16string_view rest = text.substr(first);
     rest.remove_prefix(*count < 0 ? rest.size() : limitedTo(*count, rest.size()));
     std::size_t const length = first + replacement.size() + rest.size();
-    char16_t* const room = workspace.arena.allocate(length);
-    if (room == nullptr) return false;
-    text.copy(room, first);
-    replacement.copy(room + first, replacement.size());
-    rest.copy(room + first + replacement.size(), rest.size());
-    return give(std::u16string_view(room, length), result);
+    char16_t* const units = workspace.arena.allocate(length);
+    if (units == nullptr) return false;
+    text.copy(units, first);
+    replacement.copy(units + first, replacement.size());
+    rest.copy(units + first + replacement.size(), rest.size());
+    return give(std::u16string_view(units, length), result);
 }
 
-bool repeated(std::u16string_view text, Value const& count, TextArena& arena, Value& result) {
+bool repeat(std::u16string_view text, Value const& count, TextArena& arena, Value& result) {
     auto const times = wholeOf(count);
     if (!times) return false;
     if (*times <= 0 || text.empty()) return give(std::u16string_view(), result);
     if (*times > static_cast<double>(TextArena::kMostWork)) return false;
-    auto const number = static_cast<std::size_t>(*times);
-    char16_t* const room = arena.allocate(text.size() * number);
-    if (room == nullptr) return false;
-    for (std::size_t i = 0; i < number; ++i) text.copy(room + i * text.size(), text.size());
-    return give(std::u16string_view(room, text.size() * number), result);
+    return give(repeated(text, static_cast<std::size_t>(*times), arena), result);
 }
 
 bool space(Arguments arguments, Workspace& workspace, Value& result) {
-    return repeated(u" ", arguments[0], workspace.arena, result);
+    return repeat(u" ", arguments[0], workspace.arena, result);
 }
 
 bool replicate(Arguments arguments, Workspace& workspace, Value& result) {
     return arguments[0].isText() &&
-           repeated(arguments[0].text, arguments[1], workspace.arena, result);
+           repeat(arguments[0].text, arguments[1], workspace.arena, result);
 }
 
 enum class Side : std::uint8_t { left, right, both };
@@ -139,12 +131,12 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     std::size_t const before = kSide == Side::left   ? missing
                                : kSide == Side::both ? missing / 2
                                                      : 0;
-    char16_t* const room = workspace.arena.allocate(size);
-    if (room == nullptr) return false;
-    char16_t* const middle = std::fill_n(room, before, unit);
+    char16_t* const units = workspace.arena.allocate(size);
+    if (units == nullptr) return false;
+    char16_t* const middle = std::fill_n(units, before, unit);
     text.text.copy(middle, text.text.size());
     std::fill_n(middle + text.text.size(), missing - before, unit);
-    return give(std::u16string_view(room, size), result);
+    return give(std::u16string_view(units, size), result);
 }
 
 bool chr(Arguments arguments, Workspace& workspace, Value& result) {
@@ -153,13 +145,13 @@ bool chr(Arguments arguments, Workspace& workspace, Value& result) {
     constexpr double kCodes = 256;
     double const rest = std::fmod(*code, kCodes);
     auto const unit = static_cast<char16_t>(rest < 0 ? rest + kCodes : rest);
-    return giveCopy(std::u16string_view(&unit, 1), workspace.arena, result);
+    return give(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
 }
 
 bool asc(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
     std::u16string_view const text = arguments[0].text;
-    return give(text.empty() ? 0.0 : static_cast<double>(text[0]), result);
+    return give(text.empty() ? 0.0 : text[0], result);
 }
 
 /// Whether a text begins with a unit from `kLow` to `kHigh`, or with that of the other range.
@@ -200,14 +192,9 @@ bool occurs(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText()) return false;
     std::u16string_view const sought = arguments[0].text;
     std::u16string_view const text = arguments[1].text;
-    double count = 0;
-    if (sought.empty() || text.empty()) return give(count, result);
-    if (!workspace.arena.countWork(text.size() * sought.size())) return false;
-    for (std::size_t place = text.find(sought); place != std::u16string_view::npos;
-         place = text.find(sought, place + sought.size())) {
-        ++count;
-    }
-    return give(count, result);
+    if (sought.empty() || text.empty()) return give(0.0, result);
+    auto const count = countParts(text, sought, workspace.arena);
+    return count && give(static_cast<double>(*count), result);
 }
 
 bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
@@ -233,27 +220,15 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
         if (made.size() > TextArena::kMostWork) return false;
         start = place + sought.size();
     }
-    return giveCopy(made.append(text.substr(start)), workspace.arena, result);
+    made.append(text.substr(start));
+    return give(workspace.arena.copy(std::u16string_view(made)), result);
 }
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText() || !arguments[2].isText()) return false;
-    std::u16string_view const text = arguments[0].text;
-    std::u16string_view const sought = arguments[1].text;
-    std::u16string_view const becomes = arguments[2].text;
-    if (!workspace.arena.countWork(text.size() * (sought.size() + 1))) return false;
-    char16_t* const room = workspace.arena.allocate(text.size());
-    if (room == nullptr) return false;
-    char16_t* end = room;
-    for (char16_t const unit : text) {
-        std::size_t const place = sought.find(unit);
-        if (place == std::u16string_view::npos) {
-            *end++ = unit;
-        } else if (place < becomes.size()) {
-            *end++ = becomes[place];
-        }
-    }
-    return give(std::u16string_view(room, static_cast<std::size_t>(end - room)), result);
+    return give(
+        replacedUnits(arguments[0].text, arguments[1].text, arguments[2].text, workspace.arena),
+        result);
 }
 
 constexpr std::array kFunctions = {

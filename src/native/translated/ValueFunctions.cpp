@@ -11,8 +11,6 @@ namespace kx {
 
 namespace {
 
-bool isLogical(Value const& value) { return value.type == Value::Type::boolean; }
-
 bool isEmptyValue(Value const& value) {
     if (!value.isText()) return value.isNullish() || value.number == 0;
     return value.text.find_first_not_of(u" \t\r\n") == std::u16string_view::npos;
@@ -78,7 +76,7 @@ bool asText(Arguments arguments, Workspace& workspace, Value& result) {
     Value const& value = arguments[0];
     if (value.isUndefined()) return false;
     if (value.isText()) return give(value.text, result);
-    if (isLogical(value)) {
+    if (value.isBoolean()) {
         return give(std::u16string_view(value.number != 0 ? u".T." : u".F."), result);
     }
     if (value.isNullish()) return give(std::u16string_view(), result);

@@ -148,11 +148,8 @@ bool Comparison::sameName(Node const& node, kx::Node const& js) {
     while (part->kind == JsKind::member) {
         std::size_t const point = name.rfind(u'.');
         if (point == std::u16string_view::npos) return false;
-        std::u16string_view member = name.substr(point + 1);
-        while (!member.empty() && isWhiteSpace(member.front())) member.remove_prefix(1);
-        if (expression_.text(*part) != member) return false;
-        name = name.substr(0, point);
-        while (!name.empty() && isWhiteSpace(name.back())) name.remove_suffix(1);
+        if (expression_.text(*part) != withoutLeadingSpace(name.substr(point + 1))) return false;
+        name = withoutTrailingSpace(name.substr(0, point));
         part = &expression_.child(*part, 0);
     }
     return part->kind == JsKind::name && expression_.text(*part) == name;

@@ -1,4 +1,4 @@
-#include "process/Lies.h"
+#include "process/Forgeries.h"
 
 #include <array>
 #include <unistd.h>
@@ -11,27 +11,27 @@ struct Call {
     kx::ChannelLane& lane;
     std::atomic<std::uint32_t> const& applicationTurn;
     unsigned turn;
-    int bell;
+    int wakePipe;
 };
 
-void ring(int bell) {
+void wake(int wakePipe) {
     char const byte = 0;
-    [[maybe_unused]] ssize_t const written = write(bell, &byte, 1);
+    [[maybe_unused]] ssize_t const written = write(wakePipe, &byte, 1);
 }
 
 void answer(Call const& call, unsigned turn, std::uint32_t length, std::uint32_t more) {
     call.lane.length.store(length);
     call.lane.more.store(more);
     call.lane.turn.store(turn);
-    ring(call.bell);
+    wake(call.wakePipe);
 }
 
-struct Lie {
+struct Forgery {
     char const* name;
-    void (*tell)(Call const& call);
+    void (*write)(Call const& call);
 };
 
-constexpr auto kLies = std::to_array<Lie>({
+constexpr auto kForgeries = std::to_array<Forgery>({
     {"a part longer than the memory",
      [](Call const& call) { answer(call, call.turn + 1, kx::kChannelPart + 1, 0); }},
     {"a length near the end of its range",
@@ -55,19 +55,19 @@ constexpr auto kLies = std::to_array<Lie>({
              call.lane.turn.fetch_xor(0x80000000);
          }
      }},
-    {"rings and no answer",
+    {"wake-ups and no answer",
      [](Call const& call) {
-         while (true) ring(call.bell);
+         while (true) wake(call.wakePipe);
      }},
 });
 
 }  // namespace
 
-std::size_t lieCount() { return kLies.size(); }
+std::size_t forgeryCount() { return kForgeries.size(); }
 
-char const* nameOfLie(std::size_t number) { return kLies[number].name; }
+char const* nameOfForgery(std::size_t number) { return kForgeries[number].name; }
 
-void lie(std::size_t number, std::byte* memory, unsigned turn, int bell) {
+void forge(std::size_t number, std::byte* memory, unsigned turn, int wakePipe) {
     kx::ChannelWords& words = kx::channelWords(memory);
-    kLies[number].tell({words.worker, words.application.turn, turn, bell});
+    kForgeries[number].write({words.worker, words.application.turn, turn, wakePipe});
 }
