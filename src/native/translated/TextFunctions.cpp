@@ -11,12 +11,6 @@ namespace kx {
 
 namespace {
 
-constexpr std::u16string_view kWhiteSpace = u" \t\r\n";
-
-std::u16string_view withoutFirstSpace(std::u16string_view text) {
-    return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-}
-
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     return arguments[0].isText() && give(sizeOf(arguments[0].text), result);
 }
