@@ -18,7 +18,14 @@ class Parser {
   public:
     static constexpr std::size_t kLongestSource = 65535;
 
-    explicit Parser(std::u16string_view source) : scanner_(source) {}
+    explicit Parser(std::u16string_view source) : scanner_(source) {
+        // Memory for most formulas, so that little is allocated twice.
+        expression_.nodes_.reserve(kUsualNodes);
+        expression_.children_.reserve(kUsualNodes);
+        expression_.texts_.reserve(source.size());
+        pending_.reserve(kUsualDepth);
+        values_.reserve(kUsualDepth);
+    }
 
     std::variant<Expression, Refusal> run() {
         while (!isComplete_) {
@@ -31,6 +38,9 @@ class Parser {
 
   private:
     using Reason = Refusal::Reason;
+
+    static constexpr std::size_t kUsualNodes = 16;
+    static constexpr std::size_t kUsualDepth = 8;
 
     /// What waits for an operand. Those before unary wait for a closing sign.
     enum class Waiting : std::uint8_t { parenthesis, call, index, condition, unary, operation };

@@ -36,7 +36,7 @@ class ProgramMaker {
         : expression_(expression), names_(names), program_(std::make_unique<Program>()) {}
 
     std::unique_ptr<Program> make() {
-        copyTexts();
+        allocate();
         if (!add(expression_.root())) return nullptr;
         return mostValues_ <= Evaluator::kMostValues ? std::move(program_) : nullptr;
     }
@@ -242,13 +242,19 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_->instructions_.size());
     }
 
-    void copyTexts() {
+    /// Texts must not move once a constant refers to them. Of the rest it is what most formulas
+    /// need.
+    void allocate() {
         std::size_t size = 0;
+        std::size_t constants = 0;
         for (Node const& node : expression_.nodes()) {
             if (node.kind == NodeKind::string) size += node.textLength;
+            if (node.kind == NodeKind::string || node.kind == NodeKind::number) ++constants;
         }
         program_->texts_.resize(size);
         nextText_ = program_->texts_.data();
+        program_->constants_.reserve(constants);
+        program_->instructions_.reserve(expression_.nodes().size() + 1);
     }
 
     std::u16string_view textOf(Node const& node) {
