@@ -33,7 +33,9 @@ set(_packages ${KXJS_LIBRARY_PACKAGE} libkxjsparser-dev kxjs python3-kxjsparser)
 
 set(_control ${PROJECT_BINARY_DIR}/packaging)
 
-# A description: its first line is the summary.
+# A description: its first line is the summary, unless CPack has one for all packages, which it takes
+# from the project.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(_setting
     "KxJsParser evaluates the formulas that users of an application write, in
 an older upper-case language or in JavaScript. It rewrites the former into

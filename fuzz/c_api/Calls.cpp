@@ -73,9 +73,10 @@ void useList(Machine& machine, Step const& step) {
     std::array<std::size_t, 4> const offsets{step.choice == 9 ? step.text.size() : 0, half, half,
                                              step.text.size()};
     char const* data = nullptr;
+    std::uint16_t const* wide = nullptr;
     std::size_t const* found = nullptr;
     std::size_t count = 0;
-    switch (step.choice % 5) {
+    switch (step.choice % 6) {
         case 0:
             return machine.check(
                 kxjs_texts_add(list, step.text.data(), lengthOf(step, step.text.size())), {first});
@@ -89,6 +90,12 @@ void useList(Machine& machine, Step const& step) {
             kxjs_status const status = kxjs_texts_utf8(list, &data, &found, &count);
             machine.check(status, {first});
             if (status == KXJS_OK) check(data[found[count]] == '\0', "the end of the last text");
+            return;
+        }
+        case 4: {
+            kxjs_status const status = kxjs_texts_separated_utf16(list, step.a, &wide, &count);
+            machine.check(status, {first});
+            if (status == KXJS_OK) check(wide[count] == 0, "the end of the separated texts");
             return;
         }
         default:

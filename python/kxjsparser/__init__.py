@@ -12,9 +12,16 @@ The package needs the installed library, and NumPy for tables.
 """
 
 from ._library import __version__
-from .catalogue import Function, functions
+from .catalogue import (
+    Function,
+    documentation,
+    documentation_pages,
+    functions,
+    make_function,
+)
 from .errors import FormulaError, Kind, KxJsError, TranslationError, WrongThreadError
-from .host import Formula, Host, Isolation
+from .host import Formula, Host
+from .isolation import Isolation, Sandbox
 from .translation import (
     Check,
     Finding,
@@ -38,6 +45,7 @@ __all__ = [
     "Isolation",
     "Kind",
     "KxJsError",
+    "Sandbox",
     "Translation",
     "TranslationError",
     "Translator",
@@ -46,8 +54,11 @@ __all__ = [
     "__version__",
     "check",
     "convert",
+    "documentation",
+    "documentation_pages",
     "extract",
     "functions",
+    "make_function",
     "run_time_part",
     "translate",
 ]

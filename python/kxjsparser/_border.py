@@ -3,7 +3,9 @@
 from __future__ import annotations
 
 import ctypes
-from typing import Any
+import math
+import operator
+from typing import Any, NoReturn
 
 from ._library import library
 from .errors import KxJsError, WrongThreadError
@@ -36,8 +38,24 @@ def ensure(status: int) -> None:
 
 def utf16(text: str) -> tuple[bytes, int]:
     """A text as the two arguments that C takes. Lone surrogates pass both ways."""
+    if not isinstance(text, str):
+        raise TypeError(f"a text is a str, not {type(text).__name__}")
     data = text.encode("utf-16-le", "surrogatepass")
     return data, len(data) // 2
+
+
+def whole(name: str, value: Any, bits: int, *, is_signed: bool = True) -> int:
+    """A whole number as C takes it. ctypes would cut one that does not fit."""
+    number = operator.index(value)
+    least = -(2 ** (bits - 1)) if is_signed else 0
+    if not least <= number < least + 2**bits:
+        raise ValueError(f"{name} is from {least} to {least + 2**bits - 1}, not {number}")
+    return number
+
+
+def milliseconds(name: str, seconds: float | None) -> int:
+    """A time limit as C takes it, rounded up; None is none."""
+    return whole(name, math.ceil((seconds or 0) * 1000), 64)
 
 
 def code_points(text: str, units: int) -> int:
@@ -62,6 +80,10 @@ class Handle:
         """Where C stores the handle."""
         return ctypes.byref(self._as_parameter_)
 
+    def __reduce_ex__(self, _: Any) -> NoReturn:
+        # A copy would free the same handle.
+        raise TypeError(f"a {type(self).__name__} can neither be copied nor pickled")
+
     def free(self) -> None:
         handle, self._as_parameter_ = self._as_parameter_, ctypes.c_void_p()
         self._release(handle)
@@ -84,7 +106,7 @@ class Text(Handle):
     def value(self) -> str:
         ensure(library.kxjs_text_utf16(self, *self._out))
         data = ctypes.string_at(self._data.value or 0, 2 * self._length.value)
-        return data.decode("utf-16-le", "surrogatepass")
+        return _decode(data)
 
 
 class Texts(Handle):
@@ -94,6 +116,18 @@ class Texts(Handle):
         super().__init__("texts")
 
     def values(self) -> list[str]:
+        data, length = ctypes.c_void_p(), ctypes.c_size_t()
+        status = library.kxjs_texts_separated_utf16(
+            self, 0, ctypes.byref(data), ctypes.byref(length)
+        )
+        # Splitting takes half the time of cutting, but a text may have a zero itself. No units are
+        # no text or an empty one.
+        if status == REFUSED or length.value == 0:
+            return self._cut()
+        ensure(status)
+        return _decode(ctypes.string_at(data.value or 0, 2 * length.value)).split("\0")
+
+    def _cut(self) -> list[str]:
         data, offsets, count = ctypes.c_void_p(), ctypes.c_void_p(), ctypes.c_size_t()
         ensure(
             library.kxjs_texts_utf16(
@@ -102,10 +136,8 @@ class Texts(Handle):
         )
         places = (ctypes.c_size_t * (count.value + 1)).from_address(offsets.value or 0)[:]
         units = ctypes.string_at(data.value or 0, 2 * places[-1])
-        joined = units.decode("utf-16-le", "surrogatepass")
-        if len(joined) == places[-1]:
-            return [joined[begin:end] for begin, end in zip(places, places[1:])]
-        return [
-            units[2 * begin : 2 * end].decode("utf-16-le", "surrogatepass")
-            for begin, end in zip(places, places[1:])
-        ]
+        return [_decode(units[2 * begin : 2 * end]) for begin, end in zip(places, places[1:])]
+
+
+def _decode(units: bytes) -> str:
+    return units.decode("utf-16-le", "surrogatepass")

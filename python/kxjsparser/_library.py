@@ -10,7 +10,7 @@ __version__ = "0.1.0"
 _SONAME = "libKxJsParser.so.0"
 
 # A letter for each parameter: p for handles, pointers and callbacks, n for size_t, i for int32_t,
-# l for int64_t, u for uint64_t, d for double. All return a status, but for _OTHERS. A test compares
+# l for int64_t, u for uint64_t, h for uint16_t, d for double. All return a status, but for _OTHERS. A test compares
 # this table with the headers.
 _TYPES = {
     "p": ctypes.c_void_p,
@@ -19,6 +19,7 @@ _TYPES = {
     "l": ctypes.c_int64,
     "u": ctypes.c_uint64,
     "d": ctypes.c_double,
+    "h": ctypes.c_uint16,
 }
 SIGNATURES = {
     "kxjs_text_create": "p",
@@ -27,12 +28,15 @@ SIGNATURES = {
     "kxjs_texts_create": "p",
     "kxjs_texts_free": "p",
     "kxjs_texts_utf16": "pppp",
+    "kxjs_texts_separated_utf16": "phpp",
     "kxjs_host_create": "p",
     "kxjs_host_create_isolated": "ppp",
     "kxjs_host_free": "p",
     "kxjs_host_initialize": "p",
     "kxjs_host_reset": "p",
     "kxjs_host_terminate": "p",
+    "kxjs_host_sandbox": "pp",
+    "kxjs_host_shared_memory": "ppp",
     "kxjs_host_set_time_limit": "pl",
     "kxjs_host_set_memory_limit": "pu",
     "kxjs_host_set_int32_utf16": "ppni",
@@ -80,6 +84,12 @@ SIGNATURES = {
     "kxjs_functions_count": "pp",
     "kxjs_functions_text": "pnip",
     "kxjs_functions_lists": "pnppp",
+    "kxjs_functions_add": "pp",
+    "kxjs_functions_set_text_utf16": "pnipn",
+    "kxjs_functions_add_parameter_utf16": "pnpnpn",
+    "kxjs_functions_add_example_utf16": "pnpn",
+    "kxjs_documentation": "iip",
+    "kxjs_documentation_pages": "pp",
     "kxjs_version": "",
     "kxjs_status_text": "i",
 }

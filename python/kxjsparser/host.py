@@ -3,17 +3,14 @@
 from __future__ import annotations
 
 import ctypes
-import math
-import operator
-import os
 import threading
-from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any
 
 from . import _border
-from ._border import Handle, Text, ensure, utf16
+from ._border import Handle, Text, ensure, milliseconds, utf16, whole
 from ._library import library
 from .errors import FormulaError, Kind, KxJsError, WrongThreadError
+from .isolation import Isolation, Sandbox
 from .translation import convert
 
 if TYPE_CHECKING:
@@ -30,47 +27,6 @@ class _Failure(ctypes.Structure):
         ("is_in_call", ctypes.c_int32),
         ("frame_count", ctypes.c_int32),
     ]
-
-
-class _IsolationStruct(ctypes.Structure):
-    _fields_ = [
-        ("struct_size", ctypes.c_size_t),
-        ("memory_limit", ctypes.c_uint64),
-        ("grace_ms", ctypes.c_int64),
-        ("worker", ctypes.c_char_p),
-        ("worker_length", ctypes.c_size_t),
-        ("required_sandbox", ctypes.c_uint32),
-        ("reserved", ctypes.c_uint32),
-    ]
-
-
-@dataclass(frozen=True)
-class Isolation:
-    """How an isolated host runs its formulas; None stands for the library's default.
-
-    ``memory_limit`` is the most private memory of the worker process in bytes, ``grace`` the
-    seconds that a formula may run on after its time limit before the worker is ended, ``worker``
-    the path of the program kxjs-worker, ``required_sandbox`` a sum of the C interface's
-    KXJS_SANDBOX_ constants.
-    """
-
-    memory_limit: int | None = None
-    grace: float | None = None
-    worker: str | os.PathLike[str] | None = None
-    required_sandbox: int = 0
-
-    def _structure(self) -> _IsolationStruct:
-        structure = _IsolationStruct()
-        ensure(library.kxjs_isolation_init(ctypes.byref(structure), ctypes.sizeof(structure)))
-        if self.memory_limit is not None:
-            structure.memory_limit = self.memory_limit
-        if self.grace is not None:
-            structure.grace_ms = math.ceil(self.grace * 1000)
-        if self.worker is not None:
-            structure.worker = os.fsencode(self.worker)
-            structure.worker_length = len(structure.worker)
-        structure.required_sandbox |= self.required_sandbox
-        return structure
 
 
 class Host(Handle):
@@ -110,11 +66,10 @@ class Host(Handle):
             super().__init__("host")
         self._ensure_whole(library.kxjs_host_initialize(self))
         if timeout is not None:
-            ensure(library.kxjs_host_set_time_limit(self, math.ceil(timeout * 1000)))
+            ensure(library.kxjs_host_set_time_limit(self, milliseconds("timeout", timeout)))
         if memory_limit is not None:
-            if memory_limit < 0:
-                raise ValueError("memory_limit is negative")
-            ensure(library.kxjs_host_set_memory_limit(self, operator.index(memory_limit)))
+            limit = whole("memory_limit", memory_limit, 64, is_signed=False)
+            ensure(library.kxjs_host_set_memory_limit(self, limit))
 
     def _create_isolated(self, isolation: Isolation) -> None:
         structure = isolation._structure()
@@ -154,6 +109,36 @@ class Host(Handle):
         if status in (_border.OK, _border.FORMULA_FAILED):
             self._resets += 1
         self._ensure_whole(status)
+
+    @property
+    def sandbox(self) -> Sandbox | None:
+        """Which pieces of the sandbox the worker of an isolated host is in; None for others."""
+        pieces = ctypes.c_uint32()
+        status = library.kxjs_host_sandbox(self, ctypes.byref(pieces))
+        if status == _border.NOT_FOUND:
+            return None
+        ensure(status)
+        return Sandbox(pieces.value)
+
+    @property
+    def shared_memory(self) -> memoryview:
+        """Memory that an isolated host has in common with its worker; empty where there is none.
+
+        :class:`Isolation` says how much. Columns of float64 and int32 that lie there, and results
+        of numbers, are not copied. The worker can write there at any time. The memory lives as long
+        as something refers to it::
+
+            prices = numpy.frombuffer(host.shared_memory, dtype=float, count=1000)
+        """
+        memory, length = ctypes.c_void_p(), ctypes.c_size_t()
+        status = library.kxjs_host_shared_memory(self, ctypes.byref(memory), ctypes.byref(length))
+        if status == _border.NOT_FOUND:
+            return memoryview(bytearray())
+        ensure(status)
+        shared = (ctypes.c_ubyte * length.value).from_address(memory.value or 0)
+        # Columns keep the host of C, and so the memory, when this host is closed.
+        shared._columns = Handle("columns", self)  # type: ignore[attr-defined]
+        return memoryview(shared).cast("B")
 
     def __setitem__(self, name: str, value: int | float | bool | str) -> None:
         """Binds a variable; a formula sees those that were bound before it was compiled.

@@ -4,12 +4,11 @@ from __future__ import annotations
 
 import ctypes
 import enum
-import math
 from collections.abc import Iterable, Mapping
 from dataclasses import dataclass
 
 from . import _border
-from ._border import Handle, Text, Texts, code_points, ensure, utf16
+from ._border import Handle, Text, Texts, code_points, ensure, milliseconds, utf16, whole
 from ._library import library
 from .errors import FormulaError, TranslationError
 
@@ -111,7 +110,11 @@ class Translator:
         strict: bool = False,
     ) -> None:
         handle = self._handle = Handle("translator")
+        if isinstance(functions, str):
+            raise TypeError("functions are names, not one str")
         for name, kind in (variables or {}).items():
+            if kind not in _KINDS:
+                raise TypeError(f"the type of {name} is str, float, bool or None, not {kind!r}")
             ensure(
                 library.kxjs_translator_add_variable_utf16(handle, *utf16(name), _KINDS[kind])
             )
@@ -120,7 +123,7 @@ class Translator:
         if date_format is not None:
             ensure(library.kxjs_translator_set_date_format_utf16(handle, *utf16(date_format)))
         if epoch is not None:
-            ensure(library.kxjs_translator_set_epoch(handle, epoch))
+            ensure(library.kxjs_translator_set_epoch(handle, whole("epoch", epoch, 32)))
         ensure(library.kxjs_translator_set_exact(handle, exact))
         ensure(library.kxjs_translator_set_strict(handle, strict))
 
@@ -233,7 +236,7 @@ def extract(formula: str, *, js: bool = False, timeout: float | None = None) -> 
     source = formula if js else convert(formula)
     names, error = Texts(), Text()
     status = library.kxjs_extract_utf16(
-        *utf16(source), math.ceil((timeout or 0) * 1000), None, names, error
+        *utf16(source), milliseconds("timeout", timeout), None, names, error
     )
     if status == _border.FORMULA_FAILED:
         raise FormulaError(error.value, source=source)

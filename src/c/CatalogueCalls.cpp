@@ -113,8 +113,8 @@ void setLists(Texts* firsts, Texts* seconds,
         if (firsts != nullptr) first.push_back(pair.first);
         if (seconds != nullptr) second.push_back(pair.second);
     }
-    if (firsts != nullptr) firsts->change() = std::move(first);
-    if (seconds != nullptr) seconds->change() = std::move(second);
+    if (firsts != nullptr) firsts->set(first);
+    if (seconds != nullptr) seconds->set(second);
 }
 
 }  // namespace
@@ -164,7 +164,7 @@ kxjs_status kxjs_functions_lists(kxjs_functions* functions, size_t index, kxjs_t
         auto* const exampleTexts = optional<Texts>(examples);
         KxJsFunction const& record = recordOf(functions, index);
         setLists(names, texts, record.getParameters());
-        if (exampleTexts != nullptr) exampleTexts->change() = record.getExamples();
+        if (exampleTexts != nullptr) exampleTexts->set(record.getExamples());
         return KXJS_OK;
     });
 }
@@ -240,7 +240,7 @@ kxjs_status kxjs_documentation_pages(kxjs_texts* names, kxjs_texts* pages) {
 
 kxjs_status kxjs_prelude(kxjs_texts* statements) {
     return guarded([&] {
-        object<Texts>(statements).change() = buildPrelude();
+        object<Texts>(statements).set(buildPrelude());
         return KXJS_OK;
     });
 }

@@ -81,7 +81,7 @@ kxjs_status bindTexts(kxjs_columns* handle, Unit const* name, std::size_t length
                       kxjs_texts* values) {
     return guarded([&] {
         auto const columns = columnsOf(handle);
-        return bindColumn(*columns, name, length, static_cast<std::u16string const*>(nullptr),
+        return bindColumn(*columns, name, length, static_cast<std::u16string_view const*>(nullptr),
                           shared<Texts>(values), 0);
     });
 }
@@ -114,10 +114,10 @@ class Evaluation {
     Evaluation(Evaluation const&) = delete;
     Evaluation& operator=(Evaluation const&) = delete;
 
-    template <class Result>
-    KxJsColumns::Outcome run(std::size_t count, Result* results) {
+    template <class Evaluate>
+    KxJsColumns::Outcome run(Evaluate evaluate) {
         bool const hasFormula = columns_.isCompiled && columns_.resets == columns_.host->resets;
-        KxJsColumns::Outcome outcome = columns_.columns.evaluate(count, results);
+        KxJsColumns::Outcome outcome = evaluate();
         columns_.failures = std::move(outcome.failures);
         status_ = outcome.error.empty() ? KXJS_OK : hasFormula ? KXJS_ENDED : KXJS_NOT_COMPILED;
         return outcome;
@@ -129,23 +129,32 @@ class Evaluation {
     void prepare(Columns::Bound& bound, std::size_t count) {
         if (auto const* const list = std::get_if<std::shared_ptr<Texts>>(&bound.values)) {
             uses_.push_back(std::make_unique<Texts::Reading>(*list));
-            bound.count = (*list)->items().size();
-            columns_.columns.bind(bound.name, (*list)->items().data());
+            Texts::Joined const& items = (*list)->items();
+            bound.count = items.size();
+            std::size_t const first = std::min(count, bound.count);
+            bindTexts(bound.name, first, [&](std::size_t i) { return items[i]; });
         }
         require(count <= bound.count, KXJS_BAD_ARGUMENT);
         if (auto const* const bools = std::get_if<Columns::Bools>(&bound.values)) {
             auto const isBool = [](std::uint8_t value) { return value <= 1; };
             require(std::all_of(bools->values, bools->values + count, isBool), KXJS_BAD_ARGUMENT);
         } else if (auto const* const spans = std::get_if<Columns::Spans>(&bound.values)) {
-            auto& views = views_.emplace_back();
-            views.reserve(count);
-            for (std::size_t i = 0; i < count; ++i) {
+            bindTexts(bound.name, count, [&](std::size_t i) {
                 kxjs_span_utf16 const& span = spans->values[i];
                 checkText(span.data, span.length);
-                views.emplace_back(reinterpret_cast<char16_t const*>(span.data), span.length);
-            }
-            columns_.columns.bind(bound.name, views.data());
+                return std::u16string_view(reinterpret_cast<char16_t const*>(span.data),
+                                           span.length);
+            });
         }
+    }
+
+    /// Binds the texts that `textOf` gives for each record.
+    template <class TextOf>
+    void bindTexts(std::u16string const& name, std::size_t count, TextOf textOf) {
+        auto& views = views_.emplace_back();
+        views.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) views.push_back(textOf(i));
+        columns_.columns.bind(name, views.data());
     }
 
     Columns& columns_;
@@ -163,7 +172,9 @@ kxjs_status evaluate(kxjs_columns* handle, Value* results, std::size_t count, st
         auto const errorText = error == nullptr ? nullptr : shared<Text>(error);
         checkArray(results, count);
         Evaluation evaluation(*columns, count);
-        KxJsColumns::Outcome outcome = evaluation.run(count, reinterpret_cast<Result*>(results));
+        auto* const goal = reinterpret_cast<Result*>(results);
+        KxJsColumns::Outcome outcome =
+            evaluation.run([&] { return columns->columns.evaluate(count, goal); });
         if (records != nullptr) *records = outcome.records;
         setText(errorText.get(), std::move(outcome.error));
         return evaluation.status();
@@ -177,9 +188,9 @@ kxjs_status evaluateTexts(kxjs_columns* handle, kxjs_texts* results, std::size_t
         auto const errorText = error == nullptr ? nullptr : shared<Text>(error);
         Texts::Writing const list(shared<Texts>(results));
         Evaluation evaluation(*columns, count);
-        std::vector<std::u16string> texts(count);
-        KxJsColumns::Outcome outcome = evaluation.run(count, texts.data());
-        texts.resize(outcome.records);
+        KxJsColumns::JoinedTexts texts;
+        KxJsColumns::Outcome outcome =
+            evaluation.run([&] { return columns->columns.evaluate(count, texts); });
         list.replace(std::move(texts));
         if (records != nullptr) *records = outcome.records;
         setText(errorText.get(), std::move(outcome.error));

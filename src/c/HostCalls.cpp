@@ -51,9 +51,9 @@ kxjs_status extract(Unit const* source, std::size_t length, std::int64_t millise
         std::chrono::milliseconds const limit = limitOf(milliseconds);
         std::u16string reason;
         try {
-            list.change() = isolation == nullptr ? KxJsParser::_extractVariable(text, reason, limit)
-                                                 : KxJsParser::_extractVariable(
-                                                       text, reason, limit, isolationOf(isolation));
+            list.set(isolation == nullptr ? KxJsParser::_extractVariable(text, reason, limit)
+                                          : KxJsParser::_extractVariable(text, reason, limit,
+                                                                         isolationOf(isolation)));
         } catch (std::runtime_error const& failure) {
             setText(errorText, reasonOf(failure));
             return isolation == nullptr ? KXJS_SYSTEM_ERROR : KXJS_NO_WORKER;

@@ -38,17 +38,17 @@ class Text {
     bool hasUtf8_ = false;
 };
 
-/// Texts one behind the other, and where each begins.
-template <class String>
-struct JoinedTexts {
-    String data;
-    std::vector<std::size_t> offsets;  ///< empty where nothing was joined yet
-};
-
-/// A list of texts, joined where that was asked for.
+/// A list of texts, as one text.
 class Texts {
   public:
     static constexpr Kind kKind = Kind::texts;
+    using Joined = KxJsColumns::JoinedTexts;
+
+    /// UTF-8 has its own offsets.
+    struct Utf8 {
+        std::string data;
+        std::vector<std::size_t> offsets;  ///< empty where nothing was joined yet
+    };
 
     /// An evaluation reads the list, which others may read too.
     class Reading {
@@ -70,7 +70,7 @@ class Texts {
         Writing(Writing const&) = delete;
         Writing& operator=(Writing const&) = delete;
 
-        void replace(std::vector<std::u16string> items) const {
+        void replace(Joined items) const {
             texts_->isWritten_ = false;
             texts_->change() = std::move(items);
         }
@@ -79,17 +79,20 @@ class Texts {
         std::shared_ptr<Texts> texts_;
     };
 
-    std::vector<std::u16string> const& items() const { return items_; }
+    Joined const& items() const { return items_; }
     /// The items, to be changed. This and what follows leaves with KXJS_BUSY where an evaluation
     /// uses the list.
-    std::vector<std::u16string>& change();
-    JoinedTexts<std::string> const& utf8();
-    JoinedTexts<std::u16string> const& utf16();
+    Joined& change();
+    void set(std::vector<std::u16string> const& items);
+    Joined const& utf16() const;
+    Utf8 const& utf8();
+    /// All items with `separator` between two; null where an item contains it.
+    std::u16string const* separated(char16_t separator);
 
   private:
-    std::vector<std::u16string> items_;
-    JoinedTexts<std::string> utf8_;
-    JoinedTexts<std::u16string> utf16_;
+    Joined items_;
+    Utf8 utf8_;
+    std::u16string separated_;
     int readers_ = 0;
     bool isWritten_ = false;
 };

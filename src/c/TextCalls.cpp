@@ -19,33 +19,52 @@ Texts::Writing::Writing(std::shared_ptr<Texts> texts) : texts_(std::move(texts))
     texts_->isWritten_ = true;
 }
 
-std::vector<std::u16string>& Texts::change() {
+Texts::Joined& Texts::change() {
     require(!isWritten_ && readers_ == 0, KXJS_BUSY);
     utf8_ = {};
-    utf16_ = {};
+    separated_ = {};
     return items_;
+}
+
+void Texts::set(std::vector<std::u16string> const& items) {
+    Joined joined;
+    for (std::u16string const& item : items) joined.add(item);
+    change() = std::move(joined);
+}
+
+Texts::Joined const& Texts::utf16() const {
+    require(!isWritten_, KXJS_BUSY);
+    return items_;
+}
+
+Texts::Utf8 const& Texts::utf8() {
+    require(!isWritten_, KXJS_BUSY);
+    if (!utf8_.offsets.empty()) return utf8_;
+    Utf8 made{{}, {0}};
+    made.offsets.reserve(items_.offsets.size());
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        made.data += utf8FromUtf16(items_[i]);
+        made.offsets.push_back(made.data.size());
+    }
+    return utf8_ = std::move(made);
+}
+
+std::u16string const* Texts::separated(char16_t separator) {
+    require(!isWritten_, KXJS_BUSY);
+    if (items_.data.find(separator) != std::u16string::npos) return nullptr;
+    separated_.clear();
+    separated_.reserve(items_.data.size() + items_.size());
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        if (i > 0) separated_ += separator;
+        separated_ += items_[i];
+    }
+    return &separated_;
 }
 
 namespace {
 
-/// Joins the items where that was not done yet.
-template <class String, class Encode>
-JoinedTexts<String> const& join(JoinedTexts<String>& joined,
-                                std::vector<std::u16string> const& items, Encode encode) {
-    if (!joined.offsets.empty()) return joined;
-    JoinedTexts<String> made;
-    made.offsets.reserve(items.size() + 1);
-    made.offsets.push_back(0);
-    for (std::u16string const& item : items) {
-        made.data += encode(item);
-        made.offsets.push_back(made.data.size());
-    }
-    joined = std::move(made);
-    return joined;
-}
-
-template <class Unit, class String>
-kxjs_status give(JoinedTexts<String> const& joined, Unit const** data, std::size_t const** offsets,
+template <class Unit, class Joined>
+kxjs_status give(Joined const& joined, Unit const** data, std::size_t const** offsets,
                  std::size_t* count) {
     out(data) = reinterpret_cast<Unit const*>(joined.data.c_str());
     out(offsets) = joined.offsets.data();
@@ -58,14 +77,14 @@ kxjs_status set(kxjs_texts* handle, Unit const* data, std::size_t const* offsets
                 std::size_t count) {
     return guarded([&] {
         auto& list = object<Texts>(handle);
-        std::vector<std::u16string> items;
-        require(count <= items.max_size(), KXJS_TOO_LONG);
+        Texts::Joined items;
+        require(count < items.offsets.max_size(), KXJS_TOO_LONG);
         require(offsets != nullptr || count == 0, KXJS_NULL_ARGUMENT);
-        items.reserve(count);
+        items.offsets.reserve(count + 1);
         for (std::size_t i = 0; i < count; ++i) {
             require(offsets[i] <= offsets[i + 1], KXJS_BAD_ARGUMENT);
             std::size_t const length = offsets[i + 1] - offsets[i];
-            items.push_back(textOf(data == nullptr ? nullptr : data + offsets[i], length));
+            items.add(textOf(data == nullptr ? nullptr : data + offsets[i], length));
         }
         list.change() = std::move(items);
         return KXJS_OK;
@@ -76,25 +95,13 @@ template <class Unit>
 kxjs_status add(kxjs_texts* handle, Unit const* data, std::size_t length) {
     return guarded([&] {
         auto& list = object<Texts>(handle);
-        std::u16string text = textOf(data, length);
-        list.change().push_back(std::move(text));
+        std::u16string const text = textOf(data, length);
+        list.change().add(text);
         return KXJS_OK;
     });
 }
 
 }  // namespace
-
-JoinedTexts<std::string> const& Texts::utf8() {
-    require(!isWritten_, KXJS_BUSY);
-    return join(utf8_, items_, [](std::u16string const& text) { return utf8FromUtf16(text); });
-}
-
-JoinedTexts<std::u16string> const& Texts::utf16() {
-    require(!isWritten_, KXJS_BUSY);
-    return join(utf16_, items_,
-                [](std::u16string const& text) -> std::u16string const& { return text; });
-}
-
 }  // namespace kx::c
 
 using namespace kx::c;  // NOLINT(google-build-using-namespace)
@@ -143,6 +150,17 @@ kxjs_status kxjs_texts_utf8(kxjs_texts* texts, char const** data, size_t const**
 kxjs_status kxjs_texts_utf16(kxjs_texts* texts, uint16_t const** data, size_t const** offsets,
                              size_t* count) {
     return guarded([&] { return give(object<Texts>(texts).utf16(), data, offsets, count); });
+}
+
+kxjs_status kxjs_texts_separated_utf16(kxjs_texts* texts, uint16_t separator, uint16_t const** data,
+                                       size_t* length) {
+    return guarded([&] {
+        std::u16string const* const text = object<Texts>(texts).separated(separator);
+        require(text != nullptr, KXJS_REFUSED);
+        out(length) = text->size();
+        out(data) = reinterpret_cast<uint16_t const*>(text->c_str());
+        return KXJS_OK;
+    });
 }
 
 kxjs_status kxjs_texts_set(kxjs_texts* texts, char const* data, size_t const* offsets,

@@ -92,7 +92,7 @@ kxjs_status translate(kxjs_translator* handle, Unit const* formula, std::size_t 
         KxJsTranslator::Translation translation =
             translator.get()->translate(textOf(formula, length));
         bool const isTranslated = translation.findings.empty();
-        if (names != nullptr) names->change() = std::move(translation.variables);
+        if (names != nullptr) names->set(translation.variables);
         if (list != nullptr) list->items = damagesOf(std::move(translation.findings));
         setText(text, std::move(translation.javaScript));
         return isTranslated ? KXJS_OK : KXJS_FORMULA_FAILED;

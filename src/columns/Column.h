@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "columns/TextResults.h"
 #include "host/KxJsVariable.h"
 #include "host/SeenText.h"
 #include "native/Value.h"
@@ -63,6 +64,6 @@ struct Column {
 };
 
 /// Where an evaluation puts its results; the type decides what the values become.
-using ColumnResults = std::variant<std::u16string*, double*, bool*>;
+using ColumnResults = std::variant<TextResults, double*, bool*>;
 
 }  // namespace kx

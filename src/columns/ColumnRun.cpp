@@ -55,7 +55,7 @@ ColumnRun::ColumnRun(ColumnKernel const& kernel, v8::Isolate* isolate,
     : isolate_(isolate),
       context_(context),
       loop_(kernel.loop(isolate)),
-      isStaged_(std::holds_alternative<std::u16string*>(results)),
+      isStaged_(std::holds_alternative<TextResults>(results)),
       arrays_(isolate) {
     v8::Local<v8::Value> const none = v8::Undefined(isolate);
     arguments_ = {kernel.formula(isolate),
@@ -119,22 +119,22 @@ ColumnRun::Stop ColumnRun::block(std::size_t& first, std::size_t last) {
     return state_[1] == 0 ? Stop::done : Stop::failed;
 }
 
-void ColumnRun::moveTexts(std::size_t first, std::size_t last, std::u16string* results) {
+void ColumnRun::forEachText(std::size_t count,
+                            std::function<void(std::u16string_view)> const& take) const {
     std::u16string_view rest = text_;
-    for (std::size_t i = 0; i < last - first; ++i) {
-        std::u16string& result = results[first + i];
+    for (std::size_t i = 0; i < count; ++i) {
         switch (auto const kind = static_cast<ResultKind>(kinds_[i])) {
             case ResultKind::number:
-                result = numberToText(numbers_[i]);
+                take(numberToText(numbers_[i]));
                 break;
             case ResultKind::text: {
                 std::u16string_view const text = rest.substr(0, lengths_[i]);
                 rest.remove_prefix(lengths_[i]);
-                result = text.substr(0, text.find(u'\0'));
+                take(text.substr(0, text.find(u'\0')));
                 break;
             }
             default:
-                result = textOfKind(kind);
+                take(textOfKind(kind));
         }
     }
 }

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,9 +31,8 @@ class ColumnRun {
     /// the script was ended, `first` is left alone.
     Stop block(std::size_t& first, std::size_t last);
 
-    /// Moves the texts of the records from `first`, which the last block began with, to `last`,
-    /// where it stopped, to `results`.
-    void moveTexts(std::size_t first, std::size_t last, std::u16string* results);
+    /// Gives the texts of the first `count` records of the last block to `take`.
+    void forEachText(std::size_t count, std::function<void(std::u16string_view)> const& take) const;
 
   private:
     static constexpr std::size_t kStaged = 1024;

@@ -169,7 +169,7 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
 /// How many records a block may have: the values that are copied have to fit into the area. 0 where
 /// there are too many columns. `sharing` is how many records are looked for in shared memory.
 std::size_t IsolatedColumns::mostRecords(std::size_t sharing, ColumnResults const& results) const {
-    auto const isCopied = [&](auto const* values) {
+    auto const isCopied = [&](auto const& values) {
         return placeOf(values, 0, sharing) == kInArea;
     };
     std::size_t sizes = std::visit(isCopied, results) ? sizeof(double) : 0;
@@ -192,6 +192,11 @@ std::uint64_t IsolatedColumns::placeOf(T const* values, std::size_t first, std::
                               last - first <= (shared.size() - offset) / sizeof(T);
         return isInside ? offset : kInArea;
     }
+    return kInArea;
+}
+
+std::uint64_t IsolatedColumns::placeOf(TextResults const& /*results*/, std::size_t /*first*/,
+                                       std::size_t /*last*/) const {
     return kInArea;
 }
 
@@ -222,7 +227,7 @@ std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const
             column.values);
     }
     std::uint64_t const place =
-        std::visit([&](auto const* values) { return placeOf(values, first, last); }, results);
+        std::visit([&](auto const& values) { return placeOf(values, first, last); }, results);
     writer.put(place);
     return place == kInArea ? host_.area() + area.take(0) : nullptr;
 }
@@ -248,8 +253,8 @@ bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, s
 void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
                                   std::size_t records, std::byte const* results) const {
     std::size_t const first = evaluation.outcome.records;
-    if (auto* const* const texts = std::get_if<std::u16string*>(&evaluation.results)) {
-        for (std::size_t i = 0; i < records; ++i) (*texts)[first + i] = reader.takeText();
+    if (auto const* const texts = std::get_if<TextResults>(&evaluation.results)) {
+        for (std::size_t i = 0; i < records; ++i) texts->put(first + i, reader.takeText());
     } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
         if (results != nullptr) std::memcpy(*numbers + first, results, records * sizeof(double));
     } else {

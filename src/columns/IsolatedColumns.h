@@ -35,6 +35,7 @@ class IsolatedColumns final : public ColumnsBackend {
     std::size_t mostRecords(std::size_t sharing, ColumnResults const& results) const;
     template <class T>
     std::uint64_t placeOf(T const* values, std::size_t first, std::size_t last) const;
+    std::uint64_t placeOf(TextResults const& results, std::size_t first, std::size_t last) const;
     std::byte* putValues(MessageWriter& writer, ColumnResults const& results, std::size_t first,
                          std::size_t last) const;
     bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,

@@ -1,9 +1,11 @@
 #include "columns/KxJsColumns.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "columns/InProcessColumns.h"
 #include "columns/IsolatedColumns.h"
+#include "columns/TextResults.h"
 #include "host/KxJsParser.h"
 #include "isolated/IsolatedHost.h"
 
@@ -47,7 +49,14 @@ bool KxJsColumns::compile(std::u16string const& source, std::u16string& error) {
 }
 
 KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, std::u16string* results) {
-    return _mColumns->evaluate(count, results);
+    return _mColumns->evaluate(count, kx::TextResults(results));
+}
+KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, JoinedTexts& results) {
+    results.truncate(0);
+    results.offsets.reserve(std::max(count, count + 1));  // the largest number is refused too
+    Outcome outcome = _mColumns->evaluate(count, kx::TextResults(results));
+    results.truncate(outcome.records);
+    return outcome;
 }
 KxJsColumns::Outcome KxJsColumns::evaluate(std::size_t count, double* results) {
     return _mColumns->evaluate(count, results);

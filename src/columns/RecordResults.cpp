@@ -19,9 +19,9 @@ constexpr std::u16string_view kNaN = u"NaN";
 void RecordResults::convert(v8::Isolate* isolate, v8::Local<v8::Context> context,
                             v8::Local<v8::Value> completion) {
     std::size_t const record = next();
-    if (auto* const* texts = std::get_if<std::u16string*>(&results_)) {
-        std::u16string& text = (*texts)[record];
-        text = textOfValue(isolate, context, completion);
+    if (auto const* texts = std::get_if<TextResults>(&results_)) {
+        std::u16string const text = textOfValue(isolate, context, completion);
+        texts->put(record, text);
         if (text.find(kNaN) != std::u16string::npos) noteNotANumber();
     } else if (auto* const* numbers = std::get_if<double*>(&results_)) {
         (*numbers)[record] =
@@ -33,10 +33,10 @@ void RecordResults::convert(v8::Isolate* isolate, v8::Local<v8::Context> context
 
 bool RecordResults::convert(Evaluator& evaluator, Value const& value) {
     std::size_t const record = next();
-    if (auto* const* texts = std::get_if<std::u16string*>(&results_)) {
+    if (auto const* texts = std::get_if<TextResults>(&results_)) {
         auto const text = evaluator.textOf(value);
         if (!text) return false;
-        (*texts)[record] = *text;
+        texts->put(record, *text);
         if (contains(*text, u'N') && text->find(kNaN) != std::u16string::npos) noteNotANumber();
     } else if (auto* const* numbers = std::get_if<double*>(&results_)) {
         if (value.isNumber()) {
@@ -53,9 +53,12 @@ bool RecordResults::convert(Evaluator& evaluator, Value const& value) {
 }
 
 void RecordResults::fail(std::u16string error, KxJsFailure const& failure) {
-    std::visit([&](auto* results) { results[next()] = {}; }, results_);
-    if (auto* const* numbers = std::get_if<double*>(&results_)) {
+    if (auto const* texts = std::get_if<TextResults>(&results_)) {
+        texts->put(next(), {});
+    } else if (auto* const* numbers = std::get_if<double*>(&results_)) {
         (*numbers)[next()] = std::numeric_limits<double>::quiet_NaN();
+    } else {
+        std::get<bool*>(results_)[next()] = false;
     }
     outcome_.failures.push_back({next(), texts_.shared(std::move(error)),
                                  texts_.shared(failure.message), failure.line, failure.column,
@@ -63,15 +66,16 @@ void RecordResults::fail(std::u16string error, KxJsFailure const& failure) {
 }
 
 void RecordResults::endBlock(ColumnRun& run, std::size_t last) {
-    auto* const* const texts = std::get_if<std::u16string*>(&results_);
+    auto const* const texts = std::get_if<TextResults>(&results_);
     if (texts == nullptr) {
         outcome_.records = last;
         return;
     }
-    run.moveTexts(next(), last, *texts);
-    for (; next() < last; endRecord()) {
-        if ((*texts)[next()].find(kNaN) != std::u16string::npos) noteNotANumber();
-    }
+    run.forEachText(last - next(), [&](std::u16string_view text) {
+        texts->put(next(), text);
+        if (text.find(kNaN) != std::u16string_view::npos) noteNotANumber();
+        endRecord();
+    });
 }
 
 void RecordResults::noteNotANumber() {

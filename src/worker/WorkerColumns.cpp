@@ -31,8 +31,8 @@ void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
     takeValues(request, area, count);
     std::byte* const goal = takePlace(request, area, 0);
     if (type == 0) {
-        std::vector<std::u16string> results(count);
-        auto const outcome = columns_->evaluate(count, results.data());
+        KxJsColumns::JoinedTexts results;
+        auto const outcome = columns_->evaluate(count, results);
         putOutcome(reply, outcome);
         for (std::size_t i = 0; i < outcome.records; ++i) reply.putText(results[i]);
     } else if (type == 1) {

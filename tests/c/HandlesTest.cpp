@@ -186,6 +186,7 @@ TEST_F(CHandles, OfTextsAndLists) {
         {
             CALL(kxjs_texts_utf8, it, &a.data, &a.foundOffsets, &a.count),
             CALL(kxjs_texts_utf16, it, &a.wideData, &a.foundOffsets, &a.count),
+            CALL(kxjs_texts_separated_utf16, it, 0, &a.wideData, &a.count),
             CALL(kxjs_texts_set, it, "x", a.offsets.data(), 1),
             CALL(kxjs_texts_set_utf16, it, a.u.data(), a.offsets.data(), 1),
             CALL(kxjs_texts_add, it, "x", 1),

@@ -125,6 +125,8 @@ TEST(CProgress, ListsAndTextsOfTheEvaluationAreSafe) {
         std::size_t const* offsets = nullptr;
         std::size_t count = 0;
         EXPECT_EQ(kxjs_texts_utf8(it.output, &data, &offsets, &count), KXJS_BUSY);
+        std::uint16_t const* wide = nullptr;
+        EXPECT_EQ(kxjs_texts_separated_utf16(it.output, 0, &wide, &count), KXJS_BUSY);
         EXPECT_EQ(kxjs_texts_add(it.output, KXJS_LITERAL("x")), KXJS_BUSY);
         EXPECT_EQ(kxjs_texts_free(it.output), KXJS_OK);
         EXPECT_EQ(kxjs_text_free(it.error), KXJS_OK);

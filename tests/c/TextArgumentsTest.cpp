@@ -167,6 +167,8 @@ TEST_F(CTextArguments, OutParametersMustBeThere) {
         kxjs_texts_utf16(texts, nullptr, &offsets, &count),
         kxjs_texts_utf16(texts, &wide, nullptr, &count),
         kxjs_texts_utf16(texts, &wide, &offsets, nullptr),
+        kxjs_texts_separated_utf16(texts, 0, nullptr, &count),
+        kxjs_texts_separated_utf16(texts, 0, &wide, nullptr),
         kxjs_variable_type(variable, nullptr),
         kxjs_variable_int32(variable, nullptr),
         kxjs_variable_double(variable, nullptr),

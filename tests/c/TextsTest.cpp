@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -45,6 +46,25 @@ TEST(CTexts, AreJoinedWithOffsets) {
     EXPECT_EQ(std::vector<std::size_t>(offsets, offsets + 4),
               (std::vector<std::size_t>{0, 2, 2, 4}));
     EXPECT_EQ(std::u16string(data, data + 4), u"\u00e4b\u20ac\xdc00");
+}
+
+TEST(CTexts, AreSeparatedByAUnitThatNoneContains) {
+    TextList const list;
+    std::uint16_t const* data = nullptr;
+    std::size_t length = 1;
+    ASSERT_EQ(kxjs_texts_separated_utf16(list, ';', &data, &length), KXJS_OK);
+    EXPECT_NE(data, nullptr);
+    EXPECT_EQ(length, 0U);
+    for (char const* const item : {"a", "", "bc"}) {
+        ASSERT_EQ(kxjs_texts_add(list, item, std::strlen(item)), KXJS_OK);
+    }
+    ASSERT_EQ(kxjs_texts_separated_utf16(list, ';', &data, &length), KXJS_OK);
+    EXPECT_EQ(std::u16string(data, data + length), u"a;;bc");
+    ASSERT_EQ(kxjs_texts_add(list, KXJS_LITERAL("d")), KXJS_OK);
+    ASSERT_EQ(kxjs_texts_separated_utf16(list, 0, &data, &length), KXJS_OK);
+    EXPECT_EQ(std::u16string(data, data + length), std::u16string(u"a\0\0bc\0d", 7));
+    EXPECT_EQ(kxjs_texts_separated_utf16(list, 'c', &data, &length), KXJS_REFUSED);
+    EXPECT_EQ(length, 7U);
 }
 
 TEST(CTexts, AreSetFromTheSameForm) {

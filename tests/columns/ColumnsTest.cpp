@@ -1,6 +1,7 @@
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <string>
 #include <thread>
 #include <vector>
@@ -92,6 +93,46 @@ TEST_F(Columns, reportFailingRecordsAndGoOn) {
     }
     EXPECT_EQ(results[1], u"fine");
     EXPECT_EQ(results[kMany - 2], u"fine");
+}
+
+TEST_F(Columns, giveTheSameTextsJoined) {
+    std::vector<double> numbers(kMany);
+    std::iota(numbers.begin(), numbers.end(), 0.0);
+    numbers[3] = numbers[kMany - 2] = std::nan("");
+    columns.bind(u"NUMBER", numbers.data());
+    for (std::u16string const source :
+         {u"NUMBER", u"NUMBER%7==1?'':'text '+NUMBER", u"NUMBER%1000==5?missing:NUMBER>9",
+          u"NUMBER%2?null:undefined", u"NUMBER==7?{toString(){throw 1}}:'x'"}) {
+        auto const outcome = texts(source, kMany);
+        KxJsColumns::JoinedTexts joined;
+        joined.add(u"before");
+        auto const again = columns.evaluate(kMany, joined);
+        ASSERT_EQ(joined.size(), kMany);
+        for (std::size_t i = 0; i < kMany; ++i) ASSERT_EQ(joined[i], results[i]) << i;
+        EXPECT_EQ(again.records, kMany);
+        ASSERT_EQ(again.failures.size(), outcome.failures.size());
+        for (std::size_t i = 0; i < again.failures.size(); ++i) {
+            EXPECT_EQ(again.failures[i].record, outcome.failures[i].record);
+            EXPECT_EQ(again.failures[i].error, outcome.failures[i].error);
+        }
+    }
+}
+
+TEST_F(Columns, giveAsManyJoinedTextsAsRecordsWereEvaluated) {
+    std::vector<double> const numbers(kMany, 1);
+    columns.bind(u"NUMBER", numbers.data());
+    std::u16string error;
+    ASSERT_TRUE(columns.compile(u"'n'+NUMBER", error));
+    columns.setProgress([](std::size_t) { return false; });
+    KxJsColumns::JoinedTexts joined;
+    auto const outcome = columns.evaluate(kMany, joined);
+    EXPECT_LT(outcome.records, kMany);
+    EXPECT_EQ(joined.size(), outcome.records);
+    EXPECT_EQ(joined.data.size(), 2 * outcome.records);
+    host.host.reset();
+    EXPECT_NE(columns.evaluate(kMany, joined).error, u"");
+    EXPECT_EQ(joined.size(), 0U);
+    EXPECT_EQ(joined.data, u"");
 }
 
 TEST_F(Columns, keepAResultThatIsNotANumber) {

@@ -44,12 +44,26 @@ def test_read_only_arrays(host):
     [
         numpy.array(["a", "Jörg", ""]),
         numpy.array(["a", "😀b", "\ud83d"], dtype=object),
+        numpy.array(["a", "😀b", "\ud83d"]),
+        numpy.array(["a", "bc", "", "x" * 300])[::2],
+        numpy.array(["ä", "bc"]).astype(">U2"),
+        numpy.array(["", "", ""]),
+        numpy.array([""], dtype=object),
+        numpy.array([], dtype="U3"),
+        numpy.array([], dtype=object),
         ["x" * 300, "", "z"],
     ],
 )
 def test_texts(host, texts):
     result = host.column("T+'!'", {"T": texts}, dtype=str)
     assert result.tolist() == [text[:255] + "!" for text in texts]
+
+
+@pytest.mark.parametrize("dtype", ["U", object])
+def test_texts_end_at_their_first_zero(host, dtype):
+    texts = numpy.array(["a\0b", "\0", "c", "d"], dtype=dtype)
+    assert host.column("T", {"T": texts}, dtype=str).tolist() == ["a", "", "c", "d"]
+    assert host.column("T.length", {"T": texts}, js=True).tolist() == [1, 0, 1, 1]
 
 
 def test_truth_values(host):
@@ -127,6 +141,7 @@ def test_a_column_that_is_missing_is_an_error(host):
         ({"A": numpy.zeros(1, dtype="M8[s]"), "B": [1]}, TypeError, "A has datetime64"),
         ({"A": numpy.zeros(1, dtype=numpy.longdouble), "B": [1]}, TypeError, "A has"),
         ({"A": [2**53 + 1], "B": [1]}, OverflowError, "A has numbers beyond"),
+        ({"A": numpy.ma.array([1, 2], mask=[False, True]), "B": [1, 2]}, TypeError, "A has masked"),
         ({}, ValueError, "no columns"),
     ],
 )

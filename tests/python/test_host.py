@@ -1,6 +1,8 @@
 """Hosts, variables and formulas."""
 
+import copy
 import gc
+import pickle
 
 import kxjsparser
 import pytest
@@ -135,6 +137,27 @@ def test_a_formula_keeps_its_host():
     assert formula() == "2"
 
 
+def test_hosts_are_neither_copied_nor_pickled(host):
+    formula = host.compile("1+1")
+    for use in (
+        lambda: copy.copy(host),
+        lambda: copy.deepcopy(host),
+        lambda: pickle.dumps(host),
+        lambda: copy.deepcopy(formula),
+        lambda: pickle.dumps(formula),
+    ):
+        with pytest.raises(TypeError, match="a Host can neither be copied nor pickled"):
+            use()
+    assert host.evaluate("1+1") == "2"
+
+
+@pytest.mark.parametrize("text", [1, None, b"1"])
+def test_formulas_and_names_are_str(host, text):
+    for use in (host.evaluate, host.compile, kxjsparser.check, lambda it: host.__setitem__(it, 1)):
+        with pytest.raises(TypeError, match="a text is a str, not"):
+            use(text)
+
+
 @pytest.mark.parametrize("text", ["A" * 100000, "\ud800", "\0", "'\0'"])
 def test_any_text_is_taken(host, text):
     try:
@@ -151,7 +174,8 @@ def test_settings_of_wrong_types():
 
 
 @pytest.mark.parametrize(
-    "settings", [{"timeout": -1}, {"timeout": float("nan")}, {"memory_limit": -1}]
+    "settings",
+    [{"timeout": -1}, {"timeout": float("nan")}, {"timeout": 1e300}, {"memory_limit": -1}],
 )
 def test_settings_outside_of_what_is_allowed(settings):
     with pytest.raises((KxJsError, ValueError)):

@@ -18,14 +18,14 @@ HEADERS = re.sub(
 CONSTANTS = {
     name: int(value) for name, value in re.findall(r"\b(KXJS_\w+) = (\d+)", HEADERS)
 }
-LETTERS = {"size_t": "n", "int32_t": "i", "kxjs_status": "i", "int64_t": "l", "uint64_t": "u"}
+LETTERS = {"size_t": "n", "int32_t": "i", "kxjs_status": "i", "int64_t": "l"}
 
 
 def letter(parameter):
     """What stands for a parameter of a header in the package's table."""
     if "*" in parameter or parameter.startswith("kxjs_progress"):
         return "p"
-    return {**LETTERS, "double": "d"}[parameter.split()[0]]
+    return {**LETTERS, "uint64_t": "u", "uint16_t": "h", "double": "d"}[parameter.split()[0]]
 
 
 def test_signatures_are_those_of_the_headers():

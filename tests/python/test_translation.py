@@ -56,8 +56,11 @@ def test_translations_follow_the_settings():
     ("settings", "exception"),
     [
         ({"date_format": "nonsense"}, ValueError),
-        ({"variables": {"A": list}}, KeyError),
-        ({"epoch": "1900"}, Exception),
+        ({"variables": {"A": list}}, TypeError),
+        ({"functions": "OWN"}, TypeError),
+        ({"epoch": "1900"}, TypeError),
+        ({"epoch": 2**31}, ValueError),
+        ({"epoch": -(2**31) - 1}, ValueError),
     ],
 )
 def test_wrong_settings(settings, exception):

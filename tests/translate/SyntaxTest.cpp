@@ -61,6 +61,26 @@ TEST(Syntax, TellsWhereAFormulaEndsToBeOneAndWhatWasExpected) {
     }
 }
 
+TEST(Syntax, QuotesCharactersOfTwoUnitsAsAWhole) {
+    struct Row {
+        char16_t const* formula;
+        std::size_t length;
+        char16_t const* text;
+    };
+    for (Row const& row : {
+             Row{u"A \U0001F600", 2, u"an operator or the end expected, found \"\U0001F600\""},
+             {u"\U0001F600 A", 2, u"an operand expected, found \"\U0001F600\""},
+             {u"\xD83D A", 1, u"an operand expected, found \"\xD83D\""},
+             {u"A.'abcdefghijklmnopqrstuv\U0001F600 '", 27,
+              u"a name behind the point expected, found \"'abcdefghijklmnopqrstuv...\""},
+         }) {
+        auto const findings = KxJsTranslator().translate(row.formula).findings;
+        ASSERT_EQ(findings.size(), 1U) << kx::test::toUtf8(row.formula);
+        EXPECT_EQ(findings[0].length, row.length) << kx::test::toUtf8(row.formula);
+        EXPECT_EQ(findings[0].text, row.text) << kx::test::toUtf8(row.formula);
+    }
+}
+
 TEST(Syntax, CollectsWhatHasNoTranslation) {
     struct Row {
         char const* formula;

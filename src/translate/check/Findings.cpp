@@ -11,6 +11,7 @@
 #include "translate/Letters.h"
 #include "translate/check/CallTemplate.h"
 #include "translate/check/OperatorScan.h"
+#include "translate/check/Ranges.h"
 
 namespace kx::translate {
 namespace {
@@ -306,6 +307,7 @@ class Finder {
                 add(Code::functionBroken, index, node.sign);
                 break;
             case CallTemplate::Form::kept:
+                if (!keepsArguments(tree_, node)) add(Code::functionDiffers, index, node.sign);
                 break;
         }
         if (node.callee == Callee::language && isCut(node)) {
@@ -341,23 +343,6 @@ class Finder {
 };
 
 }  // namespace
-
-TextLength textLength(Tree const& tree, Node const& node) {
-    if (node.kind == NodeKind::text && !node.isEscaped) {
-        std::uint32_t const length = node.sign.end - node.sign.start;
-        return {length, length};
-    }
-    if (node.function == nullptr || node.childCount == 0) return {};
-    std::u16string_view const function = node.function->row.name;
-    if (function == u"CHR") return {1, 1};
-    bool const isPart = function == u"LEFT" || function == u"RIGHT";
-    std::size_t const which = isPart ? 1 : function == u"SUBSTR" ? 2 : node.childCount;
-    if (which >= node.childCount) return {};
-    Node const& count = tree.child(node, which);
-    constexpr double kLongest = 1e6;
-    if (count.kind != NodeKind::number || count.number > kLongest) return {};
-    return {0, static_cast<std::uint32_t>(count.number)};
-}
 
 bool isPartialComparison(Tree const& tree, Node const& node) {
     bool const isComparison = node.op == Operator::unequal || node.op == Operator::less ||

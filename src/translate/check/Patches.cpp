@@ -69,6 +69,7 @@ class Patcher {
         bool const isEmpty = skipBlanks(at + 1) == close;
         std::size_t const behind = skipBlanks(close + 1);
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
+        if (isTargetInParentheses(at, behind)) return false;
         bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
         if (isAssigned) return (isEmpty || holdsTargets(at + 1, close)) && patchPattern(at, close);
         if (isEmpty && close == at + 1) {
@@ -79,6 +80,21 @@ class Patcher {
             if (isEmpty) text_[at + 1] = u'0';
         }
         return isOther_ = true;
+    }
+
+    /// "([A])=B": a pattern has no parentheses around it.
+    bool isTargetInParentheses(std::size_t first, std::size_t behind) const {
+        bool isInside = false;
+        for (;;) {
+            std::size_t const open = before(first);
+            bool const isGroup = unitAt(behind) == u')' && open != std::u16string::npos &&
+                                 text_[open] == u'(' && nameBefore(open) == open;
+            if (!isGroup) break;
+            isInside = true;
+            first = open;
+            behind = skipBlanks(behind + 1);
+        }
+        return isInside && unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
     }
 
     /// Brackets inside texts are none.
@@ -99,10 +115,11 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// Behind a name, or in front of one.
+    /// Behind a name, in parentheses perhaps, or in front of one.
     bool patchIncrement(std::size_t at) {
         if (at + 1 >= text_.size()) return false;
-        std::size_t const left = before(at);
+        std::size_t left = before(at);
+        while (left != std::u16string::npos && isNameInParentheses(left)) left = before(left);
         bool const isBehind =
             left != std::u16string::npos && ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
                                              callBefore(left) != std::u16string::npos);
@@ -115,6 +132,16 @@ class Patcher {
         text_[at] = u' ';
         text_[at + 1] = u' ';
         return isOther_ = true;
+    }
+
+    bool isNameInParentheses(std::size_t close) const {
+        std::size_t const open = opening(close);
+        if (open == std::u16string::npos || nameBefore(open) < open) return false;
+        std::size_t const last = before(close);
+        std::size_t const first = skipBlanks(open + 1);
+        return text_[last] == u')'
+                   ? isNameInParentheses(last)
+                   : mayBeNameStart(text_[first]) && first + nameLength(first) == last + 1;
     }
 
     bool isBehindName(std::size_t last) const {
@@ -145,7 +172,9 @@ class Patcher {
         }
         constexpr double kMostDigits = 1e15;
         bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
-        if (!isNumber || (isOctal && unitAt(end) == u'.')) return false;
+        // "007.or" is a property, 007.5 nothing.
+        bool const isObject = isOctal && unitAt(end) == u'.';
+        if (!isNumber || (isObject && !mayBeNameStart(unitAt(end + 1)))) return false;
         std::u16string decimal;
         if (isOctal) {
             std::string const digits = std::to_string(static_cast<std::int64_t>(value));
@@ -155,6 +184,7 @@ class Patcher {
             while (first + 1 < end && text_[first] == u'0') ++first;
             decimal = text_.substr(first, end - first);
         }
+        if (isObject) decimal = u'(' + decimal + u')';
         text_.replace(at, end - at, decimal);
         return true;
     }
@@ -240,17 +270,44 @@ class Patcher {
         for (;;) {
             std::size_t const open = opening(close);
             if (open == std::u16string::npos) return open;
-            std::size_t const start = nameBefore(open);
+            bool const isCall = nameBefore(open) < open;
+            std::size_t const start = isCall ? chainBefore(before(open)) : open;
             if (inside != std::u16string::npos && start != inside) return std::u16string::npos;
             if (inside == std::u16string::npos) first = start;
-            if (start < open) {
-                bool const isCall =
-                    !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
-                return isCall ? first : std::u16string::npos;
-            }
+            if (isCall) return start == std::u16string::npos ? start : first;
             inside = skipBlanks(open + 1);
             close = before(close);
         }
+    }
+
+    /// Where the names, calls and points begin the last unit of which is at `last`, as those of
+    /// "(A==B).AND.LEN"; npos where JavaScript has no such chain.
+    std::size_t chainBefore(std::size_t last) const {
+        while (last != std::u16string::npos) {
+            std::size_t start = last + 1;
+            bool const isClosed = text_[last] == u')';
+            if (isClosed) {
+                start = opening(last);
+                if (start == std::u16string::npos) return start;
+                // The name that is called.
+                std::size_t const left = before(start);
+                if (left != std::u16string::npos && mayBeNamePart(text_[left])) start = left + 1;
+            }
+            std::size_t const end = start;
+            while (start > 0 && mayBeNamePart(text_[start - 1])) --start;
+            bool const isNamed = start < end;
+            if (!isNamed && !isClosed) break;
+            std::size_t const point = before(start);
+            if (point != std::u16string::npos && text_[point] == u'.') {
+                last = before(point);
+                continue;
+            }
+            bool const isName =
+                isNamed && mayBeNameStart(text_[start]) &&
+                !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
+            return isName || !isNamed ? start : std::u16string::npos;
+        }
+        return std::u16string::npos;
     }
 
     /// "F(A,)": a comma may end the arguments.

@@ -184,6 +184,7 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
             operand(left) + (node.op == Operator::add ? u"+(" : u"-(") + argument(node, 1) + u")",
             Binding::sum, true};
     }
+    if (has(index, Code::hash) && !hasKnownKinds(node)) return impossible();
     if (has(index, Code::hash) || has(index, Code::textQuote)) {
         std::u16string sign = u" ";
         sign.append(node.op == Operator::power ? u"^" : traits(node.op).name).append(u" ");
@@ -250,6 +251,12 @@ bool Rewriter::ignoresLastBlanks(Node const& node) const {
     return isText && isComparison && (mayEndInBlank(left) || mayEndInBlank(right));
 }
 
+/// Whether the kind of one operand is known: both have the same where they can be compared.
+bool Rewriter::hasKnownKinds(Node const& node) const {
+    return tree_.child(node, 0).valueKind != Kind::unknown ||
+           tree_.child(node, 1).valueKind != Kind::unknown;
+}
+
 Rewriter::Part Rewriter::renderEqual(Node const& node) {
     NodeIndex const left = node.firstChild;
     Kind const leftKind = tree_.nodes[left].valueKind;
@@ -259,10 +266,7 @@ Rewriter::Part Rewriter::renderEqual(Node const& node) {
         part.binding = Binding::equality;
         return part;
     }
-    bool const isKnown = leftKind == Kind::number || leftKind == Kind::logical ||
-                         rightKind == Kind::number || rightKind == Kind::logical ||
-                         leftKind == Kind::nil || rightKind == Kind::nil;
-    if (!isKnown) return impossible();
+    if (!hasKnownKinds(node)) return impossible();
     return {operand(left) + u"==" + operand(tree_.nodes[left].nextSibling), Binding::equality,
             true};
 }

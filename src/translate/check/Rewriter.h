@@ -11,6 +11,7 @@
 #include "translate/Settings.h"
 #include "translate/Tree.h"
 #include "translate/check/Findings.h"
+#include "translate/check/Ranges.h"
 #include "translate/check/SafeText.h"
 
 namespace kx::translate {
@@ -59,6 +60,7 @@ class Rewriter {
     Part renderDiffering(Node const& node, std::u16string_view function);
     Part renderUnknown(Node const& node, std::u16string_view function);
     Part renderBroken(Node const& node, std::u16string_view function);
+    Part renderInstalled(Node const& node, std::u16string_view function);
     Part renderBetween(Node const& node);
     Part renderInList(Node const& node);
     Part renderInteger(Node const& node);
@@ -75,6 +77,7 @@ class Rewriter {
     std::u16string withoutLastBlanks(NodeIndex index);
     bool mayEndInBlank(NodeIndex index) const;
     bool ignoresLastBlanks(Node const& node) const;
+    bool hasKnownKinds(Node const& node) const;
 
     bool has(NodeIndex index, Code code) const {
         return (codes_[index] >> static_cast<int>(code) & 1) != 0;
