@@ -242,8 +242,8 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_->instructions_.size());
     }
 
-    /// Texts must not move once a constant refers to them. Of the rest it is what most formulas
-    /// need.
+    /// Texts must not move once a constant refers to them. The other sizes are estimates that fit
+    /// most formulas.
     void allocate() {
         std::size_t size = 0;
         std::size_t constants = 0;

@@ -165,7 +165,7 @@ bool at(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const text = arguments[1].text;
     if (sought.empty() || *which < 1) return give(0.0, result);
     double place = -1;
-    for (double left = *which; left > 0; --left) {
+    for (std::size_t left = limitedTo(*which, text.size() + 1); left > 0; --left) {
         auto const start = static_cast<std::size_t>(place + 1);
         if (!indexOf(text, sought, start, workspace.arena, place)) return false;
         if (place < 0) return give(0.0, result);
