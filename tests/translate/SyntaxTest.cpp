@@ -40,7 +40,7 @@ TEST(Syntax, TellsWhereAFormulaEndsToBeOneAndWhatWasExpected) {
              {"\"abc", "SYNTAX 0+4: text not closed"},
              {"\"a\nb\"", "SYNTAX 0+2: text not closed"},
              {"[abc", "SYNTAX 0+4: text not closed"},
-             {"e\"\\q\"", "SYNTAX 2+2: unknown escape in a text"},
+             {R"(e"\q")", "SYNTAX 2+2: unknown escape in a text"},
              {"e\"a\\", "SYNTAX 0+4: text not closed"},
              {"'it''s'", "SYNTAX 4+1: an operator or the end expected, found \"'\""},
              {"1 /* open", "SYNTAX 2+2: comment not closed"},

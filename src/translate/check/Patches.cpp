@@ -70,8 +70,13 @@ class Patcher {
         bool const isEmpty = skipBlanks(at + 1) == close;
         std::size_t const behind = skipBlanks(close + 1);
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
-        if (isTargetInParentheses(at, behind)) return false;
-        bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
+        // "([A])=>B", but not "([A])=B".
+        std::size_t const outside = behindGroups(behind);
+        if (outside > behind && isTargetBefore(outside)) {
+            return unitAt(outside + 1) == u'>' && holdsTargets(at + 1, close) &&
+                   patchPattern(at, close);
+        }
+        bool const isAssigned = isTargetBefore(behind);
         if (isAssigned) return (isEmpty || holdsTargets(at + 1, close)) && patchPattern(at, close);
         if (isEmpty && close == at + 1) {
             text_.replace(at, 2, u"(0)");
@@ -83,19 +88,18 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// "([A])=B": a pattern has no parentheses around it.
-    bool isTargetInParentheses(std::size_t first, std::size_t behind) const {
-        bool isInside = false;
+    /// The place behind the parentheses that end at `at` and are no call's.
+    std::size_t behindGroups(std::size_t at) const {
         for (;;) {
-            std::size_t const open = before(first);
-            bool const isGroup = unitAt(behind) == u')' && open != std::u16string::npos &&
-                                 text_[open] == u'(' && nameBefore(open) == open;
-            if (!isGroup) break;
-            isInside = true;
-            first = open;
-            behind = skipBlanks(behind + 1);
+            std::size_t const open = opening(at);
+            if (open == std::u16string::npos || nameBefore(open) < open) return at;
+            at = skipBlanks(at + 1);
         }
-        return isInside && unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
+    }
+
+    /// Whether "=" or "=>" is there.
+    bool isTargetBefore(std::size_t at) const {
+        return unitAt(at) == u'=' && unitAt(at + 1) != u'=';
     }
 
     /// The place of the first `bracket` from `at` on that is in no text; npos without one.
@@ -128,7 +132,7 @@ class Patcher {
         // JavaScript allows no call, member or assignment of the result.
         bool const isUsed =
             std::u16string_view(u"([.").find(unitAt(next)) != std::u16string_view::npos ||
-            (unitAt(next) == u'=' && unitAt(next + 1) != u'=');
+            isTargetBefore(behindGroups(next));
         if (isBehind ? isUsed : !mayBeNameStart(unitAt(next))) return false;
         text_[at] = u' ';
         text_[at + 1] = u' ';
