@@ -149,8 +149,9 @@ class ProgramMaker {
         if (member.kind != NodeKind::member) return std::nullopt;
         Node const& object = expression_.child(member, 0);
         if (object.kind != NodeKind::name || expression_.text(object) != u"kx") return std::nullopt;
-        if (!isCall)
+        if (!isCall) {
             return expression_.text(member) == u"exact" ? std::optional(true) : std::nullopt;
+        }
         bool const isPlain = expression_.text(member) == u"of" &&
                              expression_.child(node, 1).kind == NodeKind::boolean &&
                              expression_.child(node, 2).kind == NodeKind::string &&
