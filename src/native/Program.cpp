@@ -149,8 +149,9 @@ class ProgramMaker {
         if (member.kind != NodeKind::member) return std::nullopt;
         Node const& object = expression_.child(member, 0);
         if (object.kind != NodeKind::name || expression_.text(object) != u"kx") return std::nullopt;
-        if (!isCall)
+        if (!isCall) {
             return expression_.text(member) == u"exact" ? std::optional(true) : std::nullopt;
+        }
         bool const isPlain = expression_.text(member) == u"of" &&
                              expression_.child(node, 1).kind == NodeKind::boolean &&
                              expression_.child(node, 2).kind == NodeKind::string &&
@@ -242,8 +243,8 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_->instructions_.size());
     }
 
-    /// Texts must not move once a constant refers to them. Of the rest it is what most formulas
-    /// need.
+    /// Texts must not move once a constant refers to them. The other sizes are estimates that fit
+    /// most formulas.
     void allocate() {
         std::size_t size = 0;
         std::size_t constants = 0;

@@ -103,7 +103,7 @@ class Evaluator {
     std::array<Value, kMostVariables> variables_;
     Workspace workspace_;
 
-    // A formula with the same values again gives the same number, and digits are dear.
+    // The last number and its text: the next run often gives the same, and writing digits is slow.
     double lastNumber_ = 0;
     std::array<char16_t, kLongestNumberText> lastText_ = {u'0'};
     std::size_t lastLength_ = 1;

@@ -6,6 +6,7 @@
 
 #include "expression/Operators.h"
 #include "text/NameUnits.h"
+#include "text/NumberText.h"
 #include "text/ReservedWords.h"
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
@@ -101,7 +102,7 @@ class Patcher {
         return unitAt(at) == u'=' && unitAt(at + 1) != u'=';
     }
 
-    /// Brackets inside texts are none.
+    /// The place of the first `bracket` from `at` on that is in no text; npos without one.
     std::size_t closingBracket(std::size_t at, char16_t bracket) const {
         for (; at < text_.size() && text_[at] != bracket; ++at) {
             if (text_[at] == u'"' || text_[at] == u'\'') at = text_.find(text_[at], at + 1);
@@ -119,7 +120,7 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// Behind a name, in parentheses perhaps, or in front of one.
+    /// "A++", "(A)++" or "++A".
     bool patchIncrement(std::size_t at) {
         if (at + 1 >= text_.size()) return false;
         std::size_t left = before(at);
@@ -128,7 +129,7 @@ class Patcher {
             left != std::u16string::npos && ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
                                              callBefore(left) != std::u16string::npos);
         std::size_t const next = skipBlanks(at + 2);
-        // Neither called, nor taken apart, nor assigned to.
+        // JavaScript allows no call, member or assignment of the result.
         bool const isUsed =
             std::u16string_view(u"([.").find(unitAt(next)) != std::u16string_view::npos ||
             isTargetBefore(behindGroups(next));
@@ -155,8 +156,7 @@ class Patcher {
     }
 
     bool patchWord(std::size_t at) {
-        std::size_t end = at;
-        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
+        std::size_t const end = at + nameLength(at);
         std::u16string_view const word = std::u16string_view(text_).substr(at, end - at);
         bool const isThis = word == u"this";
         if (!isThis && !isNameInScripts(word)) return false;
@@ -165,7 +165,7 @@ class Patcher {
         return true;
     }
 
-    /// An octal number has another value, written here as a decimal one.
+    /// Writes an octal number as the decimal one of the same value.
     bool patchOctal(std::size_t at) {
         std::size_t end = at;
         double value = 0;
@@ -176,13 +176,12 @@ class Patcher {
         }
         constexpr double kMostDigits = 1e15;
         bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
-        // "007.or" is a property, 007.5 nothing.
+        // "007.or" is a property; "007.5" is no JavaScript.
         bool const isObject = isOctal && unitAt(end) == u'.';
         if (!isNumber || (isObject && !mayBeNameStart(unitAt(end + 1)))) return false;
         std::u16string decimal;
         if (isOctal) {
-            std::string const digits = std::to_string(static_cast<std::int64_t>(value));
-            decimal.assign(digits.begin(), digits.end());
+            decimal = decimalText(static_cast<std::int64_t>(value));
         } else {
             std::size_t first = at;
             while (first + 1 < end && text_[first] == u'0') ++first;
@@ -202,7 +201,7 @@ class Patcher {
         return patchPattern(open, close);
     }
 
-    /// Whether there are names between commas, each perhaps with what it is without a value.
+    /// Whether there are names between commas, each with or without a default value.
     bool holdsTargets(std::size_t start, std::size_t end) const {
         for (std::size_t i = skipBlanks(start); i < end; i = skipBlanks(i + 1)) {
             if (!mayBeNameStart(text_[i])) return false;
@@ -243,7 +242,7 @@ class Patcher {
         return isArrow || isAssignment;
     }
 
-    /// Two statements on one line.
+    /// "A;B": two statements on one line.
     bool patchSemicolon(std::size_t at) {
         std::size_t const place = text_.find(u';', at == 0 ? 0 : at - 1);
         if (place == std::u16string::npos) return false;

@@ -79,8 +79,8 @@ TextLength textLength(Tree const& tree, Node const& node) {
     if (node.kind == NodeKind::binary && node.valueKind == Kind::text) {
         TextLength const left = textLength(tree, tree.child(node, 0));
         TextLength const right = textLength(tree, tree.child(node, 1));
-        std::uint32_t const room = TextLength{}.most - left.most;
-        return {left.least + right.least, left.most + std::min(right.most, room)};
+        std::uint32_t const largest = TextLength{}.most - left.most;
+        return {left.least + right.least, left.most + std::min(right.most, largest)};
     }
     if (node.function == nullptr || node.childCount == 0) return {};
     std::u16string_view const function = node.function->row.name;

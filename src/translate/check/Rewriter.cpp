@@ -30,11 +30,6 @@ Binding bindingOf(Node const& node) {
 
 }  // namespace
 
-std::u16string numberText(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 Rewriter::Rewriter(Tree const& tree, std::u16string_view source, Settings const& settings,
                    std::vector<Found> const& found)
     : tree_(tree), source_(source), settings_(settings), codes_(tree.nodes.size()) {
@@ -212,8 +207,8 @@ Rewriter::Part Rewriter::renderContained(Node const& node) {
 Rewriter::Part Rewriter::renderLeading(std::u16string const& text, Node const& right) {
     TextLength const length = textLength(tree_, right);
     auto const index = static_cast<NodeIndex>(&right - tree_.nodes.data());
-    std::u16string const count = length.least == length.most ? numberText(length.least)
-                                                             : u"LEN(" + render(index).text + u")";
+    std::u16string const count =
+        length.least == length.most ? sizeText(length.least) : u"LEN(" + render(index).text + u")";
     return operandPart(u"LEFT(" + text + u"," + count + u")");
 }
 

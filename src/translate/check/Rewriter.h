@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "text/NumberText.h"
 #include "translate/Operators.h"
 #include "translate/Settings.h"
 #include "translate/Tree.h"
@@ -19,7 +20,9 @@ namespace kx::translate {
 inline constexpr Binding kOperandBinding =
     static_cast<Binding>(static_cast<int>(Binding::power) + 2);
 
-std::u16string numberText(std::size_t number);
+inline std::u16string sizeText(std::size_t size) {
+    return decimalText(static_cast<std::int64_t>(size));
+}
 
 /// Writes formulas in such a way that the exact conversion keeps what they mean. What is written is
 /// to be converted and compared before anyone is told.
