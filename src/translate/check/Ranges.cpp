@@ -13,7 +13,9 @@ constexpr double kByteValues = 256;
 
 NumberRange binaryRange(Tree const& tree, Node const& node) {
     bool const isSum = node.op == Operator::add;
-    if (!isSum && node.op != Operator::subtract && node.op != Operator::remainder) return {};
+    bool const isProduct = node.op == Operator::multiply;
+    bool const isRemainder = node.op == Operator::remainder;
+    if (!isSum && !isProduct && !isRemainder && node.op != Operator::subtract) return {};
     NumberRange const left = numberRange(tree, tree.child(node, 0));
     NumberRange const right = numberRange(tree, tree.child(node, 1));
     bool const isWhole = left.isWhole && right.isWhole;
@@ -21,10 +23,18 @@ NumberRange binaryRange(Tree const& tree, Node const& node) {
     if (node.op == Operator::subtract) {
         return {left.least - right.most, left.most - right.least, isWhole};
     }
+    if (isProduct) {
+        bool const isPositive = left.least >= 0 && right.least >= 0;
+        return {isPositive ? 0 : NumberRange{}.least, NumberRange{}.most, isWhole};
+    }
     if (!(right.least > 0) || right.least != right.most) return {};
     // The rest has the sign of the dividend.
     double const most = isWhole ? right.most - 1 : std::nextafter(right.most, 0.0);
     return {left.least >= 0 ? 0 : -most, most, isWhole};
+}
+
+NumberRange either(NumberRange a, NumberRange b) {
+    return {std::min(a.least, b.least), std::max(a.most, b.most), a.isWhole && b.isWhole};
 }
 
 /// Of MAX and MIN.
@@ -97,6 +107,10 @@ NumberRange numberRange(Tree const& tree, Node const& node) {
             return binaryRange(tree, node);
         case NodeKind::call:
             return callRange(tree, node);
+        case NodeKind::choice:
+            if (node.childCount != 3) return {};
+            return either(numberRange(tree, tree.child(node, 1)),
+                          numberRange(tree, tree.child(node, 2)));
         default:
             return {};
     }
