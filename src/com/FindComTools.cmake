@@ -2,15 +2,16 @@
 # is not there. Wine's own programs are preferred to the distribution's wrappers around them, which
 # split arguments at blanks.
 
-set(_wine_dirs /usr/lib/wine /usr/lib/wine-development /opt/wine-stable/bin)
+set(_wine_dirs /usr/lib/wine /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/wine /usr/lib/wine-development
+    /opt/wine-stable/bin
+)
 set(KXJS_COM_MISSING "")
 
-macro(kx_find_com_tool variable)
-    find_program(${variable} NAMES ${ARGN} HINTS ${_wine_dirs})
+macro(kx_find_com_tool variable name)
+    find_program(${variable} NAMES ${name} ${ARGN} NAMES_PER_DIR HINTS ${_wine_dirs})
     mark_as_advanced(${variable})
     if(NOT ${variable})
-        list(GET ARGN 0 _first_name)
-        list(APPEND KXJS_COM_MISSING ${_first_name})
+        list(APPEND KXJS_COM_MISSING ${name})
     endif()
 endmacro()
 
