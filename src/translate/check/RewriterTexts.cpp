@@ -43,7 +43,10 @@ std::optional<std::u16string> rounded(std::u16string_view number, std::size_t de
 
 /// Fills a literal up to `width` as STR or STRZERO does.
 std::u16string inWidth(std::u16string number, std::size_t width, bool hasZeros) {
-    if (number.size() > width) return std::u16string(width, u'*');
+    if (number.size() > width) {
+        number.assign(width, u'*');
+        return number;
+    }
     std::size_t const sign = hasZeros && number[0] == u'-' ? 1 : 0;
     number.insert(sign, width - number.size(), hasZeros ? u'0' : u' ');
     return number;
