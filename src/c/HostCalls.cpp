@@ -55,7 +55,7 @@ kxjs_status extract(Unit const* source, std::size_t length, std::int64_t millise
                                           : KxJsParser::_extractVariable(text, reason, limit,
                                                                          isolationOf(isolation)));
         } catch (std::runtime_error const& failure) {
-            setText(errorText, reasonOf(failure));
+            setText(errorText, utf16FromSystem(failure.what()));
             return isolation == nullptr ? KXJS_SYSTEM_ERROR : KXJS_NO_WORKER;
         }
         bool const isOk = reason.empty();

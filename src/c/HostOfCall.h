@@ -16,9 +16,6 @@ inline Host& hostOf(kxjs_host* handle) {
 /// The isolation of a structure of the application; the defaults where it is null.
 KxJsIsolation isolationOf(kxjs_isolation const* isolation);
 
-/// The text of an exception of the library, which may hold a file's name in any encoding.
-std::u16string reasonOf(std::exception const& failure);
-
 /// Milliseconds of the application as a limit.
 std::chrono::milliseconds limitOf(std::int64_t milliseconds);
 

@@ -46,20 +46,6 @@ KxJsIsolation isolationOf(kxjs_isolation const* isolation) {
     return result;
 }
 
-std::u16string reasonOf(std::exception const& failure) {
-    std::string const text = failure.what();
-    try {
-        return utf16FromUtf8(text);
-    } catch (InvalidUtf8 const&) {
-        std::u16string replaced;
-        for (char const byte : text) {
-            auto const unit = static_cast<unsigned char>(byte);
-            replaced += unit < 0x80 ? static_cast<char16_t>(unit) : u'\uFFFD';
-        }
-        return replaced;
-    }
-}
-
 }  // namespace kx::c
 
 using namespace kx::c;  // NOLINT(google-build-using-namespace)
@@ -92,7 +78,7 @@ kxjs_status kxjs_host_create_isolated(kxjs_isolation const* isolation, kxjs_host
         try {
             made = std::make_shared<Host>(settings);
         } catch (std::runtime_error const& failure) {
-            setText(reason, reasonOf(failure));
+            setText(reason, kx::utf16FromSystem(failure.what()));
             return kxjs_status{KXJS_NO_WORKER};
         }
         setText(reason, {});

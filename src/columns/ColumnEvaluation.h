@@ -65,7 +65,7 @@ class ColumnEvaluation {
     RecordResults results_;
 
     Path path_ = Path::unchosen;
-    bool hasSucceeded_ = false;        // a record since the path was left
+    bool hasSucceeded_ = false;        // whether a record has since the path was left
     std::optional<NativeRun> native_;  // where the formula has a program
     std::size_t nativeFailures_ = 0;
     std::size_t fastFrom_ = 0;  // the record at which the fast path was taken

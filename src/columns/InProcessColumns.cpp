@@ -1,12 +1,10 @@
 #include "columns/InProcessColumns.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 #include "columns/ColumnEvaluation.h"
 #include "columns/ColumnTexts.h"
-#include "columns/FlagScope.h"
 #include "host/KxJsParser.h"
 
 namespace kx {
@@ -23,7 +21,7 @@ std::list<HostResources> emptyResources() {
 }  // namespace
 
 InProcessColumns::InProcessColumns(KxJsParser& parser)
-    : parser_(parser),
+    : ColumnsBackend(parser),
       host_(inProcessHost(parser)),
       record_(host_.record()),
       lastResources_(emptyResources()) {}
@@ -36,42 +34,14 @@ void InProcessColumns::release(std::list<HostResources> resources) noexcept {
     record_->release(std::move(resources));
 }
 
-void InProcessColumns::setProgress(KxJsColumns::Progress progress) {
-    refuseWhileEvaluating();
-    progress_ = std::move(progress);
-}
-
-void InProcessColumns::refuseWhileEvaluating() const {
-    if (isEvaluating_) throw std::logic_error("the columns are being evaluated");
-}
-
-void InProcessColumns::bind(std::u16string const& name, Column::Values values) {
-    refuseWhileEvaluating();
-    auto const found = std::find_if(columns_.begin(), columns_.end(),
-                                    [&](Column const& column) { return column.name == name; });
-    if (found != columns_.end()) {
-        found->values = values;
-        return;
-    }
-    release(emptyResources());
-    columns_.push_back({name, values});
-}
-
-bool InProcessColumns::bindToHost(std::u16string& error) {
-    for (Column const& column : columns_) {
-        if (parser_.addSetVariable(column.blank())) continue;
-        error = u"A column cannot have the name \"" + column.name + u"\"";
-        return false;
-    }
-    return true;
-}
+void InProcessColumns::forgetFormula() { release(emptyResources()); }
 
 bool InProcessColumns::compile(std::u16string const& source, std::u16string& error) {
-    if (isEvaluating_ || !host_.isOnItsThread()) {
-        error = isEvaluating_ ? kBusy : kWrongThread;
+    if (isEvaluating() || !host_.isOnItsThread()) {
+        error = isEvaluating() ? kBusy : kWrongThread;
         return false;
     }
-    release(emptyResources());
+    forgetFormula();
     if (!bindToHost(error) || !host_.isUsable()) return false;
     std::unique_ptr<CompiledScript> script = host_.compile(source, error);
     if (script == nullptr) return false;
@@ -83,7 +53,7 @@ KxJsColumns::Outcome InProcessColumns::evaluate(std::size_t count, ColumnResults
     KxJsColumns::Outcome outcome;
     if (!host_.isOnItsThread()) {
         outcome.error = kWrongThread;
-    } else if (isEvaluating_) {
+    } else if (isEvaluating()) {
         outcome.error = kBusy;
     } else if (formula_ == nullptr || !formula_->isCurrent()) {
         outcome.error = kNotCompiled;
@@ -95,8 +65,9 @@ KxJsColumns::Outcome InProcessColumns::evaluate(std::size_t count, ColumnResults
     v8::Context::Scope const entered(host_.context());
     LimitedRun const run(host_.limits());
     host_.countChange();  // for columns in whose progress function these are evaluated
-    FlagScope const evaluating(isEvaluating_);
-    ColumnEvaluation(parser_, host_, *formula_, columns_, count, results, outcome).run(progress_);
+    FlagScope const evaluating = beginEvaluation();
+    ColumnEvaluation(parser(), host_, *formula_, columns(), count, results, outcome)
+        .run(progress());
     return outcome;
 }
 

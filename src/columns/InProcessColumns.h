@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "columns/Column.h"
 #include "columns/ColumnFormula.h"
 #include "columns/ColumnsBackend.h"
 #include "columns/KxJsColumns.h"
@@ -23,23 +22,16 @@ class InProcessColumns final : public ColumnsBackend {
     InProcessColumns(InProcessColumns const&) = delete;
     InProcessColumns& operator=(InProcessColumns const&) = delete;
 
-    void bind(std::u16string const& name, Column::Values values) override;
     bool compile(std::u16string const& source, std::u16string& error) override;
     KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results) override;
-    void setProgress(KxJsColumns::Progress progress) override;
 
   private:
-    void refuseWhileEvaluating() const;
+    void forgetFormula() override;
     void release(std::list<HostResources> resources) noexcept;
-    bool bindToHost(std::u16string& error);
 
-    KxJsParser& parser_;
     InProcessHost& host_;
     std::shared_ptr<IsolateRecord> const record_;  // which may be left when the host is gone
-    std::vector<Column> columns_;
-    KxJsColumns::Progress progress_;
     std::unique_ptr<ColumnFormula> formula_;
-    bool isEvaluating_ = false;
     std::list<HostResources> lastResources_;  // for the destructor, which must not allocate
 };
 

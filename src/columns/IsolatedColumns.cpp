@@ -5,14 +5,12 @@
 #include <cstring>
 #include <limits>
 #include <span>
-#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
 #include "columns/ColumnReply.h"
 #include "columns/ColumnTexts.h"
-#include "columns/FlagScope.h"
 #include "host/EndText.h"
 #include "host/KxJsParser.h"
 #include "isolated/ColumnArea.h"
@@ -23,11 +21,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Between two calls of whoever watches.
+/// A block of records may take so long, since the progress function is called between blocks.
 constexpr std::chrono::milliseconds kBlockTime{10};
 constexpr std::size_t kFirstBlock = 64;
 constexpr Clock::duration kClockStep = std::chrono::microseconds(1);
-/// Of one block to the next.
+/// From one block to the next.
 constexpr std::size_t kLargestGrowth = 4;
 
 /// More records than any memory holds.
@@ -67,45 +65,13 @@ struct IsolatedColumns::Evaluation {
 };
 
 IsolatedColumns::IsolatedColumns(KxJsParser& parser, IsolatedHost& host)
-    : parser_(parser), host_(host), number_(host.log().enterColumns()) {}
+    : ColumnsBackend(parser), host_(host), number_(host.log().enterColumns()) {}
 
 IsolatedColumns::~IsolatedColumns() { host_.log().leaveColumns(number_); }
 
-void IsolatedColumns::setProgress(KxJsColumns::Progress progress) {
-    refuseWhileEvaluating();
-    progress_ = std::move(progress);
-}
-
-void IsolatedColumns::refuseWhileEvaluating() const {
-    if (isEvaluating_) throw std::logic_error("the columns are being evaluated");
-}
-
-void IsolatedColumns::bind(std::u16string const& name, Column::Values values) {
-    refuseWhileEvaluating();
-    auto const found = std::find_if(columns_.begin(), columns_.end(),
-                                    [&](Column const& column) { return column.name == name; });
-    // Memory of another type needs a new formula in the worker, which has memory of its own.
-    if (found != columns_.end()) {
-        if (found->values.index() != values.index()) worker_ = 0;
-        found->values = values;
-        return;
-    }
-    isCompiled_ = false;
-    columns_.push_back({name, values});
-}
-
-bool IsolatedColumns::bindToHost(std::u16string& error) {
-    for (Column const& column : columns_) {
-        if (parser_.addSetVariable(column.blank())) continue;
-        error = u"A column cannot have the name \"" + column.name + u"\"";
-        return false;
-    }
-    return true;
-}
-
 bool IsolatedColumns::compile(std::u16string const& source, std::u16string& error) {
-    if (isEvaluating_ || !host_.isOnItsThread()) {
-        error = isEvaluating_ ? kBusy : kWrongThread;
+    if (isEvaluating() || !host_.isOnItsThread()) {
+        error = isEvaluating() ? kBusy : kWrongThread;
         return false;
     }
     isCompiled_ = false;
@@ -125,8 +91,8 @@ bool IsolatedColumns::compileInWorker(std::u16string& error) {
     MessageWriter& request = host_.request();
     request.put(Command::compileColumns);
     request.put(number_);
-    request.put(static_cast<std::uint32_t>(columns_.size()));
-    for (Column const& column : columns_) {
+    request.put(static_cast<std::uint32_t>(columns().size()));
+    for (Column const& column : columns()) {
         request.putText(column.name);
         request.put(static_cast<std::uint8_t>(column.values.index()));
     }
@@ -144,13 +110,13 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
     KxJsColumns::Outcome outcome;
     if (!host_.isOnItsThread()) {
         outcome.error = kWrongThread;
-    } else if (isEvaluating_) {
+    } else if (isEvaluating()) {
         outcome.error = kBusy;
     } else if (!isCompiled_ || resets_ != host_.resets()) {
         outcome.error = kNotCompiled;
     }
     if (!outcome.error.empty()) return outcome;
-    FlagScope const evaluating(isEvaluating_);
+    FlagScope const evaluating = beginEvaluation();
     host_.beginEvaluation();
     Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
     std::size_t const largest = mostRecords(count, results);
@@ -162,7 +128,8 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
         if (!isDone || !goesOn(evaluation)) break;
         size = std::min(nextSize(size, Clock::now() - start), largest);
     }
-    host_.log().setTimeLimit(host_.log().timeLimit());  // the blocks had less
+    // Blocks had shorter limits: the worker is told the host's again.
+    host_.log().setTimeLimit(host_.log().timeLimit());
     return outcome;
 }
 
@@ -199,17 +166,17 @@ bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
     return false;
 }
 
-/// How many records a block may have, so that the values that are copied have room; 0 where there
-/// are too many columns. `sharing` is how many records are looked for in shared memory.
+/// How many records a block may have: the values that are copied have to fit into the area. 0 where
+/// there are too many columns. `sharing` is how many records are looked for in shared memory.
 std::size_t IsolatedColumns::mostRecords(std::size_t sharing, ColumnResults const& results) const {
     auto const isCopied = [&](auto const& values) {
         return placeOf(values, 0, sharing) == kInArea;
     };
     std::size_t sizes = std::visit(isCopied, results) ? sizeof(double) : 0;
-    for (Column const& column : columns_) {
+    for (Column const& column : columns()) {
         if (std::visit(isCopied, column.values)) sizes += sizeIn(column);
     }
-    return ColumnArea::mostRecords(columns_.size() + 1, sizes);
+    return ColumnArea::mostRecords(columns().size() + 1, sizes);
 }
 
 /// Where the values of a block are in the memory that the host shares; kInArea where they are not
@@ -239,7 +206,7 @@ std::uint64_t IsolatedColumns::placeOf(TextResults const& /*results*/, std::size
 std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const& results,
                                       std::size_t first, std::size_t last) const {
     ColumnArea area(last - first);
-    for (Column const& column : columns_) {
+    for (Column const& column : columns()) {
         if (column.isText()) {
             for (std::size_t record = first; record < last; ++record) {
                 writer.putText(column.text(record).substr(0, KxJsVariable::kMaxTextLength));
@@ -300,7 +267,7 @@ void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evalu
 /// Between two blocks. False where the evaluation was ended.
 bool IsolatedColumns::goesOn(Evaluation& evaluation) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
-    bool const isWanted = !progress_ || progress_(outcome.records);
+    bool const isWanted = !progress() || progress()(outcome.records);
     if (outcome.records == evaluation.count) return false;
     if (!isWanted) {
         outcome.error = kStopped;
@@ -317,7 +284,7 @@ bool IsolatedColumns::goesOn(Evaluation& evaluation) {
 
 /// Leaves the columns as variables of the host, with the values of `record`.
 void IsolatedColumns::bindRecord(std::size_t record) {
-    for (Column const& column : columns_) parser_.addSetVariable(column.at(record));
+    for (Column const& column : columns()) parser().addSetVariable(column.at(record));
 }
 
 }  // namespace kx

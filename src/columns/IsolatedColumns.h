@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "columns/Column.h"
 #include "columns/ColumnsBackend.h"
 #include "columns/KxJsColumns.h"
 #include "columns/RecentTexts.h"
@@ -21,16 +20,16 @@ class IsolatedColumns final : public ColumnsBackend {
     IsolatedColumns(KxJsParser& parser, IsolatedHost& host);
     ~IsolatedColumns() override;
 
-    void bind(std::u16string const& name, Column::Values values) override;
     bool compile(std::u16string const& source, std::u16string& error) override;
     KxJsColumns::Outcome evaluate(std::size_t count, ColumnResults const& results) override;
-    void setProgress(KxJsColumns::Progress progress) override;
 
   private:
     struct Evaluation;
 
-    void refuseWhileEvaluating() const;
-    bool bindToHost(std::u16string& error);
+    void forgetFormula() override { isCompiled_ = false; }
+    // The worker has memory of its own, of the type that the formula was compiled for.
+    void typeWasChanged() override { worker_ = 0; }
+
     bool compileInWorker(std::u16string& error);
     bool runBlock(Evaluation& evaluation, std::size_t last);
     std::size_t mostRecords(std::size_t sharing, ColumnResults const& results) const;
@@ -46,16 +45,12 @@ class IsolatedColumns final : public ColumnsBackend {
     bool goesOn(Evaluation& evaluation);
     void bindRecord(std::size_t record);
 
-    KxJsParser& parser_;
     IsolatedHost& host_;
     std::uint32_t const number_;
-    std::vector<Column> columns_;
-    KxJsColumns::Progress progress_;
     std::u16string source_;
     bool isCompiled_ = false;
     std::uint64_t worker_ = 0;  // that has compiled the formula
     std::uint64_t resets_ = 0;  // of the host when it was compiled
-    bool isEvaluating_ = false;
 };
 
 }  // namespace kx

@@ -87,7 +87,7 @@ class KXJS_API KxJsColumns {
         std::int32_t endColumn = 0;  ///< see KxJsFailure
     };
 
-    /// Texts one behind the other, which take less time than a string for each: text `i` begins at
+    /// Texts one after the other, which take less time than a string for each: text `i` begins at
     /// `data[offsets[i]]` and ends before `data[offsets[i + 1]]`.
     struct JoinedTexts {
         std::u16string data;

@@ -18,7 +18,14 @@ class Parser {
   public:
     static constexpr std::size_t kLongestSource = 65535;
 
-    explicit Parser(std::u16string_view source) : scanner_(source) {}
+    explicit Parser(std::u16string_view source) : scanner_(source) {
+        // Enough for most formulas: growing would allocate again.
+        expression_.nodes_.reserve(kUsualNodes);
+        expression_.children_.reserve(kUsualNodes);
+        expression_.texts_.reserve(source.size());
+        pending_.reserve(kUsualDepth);
+        values_.reserve(kUsualDepth);
+    }
 
     std::variant<Expression, Refusal> run() {
         while (!isComplete_) {
@@ -31,6 +38,9 @@ class Parser {
 
   private:
     using Reason = Refusal::Reason;
+
+    static constexpr std::size_t kUsualNodes = 16;
+    static constexpr std::size_t kUsualDepth = 8;
 
     /// What waits for an operand. Those before unary wait for a closing sign.
     enum class Waiting : std::uint8_t { parenthesis, call, index, condition, unary, operation };
@@ -55,9 +65,7 @@ class Parser {
     bool takeOperand() {
         start_ = scanner_.position();
         char16_t const unit = scanner_.at();
-        if (isDigit(unit) || (unit == u'.' && isDigit(scanner_.at(1)))) {
-            return takeNumber();
-        }
+        if (isDigit(unit) || (unit == u'.' && isDigit(scanner_.at(1)))) return takeNumber();
         if (scanner_.isAtEnd()) {
             bool const isEmpty = pending_.empty() && values_.empty();
             return refuse(isEmpty ? Reason::empty : Reason::syntaxError);
@@ -68,8 +76,7 @@ class Parser {
                 return takeText();
             case u'(':
                 scanner_.skip();
-                return wait({Waiting::parenthesis, NodeKind::null, Operation::none, Binding::none,
-                             start_, 0});
+                return wait(Waiting::parenthesis);
             case u'+':
                 return scanner_.at(1) == unit ? refuse(Reason::increment)
                                               : takeUnary(Operation::plus);
@@ -96,7 +103,7 @@ class Parser {
 
     bool takeUnary(Operation operation) {
         scanner_.skip();
-        return wait({Waiting::unary, NodeKind::unary, operation, Binding::unary, start_, 0});
+        return wait(Waiting::unary, NodeKind::unary, operation, Binding::unary);
     }
 
     bool takeNumber() {
@@ -127,8 +134,7 @@ class Parser {
         switch (word->use) {
             case WordUse::unary: {
                 auto const operation = name == u"void" ? Operation::voidOf : Operation::typeOf;
-                return wait(
-                    {Waiting::unary, NodeKind::unary, operation, Binding::unary, start_, 0});
+                return wait(Waiting::unary, NodeKind::unary, operation, Binding::unary);
             }
             case WordUse::literal: {
                 Node node{.kind = name == u"null" ? NodeKind::null : NodeKind::boolean};
@@ -157,9 +163,7 @@ class Parser {
             case Role::arrow:
                 return takeArrow();
             case Role::question:
-                return reduceWhile(Binding::conditional) &&
-                       wait({Waiting::condition, NodeKind::null, Operation::none, Binding::none,
-                             start_, 0});
+                return reduceWhile(Binding::conditional) && wait(Waiting::condition);
             case Role::colon:
                 return takeColon();
             case Role::comma:
@@ -169,8 +173,7 @@ class Parser {
             case Role::open:
                 return takeCall();
             case Role::openIndex:
-                return wait(
-                    {Waiting::index, NodeKind::index, Operation::none, Binding::none, start_, 0});
+                return wait(Waiting::index, NodeKind::index);
             case Role::close:
             case Role::closeIndex:
                 return takeClosing(sign->role);
@@ -201,8 +204,7 @@ class Parser {
             return refuse(Reason::syntaxError);
         }
         if (!reduceWhile(sign.binding, !isPower)) return false;
-        return wait(
-            {Waiting::operation, NodeKind::binary, sign.operation, sign.binding, start_, 0});
+        return wait(Waiting::operation, NodeKind::binary, sign.operation, sign.binding);
     }
 
     /// Whether an assignment or an arrow function may begin with the last value.
@@ -215,8 +217,7 @@ class Parser {
         bool const isTarget =
             target == NodeKind::name || target == NodeKind::member || target == NodeKind::index;
         if (!isTarget || !mayAssign()) return refuse(Reason::syntaxError);
-        return wait(
-            {Waiting::operation, NodeKind::assignment, operation, Binding::assignment, start_, 0});
+        return wait(Waiting::operation, NodeKind::assignment, operation, Binding::assignment);
     }
 
     bool takeArrow() {
@@ -224,8 +225,7 @@ class Parser {
         if (lastNode().kind != NodeKind::name || lastNode().isParenthesized) {
             return refuse(Reason::function);
         }
-        return wait(
-            {Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment, start_, 0});
+        return wait(Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment);
     }
 
     bool takeColon() {
@@ -234,8 +234,8 @@ class Parser {
             return refuse(Reason::syntaxError);
         }
         pending_.pop_back();
-        return wait({Waiting::operation, NodeKind::conditional, Operation::none,
-                     Binding::conditional, start_, 0});
+        return wait(Waiting::operation, NodeKind::conditional, Operation::none,
+                    Binding::conditional);
     }
 
     bool takeComma(Punctuator const& sign) {
@@ -259,12 +259,9 @@ class Parser {
 
     bool takeCall() {
         auto const callee = static_cast<std::uint32_t>(values_.size() - 1);
-        Pending const call{Waiting::call,
-                           NodeKind::call,
-                           Operation::none,
-                           Binding::none,
-                           values_.back().place.start,
-                           callee};
+        std::uint32_t const start = values_.back().place.start;
+        Pending const call{Waiting::call, NodeKind::call, Operation::none,
+                           Binding::none, start,          callee};
         if (!wait(call) || !scanner_.skipBlanks()) return false;
         if (scanner_.at() != u')') return true;
         expectsOperand_ = false;
@@ -303,6 +300,11 @@ class Parser {
         }
         isComplete_ = true;
         return true;
+    }
+
+    bool wait(Waiting waiting, NodeKind kind = NodeKind::null,
+              Operation operation = Operation::none, Binding binding = Binding::none) {
+        return wait(Pending{waiting, kind, operation, binding, start_, 0});
     }
 
     bool wait(Pending const& pending) {

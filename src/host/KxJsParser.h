@@ -150,7 +150,7 @@ class KXJS_API KxJsParser {
 
     /// Whether formulas that are plain expressions may be evaluated without V8, where result, error
     /// text and all that scripts can see are the same. On by default, since it is several times
-    /// faster; switching it off is for comparisons, and for whoever doubts a result.
+    /// faster; switching it off is for comparisons, and for users who doubt a result.
     ///
     ///     parser.setNativeEvaluation(false);  // from here on V8 runs everything
     void setNativeEvaluation(bool isOn);

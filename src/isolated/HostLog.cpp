@@ -15,17 +15,20 @@ IsolatedScript::IsolatedScript(HostLog& log, std::u16string_view source,
 IsolatedScript::~IsolatedScript() { log_.leave(*this); }
 
 std::uint32_t HostLog::enter(IsolatedScript const& script) {
-    // Leaving may not allocate.
-    released_.reserve(released_.size() + scripts_.size() + columns_ + 1);
+    reserveRelease();
     std::uint32_t const number = newNumber();
     scripts_.emplace(number, &script);
     return number;
 }
 
 std::uint32_t HostLog::enterColumns() {
-    released_.reserve(released_.size() + scripts_.size() + columns_ + 1);
+    reserveRelease();
     ++columns_;
     return newNumber();
+}
+
+void HostLog::reserveRelease() {
+    released_.reserve(released_.size() + scripts_.size() + columns_ + 1);
 }
 
 void HostLog::leaveColumns(std::uint32_t number) noexcept {
@@ -113,8 +116,8 @@ std::size_t HostLog::putAll(MessageWriter& writer) {
         writer.put(Command::install);
         ++results;
     }
-    // A script sees the variables that were bound before it was compiled. Older scripts come first,
-    // and what was bound to one of them was bound to no older one only where that does not name it.
+    // A script sees the variables that were bound before it was compiled. So each variable is set
+    // just before the oldest script that was bound to it.
     std::set<std::u16string_view> bound;
     for (auto const& [number, script] : scripts_) {
         for (std::u16string const& key : script->keys()) {

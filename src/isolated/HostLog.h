@@ -75,8 +75,10 @@ class HostLog {
     std::uint32_t newNumber() { return ++lastNumber_; }
     std::uint32_t enter(IsolatedScript const& script);
     void leave(IsolatedScript const& script) noexcept;
+    /// Leaving may not allocate, so entering does it.
+    void reserveRelease();
 
-    /// Of different variables that have changed, so many are known one by one.
+    /// When more variables than these have changed, all are sent.
     static constexpr std::size_t kMostChanges = 32;
 
     Variables const& variables_;

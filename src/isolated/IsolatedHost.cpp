@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/EndText.h"
+#include "text/Utf8.h"
 
 namespace kx {
 
@@ -28,12 +29,6 @@ std::u16string textOfEnd(Ending ending, std::chrono::milliseconds limit,
             return u"The script was ended: its worker process ended" +
                    (status.empty() ? u"" : u" (" + status + u")");
     }
-}
-
-std::u16string wide(char const* text) {
-    std::u16string result;
-    for (; *text != '\0'; ++text) result += static_cast<unsigned char>(*text);
-    return result;
 }
 
 }  // namespace
@@ -106,7 +101,8 @@ bool IsolatedHost::restore(std::u16string& error) {
     try {
         worker_.start();
     } catch (std::runtime_error const& failure) {  // a std::system_error is one
-        error = u"The script was not run: there is no worker process: " + wide(failure.what());
+        error = u"The script was not run: there is no worker process: " +
+                utf16FromSystem(failure.what());
         endReason_ = EndReason::workerEnded;
         noteFailure(KxJsFailure::Kind::WORKER_ENDED, error);
         return false;

@@ -39,8 +39,8 @@ class MessageWriter {
     std::vector<std::byte> bytes_;
 };
 
-/// Takes values out of a message that somebody else has made. One that is not there as a whole is 0
-/// or empty, and so are all after it; isRight() says so.
+/// Takes values out of a message of another process. A value that is not there as a whole is 0 or
+/// empty, and so are all after it; isRight() says so.
 class MessageReader {
   public:
     /// `bytes` belong to the caller and may not change.

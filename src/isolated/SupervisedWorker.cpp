@@ -50,6 +50,20 @@ std::u16string textOfStatus(int status) {
     return u"status " + decimalText(WEXITSTATUS(status));
 }
 
+SupervisedWorker::Ending endingOf(Worker::Outcome outcome, bool isTerminated) {
+    using Ending = SupervisedWorker::Ending;
+    switch (outcome) {
+        case Worker::Outcome::arrived:
+            return Ending::answered;
+        case Worker::Outcome::late:
+            return isTerminated ? Ending::terminated : Ending::timeLimit;
+        case Worker::Outcome::ended:
+            return Ending::crashed;
+        default:
+            return Ending::invalid;
+    }
+}
+
 }  // namespace
 
 SupervisedWorker::SupervisedWorker(KxJsIsolation const& isolation)
@@ -105,20 +119,6 @@ void SupervisedWorker::terminate() {
     isTerminated_ = true;
     worker_->interrupt();
     worker_->endBefore(Deadline::Clock::now() + isolation_.grace);
-}
-
-SupervisedWorker::Ending SupervisedWorker::endingOf(Worker::Outcome outcome,
-                                                    bool isTerminated) const {
-    switch (outcome) {
-        case Worker::Outcome::arrived:
-            return Ending::answered;
-        case Worker::Outcome::late:
-            return isTerminated ? Ending::terminated : Ending::timeLimit;
-        case Worker::Outcome::ended:
-            return Ending::crashed;
-        default:
-            return Ending::invalid;
-    }
 }
 
 }  // namespace kx

@@ -58,8 +58,6 @@ class SupervisedWorker {
     KxJsSandbox const& sandbox() const { return sandbox_; }
 
   private:
-    Ending endingOf(Worker::Outcome outcome, bool isTerminated) const;
-
     KxJsIsolation isolation_;
     std::optional<SharedMemory> sharedMemory_;
     WorkerSettings settings_;

@@ -130,8 +130,9 @@ bool isNeverText(Expression const& expression, Node const& node) {
         case NodeKind::conditional:
             return isNeverText(expression, child(1)) && isNeverText(expression, child(2));
         case NodeKind::call:
-            if (child(0).kind == NodeKind::member)
+            if (child(0).kind == NodeKind::member) {
                 return isMath(expression, expression.child(child(0), 0));
+            }
             return child(0).kind == NodeKind::name && isIn(kWithoutText, expression.text(child(0)));
         case NodeKind::binary:
             break;
@@ -164,8 +165,8 @@ std::optional<std::vector<std::u16string_view>> namesReadWithoutEffects(
     }
     std::vector<std::u16string_view> names;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (nodes[i].kind == NodeKind::name && isRead[i])
-            names.push_back(expression.text(nodes[i]));
+        if (nodes[i].kind != NodeKind::name || !isRead[i]) continue;
+        names.push_back(expression.text(nodes[i]));
     }
     return names;
 }

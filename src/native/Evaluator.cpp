@@ -1,3 +1,6 @@
+#include <bit>
+#include <cstdint>
+
 #include "native/Conversions.h"
 #include "native/Program.h"
 
@@ -49,7 +52,16 @@ Value const* Evaluator::run(Program const& program, std::span<Value const> varia
     return execute(program, variables) ? &values_[1] : nullptr;
 }
 
+std::u16string_view Evaluator::textOf(double number) {
+    if (std::bit_cast<std::uint64_t>(number) != std::bit_cast<std::uint64_t>(lastNumber_)) {
+        lastLength_ = writeNumber(number, lastText_.data());
+        lastNumber_ = number;
+    }
+    return {lastText_.data(), lastLength_};
+}
+
 std::optional<std::u16string_view> Evaluator::textOf(Value const& result) {
+    if (result.isNumber()) return textOf(result.number);
     auto const text = toText(result, workspace_.arena);
     if (!text) return std::nullopt;
     return text->substr(0, text->find(u'\0'));

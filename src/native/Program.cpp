@@ -36,7 +36,7 @@ class ProgramMaker {
         : expression_(expression), names_(names), program_(std::make_unique<Program>()) {}
 
     std::unique_ptr<Program> make() {
-        copyTexts();
+        allocate();
         if (!add(expression_.root())) return nullptr;
         return mostValues_ <= Evaluator::kMostValues ? std::move(program_) : nullptr;
     }
@@ -149,8 +149,9 @@ class ProgramMaker {
         if (member.kind != NodeKind::member) return std::nullopt;
         Node const& object = expression_.child(member, 0);
         if (object.kind != NodeKind::name || expression_.text(object) != u"kx") return std::nullopt;
-        if (!isCall)
+        if (!isCall) {
             return expression_.text(member) == u"exact" ? std::optional(true) : std::nullopt;
+        }
         bool const isPlain = expression_.text(member) == u"of" &&
                              expression_.child(node, 1).kind == NodeKind::boolean &&
                              expression_.child(node, 2).kind == NodeKind::string &&
@@ -242,13 +243,19 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_->instructions_.size());
     }
 
-    void copyTexts() {
+    /// Texts must not move once a constant refers to them. The other sizes are estimates that fit
+    /// most formulas.
+    void allocate() {
         std::size_t size = 0;
+        std::size_t constants = 0;
         for (Node const& node : expression_.nodes()) {
             if (node.kind == NodeKind::string) size += node.textLength;
+            if (node.kind == NodeKind::string || node.kind == NodeKind::number) ++constants;
         }
         program_->texts_.resize(size);
         nextText_ = program_->texts_.data();
+        program_->constants_.reserve(constants);
+        program_->instructions_.reserve(expression_.nodes().size() + 1);
     }
 
     std::u16string_view textOf(Node const& node) {

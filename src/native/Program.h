@@ -11,6 +11,7 @@
 #include "expression/Expression.h"
 #include "native/Functions.h"
 #include "native/Value.h"
+#include "text/NumberText.h"
 
 namespace kx {
 
@@ -86,7 +87,8 @@ class Evaluator {
     /// is valid until the next run, and as long as the formula and the variables' texts.
     Value const* run(Program const& program, std::span<Value const> variables);
 
-    /// The text of `result` up to a zero; nothing where it is too long.
+    /// The text of `result` up to a zero, valid until the next call or run; nothing where it is too
+    /// long.
     std::optional<std::u16string_view> textOf(Value const& result);
 
     /// What the last run has matched, if it was not left to V8.
@@ -95,10 +97,16 @@ class Evaluator {
   private:
     bool execute(Program const& program, std::span<Value const> variables);
     static bool computeUnary(Operation operation, Value& value);
+    std::u16string_view textOf(double number);
 
     std::array<Value, kMostValues + 1> values_;  // from the second on
     std::array<Value, kMostVariables> variables_;
     Workspace workspace_;
+
+    // The last number and its text: the next run often gives the same, and writing digits is slow.
+    double lastNumber_ = 0;
+    std::array<char16_t, kLongestNumberText> lastText_ = {u'0'};
+    std::size_t lastLength_ = 1;
 };
 
 }  // namespace kx

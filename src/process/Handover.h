@@ -43,7 +43,7 @@ struct ControlReport {
 /// The most bytes of one packet.
 inline constexpr std::size_t kLongestPacket = 256;
 
-/// Sends `bytes` as one packet, with copies of `descriptors`. False where nobody receives.
+/// Sends `bytes` as one packet, with copies of `descriptors`. False where the other side is gone.
 bool sendPacket(int socket, std::span<std::byte const> bytes,
                 std::span<int const> descriptors = {});
 

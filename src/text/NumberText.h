@@ -11,7 +11,7 @@ namespace kx {
 /// Made without V8, which allocates and caches a string object for every number on the way.
 std::u16string numberToText(double number);
 
-/// The same, written to `target`, which has room for kLongestNumberText units. Gives their number.
+/// The same, written to `target`, which must hold kLongestNumberText units. Returns their number.
 /// @{
 constexpr std::size_t kLongestNumberText = 32;
 std::size_t writeNumber(double number, char16_t* target);

@@ -97,6 +97,19 @@ std::u16string utf16FromUtf8(std::string_view bytes) {
     return text;
 }
 
+std::u16string utf16FromSystem(std::string_view bytes) {
+    try {
+        return utf16FromUtf8(bytes);
+    } catch (InvalidUtf8 const&) {
+        std::u16string text;
+        for (char const byte : bytes) {
+            auto const unit = static_cast<unsigned char>(byte);
+            text += unit < 0x80 ? static_cast<char16_t>(unit) : static_cast<char16_t>(kReplacement);
+        }
+        return text;
+    }
+}
+
 std::string utf8FromUtf16(std::u16string_view text) {
     std::size_t const ascii = asciiLength(text);
     std::string bytes;

@@ -23,6 +23,10 @@ class InvalidUtf8 : public std::runtime_error {
 /// truncated sequences: a repaired formula could have another result.
 std::u16string utf16FromUtf8(std::string_view bytes);
 
+/// Decodes a text of the system, such as an error text with the name of a file. It may have any
+/// encoding: where it is not UTF-8, bytes beyond ASCII become U+FFFD.
+std::u16string utf16FromSystem(std::string_view bytes);
+
 /// Encodes as UTF-8. A lone surrogate, which UTF-8 cannot express, becomes U+FFFD.
 std::string utf8FromUtf16(std::u16string_view text);
 

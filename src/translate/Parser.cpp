@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/Surrogates.h"
 #include "translate/Kinds.h"
 #include "translate/Letters.h"
 
@@ -326,9 +327,11 @@ std::u16string Parser::described(Token const& token) const {
     }
     constexpr std::size_t kLongest = 24;
     std::u16string_view const text = scanner_.text({token.place.start, end});
+    std::size_t shown = std::min(text.size(), kLongest);
+    if (shown < text.size() && isHighSurrogate(text[shown - 1])) --shown;
     std::u16string description = u"\"";
-    description.append(text.substr(0, kLongest));
-    if (text.size() > kLongest) description += u"...";
+    description.append(text.substr(0, shown));
+    if (shown < text.size()) description += u"...";
     return description += u'"';
 }
 

@@ -15,8 +15,8 @@ namespace kx::translate {
 /// Trees may be so high; functions that call themselves for each child are safe.
 inline constexpr std::uint16_t kMostHeight = 500;
 
-/// Parentheses, signs and calls may be nested so deep: with what a level takes of the stack, that
-/// is little more than half a megabyte.
+/// Parentheses, signs and calls may be nested so deep. So many levels take little more than half a
+/// megabyte of stack.
 inline constexpr std::uint32_t kMostNesting = 600;
 
 /// Something in a formula that the translation has no JavaScript for.

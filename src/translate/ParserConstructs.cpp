@@ -177,7 +177,7 @@ Parser::Operand Parser::suffixes(Operand operand) {
     }
 }
 
-/// Up to and with the closing sign. Missing ones are nodes too, but for "()".
+/// The arguments up to and with the closing sign. Omitted ones are nodes too, except in "()".
 Parser::Children Parser::arguments(Type closing) {
     Children children;
     isPeeked_ = false;

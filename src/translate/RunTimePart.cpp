@@ -44,7 +44,7 @@ std::u16string const& runTimePart() {
 }
 
 bool isRunTimePart(std::u16string_view script) {
-    // Most scripts are no functions: the text is not made for them.
+    // Most scripts begin otherwise, and the whole text need not be made for them.
     constexpr std::size_t kBeginning = 28;
     std::u16string_view const begin = std::u16string_view(kRunTimeText).substr(0, kBeginning);
     return script.starts_with(begin) && script == runTimePart();

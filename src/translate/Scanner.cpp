@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "text/Surrogates.h"
 #include "translate/Letters.h"
 #include "translate/Operators.h"
 
@@ -170,6 +171,12 @@ Token Scanner::dottedOperand() {
     return make(Token::Type::point, 1);
 }
 
+Token Scanner::other() const {
+    std::size_t end = position_;
+    nextCharacter(source_, end);
+    return make(Token::Type::other, static_cast<std::uint32_t>(end - position_));
+}
+
 Token Scanner::operand() {
     using Type = Token::Type;
     skipBlanks(false);
@@ -213,7 +220,7 @@ Token Scanner::operand() {
         case u'|':
             return make(Type::bar, 1);
         default:
-            return make(Type::other, 1);
+            return other();
     }
 }
 
@@ -260,7 +267,7 @@ Token Scanner::operation() {
         return token;
     }
     if (unit == u':') return make(Type::colon, next == u':' ? 2 : 1);
-    if (!isNameStart(unit)) return make(Type::other, 1);
+    if (!isNameStart(unit)) return other();
     Token token = make(Type::binary, wordEnd(position_) - position_);
     std::u16string_view const word = text(token.place);
     if (isWord(word, u"AND")) {

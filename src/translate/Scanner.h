@@ -88,6 +88,8 @@ class Scanner {
     std::uint32_t wordEnd(std::uint32_t position) const;
 
     Token make(Token::Type type, std::uint32_t length) const;
+    /// What no token begins with: a character, of two units perhaps.
+    Token other() const;
     Token word();
     Token dottedOperand();
     Token number();

@@ -32,7 +32,7 @@ class DateReader {
   public:
     explicit DateReader(std::u16string_view text) : text_(text) {}
 
-    /// Over blanks.
+    /// Skips blanks.
     char16_t next() {
         while (at_ < text_.size() && isBlank(text_[at_])) ++at_;
         return at_ < text_.size() ? text_[at_] : u'\0';
@@ -42,7 +42,7 @@ class DateReader {
         ++at_;
         return true;
     }
-    /// A number with that many digits at most; -1 without one.
+    /// A number of `fewest` to `most` digits; -1 without one.
     int takeNumber(std::size_t fewest, std::size_t most) {
         next();
         int value = 0;

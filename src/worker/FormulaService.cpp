@@ -13,10 +13,10 @@ namespace kx {
 
 namespace {
 
-/// What functions of the engine read of the system when they run first: the time zone.
+/// Makes V8 read the time zone, which it does at the first use of dates only.
 constexpr char16_t const* kFirstCalls = u"new Date(0).toString() + new Date(0).toLocaleString()";
 
-/// What an error text is before a call that may leave it alone.
+/// Marks an error text that a call has not set.
 std::u16string const kUntouched = u"\uffff";
 
 }  // namespace
@@ -111,7 +111,7 @@ CommandResult FormulaService::run(std::uint32_t script) {
     CommandResult result;
     auto const found = scripts_.find(script);
     if (found == scripts_.end()) {
-        // It compiled once, and did not when this worker took over.
+        // It compiled in an earlier worker, and not again in this one.
         result.error = u"The script was not run: it could not be compiled again";
         return result;
     }

@@ -25,17 +25,17 @@ CommandResult WorkerColumns::compile(MessageReader& request) {
 }
 
 void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
-    auto const type = request.take<std::uint8_t>();
+    auto const type = static_cast<ResultType>(request.take<std::uint8_t>());
     auto const count = static_cast<std::size_t>(request.take<std::uint64_t>());
     ColumnArea area(count);
     takeValues(request, area, count);
     std::byte* const goal = takePlace(request, area, 0);
-    if (type == 0) {
+    if (type == ResultType::texts) {
         KxJsColumns::JoinedTexts results;
         auto const outcome = columns_->evaluate(count, results);
         putOutcome(reply, outcome);
         for (std::size_t i = 0; i < outcome.records; ++i) reply.putText(results[i]);
-    } else if (type == 1) {
+    } else if (type == ResultType::numbers) {
         putOutcome(reply, columns_->evaluate(count, reinterpret_cast<double*>(goal)));
     } else {
         putOutcome(reply, columns_->evaluate(count, reinterpret_cast<bool*>(goal)));

@@ -29,6 +29,8 @@ class WorkerColumns {
   private:
     /// As the position of a type in Column::Values.
     enum class Type : std::uint8_t { numbers, wholeNumbers, booleans, texts, textViews };
+    /// As the position of a type in ColumnResults.
+    enum class ResultType : std::uint8_t { texts, numbers, booleans };
     struct Column {
         std::u16string name;
         Type type;

@@ -85,21 +85,27 @@ kxjs_status expectedStatus(std::u16string const& error, KxJsFailure const* failu
     return error.empty() ? KXJS_OK : KXJS_RESULT_NAN;
 }
 
-class CHost : public testing::TestWithParam<char const*> {};
+/// A host of each kind, with the same functions and variables.
+class CHost : public testing::TestWithParam<char const*> {
+  protected:
+    void SetUp() override {
+        ASSERT_EQ(kxjs_host_initialize(host), KXJS_OK);
+        parser.initialize();
+        bindVariables(host, parser);
+    }
 
-TEST_P(CHost, EvaluatesAsTheClassDoes) {
     Host const host;
     KxJsParser parser;
-    ASSERT_EQ(kxjs_host_initialize(host), KXJS_OK);
-    parser.initialize();
-    bindVariables(host, parser);
     std::string const source = GetParam();
     std::u16string const wide = kx::utf16FromUtf8(source);
-    Units const units(wide);
+    Units const units{wide};
     std::u16string expectedError;
-    std::u16string const expected = parser.evaluate(wide, expectedError);
     Text const result;
     Text const error;
+};
+
+TEST_P(CHost, EvaluatesAsTheClassDoes) {
+    std::u16string const expected = parser.evaluate(wide, expectedError);
     for (bool const isWide : {false, true}) {
         kxjs_status const status =
             isWide ? kxjs_host_evaluate_utf16(host, units.data(), units.size(), result, error)
@@ -112,18 +118,7 @@ TEST_P(CHost, EvaluatesAsTheClassDoes) {
 }
 
 TEST_P(CHost, ParsesAndExecutesAsTheClassDoes) {
-    Host const host;
-    KxJsParser parser;
-    ASSERT_EQ(kxjs_host_initialize(host), KXJS_OK);
-    parser.initialize();
-    bindVariables(host, parser);
-    std::string const source = GetParam();
-    std::u16string const wide = kx::utf16FromUtf8(source);
-    Units const units(wide);
-    std::u16string expectedError;
     std::int32_t const expected = parser.parse(wide, expectedError);
-    Text const result;
-    Text const error;
     std::int32_t script = 17;
     EXPECT_EQ(kxjs_host_parse(host, source.data(), source.size(), &script, error),
               expected < 0 ? KXJS_FORMULA_FAILED : KXJS_OK);

@@ -148,6 +148,20 @@ std::u16string HostPair::compare(std::u16string const& what, Outcome const& nati
     return done_ + what + text(native) + u"\ninstead of" + text(engine);
 }
 
+template <class Call>
+std::u16string HostPair::compareCalls(std::u16string const& what, Call call) {
+    auto const outcomeOf = [&call](KxJsParser& host) {
+        Outcome outcome;
+        outcome.result = call(host, outcome.error);
+        outcome.failure = failureOf(host);
+        return outcome;
+    };
+    Outcome const native = outcomeOf(native_);
+    std::u16string difference = compare(what, native, outcomeOf(engine_));
+    if (difference.empty()) done_ += what;
+    return difference;
+}
+
 void HostPair::noteLimits() {
     for (KxJsParser const* const host : {&native_, &engine_}) {
         KxJsFailure const* const failure = host->lastFailure();
@@ -175,47 +189,31 @@ std::u16string HostPair::bind() {
 
 std::u16string HostPair::parse() {
     std::u16string const text = source();
-    Outcome native;
-    Outcome engine;
-    std::int32_t const index = native_.parse(text, native.error);
-    native.result = kx::decimalText(index);
-    native.failure = failureOf(native_);
-    engine.result = kx::decimalText(engine_.parse(text, engine.error));
-    engine.failure = failureOf(engine_);
-    std::u16string const what = u"parse " + text + u"\n";
-    if (auto difference = compare(what, native, engine); !difference.empty()) return difference;
-    if (index != -1) parsed_.push_back(text);
-    done_ += what;
-    return {};
+    std::int32_t index = -1;
+    auto const call = [&](KxJsParser& host, std::u16string& error) {
+        index = host.parse(text, error);
+        return kx::decimalText(index);
+    };
+    std::u16string difference = compareCalls(u"parse " + text + u"\n", call);
+    if (difference.empty() && index != -1) parsed_.push_back(text);
+    return difference;
 }
 
 std::u16string HostPair::execute() {
     if (parsed_.empty()) return parse();
     std::size_t const which = choices_() % parsed_.size();
-    auto const index = static_cast<std::int32_t>(which);
-    Outcome native;
-    Outcome engine;
-    native.result = native_.execute(index, native.error);
-    native.failure = failureOf(native_);
-    engine.result = engine_.execute(index, engine.error);
-    engine.failure = failureOf(engine_);
-    std::u16string const what = u"execute " + parsed_[which] + u"\n";
-    if (auto difference = compare(what, native, engine); !difference.empty()) return difference;
-    done_ += what;
-    return {};
+    auto const call = [index = static_cast<std::int32_t>(which)](KxJsParser& host,
+                                                                 std::u16string& error) {
+        return host.execute(index, error);
+    };
+    return compareCalls(u"execute " + parsed_[which] + u"\n", call);
 }
 
 std::u16string HostPair::evaluate(std::u16string const& source) {
-    Outcome native;
-    Outcome engine;
-    native.result = native_.evaluate(source, native.error);
-    native.failure = failureOf(native_);
-    engine.result = engine_.evaluate(source, engine.error);
-    engine.failure = failureOf(engine_);
-    std::u16string const what = u"evaluate " + source + u"\n";
-    if (auto difference = compare(what, native, engine); !difference.empty()) return difference;
-    done_ += what;
-    return {};
+    auto const call = [&source](KxJsParser& host, std::u16string& error) {
+        return host.evaluate(source, error);
+    };
+    return compareCalls(u"evaluate " + source + u"\n", call);
 }
 
 std::u16string HostPair::step() {

@@ -31,9 +31,12 @@ class HostPair {
     };
 
     static std::u16string failureOf(KxJsParser const& host);
-    Outcome outcomeOf(KxJsParser& host, std::u16string const& source) const;
     std::u16string compare(std::u16string const& what, Outcome const& native,
                            Outcome const& engine);
+    /// Lets `call` return the result of a host and set its error text, for both. Empty where they
+    /// are the same.
+    template <class Call>
+    std::u16string compareCalls(std::u16string const& what, Call call);
 
     void noteLimits();
 

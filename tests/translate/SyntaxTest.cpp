@@ -40,7 +40,7 @@ TEST(Syntax, TellsWhereAFormulaEndsToBeOneAndWhatWasExpected) {
              {"\"abc", "SYNTAX 0+4: text not closed"},
              {"\"a\nb\"", "SYNTAX 0+2: text not closed"},
              {"[abc", "SYNTAX 0+4: text not closed"},
-             {"e\"\\q\"", "SYNTAX 2+2: unknown escape in a text"},
+             {R"(e"\q")", "SYNTAX 2+2: unknown escape in a text"},
              {"e\"a\\", "SYNTAX 0+4: text not closed"},
              {"'it''s'", "SYNTAX 4+1: an operator or the end expected, found \"'\""},
              {"1 /* open", "SYNTAX 2+2: comment not closed"},
@@ -58,6 +58,26 @@ TEST(Syntax, TellsWhereAFormulaEndsToBeOneAndWhatWasExpected) {
              {"A \xC3\x97 B", "SYNTAX 2+1: an operator or the end expected, found \"\xC3\x97\""},
          }) {
         EXPECT_EQ(findings(row.formula), row.finding) << row.formula;
+    }
+}
+
+TEST(Syntax, QuotesCharactersOfTwoUnitsAsAWhole) {
+    struct Row {
+        char16_t const* formula;
+        std::size_t length;
+        char16_t const* text;
+    };
+    for (Row const& row : {
+             Row{u"A \U0001F600", 2, u"an operator or the end expected, found \"\U0001F600\""},
+             {u"\U0001F600 A", 2, u"an operand expected, found \"\U0001F600\""},
+             {u"\xD83D A", 1, u"an operand expected, found \"\xD83D\""},
+             {u"A.'abcdefghijklmnopqrstuv\U0001F600 '", 27,
+              u"a name behind the point expected, found \"'abcdefghijklmnopqrstuv...\""},
+         }) {
+        auto const findings = KxJsTranslator().translate(row.formula).findings;
+        ASSERT_EQ(findings.size(), 1U) << kx::test::toUtf8(row.formula);
+        EXPECT_EQ(findings[0].length, row.length) << kx::test::toUtf8(row.formula);
+        EXPECT_EQ(findings[0].text, row.text) << kx::test::toUtf8(row.formula);
     }
 }
 

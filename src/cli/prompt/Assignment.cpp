@@ -11,8 +11,6 @@
 #include "text/WhiteSpace.h"
 
 namespace kx {
-namespace {}  // namespace
-
 std::optional<Assignment> assignmentFrom(std::u16string const& line) {
     std::size_t const equals = line.find(u'=');
     if (equals == std::u16string::npos) return std::nullopt;

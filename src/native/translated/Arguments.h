@@ -3,10 +3,12 @@
 /// V8, which gives its error text.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "native/FunctionTable.h"
 #include "native/Functions.h"
@@ -31,6 +33,13 @@ inline std::size_t limitedTo(double number, std::size_t most) {
 
 inline bool giveFinite(double number, Value& result) {
     return std::isfinite(number) && give(number, result);
+}
+
+/// White space of the older language.
+inline constexpr std::u16string_view kWhiteSpace = u" \t\r\n";
+
+inline std::u16string_view withoutFirstSpace(std::u16string_view text) {
+    return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
 }
 
 inline std::u16string_view withoutLastBlanks(std::u16string_view text) {

@@ -68,8 +68,7 @@ bool ntos(Arguments arguments, Workspace& workspace, Value& result) {
 /// Leading white space, a sign, digits with a point among them; what follows does not count.
 bool val(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
-    std::u16string_view text = arguments[0].text;
-    text.remove_prefix(std::min(text.find_first_not_of(u" \t\r\n"), text.size()));
+    std::u16string_view text = withoutFirstSpace(arguments[0].text);
     bool const isNegative = text.starts_with(u'-');
     if (isNegative || text.starts_with(u'+')) text.remove_prefix(1);
     std::array<char, 64> units{'0'};

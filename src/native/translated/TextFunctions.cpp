@@ -11,12 +11,6 @@ namespace kx {
 
 namespace {
 
-constexpr std::u16string_view kWhiteSpace = u" \t\r\n";
-
-std::u16string_view withoutFirstSpace(std::u16string_view text) {
-    return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-}
-
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     return arguments[0].isText() && give(sizeOf(arguments[0].text), result);
 }
@@ -171,7 +165,7 @@ bool at(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view const text = arguments[1].text;
     if (sought.empty() || *which < 1) return give(0.0, result);
     double place = -1;
-    for (double left = *which; left > 0; --left) {
+    for (std::size_t left = limitedTo(*which, text.size() + 1); left > 0; --left) {
         auto const start = static_cast<std::size_t>(place + 1);
         if (!indexOf(text, sought, start, workspace.arena, place)) return false;
         if (place < 0) return give(0.0, result);

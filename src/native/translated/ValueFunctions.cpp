@@ -13,7 +13,7 @@ namespace {
 
 bool isEmptyValue(Value const& value) {
     if (!value.isText()) return value.isNullish() || value.number == 0;
-    return value.text.find_first_not_of(u" \t\r\n") == std::u16string_view::npos;
+    return value.text.find_first_not_of(kWhiteSpace) == std::u16string_view::npos;
 }
 
 bool empty(Arguments arguments, Workspace& /*workspace*/, Value& result) {

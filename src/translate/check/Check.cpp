@@ -194,7 +194,8 @@ class Checked {
         }
         finding.text.append(text.written).append(u"; meant: ").append(text.meant);
         std::u16string rewriting = rewriter.rewrite(found.node);
-        // Where the whole is proved, its parts are. The only part is the whole.
+        // A rewriting of the whole formula proves those of its parts. Where there is none, parts
+        // are proved alone; a formula with one finding has no other parts.
         bool const isKept = !result_.rewriting.empty() ||
                             (found_.size() > 1 && !rewriting.empty() && isProved(rewriting));
         if (isKept && !rewriting.empty()) {

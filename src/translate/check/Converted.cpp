@@ -14,7 +14,7 @@ namespace {
 
 constexpr char16_t kLastLatin = u'\u024F';
 
-/// Comments as blanks, but for their line ends.
+/// Replaces comments by blanks. Line ends stay.
 void clearComments(std::u16string& text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         char16_t const unit = text[i];

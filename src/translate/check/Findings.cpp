@@ -11,6 +11,7 @@
 #include "translate/Letters.h"
 #include "translate/check/CallTemplate.h"
 #include "translate/check/OperatorScan.h"
+#include "translate/check/Ranges.h"
 
 namespace kx::translate {
 namespace {
@@ -20,12 +21,23 @@ bool containsWord(std::u16string_view text, std::u16string_view upperCaseWord) {
                        [](char16_t a, char16_t b) { return upperCase(a) == b; }) != text.end();
 }
 
-/// Whether the text in front of the operator is in the formula where an assignment may stand: at
-/// its start, or that of an argument or parenthesis.
+/// Where a node stands.
 struct Position {
+    /// An assignment may stand there: at the start of the formula, an argument or a parenthesis.
     bool isAssignable = true;
     bool isBehindNegation = false;  // the blank in front was the negation's
+    bool isText = false;            // anything but a text is an error there
 };
+
+/// Functions whose first argument is a text.
+constexpr auto kTextFunctions = std::to_array<std::u16string_view>(
+    {u"ALLTRIM", u"ASC", u"CHRTRAN", u"LEFT", u"LEN", u"LOWER", u"LTRIM", u"PROPER", u"REPLICATE",
+     u"STRTRAN", u"SUBSTR", u"TRIM", u"UPPER", u"VAL"});
+
+bool takesText(Node const& node) {
+    return node.function != nullptr && std::find(kTextFunctions.begin(), kTextFunctions.end(),
+                                                 node.function->row.name) != kTextFunctions.end();
+}
 
 class Finder {
   public:
@@ -49,7 +61,7 @@ class Finder {
 
     void visit(NodeIndex index, Position position) {
         Node const& node = tree_.nodes[index];
-        if (node.isParenthesized) position = {};
+        if (node.isParenthesized) position = {true, false, position.isText};
         switch (node.kind) {
             case NodeKind::number:
                 visitNumber(index);
@@ -85,21 +97,22 @@ class Finder {
                 add(Code::typeTypeof, index, node.sign);
                 break;
             case NodeKind::choice:
-                visitArguments(node);
+                visitArguments(node, {}, position);
                 break;
             case NodeKind::call:
                 visitCall(index);
-                visitArguments(node);
+                visitArguments(node, {true, false, takesText(node)}, {});
                 break;
             case NodeKind::untranslatable:
-                visitArguments(node);
+                visitArguments(node, {}, {});
                 break;
         }
     }
 
-    void visitArguments(Node const& node) {
+    void visitArguments(Node const& node, Position first, Position others) {
+        others.isAssignable = true;
         for (NodeIndex at = node.firstChild; at != kNoNode; at = tree_.nodes[at].nextSibling) {
-            visit(at, {});
+            visit(at, at == node.firstChild ? first : others);
         }
     }
 
@@ -226,7 +239,7 @@ class Finder {
                 break;
             case Operator::add:
             case Operator::subtract:
-                visitSum(index, left, right);
+                visitSum(index, right, position);
                 break;
             default:
                 break;
@@ -234,9 +247,16 @@ class Finder {
         if (isPartialComparison(tree_, node) && !settings_.isExact) {
             add(Code::textCompare, index, node.sign);
         }
-        visit(node.firstChild, {position.isAssignable, false});
+        bool const isSum = node.op == Operator::add || node.op == Operator::subtract;
+        bool const isTextSum = isSum && (position.isText || node.valueKind == Kind::text);
+        bool const isCompared = traits(node.op).binding == Binding::equality ||
+                                traits(node.op).binding == Binding::comparison;
+        auto const wantsText = [&](Node const& other) {
+            return isTextSum || (isCompared && other.valueKind == Kind::text);
+        };
+        visit(node.firstChild, {position.isAssignable, false, wantsText(right)});
         bool const isChain = node.op == Operator::equal && position.isAssignable;
-        visit(left.nextSibling, {isChain, false});
+        visit(left.nextSibling, {isChain, false, wantsText(left)});
     }
 
     /// What stands to the left of "=" for JavaScript: a name, a call, or something else.
@@ -278,13 +298,13 @@ class Finder {
         return !isBehindDigits && !isTaken;
     }
 
-    void visitSum(NodeIndex index, Node const& left, Node const& right) {
+    void visitSum(NodeIndex index, Node const& right, Position position) {
         Node const& node = tree_.nodes[index];
         bool const isMinus = node.op == Operator::subtract;
         bool const isDouble = right.kind == NodeKind::sign && !right.isParenthesized &&
                               right.isNegative == isMinus && right.place.start == node.sign.end;
         if (isDouble) add(Code::doubleSign, index, node.sign);
-        bool const isText = left.valueKind == Kind::text || right.valueKind == Kind::text;
+        bool const isText = position.isText || node.valueKind == Kind::text;
         if (isMinus && isText) add(Code::textMinus, index, node.sign);
     }
 
@@ -306,6 +326,7 @@ class Finder {
                 add(Code::functionBroken, index, node.sign);
                 break;
             case CallTemplate::Form::kept:
+                if (!keepsArguments(tree_, node)) add(Code::functionDiffers, index, node.sign);
                 break;
         }
         if (node.callee == Callee::language && isCut(node)) {
@@ -341,23 +362,6 @@ class Finder {
 };
 
 }  // namespace
-
-TextLength textLength(Tree const& tree, Node const& node) {
-    if (node.kind == NodeKind::text && !node.isEscaped) {
-        std::uint32_t const length = node.sign.end - node.sign.start;
-        return {length, length};
-    }
-    if (node.function == nullptr || node.childCount == 0) return {};
-    std::u16string_view const function = node.function->row.name;
-    if (function == u"CHR") return {1, 1};
-    bool const isPart = function == u"LEFT" || function == u"RIGHT";
-    std::size_t const which = isPart ? 1 : function == u"SUBSTR" ? 2 : node.childCount;
-    if (which >= node.childCount) return {};
-    Node const& count = tree.child(node, which);
-    constexpr double kLongest = 1e6;
-    if (count.kind != NodeKind::number || count.number > kLongest) return {};
-    return {0, static_cast<std::uint32_t>(count.number)};
-}
 
 bool isPartialComparison(Tree const& tree, Node const& node) {
     bool const isComparison = node.op == Operator::unequal || node.op == Operator::less ||

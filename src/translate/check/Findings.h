@@ -26,11 +26,4 @@ std::vector<Found> findDamage(Tree const& tree, std::u16string_view source,
 /// Whether texts are compared by a part of them only, so that JavaScript's comparison differs.
 bool isPartialComparison(Tree const& tree, Node const& node);
 
-/// How many units a text has at most and at least.
-struct TextLength {
-    std::uint32_t least = 0;
-    std::uint32_t most = 0xFFFFFFFF;
-};
-TextLength textLength(Tree const& tree, Node const& node);
-
 }  // namespace kx::translate

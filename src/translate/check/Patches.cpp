@@ -6,6 +6,7 @@
 
 #include "expression/Operators.h"
 #include "text/NameUnits.h"
+#include "text/NumberText.h"
 #include "text/ReservedWords.h"
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
@@ -69,7 +70,13 @@ class Patcher {
         bool const isEmpty = skipBlanks(at + 1) == close;
         std::size_t const behind = skipBlanks(close + 1);
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
-        bool const isAssigned = unitAt(behind) == u'=' && unitAt(behind + 1) != u'=';
+        // "([A])=>B", but not "([A])=B".
+        std::size_t const outside = behindGroups(behind);
+        if (outside > behind && isTargetBefore(outside)) {
+            return unitAt(outside + 1) == u'>' && holdsTargets(at + 1, close) &&
+                   patchPattern(at, close);
+        }
+        bool const isAssigned = isTargetBefore(behind);
         if (isAssigned) return (isEmpty || holdsTargets(at + 1, close)) && patchPattern(at, close);
         if (isEmpty && close == at + 1) {
             text_.replace(at, 2, u"(0)");
@@ -81,7 +88,21 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// Brackets inside texts are none.
+    /// The place behind the parentheses that end at `at` and are no call's.
+    std::size_t behindGroups(std::size_t at) const {
+        for (;;) {
+            std::size_t const open = opening(at);
+            if (open == std::u16string::npos || nameBefore(open) < open) return at;
+            at = skipBlanks(at + 1);
+        }
+    }
+
+    /// Whether "=" or "=>" is there.
+    bool isTargetBefore(std::size_t at) const {
+        return unitAt(at) == u'=' && unitAt(at + 1) != u'=';
+    }
+
+    /// The place of the first `bracket` from `at` on that is in no text; npos without one.
     std::size_t closingBracket(std::size_t at, char16_t bracket) const {
         for (; at < text_.size() && text_[at] != bracket; ++at) {
             if (text_[at] == u'"' || text_[at] == u'\'') at = text_.find(text_[at], at + 1);
@@ -99,22 +120,33 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// Behind a name, or in front of one.
+    /// "A++", "(A)++" or "++A".
     bool patchIncrement(std::size_t at) {
         if (at + 1 >= text_.size()) return false;
-        std::size_t const left = before(at);
+        std::size_t left = before(at);
+        while (left != std::u16string::npos && isNameInParentheses(left)) left = before(left);
         bool const isBehind =
             left != std::u16string::npos && ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
                                              callBefore(left) != std::u16string::npos);
         std::size_t const next = skipBlanks(at + 2);
-        // Neither called, nor taken apart, nor assigned to.
+        // JavaScript allows no call, member or assignment of the result.
         bool const isUsed =
             std::u16string_view(u"([.").find(unitAt(next)) != std::u16string_view::npos ||
-            (unitAt(next) == u'=' && unitAt(next + 1) != u'=');
+            isTargetBefore(behindGroups(next));
         if (isBehind ? isUsed : !mayBeNameStart(unitAt(next))) return false;
         text_[at] = u' ';
         text_[at + 1] = u' ';
         return isOther_ = true;
+    }
+
+    bool isNameInParentheses(std::size_t close) const {
+        std::size_t const open = opening(close);
+        if (open == std::u16string::npos || nameBefore(open) < open) return false;
+        std::size_t const last = before(close);
+        std::size_t const first = skipBlanks(open + 1);
+        return text_[last] == u')'
+                   ? isNameInParentheses(last)
+                   : mayBeNameStart(text_[first]) && first + nameLength(first) == last + 1;
     }
 
     bool isBehindName(std::size_t last) const {
@@ -124,8 +156,7 @@ class Patcher {
     }
 
     bool patchWord(std::size_t at) {
-        std::size_t end = at;
-        while (end < text_.size() && mayBeNamePart(text_[end])) ++end;
+        std::size_t const end = at + nameLength(at);
         std::u16string_view const word = std::u16string_view(text_).substr(at, end - at);
         bool const isThis = word == u"this";
         if (!isThis && !isNameInScripts(word)) return false;
@@ -134,7 +165,7 @@ class Patcher {
         return true;
     }
 
-    /// An octal number has another value, written here as a decimal one.
+    /// Writes an octal number as the decimal one of the same value.
     bool patchOctal(std::size_t at) {
         std::size_t end = at;
         double value = 0;
@@ -145,16 +176,18 @@ class Patcher {
         }
         constexpr double kMostDigits = 1e15;
         bool const isNumber = end > at + 1 && text_[at] == u'0' && value < kMostDigits;
-        if (!isNumber || (isOctal && unitAt(end) == u'.')) return false;
+        // "007.or" is a property; "007.5" is no JavaScript.
+        bool const isObject = isOctal && unitAt(end) == u'.';
+        if (!isNumber || (isObject && !mayBeNameStart(unitAt(end + 1)))) return false;
         std::u16string decimal;
         if (isOctal) {
-            std::string const digits = std::to_string(static_cast<std::int64_t>(value));
-            decimal.assign(digits.begin(), digits.end());
+            decimal = decimalText(static_cast<std::int64_t>(value));
         } else {
             std::size_t first = at;
             while (first + 1 < end && text_[first] == u'0') ++first;
             decimal = text_.substr(first, end - first);
         }
+        if (isObject) decimal = u'(' + decimal + u')';
         text_.replace(at, end - at, decimal);
         return true;
     }
@@ -168,7 +201,7 @@ class Patcher {
         return patchPattern(open, close);
     }
 
-    /// Whether there are names between commas, each perhaps with what it is without a value.
+    /// Whether there are names between commas, each with or without a default value.
     bool holdsTargets(std::size_t start, std::size_t end) const {
         for (std::size_t i = skipBlanks(start); i < end; i = skipBlanks(i + 1)) {
             if (!mayBeNameStart(text_[i])) return false;
@@ -209,7 +242,7 @@ class Patcher {
         return isArrow || isAssignment;
     }
 
-    /// Two statements on one line.
+    /// "A;B": two statements on one line.
     bool patchSemicolon(std::size_t at) {
         std::size_t const place = text_.find(u';', at == 0 ? 0 : at - 1);
         if (place == std::u16string::npos) return false;
@@ -240,17 +273,44 @@ class Patcher {
         for (;;) {
             std::size_t const open = opening(close);
             if (open == std::u16string::npos) return open;
-            std::size_t const start = nameBefore(open);
+            bool const isCall = nameBefore(open) < open;
+            std::size_t const start = isCall ? chainBefore(before(open)) : open;
             if (inside != std::u16string::npos && start != inside) return std::u16string::npos;
             if (inside == std::u16string::npos) first = start;
-            if (start < open) {
-                bool const isCall =
-                    !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
-                return isCall ? first : std::u16string::npos;
-            }
+            if (isCall) return start == std::u16string::npos ? start : first;
             inside = skipBlanks(open + 1);
             close = before(close);
         }
+    }
+
+    /// Where the names, calls and points begin the last unit of which is at `last`, as those of
+    /// "(A==B).AND.LEN"; npos where JavaScript has no such chain.
+    std::size_t chainBefore(std::size_t last) const {
+        while (last != std::u16string::npos) {
+            std::size_t start = last + 1;
+            bool const isClosed = text_[last] == u')';
+            if (isClosed) {
+                start = opening(last);
+                if (start == std::u16string::npos) return start;
+                // The name that is called.
+                std::size_t const left = before(start);
+                if (left != std::u16string::npos && mayBeNamePart(text_[left])) start = left + 1;
+            }
+            std::size_t const end = start;
+            while (start > 0 && mayBeNamePart(text_[start - 1])) --start;
+            bool const isNamed = start < end;
+            if (!isNamed && !isClosed) break;
+            std::size_t const point = before(start);
+            if (point != std::u16string::npos && text_[point] == u'.') {
+                last = before(point);
+                continue;
+            }
+            bool const isName =
+                isNamed && mayBeNameStart(text_[start]) &&
+                !isReservedWord(std::u16string_view(text_).substr(start, nameLength(start)));
+            return isName || !isNamed ? start : std::u16string::npos;
+        }
+        return std::u16string::npos;
     }
 
     /// "F(A,)": a comma may end the arguments.

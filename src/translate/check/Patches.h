@@ -8,11 +8,12 @@
 
 namespace kx::translate {
 
-/// JavaScript in which what the parser of expressions refuses has been replaced by something that
-/// it knows. That keeps whether the whole compiles, not what it means.
+/// JavaScript in which constructs that the parser of expressions refuses are replaced by ones that
+/// it knows. The whole compiles where the original does; its meaning is lost.
 struct Patches {
     std::u16string text;
-    /// Whether something was replaced that no formula means: an array, a function, an increment.
+    /// Whether a replaced construct has no counterpart in the older language: an array, a function,
+    /// an increment.
     bool isOther = false;
     std::vector<std::u16string> labels = {};
 

@@ -30,11 +30,6 @@ Binding bindingOf(Node const& node) {
 
 }  // namespace
 
-std::u16string numberText(std::size_t number) {
-    std::string const digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 Rewriter::Rewriter(Tree const& tree, std::u16string_view source, Settings const& settings,
                    std::vector<Found> const& found)
     : tree_(tree), source_(source), settings_(settings), codes_(tree.nodes.size()) {
@@ -189,6 +184,7 @@ Rewriter::Part Rewriter::renderBinary(NodeIndex index) {
             operand(left) + (node.op == Operator::add ? u"+(" : u"-(") + argument(node, 1) + u")",
             Binding::sum, true};
     }
+    if (has(index, Code::hash) && !hasKnownKinds(node)) return impossible();
     if (has(index, Code::hash) || has(index, Code::textQuote)) {
         std::u16string sign = u" ";
         sign.append(node.op == Operator::power ? u"^" : traits(node.op).name).append(u" ");
@@ -211,8 +207,8 @@ Rewriter::Part Rewriter::renderContained(Node const& node) {
 Rewriter::Part Rewriter::renderLeading(std::u16string const& text, Node const& right) {
     TextLength const length = textLength(tree_, right);
     auto const index = static_cast<NodeIndex>(&right - tree_.nodes.data());
-    std::u16string const count = length.least == length.most ? numberText(length.least)
-                                                             : u"LEN(" + render(index).text + u")";
+    std::u16string const count =
+        length.least == length.most ? sizeText(length.least) : u"LEN(" + render(index).text + u")";
     return operandPart(u"LEFT(" + text + u"," + count + u")");
 }
 
@@ -255,6 +251,12 @@ bool Rewriter::ignoresLastBlanks(Node const& node) const {
     return isText && isComparison && (mayEndInBlank(left) || mayEndInBlank(right));
 }
 
+/// Whether the kind of one operand is known: both have the same where they can be compared.
+bool Rewriter::hasKnownKinds(Node const& node) const {
+    return tree_.child(node, 0).valueKind != Kind::unknown ||
+           tree_.child(node, 1).valueKind != Kind::unknown;
+}
+
 Rewriter::Part Rewriter::renderEqual(Node const& node) {
     NodeIndex const left = node.firstChild;
     Kind const leftKind = tree_.nodes[left].valueKind;
@@ -264,10 +266,7 @@ Rewriter::Part Rewriter::renderEqual(Node const& node) {
         part.binding = Binding::equality;
         return part;
     }
-    bool const isKnown = leftKind == Kind::number || leftKind == Kind::logical ||
-                         rightKind == Kind::number || rightKind == Kind::logical ||
-                         leftKind == Kind::nil || rightKind == Kind::nil;
-    if (!isKnown) return impossible();
+    if (!hasKnownKinds(node)) return impossible();
     return {operand(left) + u"==" + operand(tree_.nodes[left].nextSibling), Binding::equality,
             true};
 }

@@ -6,10 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "text/NumberText.h"
 #include "translate/Operators.h"
 #include "translate/Settings.h"
 #include "translate/Tree.h"
 #include "translate/check/Findings.h"
+#include "translate/check/Ranges.h"
 #include "translate/check/SafeText.h"
 
 namespace kx::translate {
@@ -18,7 +20,9 @@ namespace kx::translate {
 inline constexpr Binding kOperandBinding =
     static_cast<Binding>(static_cast<int>(Binding::power) + 2);
 
-std::u16string numberText(std::size_t number);
+inline std::u16string sizeText(std::size_t size) {
+    return decimalText(static_cast<std::int64_t>(size));
+}
 
 /// Writes formulas in such a way that the exact conversion keeps what they mean. What is written is
 /// to be converted and compared before anyone is told.
@@ -56,6 +60,7 @@ class Rewriter {
     Part renderDiffering(Node const& node, std::u16string_view function);
     Part renderUnknown(Node const& node, std::u16string_view function);
     Part renderBroken(Node const& node, std::u16string_view function);
+    Part renderInstalled(Node const& node, std::u16string_view function);
     Part renderBetween(Node const& node);
     Part renderInList(Node const& node);
     Part renderInteger(Node const& node);
@@ -72,6 +77,7 @@ class Rewriter {
     std::u16string withoutLastBlanks(NodeIndex index);
     bool mayEndInBlank(NodeIndex index) const;
     bool ignoresLastBlanks(Node const& node) const;
+    bool hasKnownKinds(Node const& node) const;
 
     bool has(NodeIndex index, Code code) const {
         return (codes_[index] >> static_cast<int>(code) & 1) != 0;

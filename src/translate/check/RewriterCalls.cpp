@@ -36,6 +36,9 @@ Rewriter::Part Rewriter::renderDiffering(Node const& node, std::u16string_view f
     if (function == u"ROUND" && node.childCount == 2 && isWholeFrom(tree_.child(node, 1), 0)) {
         return operandPart(u"VAL(ROUND(" + argument(node, 0) + u"," + argument(node, 1) + u"))");
     }
+    if (function == u"ASC" || function == u"CHR" || function == u"RIGHT") {
+        return renderInstalled(node, function);
+    }
     if (function == u"STR") return renderNumberText(node, function);
     if (function == u"VAL" && node.childCount == 1) return renderValue(node);
     return impossible();
@@ -109,7 +112,12 @@ Rewriter::Part Rewriter::renderBroken(Node const& node, std::u16string_view func
         return operandPart(u"Math.pow(" + argument(node, 0) + u"," + argument(node, 1) + u")");
     }
     if (node.childCount != 1) return impossible();
-    if (function == u"SQRT") return operandPart(u"Math.pow(" + argument(node, 0) + u",0.5)");
+    if (function == u"SQRT") {
+        bool const isPositive = numberRange(tree_, tree_.child(node, 0)).least >= 0;
+        std::u16string const number = argument(node, 0);
+        return operandPart(u"Math.pow(" + (isPositive ? number : u"MAX(" + number + u",0)") +
+                           u",0.5)");
+    }
     if (function == u"EXP") {
         return operandPart(u"Math.pow(2.718281828459045," + argument(node, 0) + u")");
     }
@@ -123,7 +131,9 @@ Rewriter::Part Rewriter::renderBroken(Node const& node, std::u16string_view func
     bool const isUpper = function == u"ISUPPER";
     if (!isUpper && function != u"ISLOWER") return impossible();
     std::u16string const first = u"LEFT(" + argument(node, 0) + u",1)";
-    return {first + (isUpper ? u"<>LOWER(" : u"<>UPPER(") + first + u")", Binding::equality, true};
+    std::u16string text = u"!(" + first + (isUpper ? u"<\"A\") .AND. " : u"<\"a\") .AND. ");
+    text += first + (isUpper ? u"<=\"Z\"" : u"<=\"z\"");
+    return {std::move(text), Binding::logicalAnd, true};
 }
 
 Rewriter::Part Rewriter::renderUnknown(Node const& node, std::u16string_view function) {
@@ -149,8 +159,31 @@ Rewriter::Part Rewriter::renderUnknown(Node const& node, std::u16string_view fun
          u"OCCURS", u"CHRTRAN", u"FLOOR"});
     bool const isInstalled =
         std::find(kInstalled.begin(), kInstalled.end(), function) != kInstalled.end();
-    if (!isInstalled) return impossible();
+    return isInstalled ? renderInstalled(node, function) : impossible();
+}
+
+/// With arguments for which the installed function means the same.
+Rewriter::Part Rewriter::renderInstalled(Node const& node, std::u16string_view function) {
     std::u16string text(function);
+    if (!keepsArguments(tree_, node)) {
+        NodeIndex const first = node.firstChild;
+        if (function == u"ASC" && node.childCount == 1) {
+            return operandPart(u"ASC(" + operand(first) + u"+CHR(0))");
+        }
+        if (function == u"RIGHT" && node.childCount == 2) {
+            bool const isWhole = numberRange(tree_, tree_.child(node, 1)).isWhole;
+            std::u16string const count = argument(node, 1);
+            return operandPart(u"RIGHT(" + argument(node, 0) + u",MAX(" +
+                               (isWhole ? count : u"FLOOR(" + count + u")") + u",0))");
+        }
+        NumberRange const code = numberRange(tree_, tree_.child(node, 0));
+        bool const isPositive = code.least >= 0;
+        if (function != u"CHR" || node.childCount != 1 || !(isPositive || code.isWhole)) {
+            return impossible();
+        }
+        text = operand(first) + u"%256";
+        return operandPart(u"CHR(" + (isPositive ? text : u"(" + text + u"+256)%256") + u")");
+    }
     text += u'(';
     for (std::size_t i = 0; i < node.childCount; ++i) {
         if (i > 0) text += u',';

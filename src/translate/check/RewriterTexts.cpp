@@ -1,5 +1,5 @@
-// Texts that are made of numbers, or filled to a width. Rewritten is only what is known to fit, and
-// what shows no rounding: the installed functions round the binary number.
+// Texts that are made of numbers, or filled to a width. Only texts that are known to fit are
+// rewritten, and only where no rounding shows: the installed functions round the binary number.
 #include <algorithm>
 
 #include "translate/Functions.h"
@@ -18,7 +18,8 @@ bool isCount(Node const& node) {
     return function == u"LEN" || function == u"AT" || function == u"RAT" || function == u"OCCURS";
 }
 
-/// Half away from zero. Nothing where the digits are too many to be exact, or not decimal.
+/// `number` rounded half away from zero. Nothing where it has too many digits to be exact, or is
+/// not decimal.
 std::optional<std::u16string> rounded(std::u16string_view number, std::size_t decimals) {
     constexpr std::size_t kExactDigits = 15;
     if (number.find_first_not_of(u"0123456789.") != std::u16string_view::npos) return std::nullopt;
@@ -40,9 +41,12 @@ std::optional<std::u16string> rounded(std::u16string_view number, std::size_t de
     return digits;
 }
 
-/// What STR or STRZERO gives for a literal.
+/// Fills a literal up to `width` as STR or STRZERO does.
 std::u16string inWidth(std::u16string number, std::size_t width, bool hasZeros) {
-    if (number.size() > width) return std::u16string(width, u'*');
+    if (number.size() > width) {
+        number.assign(width, u'*');
+        return number;
+    }
     std::size_t const sign = hasZeros && number[0] == u'-' ? 1 : 0;
     number.insert(sign, width - number.size(), hasZeros ? u'0' : u' ');
     return number;
@@ -72,7 +76,7 @@ Rewriter::Part Rewriter::renderNumberText(Node const& node, std::u16string_view 
     if (isCount(number)) {
         if (node.childCount > 2 || width < kUsualWidth - 1) return impossible();
         if (isTrimmed) return {u"\"\"+" + operand(node.firstChild), Binding::sum, true};
-        std::u16string const wide = numberText(width);
+        std::u16string const wide = sizeText(width);
         std::u16string const filling = function == u"STRZERO" ? u"REPLICATE(\"0\"," : u"SPACE(";
         return operandPart(u"RIGHT(" + filling + wide + u")+" + operand(node.firstChild) + u"," +
                            wide + u")");
@@ -92,7 +96,7 @@ Rewriter::Part Rewriter::renderNumberText(Node const& node, std::u16string_view 
     return literal(inWidth(std::move(*text), width, function == u"STRZERO"));
 }
 
-/// Of a literal.
+/// VAL of a literal.
 Rewriter::Part Rewriter::renderValue(Node const& node) {
     Node const& argument = tree_.child(node, 0);
     if (argument.kind != NodeKind::text || argument.isEscaped) return impossible();
@@ -130,7 +134,7 @@ Rewriter::Part Rewriter::renderPadded(Node const& node, std::u16string_view func
     if (node.childCount < 2 || node.childCount > 3) return impossible();
     Node const& limit = tree_.child(node, 1);
     if (!isWholeFrom(limit, 1) || limit.number > kMostWidth) return impossible();
-    std::u16string const width = numberText(static_cast<std::size_t>(limit.number));
+    std::u16string const width = decimalText(static_cast<std::int64_t>(limit.number));
     std::u16string filling = u"SPACE(";
     if (node.childCount == 3) {
         Node const& filler = tree_.child(node, 2);

@@ -1,6 +1,7 @@
 #include "translate/check/SafeText.h"
 
 #include "convert/Converter.h"
+#include "text/NumberText.h"
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
 
@@ -37,10 +38,7 @@ class Sum {
     bool isOpen_ = false;
 };
 
-std::u16string codeCall(char16_t unit) {
-    std::string const code = std::to_string(static_cast<unsigned int>(unit));
-    return u"CHR(" + std::u16string(code.begin(), code.end()) + u")";
-}
+std::u16string codeCall(char16_t unit) { return u"CHR(" + decimalText(unit) + u")"; }
 
 /// Ends a literal behind every so many units of a word, and in front of signs; 0: nowhere.
 std::u16string write(std::u16string_view text, std::size_t splitBehind, Parentheses parentheses) {
@@ -57,8 +55,7 @@ std::u16string write(std::u16string_view text, std::size_t splitBehind, Parenthe
             std::size_t end = i;
             while (end < text.size() && text[end] == u' ') ++end;
             if (end - i > 1) {
-                std::string const count = std::to_string(end - i);
-                sum.addCall(u"SPACE(" + std::u16string(count.begin(), count.end()) + u")");
+                sum.addCall(u"SPACE(" + decimalText(static_cast<std::int64_t>(end - i)) + u")");
                 i = end - 1;
                 continue;
             }
