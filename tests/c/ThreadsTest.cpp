@@ -4,6 +4,7 @@
 #include <thread>
 #include <vector>
 
+#include "FreedElsewhere.h"
 #include "Objects.h"
 #include "TableOfColumns.h"
 
@@ -70,6 +71,15 @@ TEST(CThreads, AnyMayTerminateAndFree) {
     }).join();
     EXPECT_NE(error.str(), "");
     EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
+}
+
+TEST(CThreads, AnyMayFreeColumnsWhileTheirHostRuns) {
+    Host const host;
+    kx::test::freeColumnsElsewhere(host);
+    kxjs_columns* columns = nullptr;
+    ASSERT_EQ(kxjs_columns_create(host, &columns), KXJS_OK);
+    std::thread([&] { EXPECT_EQ(kxjs_columns_free(columns), KXJS_OK); }).join();
+    // The host ends with what the other thread has left to it.
 }
 
 TEST(CThreads, HandlesAreMadeAndFreedEverywhere) {
