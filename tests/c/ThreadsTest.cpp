@@ -86,6 +86,7 @@ TEST(CThreads, HandlesAreMadeAndFreedEverywhere) {
     constexpr int kThreads = 4;
     constexpr int kRounds = 2000;
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     std::atomic<int> mistakes = 0;
     for (int thread = 0; thread < kThreads; ++thread) {
         threads.emplace_back([&mistakes] {
@@ -110,6 +111,7 @@ TEST(CThreads, ATranslatorServesMany) {
     ASSERT_EQ(kxjs_translator_add_variable(translator, KXJS_LITERAL("Name"), KXJS_KIND_TEXT),
               KXJS_OK);
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&translator] {
             Text const javaScript;
