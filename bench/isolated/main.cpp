@@ -1,5 +1,5 @@
-// Measures isolated hosts beside hosts in process, in the same run and by turns. Other programs
-// take time from both, from the best round least: figures are of the best round of each.
+// Measures isolated hosts beside hosts in process, in the same run and by turns. Figures are of the
+// best round of each, which other programs disturb least.
 //
 //     kxbench_isolated [ROUNDS]      a whole number from 1; 11 without
 #include <algorithm>
@@ -29,7 +29,7 @@ using Clock = std::chrono::steady_clock;
 using Nanoseconds = std::chrono::duration<double, std::nano>;
 
 constexpr char16_t const* kFormula = u"A*1.2+B/3";
-/// No call of the engine's that this ends looks for a request to end.
+/// A call in which V8 never looks for a request to end.
 constexpr char16_t const* kNeverLooks = u"[new Array(4e9)].flat()";
 
 double timeOf(std::function<void()> const& work) {
@@ -162,7 +162,7 @@ void compareColumns(int rounds) {
     printBeside("the same, in shared memory", best(0), best(2), Table::kRecords, "ns");
 }
 
-/// Runs what needs V8, which a host in process starts no earlier.
+/// Runs a formula that needs V8: a host in process starts V8 only then.
 void makeReady(KxJsParser&& host) {
     host.initialize();
     std::u16string error;

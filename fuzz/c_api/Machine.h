@@ -30,7 +30,7 @@ struct Step {
     std::string_view text;
 };
 
-/// A number as a handle, which is what handles are.
+/// A number as a handle.
 template <class Handle>
 Handle* handleOf(std::uintptr_t number) {
     return reinterpret_cast<Handle*>(number);  // NOLINT(performance-no-int-to-ptr)

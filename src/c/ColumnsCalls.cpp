@@ -6,6 +6,11 @@
 #include "c/kxjs_columns.h"
 
 namespace kx::c {
+
+Columns::~Columns() {
+    if (!host->parser._backend().isOnItsThread()) host->leave(owned);
+}
+
 namespace {
 
 /// Columns on the thread of their host, outside of an evaluation.
@@ -207,7 +212,7 @@ extern "C" {
 
 kxjs_status kxjs_columns_create(kxjs_host* host, kxjs_columns** columns) {
     return guarded([&] {
-        hostOf(host);
+        hostOf(host).freeLeftColumns();
         return create(&out(columns), std::make_shared<Columns>(shared<Host>(host)));
     });
 }

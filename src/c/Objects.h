@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -97,14 +98,31 @@ class Texts {
     bool isWritten_ = false;
 };
 
-struct Host {
+class Host {
+  public:
     static constexpr Kind kKind = Kind::host;
 
     Host() = default;
     explicit Host(KxJsIsolation const& isolation) : parser(isolation) {}
 
+    /// Keeps columns that another thread frees: the host's own may run something in the host.
+    void leave(std::list<KxJsColumns>& columns) noexcept {
+        std::lock_guard const lock(mutex_);
+        left_.splice(left_.end(), columns);
+    }
+    /// Frees them, on the host's thread.
+    void freeLeftColumns() {
+        std::list<KxJsColumns> left;
+        std::lock_guard const lock(mutex_);
+        left.swap(left_);
+    }
+
     KxJsParser parser;
     std::size_t resets = 0;  ///< each takes the columns' formulas
+
+  private:
+    std::mutex mutex_;
+    std::list<KxJsColumns> left_;  // after the parser, which outlives them
 };
 
 struct Variable {
@@ -139,11 +157,14 @@ struct Columns {
         std::size_t count = 0;
     };
 
-    explicit Columns(std::shared_ptr<Host> itsHost)
-        : host(std::move(itsHost)), columns(host->parser) {}
+    explicit Columns(std::shared_ptr<Host> itsHost) : host(std::move(itsHost)) {}
+    ~Columns();
+    Columns(Columns const&) = delete;
+    Columns& operator=(Columns const&) = delete;
 
-    std::shared_ptr<Host> host;  ///< before the columns, which it outlives
-    KxJsColumns columns;
+    std::shared_ptr<Host> host;    ///< before the columns, which it outlives
+    std::list<KxJsColumns> owned;  ///< one, which the host can take over
+    KxJsColumns& columns = owned.emplace_back(host->parser);
     std::vector<Bound> bound;
     std::vector<KxJsColumns::Failure> failures;
     bool isCompiled = false;

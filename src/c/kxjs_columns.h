@@ -30,7 +30,7 @@ typedef struct kxjs_columns kxjs_columns;
 /// freed first.
 KXJS_C_API kxjs_status kxjs_columns_create(kxjs_host* host, kxjs_columns** columns);
 
-/// Frees columns, on the thread of their host or while that does not use it. KXJS_BUSY, and nothing
+/// Frees columns, on any thread. KXJS_BUSY, and nothing
 /// happens, inside their progress function. Null is allowed.
 KXJS_C_API kxjs_status kxjs_columns_free(kxjs_columns* columns);
 

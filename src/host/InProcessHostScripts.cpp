@@ -23,7 +23,8 @@ class KeySearch {
     }
 
     bool finds(std::u16string_view key) const {
-        return (key.empty() || units_[key.front() % kUnits]) && source_.find(key) != source_.npos;
+        return (key.empty() || units_[key.front() % kUnits]) &&
+               source_.find(key) != std::u16string_view::npos;
     }
 
   private:
@@ -120,10 +121,11 @@ std::u16string InProcessHost::run(CompiledScript const& script, std::u16string& 
             if (text) result = *text;
             return text.has_value();
         });
-    if (isDone)
+    if (isDone) {
         countChange();
-    else
+    } else {
         result = runInV8(hostScript, error);
+    }
     if (lastFailure() == nullptr && contains(result, u'N') &&
         result.find(u"NaN") != std::u16string::npos) {
         error = u"Not A Number";

@@ -34,7 +34,7 @@ KxJsVariable::KxJsVariable(std::u16string key, char16_t const* value)
     : _mKey(std::move(key)), _mStrValue(textOrEmpty(value)), _mType(TYPE_OF_VAR_STRING) {}
 
 KxJsVariable::KxJsVariable(std::u16string key, std::u16string const& value)
-    : _mKey(std::move(key)), _mStrValue(value), _mType(TYPE_OF_VAR_STRING) {}
+    : _mKey(std::move(key)), _mStrValue(value.data(), value.size()), _mType(TYPE_OF_VAR_STRING) {}
 
 KxJsVariable::KxJsVariable(std::u16string key, bool value)
     : _mKey(std::move(key)), _mBooleanValue(value), _mType(TYPE_OF_VAR_BOOLEAN) {}

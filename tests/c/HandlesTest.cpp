@@ -78,7 +78,7 @@ class CHandles : public testing::Test {
                                           ~std::uintptr_t{0},
                                           reinterpret_cast<std::uintptr_t>(freed),
                                           reinterpret_cast<std::uintptr_t>(other)};
-        // The same slot at another time, and other slots at the same.
+        // Bits from 32 on count the uses of a slot; the others here are of the slot's number.
         for (unsigned int const bit : {4U, 20U, 31U, 32U, 63U}) {
             wrong.push_back(reinterpret_cast<std::uintptr_t>(freed) ^ (std::uintptr_t{1} << bit));
         }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "FreedElsewhere.h"
 #include "Objects.h"
 #include "support/HostKind.h"
 
@@ -145,6 +146,14 @@ TEST(CIsolation, RunsWhatOtherHostsRun) {
     EXPECT_EQ(results, (std::vector<double>{12.5, 25, 37.5}));
     EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
     EXPECT_EQ(kxjs_columns_free(columns), KXJS_OK);
+}
+
+TEST(CIsolation, AnyThreadMayFreeColumnsWhileTheirHostRuns) {
+    kxjs_isolation const isolation = settings();
+    kxjs_host* host = nullptr;
+    ASSERT_EQ(kxjs_host_create_isolated(&isolation, &host, nullptr), KXJS_OK);
+    kx::test::freeColumnsElsewhere(host);
+    EXPECT_EQ(kxjs_host_free(host), KXJS_OK);
 }
 
 }  // namespace

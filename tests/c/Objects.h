@@ -53,7 +53,7 @@ class Text : public Owned<kxjs_text, kxjs_text_create, kxjs_text_free> {
     }
 };
 
-/// A number as a handle, which is what handles are.
+/// A number as a handle.
 template <class Handle>
 Handle* handleOf(std::uintptr_t number) {
     return reinterpret_cast<Handle*>(number);  // NOLINT(performance-no-int-to-ptr)

@@ -1,3 +1,4 @@
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -69,16 +70,16 @@ TEST(CTexts, AreSeparatedByAUnitThatNoneContains) {
 
 TEST(CTexts, AreSetFromTheSameForm) {
     TextList const list;
-    char const data[] = "onetwo";
-    std::size_t const offsets[] = {0, 3, 3, 6};
-    ASSERT_EQ(kxjs_texts_set(list, data, offsets, 3), KXJS_OK);
+    std::string const data = "onetwo";
+    std::array<std::size_t, 4> const offsets = {0, 3, 3, 6};
+    ASSERT_EQ(kxjs_texts_set(list, data.data(), offsets.data(), 3), KXJS_OK);
     EXPECT_EQ(itemsOf(list), (std::vector<std::string>{"one", "", "two"}));
     // Offsets may begin behind the start, as those of a part of a table do.
-    ASSERT_EQ(kxjs_texts_set(list, data, offsets + 1, 2), KXJS_OK);
+    ASSERT_EQ(kxjs_texts_set(list, data.data(), offsets.data() + 1, 2), KXJS_OK);
     EXPECT_EQ(itemsOf(list), (std::vector<std::string>{"", "two"}));
     Units const units(u"\u00e9x");
-    std::size_t const wideOffsets[] = {0, 1, 2};
-    ASSERT_EQ(kxjs_texts_set_utf16(list, units.data(), wideOffsets, 2), KXJS_OK);
+    std::array<std::size_t, 3> const wideOffsets = {0, 1, 2};
+    ASSERT_EQ(kxjs_texts_set_utf16(list, units.data(), wideOffsets.data(), 2), KXJS_OK);
     EXPECT_EQ(itemsOf(list), (std::vector<std::string>{"\u00e9", "x"}));
     ASSERT_EQ(kxjs_texts_set(list, nullptr, nullptr, 0), KXJS_OK);
     EXPECT_EQ(itemsOf(list), std::vector<std::string>{});
@@ -87,16 +88,17 @@ TEST(CTexts, AreSetFromTheSameForm) {
 TEST(CTexts, StayAsTheyAreWhereASetFails) {
     TextList const list;
     ASSERT_EQ(kxjs_texts_add(list, KXJS_LITERAL("kept")), KXJS_OK);
-    char const data[] = "ab\xff";
-    std::size_t const falling[] = {2, 1};
-    std::size_t const invalid[] = {0, 2, 3};
-    std::size_t const huge[] = {0, std::numeric_limits<std::size_t>::max()};
-    EXPECT_EQ(kxjs_texts_set(list, data, falling, 1), KXJS_BAD_ARGUMENT);
-    EXPECT_EQ(kxjs_texts_set(list, data, invalid, 2), KXJS_INVALID_UTF8);
-    EXPECT_EQ(kxjs_texts_set(list, data, huge, 1), KXJS_TOO_LONG);
+    std::string const bytes = "ab\xff";
+    char const* const data = bytes.data();
+    std::array<std::size_t, 2> const falling = {2, 1};
+    std::array<std::size_t, 3> const invalid = {0, 2, 3};
+    std::array<std::size_t, 2> const huge = {0, std::numeric_limits<std::size_t>::max()};
+    EXPECT_EQ(kxjs_texts_set(list, data, falling.data(), 1), KXJS_BAD_ARGUMENT);
+    EXPECT_EQ(kxjs_texts_set(list, data, invalid.data(), 2), KXJS_INVALID_UTF8);
+    EXPECT_EQ(kxjs_texts_set(list, data, huge.data(), 1), KXJS_TOO_LONG);
     EXPECT_EQ(kxjs_texts_set(list, data, nullptr, 1), KXJS_NULL_ARGUMENT);
-    EXPECT_EQ(kxjs_texts_set(list, nullptr, invalid, 1), KXJS_NULL_ARGUMENT);
-    EXPECT_EQ(kxjs_texts_set(list, data, invalid, std::numeric_limits<std::size_t>::max()),
+    EXPECT_EQ(kxjs_texts_set(list, nullptr, invalid.data(), 1), KXJS_NULL_ARGUMENT);
+    EXPECT_EQ(kxjs_texts_set(list, data, invalid.data(), std::numeric_limits<std::size_t>::max()),
               KXJS_TOO_LONG);
     EXPECT_EQ(itemsOf(list), std::vector<std::string>{"kept"});
 }

@@ -1,6 +1,5 @@
-// Isolated hosts evaluate plain expressions without V8 where hosts in process do. What shows it is
-// the worker's memory: V8 takes more for
-// compiled formulas than the worker may take here.
+// Isolated hosts evaluate plain expressions without V8 where hosts in process do. The worker's
+// memory shows it: V8 takes more for compiled formulas than the worker may take here.
 #include <cstdint>
 #include <cstdlib>
 #include <string>

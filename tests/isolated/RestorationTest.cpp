@@ -42,7 +42,7 @@ TEST_F(Isolated, bindsToARestoredScriptWhatWasBoundWhenItWasParsed) {
     crash();
     EXPECT_EQ(host_.execute(before, error_), u"undefined");
     EXPECT_EQ(host_.execute(after, error_), u"numberundefined");
-    // What was bound is not bound to scripts alone.
+    // New formulas have the variables as well.
     EXPECT_EQ(evaluate(u"A+B"), u"10");
 }
 

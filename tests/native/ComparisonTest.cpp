@@ -57,7 +57,7 @@ class Engine {
         forget();
     }
 
-    /// What was parsed takes memory.
+    /// Frees the parsed formulas.
     void forget() {
         host_.host.reset();
         before_ = host_.parse(u"'before'.match(/f/)");

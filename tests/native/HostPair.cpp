@@ -20,7 +20,7 @@ constexpr std::array kKeys = {
     u"U"sv,
     u"AB"sv,
     u"\u00e9t\u00e9"sv,
-    // That are more than variables to scripts, or none.
+    // Names that mean something else to scripts, or that are no names of variables.
     u"LEN"sv,
     u"kx"sv,
     u"A___A"sv,
@@ -33,7 +33,7 @@ constexpr std::array kKeys = {
 };
 constexpr std::size_t kPlainKeys = 8;
 
-/// With effects, or looking at those of others; damaged ones, too.
+/// Scripts with effects, scripts that show the effects of others, and broken ones.
 constexpr std::array kScripts = {
     u"A=5"sv,
     u"A>=B"sv,
@@ -137,7 +137,7 @@ std::u16string HostPair::failureOf(KxJsParser const& host) {
 
 std::u16string HostPair::compare(std::u16string const& what, Outcome const& native,
                                  Outcome const& engine) {
-    // Where a limit ends a script is no matter of what it does, and what it leaves is another.
+    // Where a limit ends a script varies from run to run, and so does what the script leaves.
     bool const isLimited = native.error.starts_with(kLimited) || engine.error.starts_with(kLimited);
     if (isLimited) isOver_ = true;
     if (native == engine || isLimited) return {};
@@ -217,7 +217,7 @@ std::u16string HostPair::evaluate(std::u16string const& source) {
 }
 
 std::u16string HostPair::step() {
-    // A caller that steps for as long as there are choices comes to an end.
+    // Taken in any case: callers step until there are no choices left.
     std::uint64_t const choice = choices_() % 100;
     if (isOver_) return {};
     if (choice < 35) return bind();

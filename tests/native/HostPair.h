@@ -14,7 +14,8 @@ class HostPair {
   public:
     explicit HostPair(Choices const& choices);
 
-    /// Does something chosen, and says what if there was a difference.
+    /// Does a chosen step in both hosts. Returns the difference and what led to it; empty where
+    /// there is none.
     std::u16string step();
 
     /// Compares the names and values of all globals, and what the last regular expression matched.

@@ -1,5 +1,4 @@
-// Whatever is done in a host, and in whichever order: it shows nothing of what was evaluated
-// without V8.
+// No sequence of calls of a host shows which formulas were evaluated without V8.
 #include <gtest/gtest.h>
 #include <random>
 

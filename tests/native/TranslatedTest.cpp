@@ -138,7 +138,7 @@ TEST(Translated, runsWithoutTheEngineInHosts) {
     auto const before = inside.scriptsRun();
     EXPECT_EQ(host.evaluate(translated(u"STR(A*2,5)+'x'"), error), u"    5x");
     EXPECT_EQ(inside.scriptsRun(), before);
-    // What V8 has to run, and what fails, changes nothing of that.
+    // V8 runs formulas that need it or fail. Later ones are evaluated without V8 again.
     EXPECT_EQ(host.evaluate(translated(u"YEAR({^2020-01-31})"), error), u"2020");
     EXPECT_EQ(host.evaluate(translated(u"A+'x'"), error), u"");
     EXPECT_EQ(inside.scriptsRun(), before + 2);

@@ -36,7 +36,7 @@ inline TestReply ask(kx::Worker& worker, TestRequest request, std::uint64_t numb
     return {outcome, std::string(reinterpret_cast<char const*>(reply.data()), reply.size())};
 }
 
-/// Whether the worker still does what it is for.
+/// Whether the worker still answers as it should.
 inline bool isRight(kx::Worker& worker) {
     auto const reply = ask(worker, TestRequest::echo, 0, "as ever");
     return reply.outcome == kx::Worker::Outcome::arrived && reply.text == "as ever";

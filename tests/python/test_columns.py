@@ -1,5 +1,7 @@
 """Formulas over arrays of NumPy."""
 
+import threading
+
 import kxjsparser
 import numpy
 import pytest
@@ -258,3 +260,16 @@ def test_a_column_outlives_the_closed_host():
         column = host.compile_column("A")
     with pytest.raises(KxJsError, match="closed"):
         column({"A": [1]})
+
+
+def test_columns_may_end_on_another_thread(host):
+    columns = [host.compile_column("A*3") for _ in range(50)]
+    for column in columns:
+        assert column({"A": [2]}).tolist() == [6]
+    thread = threading.Thread(target=columns.clear)
+    del column
+    thread.start()
+    for _ in range(50):
+        assert host.column("A*4", {"A": [2]}).tolist() == [8]
+    thread.join()
+    assert columns == []

@@ -39,7 +39,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kRounds = 40;
 constexpr std::size_t kHosts = 3;
 constexpr double kTolerance = 1.05;
-/// Of so many that are killed, one is the process that starts the others.
+/// One of so many processes that are killed is the one that starts the others.
 constexpr unsigned kZygoteShare = 50;
 
 /// Is passed on to workers, and tells them from those of other applications.
@@ -147,7 +147,7 @@ class Load {
                 awaitResults();
                 std::this_thread::sleep_for(std::chrono::milliseconds(random() % 100));
             }
-            // Until the ends are known and a worker is in reserve again.
+            // Time to note the ends and to have a worker in reserve again.
             std::this_thread::sleep_for(500ms);
             rounds.push_back(countNow());
             Counts const& counts = rounds.back();
@@ -179,7 +179,7 @@ class Load {
         }
     }
 
-    /// Until each thread has a result: a slow machine shall do more than start processes.
+    /// Waits until each thread has a result: else a slow machine would only start processes.
     void awaitResults() const {
         std::array<long, kHosts> before{};
         std::ranges::copy(right_, before.begin());

@@ -19,7 +19,7 @@ inline bool areHostsIsolated() {
 inline KxJsIsolation testIsolation() {
     KxJsIsolation isolation;
     isolation.worker = KXJS_TEST_WORKER;
-    // A busy machine may let a worker wait that would end by itself.
+    // On a busy machine a worker that ends by itself may need longer than by default.
     isolation.grace = std::chrono::seconds(2);
     return isolation;
 }

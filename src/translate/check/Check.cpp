@@ -147,7 +147,7 @@ class Checked {
         auto const found = findDamage(tree, rewriting, settings_, obstacles);
         return std::none_of(found.begin(), found.end(), [](Found const& each) {
             return each.code == Code::functionUnknown || each.code == Code::nilName ||
-                   each.code == Code::memberDot;
+                   each.code == Code::memberDot || isTextMinus(each.code);
         });
     }
 

@@ -252,7 +252,8 @@ class Finder {
         bool const isCompared = traits(node.op).binding == Binding::equality ||
                                 traits(node.op).binding == Binding::comparison;
         auto const wantsText = [&](Node const& other) {
-            return isTextSum || (isCompared && other.valueKind == Kind::text);
+            return isTextSum || node.op == Operator::contained ||
+                   (isCompared && other.valueKind == Kind::text);
         };
         visit(node.firstChild, {position.isAssignable, false, wantsText(right)});
         bool const isChain = node.op == Operator::equal && position.isAssignable;

@@ -62,9 +62,8 @@ class Patcher {
         if (close == std::u16string::npos) return false;
         // An object of names.
         bool const isObject = isBrace && !isBlock;
-        if (isObject && (text_.find(u'=', at) < close || !holdsTargets(at + 1, close))) {
-            return false;
-        }
+        bool const hasTargets = holdsTargets(at + 1, close);
+        if (isObject && (text_.find(u'=', at) < close || !hasTargets)) return false;
         // What follows a block is a statement of its own.
         if (isBlock && skipBlanks(close + 1) < text_.size()) text_.insert(close + 1, 1, u',');
         bool const isEmpty = skipBlanks(at + 1) == close;
@@ -72,12 +71,11 @@ class Patcher {
         if (unitAt(behind) == u'=' && unitAt(behind + 1) == u'>') return false;
         // "([A])=>B", but not "([A])=B".
         std::size_t const outside = behindGroups(behind);
+        if (!isBrace && isIncrement(outside)) return false;
         if (outside > behind && isTargetBefore(outside)) {
-            return unitAt(outside + 1) == u'>' && holdsTargets(at + 1, close) &&
-                   patchPattern(at, close);
+            return unitAt(outside + 1) == u'>' && hasTargets && patchPattern(at, close);
         }
-        bool const isAssigned = isTargetBefore(behind);
-        if (isAssigned) return (isEmpty || holdsTargets(at + 1, close)) && patchPattern(at, close);
+        if (isTargetBefore(behind)) return (isEmpty || hasTargets) && patchPattern(at, close);
         if (isEmpty && close == at + 1) {
             text_.replace(at, 2, u"(0)");
         } else {
@@ -95,6 +93,10 @@ class Patcher {
             if (open == std::u16string::npos || nameBefore(open) < open) return at;
             at = skipBlanks(at + 1);
         }
+    }
+
+    bool isIncrement(std::size_t at) const {
+        return text_.compare(at, 2, u"++") == 0 || text_.compare(at, 2, u"--") == 0;
     }
 
     /// Whether "=" or "=>" is there.
@@ -125,9 +127,9 @@ class Patcher {
         if (at + 1 >= text_.size()) return false;
         std::size_t left = before(at);
         while (left != std::u16string::npos && isNameInParentheses(left)) left = before(left);
-        bool const isBehind =
-            left != std::u16string::npos && ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
-                                             callBefore(left) != std::u16string::npos);
+        bool const isBehind = left != std::u16string::npos &&
+                              ((mayBeNamePart(text_[left]) && isBehindName(left)) ||
+                               isBehindIndex(left) || callBefore(left) != std::u16string::npos);
         std::size_t const next = skipBlanks(at + 2);
         // JavaScript allows no call, member or assignment of the result.
         bool const isUsed =
@@ -147,6 +149,14 @@ class Patcher {
         return text_[last] == u')'
                    ? isNameInParentheses(last)
                    : mayBeNameStart(text_[first]) && first + nameLength(first) == last + 1;
+    }
+
+    /// "A[B]", but no array.
+    bool isBehindIndex(std::size_t close) const {
+        std::size_t const open = opening(close, u"[]");
+        std::size_t const left = open == std::u16string::npos ? open : before(open);
+        return left != std::u16string::npos &&
+               (mayBeNamePart(text_[left]) || text_[left] == u')' || text_[left] == u']');
     }
 
     bool isBehindName(std::size_t last) const {
@@ -342,13 +352,13 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// The parenthesis that `close` closes; npos where there is none.
-    std::size_t opening(std::size_t close) const {
-        if (close >= text_.size() || text_[close] != u')') return std::u16string::npos;
+    /// The parenthesis or bracket that `close` closes; npos where there is none.
+    std::size_t opening(std::size_t close, std::u16string_view pair = u"()") const {
+        if (close >= text_.size() || text_[close] != pair[1]) return std::u16string::npos;
         std::size_t depth = 0;
         for (std::size_t at = close + 1; at-- > 0;) {
-            if (text_[at] == u')') ++depth;
-            if (text_[at] == u'(' && --depth == 0) return at;
+            if (text_[at] == pair[1]) ++depth;
+            if (text_[at] == pair[0] && --depth == 0) return at;
         }
         return std::u16string::npos;
     }
