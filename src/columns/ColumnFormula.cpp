@@ -62,8 +62,9 @@ std::optional<ColumnBindings> ColumnFormula::bindings(v8::Local<v8::Context> con
             bindings.evaluating.push_back(name);
         }
     }
-    if (callsBuiltIns && host_.hadEffects() && !areBuiltInsAsMade(context, libraryId))
+    if (callsBuiltIns && host_.hadEffects() && !areBuiltInsAsMade(context, libraryId)) {
         return std::nullopt;
+    }
     return bindings;
 }
 

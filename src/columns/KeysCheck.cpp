@@ -66,8 +66,8 @@ bool areCarriersUnshadowed(v8::Local<v8::Context> context,
                            std::vector<std::u16string> const& keys) {
     if (keys.empty()) return true;
     v8::HandleScope const handles(v8::Isolate::GetCurrent());
-    std::vector<std::u16string> names;
-    for (std::u16string const& key : keys) names.push_back(carrierNameFor(key));
+    std::vector<std::u16string> names(keys.size());
+    std::transform(keys.begin(), keys.end(), names.begin(), carrierNameFor);
     return unshadowedValues(context, names).has_value();
 }
 

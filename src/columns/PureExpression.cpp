@@ -33,10 +33,11 @@ void addName(std::vector<PureExpression::Name>& names, std::u16string_view text,
     auto const known =
         std::find_if(names.begin(), names.end(),
                      [text](PureExpression::Name const& name) { return name.text == text; });
-    if (known == names.end())
+    if (known == names.end()) {
         names.push_back({std::u16string(text), isCalled});
-    else
+    } else {
         known->isCalled = known->isCalled && isCalled;
+    }
 }
 
 }  // namespace

@@ -22,12 +22,13 @@ bool isPlainDecimal(std::u16string_view text) {
     std::size_t digits = 0;
     std::size_t points = 0;
     for (char16_t const unit : text) {
-        if (isDigit(unit))
+        if (isDigit(unit)) {
             ++digits;
-        else if (unit == u'.')
+        } else if (unit == u'.') {
             ++points;
-        else
+        } else {
             return false;
+        }
     }
     return digits > 0 && points <= 1 && text.size() <= kLongestDecimal;
 }

@@ -9,7 +9,8 @@ std::int32_t dayNumber(int year, int month, int day) {
     auto const date = std::chrono::year(year) / month / day;
     if (!date.ok()) return 0;
     constexpr int kDayOf1970 = 2440588;
-    return std::chrono::sys_days(date).time_since_epoch().count() + kDayOf1970;
+    auto const sinceEpoch = std::chrono::sys_days(date).time_since_epoch();
+    return static_cast<std::int32_t>(sinceEpoch.count()) + kDayOf1970;
 }
 
 }  // namespace kx::translate

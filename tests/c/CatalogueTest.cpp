@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -42,8 +43,8 @@ class Functions {
 };
 
 std::vector<std::string> utf8Of(std::vector<std::u16string> const& texts) {
-    std::vector<std::string> result;
-    for (std::u16string const& text : texts) result.push_back(kx::utf8FromUtf16(text));
+    std::vector<std::string> result(texts.size());
+    std::transform(texts.begin(), texts.end(), result.begin(), kx::utf8FromUtf16);
     return result;
 }
 

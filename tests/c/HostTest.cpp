@@ -1,4 +1,5 @@
 // Hosts by the C interface give what KxJsParser gives: results, error texts, failures.
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,9 +17,9 @@ using kx::test::Text;
 using kx::test::TextList;
 using kx::test::Units;
 
-char const* const kSources[] = {
+constexpr auto kSources = std::to_array<char const*>({
     "1+1",
-    "'a'+'\\u00e9'+'\\ud83d\\ude00'",
+    R"('a'+'\u00e9'+'\ud83d\ude00')",
     "'half: '+'\\ud83d'",
     "A+B+C+D",
     "IIF(A>2,'OK','KO')",
@@ -32,7 +33,7 @@ char const* const kSources[] = {
     "throw 'a text'",
     "({toString:function(){throw 1}})",
     "LISTFUNCT()",
-};
+});
 
 /// The same variables by both interfaces.
 void bindVariables(kxjs_host* host, KxJsParser& parser) {
@@ -100,8 +101,8 @@ class CHost : public testing::TestWithParam<char const*> {
     std::u16string const wide = kx::utf16FromUtf8(source);
     Units const units{wide};
     std::u16string expectedError;
-    Text const result;
-    Text const error;
+    Text const result{};
+    Text const error{};
 };
 
 TEST_P(CHost, EvaluatesAsTheClassDoes) {
