@@ -11,6 +11,7 @@
 #include <functional>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -162,27 +163,34 @@ void compareColumns(int rounds) {
     printBeside("the same, in shared memory", best(0), best(2), Table::kRecords, "ns");
 }
 
-/// Runs a formula that needs V8: a host in process starts V8 only then.
-void makeReady(KxJsParser&& host) {
+void makeReady(KxJsParser& host, std::u16string const& firstFormula) {
     host.initialize();
     std::u16string error;
-    require(host.evaluate(u"var x = LEFT('abc', 2); x", error) == u"ab", "a new host is wrong");
+    require(host.evaluate(firstFormula, error) == u"ab", "a new host is wrong");
 }
 
-void measureNewHosts(int rounds) {
+/// The time from before a host's constructor to behind `use`.
+template <class Use, class... Isolation>
+double timeOfNewHost(Use const& use, Isolation const&... isolation) {
+    std::optional<KxJsParser> host;
+    return timeOf([&] { use(host.emplace(isolation...)); });
+}
+
+template <class Use>
+void measureNewHosts(int rounds, std::string const& row, Use const& use) {
     std::vector<double> inProcess;
     std::vector<double> withSpare;
     std::vector<double> withoutSpare;
-    KxJsParser const first{KxJsIsolation()};
+    KxJsParser const startsTheZygote{KxJsIsolation()};
     for (int round = 0; round < rounds; ++round) {
-        inProcess.push_back(timeOf([] { makeReady(KxJsParser()); }));
+        inProcess.push_back(timeOfNewHost(use));
         std::this_thread::sleep_for(100ms);
-        withSpare.push_back(timeOf([] { makeReady(KxJsParser{KxJsIsolation()}); }));
-        withoutSpare.push_back(timeOf([] { makeReady(KxJsParser{KxJsIsolation()}); }));
+        withSpare.push_back(timeOfNewHost(use, KxJsIsolation()));
+        withoutSpare.push_back(timeOfNewHost(use, KxJsIsolation()));
     }
-    printBeside("a host with the built-in functions, a worker in reserve",
-                std::ranges::min(inProcess), std::ranges::min(withSpare), 1e6, "ms");
-    printBeside("the same, without one in reserve", std::ranges::min(inProcess),
+    printBeside((row + ", a worker in reserve").c_str(), std::ranges::min(inProcess),
+                std::ranges::min(withSpare), 1e6, "ms");
+    printBeside((row + ", none in reserve").c_str(), std::ranges::min(inProcess),
                 std::ranges::min(withoutSpare), 1e6, "ms");
 }
 
@@ -233,7 +241,11 @@ int main(int count, char** arguments) {
         compareCalls("a call after 1 ms", rounds, 1ms);
         compareCalls("a call after 20 ms", rounds, 20ms);
         compareColumns(rounds);
-        measureNewHosts(rounds);
+        measureNewHosts(rounds, "a new host", [](KxJsParser&) {});
+        measureNewHosts(rounds, "a new host that has run a formula",
+                        [](KxJsParser& host) { makeReady(host, u"LEFT('abc', 2)"); });
+        measureNewHosts(rounds, "a new host that has run a formula for V8",
+                        [](KxJsParser& host) { makeReady(host, u"var x = LEFT('abc', 2); x"); });
         measureRestart(rounds);
         return 0;
     } catch (std::exception const& error) {

@@ -7,6 +7,7 @@
 
 #include "engine/Text.h"
 #include "native/Conversions.h"
+#include "text/Contains.h"
 
 namespace kx {
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "engine/V8Compat.h"
+#include "text/Contains.h"
 #include "text/NumberText.h"
 
 namespace kx {
@@ -33,12 +34,6 @@ std::u16string fromV8String(v8::Isolate* isolate, v8::Local<v8::String> text) {
     v8compat::writeCodeUnits(isolate, text, result.data());
     if (contains(result, u'\0')) result.resize(result.find(u'\0'));
     return result;
-}
-
-bool contains(std::u16string_view text, char16_t unit) {
-    bool isFound = false;
-    for (char16_t const each : text) isFound |= each == unit;
-    return isFound;
 }
 
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,

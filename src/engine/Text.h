@@ -17,10 +17,6 @@ v8::Local<v8::String> toV8Name(v8::Isolate* isolate, std::u16string_view text);
 /// The code units of `text` up to its first U+0000. An empty handle gives the empty text.
 std::u16string fromV8String(v8::Isolate* isolate, v8::Local<v8::String> text);
 
-/// Whether `text` contains `unit`. Looks at all of it, several units at a time: faster than a
-/// search where nothing is found.
-bool contains(std::u16string_view text, char16_t unit);
-
 /// The text of any value, as scripts convert it. Empty where the conversion throws, and for an
 /// object or symbol without a context. The exception is left to the caller's v8::TryCatch.
 std::u16string textOfValue(v8::Isolate* isolate, v8::Local<v8::Context> context,

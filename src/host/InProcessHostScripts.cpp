@@ -10,6 +10,7 @@
 #include "host/ErrorText.h"
 #include "host/Failure.h"
 #include "host/InProcessHost.h"
+#include "text/Contains.h"
 
 namespace kx {
 

@@ -3,6 +3,7 @@
 
 #include "native/Conversions.h"
 #include "native/Program.h"
+#include "text/Contains.h"
 
 namespace kx {
 
@@ -64,7 +65,7 @@ std::optional<std::u16string_view> Evaluator::textOf(Value const& result) {
     if (result.isNumber()) return textOf(result.number);
     auto const text = toText(result, workspace_.arena);
     if (!text) return std::nullopt;
-    return text->substr(0, text->find(u'\0'));
+    return contains(*text, u'\0') ? text->substr(0, text->find(u'\0')) : text;
 }
 
 bool Evaluator::computeUnary(Operation operation, Value& value) {
