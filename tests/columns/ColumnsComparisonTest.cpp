@@ -177,7 +177,7 @@ TEST(ColumnsComparison, holdsForGeneratedFormulas) {
 bool mayBeEndless(std::u16string const& source) {
     auto const names = {u"REPEAT(", u"SPACE(", u"STRZ(", u"RPAD(", u"BUMP(", u"LPAD(", u"STR("};
     return std::any_of(names.begin(), names.end(),
-                       [&](auto const* name) { return source.find(name) != source.npos; });
+                       [&](auto const* name) { return source.find(name) != std::u16string::npos; });
 }
 
 TEST(ColumnsComparison, holdsForFormulasThatNeedNoV8) {

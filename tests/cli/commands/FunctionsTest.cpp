@@ -97,7 +97,7 @@ TEST(Functions, ShowsControlCharactersAsEscapes) {
 }
 
 TEST(Functions, ShowsNoReferenceAndNoControlCharacter) {
-    std::regex const unwanted("&#?[A-Za-z0-9]+;|[\\x01-\\x09\\x0B-\\x1F\\x7F]");
+    std::regex const unwanted(R"(&#?[A-Za-z0-9]+;|[\x01-\x09\x0B-\x1F\x7F])");
     std::vector<std::string> const names = namesOfFunctions();
     ASSERT_EQ(names.size(), 63u);
     // The prompt prints the same texts, of all functions in one process.
