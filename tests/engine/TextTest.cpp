@@ -1,3 +1,4 @@
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -55,7 +56,7 @@ TEST(Text, isEmptyForAnObjectWithoutAContext) {
     }
     ASSERT_FALSE(isolate->InContext());
     EXPECT_EQ(KxJsParser::_convertV8StringToStdString(object), u"");
-    v8::Local<v8::Value> const others[] = {
+    std::array<v8::Local<v8::Value>, 6> const others = {
         v8::Symbol::New(isolate), v8::Number::New(isolate, 2.5), v8::Null(isolate),
         v8::True(isolate),        v8::BigInt::New(isolate, 3),   v8::Undefined(isolate)};
     std::u16string all;

@@ -48,6 +48,7 @@ struct Member {
 
 // Pointers to anything but UTF-16 text would become true.
 TEST(KxJsVariable, doesNotCompileWithOtherPointers) {
+    // NOLINTBEGIN(modernize-avoid-c-arrays): literals are such arrays
     static_assert(kIsRefused<char const*> && kIsRefused<char*> && kIsRefused<char const(&)[5]>);
     static_assert(kIsRefused<wchar_t const*> && kIsRefused<char8_t const*>);
     static_assert(kIsRefused<void*> && kIsRefused<int*> && kIsRefused<std::u16string*>);
@@ -55,9 +56,10 @@ TEST(KxJsVariable, doesNotCompileWithOtherPointers) {
     static_assert(kIsRefused<void (*)()> && kIsRefused<int Member::*>);
     static_assert(kIsTaken<char16_t const*> && kIsTaken<char16_t*>);
     static_assert(kIsTaken<char16_t const(&)[5]> && kIsTaken<std::u16string>);
+    // NOLINTEND(modernize-avoid-c-arrays)
     static_assert(kIsTaken<std::int32_t> && kIsTaken<double> && kIsTaken<bool>);
-    char16_t text[] = u"text";
-    KxJsVariable variable(kKey, text);
+    std::u16string text = u"text";
+    KxJsVariable variable(kKey, text.data());
     EXPECT_EQ(variable.getStrValue(), u"text");
     variable.setValue(&text[1]);
     EXPECT_EQ(variable.getStrValue(), u"ext");
