@@ -155,7 +155,8 @@ HostileScript readHostileScript(std::filesystem::path const& path) {
         body += line + '\n';
     }
     script.source += decoded(body);
-    if (!script.result && !script.beginOfResult && !script.error)
+    if (!script.result && !script.beginOfResult && !script.error) {
         throw std::runtime_error("nothing is expected");
+    }
     return script;
 }
