@@ -48,58 +48,46 @@ std::vector<Shape> shapes() {
     return shapes;
 }
 
-Case unseenCase(Shape const& shape, std::string const& title, Task task) {
-    Case row;
-    row.title = title + ", " + shape.name;
-    row.task = task;
-    row.formula = shape.formula;
-    row.batch = 200;
-    row.prepare = [formula = shape.formula](Peer& peer) { peer.use(formula); };
-    row.goal = shape.needsV8 ? 1.1 : 0.15;
-    return row;
+/// A row for each shape. `work` is timed; `runSome` leaves a result to compare.
+std::vector<Case> unseenCases(std::string const& title, Task task,
+                              Nanoseconds (Peer::*work)(std::uint64_t, std::uint64_t),
+                              void (*runSome)(Peer&)) {
+    std::vector<Case> rows;
+    for (Shape const& shape : shapes()) {
+        Case& row = rows.emplace_back();
+        row.title = title + ", " + shape.name;
+        row.task = task;
+        row.formula = shape.formula;
+        row.batch = 200;
+        row.prepare = [formula = shape.formula](Peer& peer) { peer.use(formula); };
+        row.goal = shape.needsV8 ? 1.1 : 0.15;
+        row.work = [work](Peer& peer, std::uint64_t first, std::uint64_t count) {
+            Nanoseconds const time = (peer.*work)(first, count);
+            peer.forget();
+            return time;
+        };
+        row.results = [runSome](Peer& peer) {
+            runSome(peer);
+            std::string text = peer.result();
+            peer.forget();
+            return text;
+        };
+    }
+    return rows;
 }
 
 }  // namespace
 
 std::vector<Case> parseCases() {
-    std::vector<Case> rows;
-    for (Shape const& shape : shapes()) {
-        Case parse = unseenCase(shape, "parse", Task::parse);
-        parse.work = [](Peer& peer, std::uint64_t first, std::uint64_t count) {
-            Nanoseconds const time = peer.parse(first, count);
-            peer.forget();
-            return time;
-        };
-        parse.results = [](Peer& peer) {
-            peer.parse(17, 3);
-            peer.executeParsed();
-            std::string text = peer.result();
-            peer.forget();
-            return text;
-        };
-        rows.push_back(std::move(parse));
-    }
-    return rows;
+    return unseenCases("parse", Task::parse, &Peer::parse, [](Peer& peer) {
+        peer.parse(17, 3);
+        peer.executeParsed();
+    });
 }
 
 std::vector<Case> oneShotCases() {
-    std::vector<Case> rows;
-    for (Shape const& shape : shapes()) {
-        Case oneShot = unseenCase(shape, "one-shot", Task::oneShot);
-        oneShot.work = [](Peer& peer, std::uint64_t first, std::uint64_t count) {
-            Nanoseconds const time = peer.oneShot(first, count);
-            peer.forget();
-            return time;
-        };
-        oneShot.results = [](Peer& peer) {
-            peer.oneShot(23, 5);
-            std::string text = peer.result();
-            peer.forget();
-            return text;
-        };
-        rows.push_back(std::move(oneShot));
-    }
-    return rows;
+    return unseenCases("one-shot", Task::oneShot, &Peer::oneShot,
+                       [](Peer& peer) { peer.oneShot(23, 5); });
 }
 
 }  // namespace bench

@@ -24,10 +24,13 @@ std::vector<KxJsFunction> recordsOf(std::int32_t catalogue) {
     }
 }
 
-KxJsFunction& recordOf(kxjs_functions* handle, std::size_t index) {
-    auto& functions = object<Functions>(handle);
+KxJsFunction& recordOf(Functions& functions, std::size_t index) {
     require(index < functions.records.size(), KXJS_NOT_FOUND);
     return functions.records[index];
+}
+
+KxJsFunction& recordOf(kxjs_functions* handle, std::size_t index) {
+    return recordOf(object<Functions>(handle), index);
 }
 
 std::u16string textOfRecord(KxJsFunction const& record, std::int32_t which) {
@@ -148,9 +151,9 @@ kxjs_status kxjs_functions_count(kxjs_functions* functions, size_t* count) {
 kxjs_status kxjs_functions_text(kxjs_functions* functions, size_t index, int32_t which,
                                 kxjs_text* text) {
     return guarded([&] {
-        object<Functions>(functions);
+        auto& records = object<Functions>(functions);
         auto& result = object<Text>(text);
-        result.set(textOfRecord(recordOf(functions, index), which));
+        result.set(textOfRecord(recordOf(records, index), which));
         return KXJS_OK;
     });
 }
@@ -158,11 +161,11 @@ kxjs_status kxjs_functions_text(kxjs_functions* functions, size_t index, int32_t
 kxjs_status kxjs_functions_lists(kxjs_functions* functions, size_t index, kxjs_texts* parameters,
                                  kxjs_texts* descriptions, kxjs_texts* examples) {
     return guarded([&] {
-        object<Functions>(functions);
+        auto& records = object<Functions>(functions);
         auto* const names = optional<Texts>(parameters);
         auto* const texts = optional<Texts>(descriptions);
         auto* const exampleTexts = optional<Texts>(examples);
-        KxJsFunction const& record = recordOf(functions, index);
+        KxJsFunction const& record = recordOf(records, index);
         setLists(names, texts, record.getParameters());
         if (exampleTexts != nullptr) exampleTexts->set(record.getExamples());
         return KXJS_OK;

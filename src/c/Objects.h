@@ -105,7 +105,7 @@ class Host {
     Host() = default;
     explicit Host(KxJsIsolation const& isolation) : parser(isolation) {}
 
-    /// Keeps columns that another thread frees: the host's own may run something in the host.
+    /// Keeps columns that another thread frees, since the host's thread may be using the host.
     void leave(std::list<KxJsColumns>& columns) noexcept {
         std::lock_guard const lock(mutex_);
         left_.splice(left_.end(), columns);

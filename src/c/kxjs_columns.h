@@ -30,8 +30,8 @@ typedef struct kxjs_columns kxjs_columns;
 /// freed first.
 KXJS_C_API kxjs_status kxjs_columns_create(kxjs_host* host, kxjs_columns** columns);
 
-/// Frees columns, on any thread. KXJS_BUSY, and nothing
-/// happens, inside their progress function. Null is allowed.
+/// Frees columns, on any thread. Inside their progress function nothing happens, and KXJS_BUSY
+/// comes back. Null is allowed.
 KXJS_C_API kxjs_status kxjs_columns_free(kxjs_columns* columns);
 
 /// A text of UTF-16 in the application's memory. `data` may be null where `length` is 0.

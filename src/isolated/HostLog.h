@@ -75,7 +75,7 @@ class HostLog {
     std::uint32_t newNumber() { return ++lastNumber_; }
     std::uint32_t enter(IsolatedScript const& script);
     void leave(IsolatedScript const& script) noexcept;
-    /// Leaving may not allocate, so entering does it.
+    /// Leaving may not allocate. So entering reserves the memory for it.
     void reserveRelease();
 
     /// When more variables than these have changed, all are sent.

@@ -53,7 +53,7 @@ class SupervisedWorker {
     /// See Worker::area(); for the worker that is there.
     std::byte* area() const { return worker_->area(); }
 
-    /// How the last worker ended that has crashed: "signal 11", say; empty where that is not known.
+    /// How the last worker that crashed has ended, such as "signal 11"; empty where not known.
     std::u16string const& lastEnd() const { return lastEnd_; }
     KxJsSandbox const& sandbox() const { return sandbox_; }
 

@@ -86,7 +86,7 @@ class Patcher {
         return isOther_ = true;
     }
 
-    /// The place behind the parentheses that end at `at` and are no call's.
+    /// The place behind the closing parentheses from `at` on that group and end no call.
     std::size_t behindGroups(std::size_t at) const {
         for (;;) {
             std::size_t const open = opening(at);
@@ -293,7 +293,7 @@ class Patcher {
         }
     }
 
-    /// Where the names, calls and points begin the last unit of which is at `last`, as those of
+    /// The start of the chain of names, calls and points whose last unit is at `last`, such as
     /// "(A==B).AND.LEN"; npos where JavaScript has no such chain.
     std::size_t chainBefore(std::size_t last) const {
         while (last != std::u16string::npos) {

@@ -24,7 +24,7 @@ NumberRange numberRange(Tree const& tree, Node const& node);
 
 /// Whether the installed function means the same for all values that the arguments of a call can
 /// have. It does not for an empty text in ASC, codes beyond a byte in CHR, counts below 1 in RIGHT.
-/// OCCURS seldom seeks an empty text: a literal one counts only.
+/// In OCCURS only a literal counts as an empty text: a variable rarely is one.
 bool keepsArguments(Tree const& tree, Node const& call);
 
 }  // namespace kx::translate
