@@ -90,13 +90,16 @@ class KXJS_API KxJsColumns {
     /// Texts one after the other, which take less time than a string for each: text `i` begins at
     /// `data[offsets[i]]` and ends before `data[offsets[i + 1]]`.
     struct JoinedTexts {
-        std::u16string data;
+        std::u16string data;                     ///< all texts, nothing between them
         std::vector<std::size_t> offsets = {0};  ///< one more than there are texts
 
+        /// The number of texts.
         std::size_t size() const { return offsets.size() - 1; }
+        /// Text `i`, which must exist. Valid until the texts change.
         std::u16string_view operator[](std::size_t i) const {
             return std::u16string_view(data).substr(offsets[i], offsets[i + 1] - offsets[i]);
         }
+        /// Appends a copy of `text`.
         void add(std::u16string_view text) {
             data += text;
             offsets.push_back(data.size());
