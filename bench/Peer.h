@@ -14,7 +14,15 @@ namespace bench {
 
 using Nanoseconds = std::chrono::nanoseconds;
 
-enum class Task : std::uint8_t { makeHosts, firstRun, parse, parseAndRun, execute, oneShot, convert };
+enum class Task : std::uint8_t {
+    makeHosts,
+    firstRun,
+    parse,
+    parseAndRun,
+    execute,
+    oneShot,
+    convert
+};
 
 /// One way to evaluate formulas. An object has at most one current formula, so every case has peers
 /// of its own. They share what an engine has once per process or thread.
