@@ -14,7 +14,15 @@ namespace bench {
 
 using Nanoseconds = std::chrono::nanoseconds;
 
-enum class Task : std::uint8_t { makeHosts, firstRun, parse, execute, oneShot, convert };
+enum class Task : std::uint8_t {
+    makeHosts,
+    firstRun,
+    parse,
+    parseAndRun,
+    execute,
+    oneShot,
+    convert
+};
 
 /// One way to evaluate formulas. An object has at most one current formula, so every case has peers
 /// of its own. They share what an engine has once per process or thread.
@@ -50,6 +58,10 @@ class Peer {
     virtual Nanoseconds execute(std::uint64_t first, std::uint64_t count) = 0;
     /// Compiles unseen formulas made from the one in use, and keeps them.
     virtual Nanoseconds parse(std::uint64_t first, std::uint64_t count) = 0;
+    /// Compiles unseen formulas, keeps them, and runs each once.
+    virtual Nanoseconds parseAndRun(std::uint64_t /*first*/, std::uint64_t /*count*/) {
+        throw cannot();
+    }
     /// For each unseen formula: sets the variables' values, compiles, runs once.
     virtual Nanoseconds oneShot(std::uint64_t first, std::uint64_t count) = 0;
     /// Runs what parse() compiled last.

@@ -75,6 +75,13 @@ class Library final : public Peer {
         });
     }
 
+    Nanoseconds parseAndRun(std::uint64_t first, std::uint64_t count) override {
+        auto const texts = wideTexts(first, count);
+        return timed([&] {
+            for (std::u16string const& text : texts) run(*host_, host_->parse(text, error_));
+        });
+    }
+
     Nanoseconds oneShot(std::uint64_t first, std::uint64_t count) override {
         auto const texts = wideTexts(first, count);
         std::uint64_t number = first;

@@ -137,18 +137,12 @@ class RawV8 final : public Peer {
     }
 
     Nanoseconds parse(std::uint64_t first, std::uint64_t count) override {
-        Session const session(isolate_);
-        auto const texts = sources(first, count);
-        v8::HandleScope const handles(isolate_);
-        v8::Local<v8::Context> const context = context_.Get(isolate_);
-        v8::Context::Scope const entered(context);
-        return timed([&] {
-            for (std::u16string const& text : texts) {
-                v8::HandleScope const parseHandles(isolate_);
-                scripts_.emplace_back(
-                    isolate_,
-                    v8::Script::Compile(context, v8String(isolate_, text)).ToLocalChecked());
-            }
+        return forUnseen(first, count, [](v8::Local<v8::Script>) {});
+    }
+
+    Nanoseconds parseAndRun(std::uint64_t first, std::uint64_t count) override {
+        return forUnseen(first, count, [this](v8::Local<v8::Script> script) {
+            run(context_.Get(isolate_), script);
         });
     }
 
@@ -184,6 +178,25 @@ class RawV8 final : public Peer {
 
     static std::u16string prologueFor(std::string const& key) {
         return widen(key + "=" + key + "___" + key + ".ouraccessor;\n");
+    }
+
+    /// Compiles and keeps unseen formulas, and gives each to `use`.
+    template <class Use>
+    Nanoseconds forUnseen(std::uint64_t first, std::uint64_t count, Use use) {
+        Session const session(isolate_);
+        auto const texts = sources(first, count);
+        v8::HandleScope const handles(isolate_);
+        v8::Local<v8::Context> const context = context_.Get(isolate_);
+        v8::Context::Scope const entered(context);
+        return timed([&] {
+            for (std::u16string const& text : texts) {
+                v8::HandleScope const parseHandles(isolate_);
+                auto const script =
+                    v8::Script::Compile(context, v8String(isolate_, text)).ToLocalChecked();
+                scripts_.emplace_back(isolate_, script);
+                use(script);
+            }
+        });
     }
 
     std::vector<std::u16string> sources(std::uint64_t first, std::uint64_t count) const {

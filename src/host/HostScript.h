@@ -17,15 +17,13 @@ namespace kx {
 
 class BoundVariable;
 
-/// A source with the prologue that binds its variables.
-struct WrappedSource {
+/// A script as its caller wrote it, and the variables that V8 reads for it.
+struct ScriptSource {
     std::u16string text;
-    std::size_t prologueLength = 0;
-    std::vector<BoundVariable*> variables;  // those that the prologue binds
+    std::vector<BoundVariable*> variables;
 
-    std::u16string_view callerText() const {
-        return std::u16string_view(text).substr(prologueLength);
-    }
+    /// The lines in front of the text that read the variables. Only V8 needs them.
+    std::u16string prologue() const;
 };
 
 /// What a script can do to its context that others see.
@@ -36,33 +34,33 @@ struct ScriptEffects {
     std::vector<std::u16string> unlessPlain = {};
 };
 
-/// A compiled script of a host in this process: a program that runs without V8, or what V8 has
-/// compiled, or both. Holds a handle: see IsolateRecord for where it may be destroyed.
+/// A compiled script of a host in this process: a program that runs without V8, what V8 has
+/// compiled, both, or neither yet. Holds a handle: see IsolateRecord for where it may be destroyed.
 class HostScript final : public CompiledScript {
   public:
-    HostScript(WrappedSource source, std::unique_ptr<Program> program)
-        : source_(std::move(source)), program_(std::move(program)) {}
+    explicit HostScript(ScriptSource source) : source_(std::move(source)) {}
 
-    WrappedSource const& source() const { return source_; }
-    /// V8 keeps the text of what it has compiled.
-    void forgetText() { source_.text = {}; }
+    /// Its text is empty once V8 has compiled it.
+    ScriptSource const& source() const { return source_; }
 
     /// Null where the script needs V8.
     Program const* program() const { return program_.get(); }
+    void setProgram(std::unique_ptr<Program> program) { program_ = std::move(program); }
 
     /// Null until setCompiled().
     V8Script const* compiled() const { return compiled_ ? &*compiled_ : nullptr; }
     ScriptEffects const& effects() const { return effects_; }
 
-    /// What V8 makes of the script may be added when it is needed.
-    void setCompiled(OwnHandles& all, v8::Local<v8::Script> script, ScriptEffects effects) const {
-        compiled_.emplace(all, script, source_.text, source_.prologueLength);
-        setEffects(std::move(effects));
+    /// What V8 makes of the script may be added when it is needed. V8 keeps the text.
+    void setCompiled(OwnHandles& all, v8::Local<v8::Script> script,
+                     std::size_t prologueLength) const {
+        compiled_.emplace(all, script, source_.text, prologueLength);
+        source_.text = {};
     }
     void setEffects(ScriptEffects effects) const { effects_ = std::move(effects); }
 
   private:
-    WrappedSource source_;
+    mutable ScriptSource source_;
     std::unique_ptr<Program> program_;
     mutable std::optional<V8Script> compiled_;
     mutable ScriptEffects effects_;

@@ -133,17 +133,21 @@ class InProcessHost final : public HostBackend {
   private:
     void createContext();
     bool install(std::u16string& error);
-    WrappedSource wrap(std::u16string_view source);
-    void defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context);
+    /// `text` with those of the variables whose keys are in it.
+    ScriptSource bind(std::u16string_view text);
+    static bool arePlain(ScriptSource const& source);
+    void defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context);
     std::unique_ptr<Program> makeProgram(Expression const& expression,
-                                         WrappedSource const& source) const;
+                                         ScriptSource const& source) const;
     Value const* compute(HostScript const& script);
     void noteRun(HostScript const& script);
     std::u16string runInV8(HostScript const& script, std::u16string& error);
     /// Makes sure that V8 has compiled `script`, and that it sees what has been deferred. Null
     /// where that fails.
     V8Script const* prepare(HostScript const& script, v8::Local<v8::Context> context);
-    ScriptEffects effectsOf(Expression const* expression, WrappedSource const& source) const;
+    /// False where V8 throws, or the text is too long for it.
+    bool compileInV8(HostScript const& script, v8::Local<v8::Context> context);
+    ScriptEffects effectsOf(Expression const* expression, ScriptSource const& source) const;
     void noteEffects(ScriptEffects const& effects, v8::Local<v8::Context> context);
     /// Of the host's own script: it deletes globals of variables. Where those are nothing else, no
     /// script sees more of it.

@@ -20,14 +20,14 @@ bool isConstant(std::u16string_view name) {
     return name == u"undefined" || name == u"NaN" || name == u"Infinity";
 }
 
-bool arePlain(WrappedSource const& source) {
+}  // namespace
+
+bool InProcessHost::arePlain(ScriptSource const& source) {
     // The run-time part of translated formulas cannot be assigned to.
     return std::all_of(
         source.variables.begin(), source.variables.end(),
         [](BoundVariable* variable) { return variable->isPlain() && variable->key() != u"kx"; });
 }
-
-}  // namespace
 
 bool InProcessHost::isNativeAllowed() const {
     if (!isNativeOn_ || hadEffects_ || !record_->hasStackLeft()) return false;
@@ -36,8 +36,8 @@ bool InProcessHost::isNativeAllowed() const {
 }
 
 std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
-                                                    WrappedSource const& source) const {
-    if (source.variables.size() > Evaluator::kMostVariables || !arePlain(source)) return nullptr;
+                                                    ScriptSource const& source) const {
+    if (source.variables.size() > Evaluator::kMostVariables) return nullptr;
     std::array<std::u16string_view, Evaluator::kMostVariables> names;
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
@@ -70,28 +70,35 @@ void InProcessHost::noteRun(HostScript const& script) {
 V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::Context> context) {
     applyDeferred(context);
     if (script.compiled() == nullptr) {
-        v8::HandleScope const handles(isolate());
-        v8::Context::Scope const entered(context);  // newer engines compile in the current one only
-        WrappedSource const& source = script.source();
-        v8::Local<v8::String> const text = toV8String(isolate(), source.text);
-        v8::Local<v8::Script> compiled;
-        if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&compiled)) {
-            return nullptr;
+        if (script.program() != nullptr) {
+            auto const parsed = parseExpression(script.source().text);
+            script.setEffects(effectsOf(std::get_if<Expression>(&parsed), script.source()));
         }
-        auto const parsed = parseExpression(source.callerText());
-        script.setCompiled(record_->handles(), compiled,
-                           effectsOf(std::get_if<Expression>(&parsed), source));
+        if (!compileInV8(script, context)) return nullptr;
     }
     noteEffects(script.effects(), context);
     return script.compiled();
 }
 
+bool InProcessHost::compileInV8(HostScript const& script, v8::Local<v8::Context> context) {
+    v8::HandleScope const handles(isolate());
+    v8::Context::Scope const entered(context);  // newer engines compile in the current one only
+    std::u16string whole = script.source().prologue();
+    std::size_t const prologueLength = whole.size();
+    whole += script.source().text;
+    v8::Local<v8::String> const text = toV8String(isolate(), whole);
+    v8::Local<v8::Script> compiled;
+    if (text.IsEmpty() || !v8::Script::Compile(context, text).ToLocal(&compiled)) return false;
+    script.setCompiled(record_->handles(), compiled, prologueLength);
+    return true;
+}
+
 ScriptEffects InProcessHost::effectsOf(Expression const* expression,
-                                       WrappedSource const& source) const {
+                                       ScriptSource const& source) const {
     ScriptEffects effects;
     if (hadEffects_ || !arePlain(source)) return effects;
     if (expression == nullptr) {
-        effects.isRunTimePart = translate::isRunTimePart(source.callerText());
+        effects.isRunTimePart = translate::isRunTimePart(source.text);
         effects.mayHave = !effects.isRunTimePart;
         return effects;
     }
@@ -128,7 +135,7 @@ void InProcessHost::declareHarmless(HostScript const& script) {
 
 CallerSource InProcessHost::callerSourceOf(HostScript const& script) {
     if (script.compiled() != nullptr) return script.compiled()->callerSource();
-    return {v8::Message::kNoScriptIdInfo, script.source().prologueLength};
+    return {v8::Message::kNoScriptIdInfo, script.source().prologue().size()};
 }
 
 void InProcessHost::applyDeferred(v8::Local<v8::Context> context) {

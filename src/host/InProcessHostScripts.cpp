@@ -37,66 +37,60 @@ class KeySearch {
 
 }  // namespace
 
-WrappedSource InProcessHost::wrap(std::u16string_view source) {
-    WrappedSource wrapped;
-    constexpr std::size_t kUsualPrologue = 128;
-    wrapped.text.reserve(source.size() + kUsualPrologue);
-    KeySearch const search(source);
+std::u16string ScriptSource::prologue() const {
+    std::u16string lines;
+    for (BoundVariable const* const variable : variables) lines += variable->prologueLine();
+    return lines;
+}
+
+ScriptSource InProcessHost::bind(std::u16string_view text) {
+    ScriptSource source;
+    source.text = text;
+    KeySearch const search(text);
     for (auto const& [key, variable] : variables_) {
-        if (!search.finds(key)) continue;
-        wrapped.variables.push_back(&bound(variable));
-        wrapped.text += wrapped.variables.back()->prologueLine();
+        if (search.finds(key)) source.variables.push_back(&bound(variable));
     }
-    wrapped.prologueLength = wrapped.text.size();
-    wrapped.text += source;
-    return wrapped;
+    return source;
 }
 
 std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view source,
                                                        std::u16string& error) {
     forgetFailure();
-    WrappedSource wrapped = wrap(source);
+    auto script = std::make_unique<HostScript>(bind(source));
     std::optional<Expression> expression;
     if (!hadEffects_) {
         auto parsed = parseExpression(source);
         if (auto* const tree = std::get_if<Expression>(&parsed)) expression = std::move(*tree);
     }
-    if (expression && isNativeAllowed()) {
-        if (auto program = makeProgram(*expression, wrapped)) {
-            for (BoundVariable* const variable : wrapped.variables) {
-                deferred_.noteCarrier(*variable);
-            }
-            return std::make_unique<HostScript>(std::move(wrapped), std::move(program));
+    Expression const* const tree = expression ? &*expression : nullptr;
+    // V8 accepts what has a tree. It compiles that when it runs it first.
+    bool const isDeferred = tree != nullptr && isNativeAllowed() && arePlain(script->source());
+    if (isDeferred) script->setProgram(makeProgram(*tree, script->source()));
+    if (script->program() == nullptr) script->setEffects(effectsOf(tree, script->source()));
+    if (isDeferred) {
+        for (BoundVariable* const variable : script->source().variables) {
+            deferred_.noteCarrier(*variable);
         }
+        return script;
     }
     if (!makeContext(error)) return nullptr;
     v8::HandleScope const handles(isolate());
     v8::Local<v8::Context> const entered = context();
-    v8::Context::Scope const scope(entered);
     LimitedRun const run(limits_);
     applyDeferred(entered);
-    defineCarriers(wrapped, entered);
+    defineCarriers(script->source(), entered);
     v8::TryCatch const capture(isolate());
-    v8::Local<v8::String> const text = toV8String(isolate(), wrapped.text);
-    if (text.IsEmpty()) {
+    if (compileInV8(*script, entered)) return script;
+    if (capture.HasCaught()) {
+        error = reportException(capture, KxJsFailure::Kind::COMPILE_ERROR, callerSourceOf(*script));
+    } else {
         error = u"The source is longer than the engine allows";
         noteFailure(KxJsFailure::Kind::COMPILE_ERROR, error);
-        return nullptr;
     }
-    v8::Local<v8::Script> script;
-    if (!v8::Script::Compile(entered, text).ToLocal(&script)) {
-        error = reportException(capture, KxJsFailure::Kind::COMPILE_ERROR,
-                                {v8::Message::kNoScriptIdInfo, wrapped.prologueLength});
-        return nullptr;
-    }
-    ScriptEffects effects = effectsOf(expression ? &*expression : nullptr, wrapped);
-    auto compiled = std::make_unique<HostScript>(std::move(wrapped), nullptr);
-    compiled->setCompiled(record_->handles(), script, std::move(effects));
-    compiled->forgetText();
-    return compiled;
+    return nullptr;
 }
 
-void InProcessHost::defineCarriers(WrappedSource const& source, v8::Local<v8::Context> context) {
+void InProcessHost::defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context) {
     v8::TryCatch const ignored(isolate());
     v8::Local<v8::ObjectTemplate> const shape = globalTemplate_->get(isolate());
     for (BoundVariable* const variable : source.variables) {

@@ -13,12 +13,12 @@ namespace kx {
 /// A script that V8 has compiled. Holds a handle: see IsolateRecord for where it may be destroyed.
 class V8Script {
   public:
-    /// `source` is the whole text, its first `prologueLength` code units not the caller's.
+    /// `source` is the caller's. V8 has compiled it behind a prologue of `prologueLength` units.
     V8Script(OwnHandles& all, v8::Local<v8::Script> script, std::u16string_view source,
              std::size_t prologueLength)
         : handle_(all, script),
           source_{script->GetUnboundScript()->GetId(), prologueLength},
-          mayDeclareNames_(mayDeclareNames(source.substr(prologueLength))) {}
+          mayDeclareNames_(mayDeclareNames(source)) {}
 
     /// The script for one run. After a script has declared names with let, const or class, V8 ends
     /// the process when the same handle runs again. Such a script is therefore bound to the context
