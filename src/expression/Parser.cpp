@@ -109,17 +109,16 @@ class Parser {
     bool takeNumber() {
         auto const number = scanner_.takeNumber();
         if (!number) return false;
-        Node node = textNode(NodeKind::number, scanner_.from(start_));
-        node.number = *number;
-        return addOperand(node);
+        newTextNode(NodeKind::number, scanner_.from(start_)).number = *number;
+        return addOperand();
     }
 
     bool takeText() {
-        Node node{.kind = NodeKind::string};
+        Node& node = newNode(NodeKind::string);
         node.textStart = textEnd();
         if (!scanner_.takeText(expression_.texts_)) return false;
         node.textLength = textEnd() - node.textStart;
-        return addOperand(node);
+        return addOperand();
     }
 
     bool takeWord() {
@@ -128,8 +127,9 @@ class Parser {
         ReservedWord const* const word = findReservedWord(name);
         if (word == nullptr) {
             // What begins with it may be a function.
-            return name == u"async" ? refuse(Reason::function)
-                                    : addOperand(textNode(NodeKind::name, name));
+            if (name == u"async") return refuse(Reason::function);
+            newTextNode(NodeKind::name, name);
+            return addOperand();
         }
         switch (word->use) {
             case WordUse::unary: {
@@ -137,9 +137,9 @@ class Parser {
                 return wait(Waiting::unary, NodeKind::unary, operation, Binding::unary);
             }
             case WordUse::literal: {
-                Node node{.kind = name == u"null" ? NodeKind::null : NodeKind::boolean};
+                Node& node = newNode(name == u"null" ? NodeKind::null : NodeKind::boolean);
                 node.number = name == u"true" ? 1 : 0;
-                return addOperand(node);
+                return addOperand();
             }
             case WordUse::statement:
                 return refuse(Reason::statement);
@@ -254,7 +254,8 @@ class Parser {
         start_ = scanner_.position();
         std::u16string_view const name = scanner_.takeName();
         if (name.empty()) return false;
-        return add(textNode(NodeKind::member, name), 1, values_.back().place.start);
+        newTextNode(NodeKind::member, name);
+        return add(1, values_.back().place.start);
     }
 
     bool takeCall() {
@@ -278,11 +279,12 @@ class Parser {
         }
         pending_.pop_back();
         if (opening.waiting == Waiting::call) {
-            return add({.kind = NodeKind::call}, values_.size() - opening.firstValue,
-                       opening.start);
+            newNode(NodeKind::call);
+            return add(values_.size() - opening.firstValue, opening.start);
         }
         if (isIndex) {
-            return add({.kind = NodeKind::index}, 2, values_[values_.size() - 2].place.start);
+            newNode(NodeKind::index);
+            return add(2, values_[values_.size() - 2].place.start);
         }
         expression_.nodes_[values_.back().node].isParenthesized = true;
         values_.back().place = {opening.start, scanner_.position()};
@@ -327,16 +329,24 @@ class Parser {
             std::size_t const count = isUnary ? 1 : top.kind == NodeKind::conditional ? 3 : 2;
             std::uint32_t const start =
                 isUnary ? top.start : values_[values_.size() - count].place.start;
-            Node node{.kind = top.kind, .operation = top.operation};
-            if (!add(node, count, start, values_.back().place.end)) return false;
+            newNode(top.kind).operation = top.operation;
+            if (!add(count, start, values_.back().place.end)) return false;
         }
         return true;
     }
 
     std::uint32_t textEnd() const { return static_cast<std::uint32_t>(expression_.texts_.size()); }
 
-    Node textNode(NodeKind kind, std::u16string_view text) {
-        Node node{.kind = kind};
+    /// A node that add() completes. Written where it stays: to copy a whole node that was written in
+    /// parts just before, the processor waits until they are all in the cache.
+    Node& newNode(NodeKind kind) {
+        Node& node = expression_.nodes_.emplace_back();
+        node.kind = kind;
+        return node;
+    }
+
+    Node& newTextNode(NodeKind kind, std::u16string_view text) {
+        Node& node = newNode(kind);
         node.textStart = textEnd();
         node.textLength = static_cast<std::uint32_t>(text.size());
         expression_.texts_ += text;
@@ -345,30 +355,32 @@ class Parser {
 
     Node const& lastNode() const { return expression_.nodes_[values_.back().node]; }
 
-    bool addOperand(Node const& node) {
+    bool addOperand() {
         expectsOperand_ = false;
-        return add(node, 0, start_);
+        return add(0, start_);
     }
 
-    bool add(Node const& node, std::size_t childCount, std::uint32_t start) {
-        return add(node, childCount, start, scanner_.position());
+    bool add(std::size_t childCount, std::uint32_t start) {
+        return add(childCount, start, scanner_.position());
     }
 
-    /// Adds a node over the last values, which become its children.
-    bool add(Node node, std::size_t childCount, std::uint32_t start, std::uint32_t end) {
+    /// Puts the new node over the last values, which become its children.
+    bool add(std::size_t childCount, std::uint32_t start, std::uint32_t end) {
+        Node& node = expression_.nodes_.back();
         node.place = {start, end};
         node.firstChild = static_cast<std::uint32_t>(expression_.children_.size());
         node.childCount = static_cast<std::uint32_t>(childCount);
-        for (std::size_t i = values_.size() - childCount; i < values_.size(); ++i) {
+        std::size_t const first = values_.size() - childCount;
+        for (std::size_t i = first; i < values_.size(); ++i) {
             Node const& child = expression_.nodes_[values_[i].node];
             if (!mayStandBelow(child, node)) return refuse(Reason::syntaxError);
             node.height = std::max<std::uint16_t>(node.height, child.height + 1);
             expression_.children_.push_back(values_[i].node);
         }
         if (node.height > Expression::kMaxHeight) return refuse(Reason::tooComplex);
-        values_.resize(values_.size() - childCount);
-        values_.push_back({static_cast<std::uint32_t>(expression_.nodes_.size()), node.place});
-        expression_.nodes_.push_back(node);
+        values_.resize(first);
+        auto const number = static_cast<std::uint32_t>(expression_.nodes_.size() - 1);
+        values_.push_back({number, node.place});
         return true;
     }
 
