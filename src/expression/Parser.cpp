@@ -8,6 +8,7 @@
 
 #include "expression/Operators.h"
 #include "expression/Scanner.h"
+#include "expression/TreeBuilder.h"
 #include "text/Digit.h"
 #include "text/NameUnits.h"
 #include "text/ReservedWords.h"
@@ -16,30 +17,28 @@ namespace kx {
 
 class Parser {
   public:
-    static constexpr std::size_t kLongestSource = 65535;
-
-    explicit Parser(std::u16string_view source) : scanner_(source) {
-        // Enough for most formulas: growing would allocate again.
-        expression_.nodes_.reserve(kUsualNodes);
-        expression_.children_.reserve(kUsualNodes);
-        expression_.texts_.reserve(source.size());
+    /// Null where the source is refused.
+    Expression* parse(std::u16string_view source) {
+        scanner_ = Scanner(source);
+        tree_.begin(source.size());
+        pending_.clear();
         pending_.reserve(kUsualDepth);
-        values_.reserve(kUsualDepth);
+        start_ = 0;
+        expectsOperand_ = true;
+        isComplete_ = false;
+        bool goesOn = source.size() <= kLongestSource || refuse(Reason::tooComplex);
+        while (goesOn && !isComplete_) {
+            goesOn = scanner_.skipBlanks() && (expectsOperand_ ? takeOperand() : takeOperator());
+        }
+        return goesOn ? &tree_.tree() : nullptr;
     }
 
-    std::variant<Expression, Refusal> run() {
-        while (!isComplete_) {
-            bool const goesOn =
-                scanner_.skipBlanks() && (expectsOperand_ ? takeOperand() : takeOperator());
-            if (!goesOn) return *scanner_.refusal();
-        }
-        return std::move(expression_);
-    }
+    std::optional<Refusal> const& refusal() const { return scanner_.refusal(); }
 
   private:
     using Reason = Refusal::Reason;
 
-    static constexpr std::size_t kUsualNodes = 16;
+    static constexpr std::size_t kLongestSource = 65535;
     static constexpr std::size_t kUsualDepth = 8;
 
     /// What waits for an operand. Those before unary wait for a closing sign.
@@ -54,12 +53,6 @@ class Parser {
         std::uint32_t firstValue;  // of a call: its callee's place among the values
     };
 
-    /// An operand, and its place with the parentheses around it.
-    struct Value {
-        std::uint32_t node;
-        Place place;
-    };
-
     bool refuse(Reason reason) { return scanner_.refuse(reason, start_); }
 
     bool takeOperand() {
@@ -67,7 +60,7 @@ class Parser {
         char16_t const unit = scanner_.at();
         if (isDigit(unit) || (unit == u'.' && isDigit(scanner_.at(1)))) return takeNumber();
         if (scanner_.isAtEnd()) {
-            bool const isEmpty = pending_.empty() && values_.empty();
+            bool const isEmpty = pending_.empty() && tree_.valueCount() == 0;
             return refuse(isEmpty ? Reason::empty : Reason::syntaxError);
         }
         switch (unit) {
@@ -109,15 +102,14 @@ class Parser {
     bool takeNumber() {
         auto const number = scanner_.takeNumber();
         if (!number) return false;
-        newTextNode(NodeKind::number, scanner_.from(start_)).number = *number;
+        tree_.newNode(NodeKind::number, scanner_.from(start_)).number = *number;
         return addOperand();
     }
 
     bool takeText() {
-        Node& node = newNode(NodeKind::string);
-        node.textStart = textEnd();
-        if (!scanner_.takeText(expression_.texts_)) return false;
-        node.textLength = textEnd() - node.textStart;
+        Node& node = tree_.newNode(NodeKind::string);
+        if (!scanner_.takeText(tree_.texts())) return false;
+        node.textLength = tree_.textEnd() - node.textStart;
         return addOperand();
     }
 
@@ -128,7 +120,7 @@ class Parser {
         if (word == nullptr) {
             // What begins with it may be a function.
             if (name == u"async") return refuse(Reason::function);
-            newTextNode(NodeKind::name, name);
+            tree_.newNode(NodeKind::name, name);
             return addOperand();
         }
         switch (word->use) {
@@ -137,7 +129,7 @@ class Parser {
                 return wait(Waiting::unary, NodeKind::unary, operation, Binding::unary);
             }
             case WordUse::literal: {
-                Node& node = newNode(name == u"null" ? NodeKind::null : NodeKind::boolean);
+                Node& node = tree_.newNode(name == u"null" ? NodeKind::null : NodeKind::boolean);
                 node.number = name == u"true" ? 1 : 0;
                 return addOperand();
             }
@@ -213,7 +205,7 @@ class Parser {
     }
 
     bool takeAssignment(Operation operation) {
-        NodeKind const target = lastNode().kind;
+        NodeKind const target = tree_.lastNode().kind;
         bool const isTarget =
             target == NodeKind::name || target == NodeKind::member || target == NodeKind::index;
         if (!isTarget || !mayAssign()) return refuse(Reason::syntaxError);
@@ -222,7 +214,7 @@ class Parser {
 
     bool takeArrow() {
         if (scanner_.hasLineEnd() || !mayAssign()) return refuse(Reason::syntaxError);
-        if (lastNode().kind != NodeKind::name || lastNode().isParenthesized) {
+        if (tree_.lastNode().kind != NodeKind::name || tree_.lastNode().isParenthesized) {
             return refuse(Reason::function);
         }
         return wait(Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment);
@@ -254,13 +246,13 @@ class Parser {
         start_ = scanner_.position();
         std::u16string_view const name = scanner_.takeName();
         if (name.empty()) return false;
-        newTextNode(NodeKind::member, name);
-        return add(1, values_.back().place.start);
+        tree_.newNode(NodeKind::member, name);
+        return add(1, tree_.startOf(1));
     }
 
     bool takeCall() {
-        auto const callee = static_cast<std::uint32_t>(values_.size() - 1);
-        std::uint32_t const start = values_.back().place.start;
+        auto const callee = static_cast<std::uint32_t>(tree_.valueCount() - 1);
+        std::uint32_t const start = tree_.startOf(1);
         Pending const call{Waiting::call, NodeKind::call, Operation::none,
                            Binding::none, start,          callee};
         if (!wait(call) || !scanner_.skipBlanks()) return false;
@@ -279,15 +271,14 @@ class Parser {
         }
         pending_.pop_back();
         if (opening.waiting == Waiting::call) {
-            newNode(NodeKind::call);
-            return add(values_.size() - opening.firstValue, opening.start);
+            tree_.newNode(NodeKind::call);
+            return add(tree_.valueCount() - opening.firstValue, opening.start);
         }
         if (isIndex) {
-            newNode(NodeKind::index);
-            return add(2, values_[values_.size() - 2].place.start);
+            tree_.newNode(NodeKind::index);
+            return add(2, tree_.startOf(2));
         }
-        expression_.nodes_[values_.back().node].isParenthesized = true;
-        values_.back().place = {opening.start, scanner_.position()};
+        tree_.parenthesize({opening.start, scanner_.position()});
         return true;
     }
 
@@ -328,32 +319,12 @@ class Parser {
             bool const isUnary = top.waiting == Waiting::unary;
             std::size_t const count = isUnary ? 1 : top.kind == NodeKind::conditional ? 3 : 2;
             std::uint32_t const start =
-                isUnary ? top.start : values_[values_.size() - count].place.start;
-            newNode(top.kind).operation = top.operation;
-            if (!add(count, start, values_.back().place.end)) return false;
+                isUnary ? top.start : tree_.startOf(count);
+            tree_.newNode(top.kind).operation = top.operation;
+            if (!add(count, start, tree_.end())) return false;
         }
         return true;
     }
-
-    std::uint32_t textEnd() const { return static_cast<std::uint32_t>(expression_.texts_.size()); }
-
-    /// A node that add() completes. Written where it stays: to copy a whole node that was written in
-    /// parts just before, the processor waits until they are all in the cache.
-    Node& newNode(NodeKind kind) {
-        Node& node = expression_.nodes_.emplace_back();
-        node.kind = kind;
-        return node;
-    }
-
-    Node& newTextNode(NodeKind kind, std::u16string_view text) {
-        Node& node = newNode(kind);
-        node.textStart = textEnd();
-        node.textLength = static_cast<std::uint32_t>(text.size());
-        expression_.texts_ += text;
-        return node;
-    }
-
-    Node const& lastNode() const { return expression_.nodes_[values_.back().node]; }
 
     bool addOperand() {
         expectsOperand_ = false;
@@ -364,48 +335,30 @@ class Parser {
         return add(childCount, start, scanner_.position());
     }
 
-    /// Puts the new node over the last values, which become its children.
     bool add(std::size_t childCount, std::uint32_t start, std::uint32_t end) {
-        Node& node = expression_.nodes_.back();
-        node.place = {start, end};
-        node.firstChild = static_cast<std::uint32_t>(expression_.children_.size());
-        node.childCount = static_cast<std::uint32_t>(childCount);
-        std::size_t const first = values_.size() - childCount;
-        for (std::size_t i = first; i < values_.size(); ++i) {
-            Node const& child = expression_.nodes_[values_[i].node];
-            if (!mayStandBelow(child, node)) return refuse(Reason::syntaxError);
-            node.height = std::max<std::uint16_t>(node.height, child.height + 1);
-            expression_.children_.push_back(values_[i].node);
-        }
-        if (node.height > Expression::kMaxHeight) return refuse(Reason::tooComplex);
-        values_.resize(first);
-        auto const number = static_cast<std::uint32_t>(expression_.nodes_.size() - 1);
-        values_.push_back({number, node.place});
-        return true;
+        auto const reason = tree_.add(childCount, {start, end});
+        return !reason || refuse(*reason);
     }
 
-    /// JavaScript wants parentheses where "??" meets "&&" or "||".
-    static bool mayStandBelow(Node const& child, Node const& node) {
-        auto const isAndOr = [](Operation operation) {
-            return operation == Operation::logicalAnd || operation == Operation::logicalOr;
-        };
-        if (child.isParenthesized || node.kind != NodeKind::binary) return true;
-        return !(node.operation == Operation::coalesce && isAndOr(child.operation)) &&
-               !(isAndOr(node.operation) && child.operation == Operation::coalesce);
-    }
-
-    Scanner scanner_;
-    Expression expression_;
+    Scanner scanner_{{}};
+    TreeBuilder tree_;
     std::vector<Pending> pending_;
-    std::vector<Value> values_;
     std::uint32_t start_ = 0;  // of the token that is looked at
     bool expectsOperand_ = true;
     bool isComplete_ = false;
 };
 
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source) {
-    if (source.size() > Parser::kLongestSource) return Refusal{Refusal::Reason::tooComplex, {0, 1}};
-    return Parser(source).run();
+    Parser parser;
+    if (Expression* const tree = parser.parse(source)) return std::move(*tree);
+    return *parser.refusal();
+}
+
+ExpressionParser::ExpressionParser() : parser_(std::make_unique<Parser>()) {}
+ExpressionParser::~ExpressionParser() = default;
+
+Expression const* ExpressionParser::parse(std::u16string_view source) {
+    return parser_->parse(source);
 }
 
 }  // namespace kx

@@ -9,6 +9,7 @@
 #include <v8.h>
 
 #include "engine/PersistentHandle.h"
+#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
 #include "host/DeferredEffects.h"
@@ -167,6 +168,7 @@ class InProcessHost final : public HostBackend {
     std::unique_ptr<PersistentHandle<v8::Context>> context_;
     Carriers carriers_;
     DeferredEffects deferred_;
+    ExpressionParser expressionParser_;
     std::unique_ptr<Evaluator> evaluator_;  // once there is something to evaluate
     bool isNativeOn_;
     bool isContextDeferred_ = false;  // until V8 is needed

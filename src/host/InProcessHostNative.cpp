@@ -6,7 +6,6 @@
 #include <array>
 
 #include "engine/Text.h"
-#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
@@ -71,8 +70,8 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
     applyDeferred(context);
     if (script.compiled() == nullptr) {
         if (script.program() != nullptr) {
-            auto const parsed = parseExpression(script.source().text);
-            script.setEffects(effectsOf(std::get_if<Expression>(&parsed), script.source()));
+            Expression const* const tree = expressionParser_.parse(script.source().text);
+            script.setEffects(effectsOf(tree, script.source()));
         }
         if (!compileInV8(script, context)) return nullptr;
     }

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "engine/Text.h"
-#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/ErrorText.h"
 #include "host/Failure.h"
@@ -57,12 +56,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
                                                        std::u16string& error) {
     forgetFailure();
     auto script = std::make_unique<HostScript>(bind(source));
-    std::optional<Expression> expression;
-    if (!hadEffects_) {
-        auto parsed = parseExpression(source);
-        if (auto* const tree = std::get_if<Expression>(&parsed)) expression = std::move(*tree);
-    }
-    Expression const* const tree = expression ? &*expression : nullptr;
+    Expression const* const tree = hadEffects_ ? nullptr : expressionParser_.parse(source);
     // V8 accepts what has a tree. It compiles that when it runs it first.
     bool const isDeferred = tree != nullptr && isNativeAllowed() && arePlain(script->source());
     if (isDeferred) script->setProgram(makeProgram(*tree, script->source()));
