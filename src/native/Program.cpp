@@ -52,7 +52,7 @@ class ProgramMaker {
             case NodeKind::number:
                 return addConstant({Value::Type::number, node.number});
             case NodeKind::string:
-                return addConstant(Value::of(textOf(node)));
+                return addText(expression_.text(node));
             case NodeKind::boolean:
                 return addConstant({Value::Type::boolean, node.number});
             case NodeKind::null:
@@ -208,16 +208,24 @@ class ProgramMaker {
             if (!addConstant(kUndefined)) return false;
             ++count;
         }
-        program_->functions_.push_back(function);
-        emit(step, program_->functions_.size() - 1);
+        emit(step, 0);
+        program_->instructions_.back().function = function;
         program_->instructions_.back().count = static_cast<std::uint16_t>(count);
         values_ -= count;
         return push();
     }
 
+    /// `value` is no text.
     bool addConstant(Value const& value) {
-        program_->constants_.push_back(value);
-        emit(Step::constant, program_->constants_.size() - 1);
+        emit(Step::constant, static_cast<std::size_t>(value.type));
+        program_->instructions_.back().number = value.number;
+        return push();
+    }
+
+    bool addText(std::u16string_view text) {
+        emit(Step::text, text.size());
+        program_->instructions_.back().text = nextText_;
+        nextText_ = std::copy(text.begin(), text.end(), nextText_);
         return push();
     }
 
@@ -233,8 +241,10 @@ class ProgramMaker {
     }
 
     std::size_t emit(Step step, std::size_t operand, Operation operation = Operation::none) {
-        program_->instructions_.push_back(
-            {step, operation, 0, static_cast<std::uint32_t>(operand)});
+        Program::Instruction& added = program_->instructions_.emplace_back();
+        added.step = step;
+        added.operation = operation;
+        added.operand = static_cast<std::uint32_t>(operand);
         return program_->instructions_.size() - 1;
     }
 
@@ -243,26 +253,16 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_->instructions_.size());
     }
 
-    /// Texts must not move once a constant refers to them. The other sizes are estimates that fit
-    /// most formulas.
+    /// Texts must not move once an instruction refers to them. The number of instructions is an
+    /// estimate that fits most formulas.
     void allocate() {
         std::size_t size = 0;
-        std::size_t constants = 0;
         for (Node const& node : expression_.nodes()) {
             if (node.kind == NodeKind::string) size += node.textLength;
-            if (node.kind == NodeKind::string || node.kind == NodeKind::number) ++constants;
         }
         program_->texts_.resize(size);
         nextText_ = program_->texts_.data();
-        program_->constants_.reserve(constants);
         program_->instructions_.reserve(expression_.nodes().size() + 1);
-    }
-
-    std::u16string_view textOf(Node const& node) {
-        std::u16string_view const text = expression_.text(node);
-        char16_t* const copy = nextText_;
-        nextText_ = std::copy(text.begin(), text.end(), copy);
-        return {copy, text.size()};
     }
 
     Expression const& expression_;

@@ -40,12 +40,13 @@ class Program {
     friend class ProgramMaker;
 
     enum class Step : std::uint8_t {
-        constant,        // operand: which one
+        constant,        // operand: its type; number
+        text,            // operand: its length; text
         variable,        // operand: which one
         unary,           //
         binary,          //
         length,          // of a text
-        call,            // operand: which function; count: its arguments, the receiver among them
+        call,            // function; count: its arguments, the receiver among them
         member,          // the same for a member of a text
         drop,            // the top value
         jump,            // operand: where to
@@ -60,12 +61,15 @@ class Program {
         Operation operation = Operation::none;
         std::uint16_t count = 0;
         std::uint32_t operand = 0;
+        union {
+            double number = 0;
+            char16_t const* text;
+            Function const* function;
+        };
     };
 
     std::vector<Instruction> instructions_;
-    std::vector<Value> constants_;
-    std::vector<Function const*> functions_;
-    std::vector<char16_t> texts_;  // of the constants
+    std::vector<char16_t> texts_;  // which instructions refer to
 };
 
 /// Evaluates formulas, with memory that stays from one to the next.
