@@ -44,8 +44,7 @@ bool Scanner::refuse(Refusal::Reason reason, std::size_t start) {
     return false;
 }
 
-bool Scanner::skipBlanks() {
-    hasLineEnd_ = false;
+bool Scanner::skipSomeBlanks() {
     while (!isAtEnd()) {
         if (isWhiteSpace(at())) {
             hasLineEnd_ = hasLineEnd_ || isLineEnd(at());

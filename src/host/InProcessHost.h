@@ -138,7 +138,7 @@ class InProcessHost final : public HostBackend {
     ScriptSource bind(std::u16string_view text);
     static bool arePlain(ScriptSource const& source);
     void defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context);
-    std::unique_ptr<Program> makeProgram(Expression const& expression,
+    std::optional<Program> makeProgram(Expression const& expression,
                                          ScriptSource const& source) const;
     Value const* compute(HostScript const& script);
     void noteRun(HostScript const& script);

@@ -34,9 +34,9 @@ bool InProcessHost::isNativeAllowed() const {
     return record_->isOwn() || !isolate()->IsExecutionTerminating();
 }
 
-std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
+std::optional<Program> InProcessHost::makeProgram(Expression const& expression,
                                                     ScriptSource const& source) const {
-    if (source.variables.size() > Evaluator::kMostVariables) return nullptr;
+    if (source.variables.size() > Evaluator::kMostVariables) return std::nullopt;
     std::array<std::u16string_view, Evaluator::kMostVariables> names;
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),

@@ -33,12 +33,12 @@ bool isOfCatalogue(std::u16string_view name) {
 class ProgramMaker {
   public:
     ProgramMaker(Expression const& expression, Names const& names)
-        : expression_(expression), names_(names), program_(std::make_unique<Program>()) {}
+        : expression_(expression), names_(names) {}
 
-    std::unique_ptr<Program> make() {
+    std::optional<Program> make() {
         allocate();
-        if (!add(expression_.root())) return nullptr;
-        return mostValues_ <= Evaluator::kMostValues ? std::move(program_) : nullptr;
+        if (!add(expression_.root()) || mostValues_ > Evaluator::kMostValues) return std::nullopt;
+        return std::move(program_);
     }
 
   private:
@@ -209,8 +209,8 @@ class ProgramMaker {
             ++count;
         }
         emit(step, 0);
-        program_->instructions_.back().function = function;
-        program_->instructions_.back().count = static_cast<std::uint16_t>(count);
+        program_.instructions_.back().function = function;
+        program_.instructions_.back().count = static_cast<std::uint16_t>(count);
         values_ -= count;
         return push();
     }
@@ -218,13 +218,13 @@ class ProgramMaker {
     /// `value` is no text.
     bool addConstant(Value const& value) {
         emit(Step::constant, static_cast<std::size_t>(value.type));
-        program_->instructions_.back().number = value.number;
+        program_.instructions_.back().number = value.number;
         return push();
     }
 
     bool addText(std::u16string_view text) {
         emit(Step::text, text.size());
-        program_->instructions_.back().text = nextText_;
+        program_.instructions_.back().text = nextText_;
         nextText_ = std::copy(text.begin(), text.end(), nextText_);
         return push();
     }
@@ -241,16 +241,16 @@ class ProgramMaker {
     }
 
     std::size_t emit(Step step, std::size_t operand, Operation operation = Operation::none) {
-        Program::Instruction& added = program_->instructions_.emplace_back();
+        Program::Instruction& added = program_.instructions_.emplace_back();
         added.step = step;
         added.operation = operation;
         added.operand = static_cast<std::uint32_t>(operand);
-        return program_->instructions_.size() - 1;
+        return program_.instructions_.size() - 1;
     }
 
     void leadHere(std::size_t jump) {
-        program_->instructions_[jump].operand =
-            static_cast<std::uint32_t>(program_->instructions_.size());
+        program_.instructions_[jump].operand =
+            static_cast<std::uint32_t>(program_.instructions_.size());
     }
 
     /// Texts must not move once an instruction refers to them. The number of instructions is an
@@ -260,20 +260,20 @@ class ProgramMaker {
         for (Node const& node : expression_.nodes()) {
             if (node.kind == NodeKind::string) size += node.textLength;
         }
-        program_->texts_.resize(size);
-        nextText_ = program_->texts_.data();
-        program_->instructions_.reserve(expression_.nodes().size() + 1);
+        program_.texts_.resize(size);
+        nextText_ = program_.texts_.data();
+        program_.instructions_.reserve(expression_.nodes().size() + 1);
     }
 
     Expression const& expression_;
     Names const& names_;
-    std::unique_ptr<Program> program_;
+    Program program_;
     char16_t* nextText_ = nullptr;
     std::size_t values_ = 0;  // waiting at this point of the formula
     std::size_t mostValues_ = 0;
 };
 
-std::unique_ptr<Program> Program::make(Expression const& expression, Names const& names) {
+std::optional<Program> Program::make(Expression const& expression, Names const& names) {
     return ProgramMaker(expression, names).make();
 }
 

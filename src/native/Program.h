@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -32,8 +31,8 @@ struct Names {
 /// members stand for is as a new host has it. Threads: any; one at a time for an Evaluator.
 class Program {
   public:
-    /// Null where a part of the formula is left to V8: for good, not just for some values.
-    static std::unique_ptr<Program> make(Expression const& expression, Names const& names);
+    /// Empty where a part of the formula is left to V8: for good, not just for some values.
+    static std::optional<Program> make(Expression const& expression, Names const& names);
 
   private:
     friend class Evaluator;
