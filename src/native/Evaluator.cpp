@@ -108,7 +108,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
             case Step::text:
                 ++top;
                 top->type = Value::Type::text;
-                top->text = {step.text, step.operand};
+                top->text = {program.texts_.data() + step.start, step.operand};
                 break;
             case Step::variable:
                 *++top = variables[step.operand];

@@ -36,7 +36,7 @@ class ProgramMaker {
         : expression_(expression), names_(names) {}
 
     std::optional<Program> make() {
-        allocate();
+        program_.instructions_.reserve(expression_.nodes().size() + 1);  // enough for most formulas
         if (!add(expression_.root()) || mostValues_ > Evaluator::kMostValues) return std::nullopt;
         return std::move(program_);
     }
@@ -224,8 +224,8 @@ class ProgramMaker {
 
     bool addText(std::u16string_view text) {
         emit(Step::text, text.size());
-        program_.instructions_.back().text = nextText_;
-        nextText_ = std::copy(text.begin(), text.end(), nextText_);
+        program_.instructions_.back().start = program_.texts_.size();
+        program_.texts_ += text;
         return push();
     }
 
@@ -253,22 +253,9 @@ class ProgramMaker {
             static_cast<std::uint32_t>(program_.instructions_.size());
     }
 
-    /// Texts must not move once an instruction refers to them. The number of instructions is an
-    /// estimate that fits most formulas.
-    void allocate() {
-        std::size_t size = 0;
-        for (Node const& node : expression_.nodes()) {
-            if (node.kind == NodeKind::string) size += node.textLength;
-        }
-        program_.texts_.resize(size);
-        nextText_ = program_.texts_.data();
-        program_.instructions_.reserve(expression_.nodes().size() + 1);
-    }
-
     Expression const& expression_;
     Names const& names_;
     Program program_;
-    char16_t* nextText_ = nullptr;
     std::size_t values_ = 0;  // waiting at this point of the formula
     std::size_t mostValues_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -40,7 +41,7 @@ class Program {
 
     enum class Step : std::uint8_t {
         constant,        // operand: its type; number
-        text,            // operand: its length; text
+        text,            // operand: its length; start
         variable,        // operand: which one
         unary,           //
         binary,          //
@@ -62,13 +63,13 @@ class Program {
         std::uint32_t operand = 0;
         union {
             double number = 0;
-            char16_t const* text;
+            std::size_t start;  // among the texts
             Function const* function;
         };
     };
 
     std::vector<Instruction> instructions_;
-    std::vector<char16_t> texts_;  // which instructions refer to
+    std::u16string texts_;
 };
 
 /// Evaluates formulas, with memory that stays from one to the next.
