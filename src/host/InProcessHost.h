@@ -9,6 +9,7 @@
 #include <v8.h>
 
 #include "engine/PersistentHandle.h"
+#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
 #include "host/DeferredEffects.h"
@@ -137,7 +138,7 @@ class InProcessHost final : public HostBackend {
     ScriptSource bind(std::u16string_view text);
     static bool arePlain(ScriptSource const& source);
     void defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context);
-    std::unique_ptr<Program> makeProgram(Expression const& expression,
+    std::optional<Program> makeProgram(Expression const& expression,
                                          ScriptSource const& source) const;
     Value const* compute(HostScript const& script);
     void noteRun(HostScript const& script);
@@ -167,6 +168,7 @@ class InProcessHost final : public HostBackend {
     std::unique_ptr<PersistentHandle<v8::Context>> context_;
     Carriers carriers_;
     DeferredEffects deferred_;
+    ExpressionParser expressionParser_;
     std::unique_ptr<Evaluator> evaluator_;  // once there is something to evaluate
     bool isNativeOn_;
     bool isContextDeferred_ = false;  // until V8 is needed

@@ -6,7 +6,6 @@
 #include <array>
 
 #include "engine/Text.h"
-#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
@@ -35,9 +34,9 @@ bool InProcessHost::isNativeAllowed() const {
     return record_->isOwn() || !isolate()->IsExecutionTerminating();
 }
 
-std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
+std::optional<Program> InProcessHost::makeProgram(Expression const& expression,
                                                     ScriptSource const& source) const {
-    if (source.variables.size() > Evaluator::kMostVariables) return nullptr;
+    if (source.variables.size() > Evaluator::kMostVariables) return std::nullopt;
     std::array<std::u16string_view, Evaluator::kMostVariables> names;
     std::transform(
         source.variables.begin(), source.variables.end(), names.begin(),
@@ -71,8 +70,8 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
     applyDeferred(context);
     if (script.compiled() == nullptr) {
         if (script.program() != nullptr) {
-            auto const parsed = parseExpression(script.source().text);
-            script.setEffects(effectsOf(std::get_if<Expression>(&parsed), script.source()));
+            Expression const* const tree = expressionParser_.parse(script.source().text);
+            script.setEffects(effectsOf(tree, script.source()));
         }
         if (!compileInV8(script, context)) return nullptr;
     }

@@ -101,7 +101,14 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
         Program::Instruction const& step = *at++;
         switch (step.step) {
             case Step::constant:
-                *++top = program.constants_[step.operand];
+                ++top;
+                top->type = static_cast<Value::Type>(step.operand);
+                top->number = step.number;
+                break;
+            case Step::text:
+                ++top;
+                top->type = Value::Type::text;
+                top->text = {program.texts_.data() + step.start, step.operand};
                 break;
             case Step::variable:
                 *++top = variables[step.operand];
@@ -132,10 +139,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                 ++top;
                 if (step.step == Step::member && !top->isText()) return false;
                 Value result;
-                if (!program.functions_[step.operand]->compute({top, step.count}, workspace_,
-                                                               result)) {
-                    return false;
-                }
+                if (!step.function->compute({top, step.count}, workspace_, result)) return false;
                 *top = result;
                 break;
             }
