@@ -36,17 +36,22 @@ class TreeBuilder {
     }
 
     Expression& tree() { return tree_; }
+    Expression const& tree() const { return tree_; }
     std::u16string& texts() { return tree_.texts_; }
 
     /// Precondition of what is about the last value: there is one.
     /// @{
     std::size_t valueCount() const { return values_.size(); }
+    /// Forgets all values but the first ones.
+    void keepValues(std::size_t count) { values_.resize(count); }
     Node const& lastNode() const { return tree_.nodes_[values_.back().node]; }
     std::uint32_t end() const { return values_.back().place.end; }
     /// Where the last `count` values begin.
     std::uint32_t startOf(std::size_t count) const {
         return values_[values_.size() - count].place.start;
     }
+    /// The last value's place, with the parentheses around it.
+    Place place() const { return values_.back().place; }
     void parenthesize(Place place) {
         tree_.nodes_[values_.back().node].isParenthesized = true;
         values_.back().place = place;
