@@ -68,7 +68,7 @@ class Parser {
         NodeKind kind;  // of the node to be made
         Operation operation;
         Binding binding;
-        std::uint32_t start;
+        std::uint32_t start;       // of a block: its first label
         std::uint32_t firstValue;  // of a call: its callee's place among the values
     };
 

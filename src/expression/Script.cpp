@@ -10,8 +10,10 @@
 namespace kx {
 namespace {
 
-/// Takes what expressions refuse. Values of such constructs are opaque nodes: with operation none
-/// an array or an object over its parts, otherwise something that cannot be assigned to.
+using namespace std::string_view_literals;
+
+/// Takes what expressions refuse. What stands for it is an opaque node: with operation none an
+/// array or an object over its parts, otherwise a value that cannot be assigned to.
 class ScriptParser : public Parser {
   public:
     bool isOther() const { return isOther_; }
@@ -19,23 +21,32 @@ class ScriptParser : public Parser {
   private:
     bool takeInScript() override {
         std::u16string_view const sign = scanner_.from(start_);
-        if (expectsOperand_ && isNameInScripts(sign)) {
-            tree_.newNode(NodeKind::name, sign);
-            return addOperand();
-        }
+        if (expectsOperand_ && isNameInScripts(sign)) return addName(sign);
         if (expectsOperand_ && sign.empty() && scanner_.at() == u'0') return takeOldNumber();
-        bool const isEmpty = !isOther_;
+        bool const isFirst = !isOther_;
         isOther_ = true;
         if (!expectsOperand_) return takeOtherOperator(sign);
-        if (sign == u"this") return addOpaque(Operation::voidOf);
+        if (sign == u"this") return addOpaque();
         if (!sign.empty()) return false;
-        if (scanner_.isAtEnd()) return !isEmpty && takeEnd();
-        return takeOtherOperand();
+        if (!scanner_.isAtEnd()) return takeOtherOperand();
+        // Behind a statement.
+        isComplete_ = !isFirst && pending_.empty() && isAtStatement() && !isLabelled();
+        return isComplete_;
     }
 
     static bool isNameInScripts(std::u16string_view word) {
         ReservedWord const* const reserved = findReservedWord(word);
         return word == u"async" || (reserved != nullptr && reserved->mayBeVariable);
+    }
+
+    bool addName(std::u16string_view name) {
+        tree_.newNode(NodeKind::name, name);
+        return addOperand();
+    }
+
+    bool addOpaque() {
+        tree_.newNode(NodeKind::opaque).operation = Operation::voidOf;
+        return addOperand();
     }
 
     /// 017 is octal; 08 and 019.5 are decimal.
@@ -56,33 +67,27 @@ class ScriptParser : public Parser {
     }
 
     bool takeOtherOperand() {
-        switch (scanner_.at()) {
+        char16_t const unit = scanner_.at();
+        scanner_.skip();
+        switch (unit) {
             case u'+':
             case u'-':
-                return takePrefix();
+                scanner_.skip();
+                return wait(Waiting::unary, NodeKind::opaque, Operation::add, Binding::unary);
             case u'[':
-                scanner_.skip();
-                return open(Waiting::array, NodeKind::opaque);
+                return open(Waiting::array, NodeKind::opaque, start_);
             case u'{':
-                scanner_.skip();
                 return takeBrace();
             case u',':
-                // "[,A]"
-                scanner_.skip();
-                return isIn(Waiting::array);
+                return isIn(Waiting::array);  // "[,A]"
             case u']':
-                scanner_.skip();
-                return isIn(Waiting::array) && closeValue();
+                return isIn(Waiting::array) && closeList();
             case u')':
-                // "F(A,)"
-                scanner_.skip();
                 expectsOperand_ = false;
-                return isIn(Waiting::call) && takeClosing(Role::close);
+                return isIn(Waiting::call) && takeClosing(Role::close);  // "F(A,)"
             case u'}':
-                scanner_.skip();
                 return isAtStatement() && !isLabelled() && closeBlock();
             case u';':
-                scanner_.skip();
                 return isAtStatement() && endStatement();
             default:
                 return false;
@@ -90,8 +95,10 @@ class ScriptParser : public Parser {
     }
 
     bool takeOtherOperator(std::u16string_view sign) {
-        if (sign.empty()) return takeBehindOperand();
-        switch (sign.front()) {
+        if (sign == u"++" || sign == u"--") return takeIncrement();
+        if (sign == u"=>") return takeParameters();
+        if (sign.ends_with(u'=')) return takeOtherTarget(sign);
+        switch (sign.empty() ? scanner_.at() : sign.front()) {
             case u',':
                 return takeOtherComma();
             case u':':
@@ -99,44 +106,14 @@ class ScriptParser : public Parser {
             case u';':
                 return endStatement();
             case u']':
-                return isIn(Waiting::array) && closeValue();
+                return isIn(Waiting::array) && closeList();
+            case u'}':
+                scanner_.skip();
+                if (!reduceWhile(Binding::none)) return false;
+                return isIn(Waiting::object) ? closeList() : closeBlock();
             default:
-                break;
+                return false;
         }
-        if (sign == u"++" || sign == u"--") return takeIncrement();
-        if (sign == u"=>") return takeParameters();
-        return sign.ends_with(u'=') && takeOtherTarget(sign);
-    }
-
-    /// "}", or a new statement on the next line.
-    bool takeBehindOperand() {
-        if (scanner_.isAtEnd() || !reduceWhile(Binding::none)) return false;
-        if (scanner_.at() != u'}') return scanner_.hasLineEnd() && endStatement();
-        scanner_.skip();
-        return isIn(Waiting::object) ? closeValue() : closeBlock();
-    }
-
-    bool takePrefix() {
-        scanner_.skip();
-        scanner_.skip();
-        return wait(Waiting::unary, NodeKind::opaque, Operation::add, Binding::unary);
-    }
-
-    bool takeIncrement() {
-        if (scanner_.hasLineEnd()) {
-            return reduceWhile(Binding::none) && endStatement() &&
-                   wait(Waiting::unary, NodeKind::opaque, Operation::add, Binding::unary);
-        }
-        if (!mayChange(tree_.lastNode())) return false;
-        tree_.newNode(NodeKind::opaque).operation = Operation::add;
-        return add(1, tree_.startOf(1)) && !isBefore(u"([.`");
-    }
-
-    /// Whether one of the units follows.
-    bool isBefore(std::u16string_view units) const {
-        Scanner ahead = scanner_;
-        return ahead.skipBlanks() && !ahead.isAtEnd() &&
-               units.find(ahead.at()) != std::u16string_view::npos;
     }
 
     bool takeOtherComma() {
@@ -148,11 +125,25 @@ class ScriptParser : public Parser {
         return isIn(Waiting::array);
     }
 
+    bool takeIncrement() {
+        if (scanner_.hasLineEnd() || !mayChange(tree_.lastNode())) return false;
+        tree_.newNode(NodeKind::opaque).operation = Operation::add;
+        return add(1, tree_.startOf(1)) && u"([.`"sv.find(next()) == std::u16string_view::npos;
+    }
+
+    /// What follows; a blank at the end.
+    char16_t next() const {
+        Scanner ahead = scanner_;
+        return ahead.skipBlanks() && !ahead.isAtEnd() ? ahead.at() : u' ';
+    }
+
+    // Targets.
+
     /// "F(A)=B" or "[A,B]=C".
     bool takeOtherTarget(std::u16string_view sign) {
         Node const& target = tree_.lastNode();
-        bool const isCall =
-            target.kind == NodeKind::call && sign != u"&&=" && sign != u"||=" && sign != u"\?\?=";
+        bool const isLogical = sign == u"&&=" || sign == u"||=" || sign == u"\?\?=";
+        bool const isCall = target.kind == NodeKind::call && !isLogical;
         bool const isPattern = sign == u"=" && !target.isParenthesized && isPatternOf(target);
         return (isCall || isPattern) && mayAssign() &&
                wait(Waiting::operation, NodeKind::assignment, Operation::none, Binding::assignment);
@@ -162,7 +153,7 @@ class ScriptParser : public Parser {
         return node.kind == NodeKind::opaque && node.operation == Operation::none;
     }
 
-    /// What is assigned to, in "A=1" its default value aside.
+    /// "A" of "A=1", where 1 is what A has by default; otherwise the node itself.
     Node const& targetOf(Node const& node) const {
         bool const hasDefault = node.kind == NodeKind::assignment && !node.isParenthesized &&
                                 node.operation == Operation::none;
@@ -182,20 +173,20 @@ class ScriptParser : public Parser {
     /// "(A,[B],C=1)=>"
     bool takeParameters() {
         Node const& list = tree_.lastNode();
-        Place const place = tree_.place();
-        std::u16string_view const text =
-            scanner_.from(place.start).substr(0, list.place.start - place.start);
-        bool const isAlone =
-            list.isParenthesized && text.find(u'(', 1) == std::u16string_view::npos;
+        std::uint32_t const start = tree_.startOf(1);
+        std::u16string_view const opening =
+            scanner_.from(start).substr(0, list.place.start - start);
+        bool const isOnce =
+            list.isParenthesized && opening.find(u'(', 1) == std::u16string_view::npos;
+        if (!isOnce || scanner_.hasLineEnd() || !mayAssign()) return false;
         std::vector<std::u16string_view> names;
-        if (!isAlone || scanner_.hasLineEnd() || !mayAssign()) return false;
         if (!addParameters(list, names)) return false;
         std::sort(names.begin(), names.end());
-        if (std::adjacent_find(names.begin(), names.end()) != names.end()) return false;
-        return wait(Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment);
+        return std::adjacent_find(names.begin(), names.end()) == names.end() &&
+               wait(Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment);
     }
 
-    /// Adds the names that parameters have. False for what is none.
+    /// Adds the names of parameters. False for what is none.
     bool addParameters(Node const& node, std::vector<std::u16string_view>& names) const {
         Node const& target = targetOf(node);
         if (target.kind == NodeKind::name) names.push_back(tree_.tree().text(target));
@@ -207,32 +198,24 @@ class ScriptParser : public Parser {
         return hasParts || target.kind == NodeKind::name;
     }
 
-    // Statements. Their values stand behind those of what the block around them is in, and their
-    // labels behind those of the statements that hold the block.
+    // Brackets.
 
     bool isIn(Waiting waiting) const {
         return !pending_.empty() && pending_.back().waiting == waiting;
     }
-
-    bool isInStatement() const { return pending_.empty() || isIn(Waiting::block); }
-    std::size_t firstValue() const { return pending_.empty() ? 0 : pending_.back().firstValue; }
-    std::size_t firstLabel() const { return pending_.empty() ? 0 : pending_.back().start; }
-    bool isAtStatement() const { return isInStatement() && tree_.valueCount() == firstValue(); }
-    bool isLabelled() const { return labels_.size() > firstLabel(); }
 
     bool open(Waiting waiting, NodeKind kind, std::size_t start) {
         return wait({waiting, kind, Operation::none, Binding::none,
                      static_cast<std::uint32_t>(start),
                      static_cast<std::uint32_t>(tree_.valueCount())});
     }
-    bool open(Waiting waiting, NodeKind kind) { return open(waiting, kind, start_); }
 
-    /// A block, the body of a function, or an object.
+    /// An object, a block or the body of a function.
     bool takeBrace() {
         bool const isBody = isIn(Waiting::operation) && pending_.back().kind == NodeKind::arrow;
-        if (!isBody && !isAtStatement())
-            return open(Waiting::object, NodeKind::opaque) && takeKey();
-        return open(Waiting::block, isBody ? NodeKind::arrow : NodeKind::null, labels_.size());
+        if (isBody) return open(Waiting::block, NodeKind::arrow, labels_.size());
+        if (isAtStatement()) return open(Waiting::block, NodeKind::null, labels_.size());
+        return open(Waiting::object, NodeKind::opaque, start_) && takeKey();
     }
 
     /// "A:" or "A" in an object; or its end.
@@ -241,22 +224,21 @@ class ScriptParser : public Parser {
         start_ = scanner_.position();
         if (scanner_.at() == u'}') {
             scanner_.skip();
-            return closeValue();
+            return closeList();
         }
         std::u16string_view const name = scanner_.takeName();
-        if (name.empty() || !scanner_.skipBlanks()) return false;
+        if (name.empty()) return false;
         expectsOperand_ = true;
-        if (scanner_.at() == u':') {
+        if (next() == u':') {
+            scanner_.skipBlanks();
             scanner_.skip();
             return true;
         }
-        if (isReservedWord(name) || !isBefore(u",}")) return false;
-        tree_.newNode(NodeKind::name, name);
-        return addOperand();
+        return !isReservedWord(name) && (next() == u',' || next() == u'}') && addName(name);
     }
 
     /// Closes an array or an object.
-    bool closeValue() {
+    bool closeList() {
         Pending const opening = pending_.back();
         pending_.pop_back();
         expectsOperand_ = false;
@@ -264,10 +246,14 @@ class ScriptParser : public Parser {
         return add(tree_.valueCount() - opening.firstValue, opening.start);
     }
 
-    bool addOpaque(Operation operation) {
-        tree_.newNode(NodeKind::opaque).operation = operation;
-        return addOperand();
-    }
+    // Statements. The values of a block stand behind those of what is around it, and its labels
+    // behind those of the statement that it is.
+
+    bool isInStatement() const { return pending_.empty() || isIn(Waiting::block); }
+    std::size_t firstValue() const { return pending_.empty() ? 0 : pending_.back().firstValue; }
+    std::size_t firstLabel() const { return pending_.empty() ? 0 : pending_.back().start; }
+    bool isAtStatement() const { return isInStatement() && tree_.valueCount() == firstValue(); }
+    bool isLabelled() const { return labels_.size() > firstLabel(); }
 
     bool closeBlock() {
         if (!isIn(Waiting::block)) return false;
@@ -277,9 +263,7 @@ class ScriptParser : public Parser {
         labels_.resize(opening.start);
         if (opening.kind != NodeKind::arrow) return endStatement();
         // A function that ends in a block is no operand.
-        Scanner ahead = scanner_;
-        return addOpaque(Operation::voidOf) && ahead.skipBlanks() &&
-               (ahead.isAtEnd() || isBefore(u",)]}:;"));
+        return addOpaque() && u" ,)]}:;"sv.find(next()) != std::u16string_view::npos;
     }
 
     bool endStatement() {
@@ -290,24 +274,19 @@ class ScriptParser : public Parser {
         return true;
     }
 
-    /// The end of the source behind statements.
-    bool takeEnd() {
-        isComplete_ = pending_.empty() && isAtStatement() && !isLabelled();
-        return isComplete_;
-    }
-
     /// "A:" begins a statement.
     bool takeLabel() {
         Node const& name = tree_.lastNode();
         bool const isName = isInStatement() && tree_.valueCount() == firstValue() + 1 &&
                             name.kind == NodeKind::name && !name.isParenthesized;
-        if (!isName) return false;
-        std::u16string label(tree_.tree().text(name));
-        bool const isNew = std::find(labels_.begin(), labels_.end(), label) == labels_.end();
+        std::u16string_view const label = tree_.tree().text(name);
+        if (!isName || std::find(labels_.begin(), labels_.end(), label) != labels_.end()) {
+            return false;
+        }
+        labels_.emplace_back(label);
         tree_.keepValues(firstValue());
-        labels_.push_back(std::move(label));
         expectsOperand_ = true;
-        return isNew;
+        return true;
     }
 
     std::vector<std::u16string> labels_;

@@ -50,8 +50,6 @@ class TreeBuilder {
     std::uint32_t startOf(std::size_t count) const {
         return values_[values_.size() - count].place.start;
     }
-    /// The last value's place, with the parentheses around it.
-    Place place() const { return values_.back().place; }
     void parenthesize(Place place) {
         tree_.nodes_[values_.back().node].isParenthesized = true;
         values_.back().place = place;
