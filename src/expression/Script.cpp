@@ -23,14 +23,13 @@ class ScriptParser : public Parser {
         std::u16string_view const sign = scanner_.from(start_);
         if (expectsOperand_ && isNameInScripts(sign)) return addName(sign);
         if (expectsOperand_ && sign.empty() && scanner_.at() == u'0') return takeOldNumber();
-        bool const isFirst = !isOther_;
         isOther_ = true;
         if (!expectsOperand_) return takeOtherOperator(sign);
         if (sign == u"this") return addOpaque();
         if (!sign.empty()) return false;
         if (!scanner_.isAtEnd()) return takeOtherOperand();
-        // Behind a statement.
-        isComplete_ = !isFirst && pending_.empty() && isAtStatement() && !isLabelled();
+        // An empty script compiles too.
+        isComplete_ = pending_.empty() && isAtStatement() && !isLabelled();
         return isComplete_;
     }
 
