@@ -318,8 +318,7 @@ class Parser {
             pending_.pop_back();
             bool const isUnary = top.waiting == Waiting::unary;
             std::size_t const count = isUnary ? 1 : top.kind == NodeKind::conditional ? 3 : 2;
-            std::uint32_t const start =
-                isUnary ? top.start : tree_.startOf(count);
+            std::uint32_t const start = isUnary ? top.start : tree_.startOf(count);
             tree_.newNode(top.kind).operation = top.operation;
             if (!add(count, start, tree_.end())) return false;
         }

@@ -139,7 +139,7 @@ class InProcessHost final : public HostBackend {
     static bool arePlain(ScriptSource const& source);
     void defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context);
     std::optional<Program> makeProgram(Expression const& expression,
-                                         ScriptSource const& source) const;
+                                       ScriptSource const& source) const;
     Value const* compute(HostScript const& script);
     void noteRun(HostScript const& script);
     std::u16string runInV8(HostScript const& script, std::u16string& error);

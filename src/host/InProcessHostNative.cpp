@@ -35,7 +35,7 @@ bool InProcessHost::isNativeAllowed() const {
 }
 
 std::optional<Program> InProcessHost::makeProgram(Expression const& expression,
-                                                    ScriptSource const& source) const {
+                                                  ScriptSource const& source) const {
     if (source.variables.size() > Evaluator::kMostVariables) return std::nullopt;
     std::array<std::u16string_view, Evaluator::kMostVariables> names;
     std::transform(

@@ -132,7 +132,8 @@ bool concat(Arguments arguments, Workspace& workspace, Value& result) {
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() && substr(arguments[0].text(), Value::of(0.0), arguments[1], result);
+    return arguments[0].isText() &&
+           substr(arguments[0].text(), Value::of(0.0), arguments[1], result);
 }
 
 bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {

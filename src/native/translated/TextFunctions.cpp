@@ -220,9 +220,9 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText() || !arguments[2].isText()) return false;
-    return give(
-        replacedUnits(arguments[0].text(), arguments[1].text(), arguments[2].text(), workspace.arena),
-        result);
+    return give(replacedUnits(arguments[0].text(), arguments[1].text(), arguments[2].text(),
+                              workspace.arena),
+                result);
 }
 
 constexpr std::array kFunctions = {
