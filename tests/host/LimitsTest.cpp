@@ -182,7 +182,7 @@ TEST(MemoryLimits, doNotForgetWhoClimbsWhenTheSameIsSetAgain) {
     ScriptHost bad;
     std::u16string error;
     for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
-        bad.host.setMemoryLimit(32 * kMebibyte);
+        bad.host.setMemoryLimit(16 * kMebibyte);
         error =
             bad.run(u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([1]);").error;
     }
@@ -193,7 +193,7 @@ TEST(MemoryLimits, doNotForgetWhoClimbsWhenTheSameIsSetAgain) {
 TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
     auto bad = std::make_unique<ScriptHost>();
     ScriptHost good;
-    bad->host.setMemoryLimit(32 * kMebibyte);
+    bad->host.setMemoryLimit(16 * kMebibyte);
     std::u16string error;
     for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
         error = bad->run(
@@ -207,10 +207,10 @@ TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
     EXPECT_LT(statistics.used_heap_size(), 200 * kMebibyte);
     EXPECT_EQ(error,
               u"The script was not run: its host's scripts keep more than the memory limit of "
-              u"32 MiB");
+              u"16 MiB");
     EXPECT_EQ(bad->host.lastFailure()->kind, KxJsFailure::Kind::LIMIT);
     Outcome const harmless{u"done", u""};
-    EXPECT_EQ(good.run(u"for (let i = 0; i < 3e6; i++) new Array(10); 'done'"), harmless);
+    EXPECT_EQ(good.run(u"for (let i = 0; i < 1e6; i++) new Array(10); 'done'"), harmless);
     bad->host.reset();  // leaves what scripts keep
     EXPECT_EQ(bad->run(u"1+1").error, error);
     // Memory comes back when that host is destroyed. Until then this one is refused too, once a run
@@ -224,7 +224,7 @@ TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
 
 TEST(MemoryLimits, thatAreRaisedLetScriptsRunThatWereRefused) {
     ScriptHost host;
-    host.host.setMemoryLimit(32 * kMebibyte);
+    host.host.setMemoryLimit(16 * kMebibyte);
     std::u16string error;
     for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
         error = host.run(u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([1]);")
@@ -257,13 +257,13 @@ class FullCollections {
 
 TEST(MemoryLimits, letAScriptWorkNearThemWithoutCollectingAllTheTime) {
     ScriptHost host;
-    host.host.setMemoryLimit(160 * kMebibyte);
+    host.host.setMemoryLimit(80 * kMebibyte);
     FullCollections const full;
     EXPECT_EQ(host.run(u"{ let kept = [], fresh = [];"
-                       u"  for (let i = 0; i < 18000; i++) kept.push(new Array(1000).fill(i));"
-                       u"  for (let i = 0; i < 5e6; i++) fresh[i % 100000] = { y: [i] };"
+                       u"  for (let i = 0; i < 9000; i++) kept.push(new Array(1000).fill(i));"
+                       u"  for (let i = 0; i < 2.5e6; i++) fresh[i % 50000] = { y: [i] };"
                        u"  kept.length + fresh.length }"),
-              (Outcome{u"118000", u""}));
+              (Outcome{u"59000", u""}));
     EXPECT_LE(full.count(), 20);
     host.host.setMemoryLimit(512 * kMebibyte);
 }

@@ -20,6 +20,7 @@
 #include <iterator>
 #include <random>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -51,9 +52,12 @@ constexpr char const* kMark = "LC_KXJS_SOAK";
     std::_Exit(1);
 }
 
+/// Empty where the file cannot be read: a process may end between two looks at it.
 std::string contentOf(std::filesystem::path const& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ifstream const file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
 }
 
 /// The processes that the library has started for this one, those that have ended left out.

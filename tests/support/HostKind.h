@@ -20,7 +20,7 @@ inline KxJsIsolation testIsolation() {
     KxJsIsolation isolation;
     isolation.worker = KXJS_TEST_WORKER;
     // On a busy machine a worker that ends by itself may need longer than by default.
-    isolation.grace = std::chrono::seconds(2);
+    isolation.grace = std::chrono::seconds(1);
     return isolation;
 }
 

@@ -1,3 +1,3 @@
-// memory: 32 MiB
-// error: The script was ended: it needed more than the memory limit of 32 MiB
+// memory: 16 MiB
+// error: The script was ended: it needed more than the memory limit of 16 MiB
 { let a = []; for (let i = 0n; ; i++) a.push(2n ** 1000n + i); }

@@ -1,4 +1,4 @@
-// memory: 32 MiB
+// memory: 16 MiB
 // then: run run
-// error: The script was ended: it needed more than the memory limit of 32 MiB
+// error: The script was ended: it needed more than the memory limit of 16 MiB
 kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([kept.length]);

@@ -1,3 +1,3 @@
-// memory: 32 MiB
-// error: The script was ended: it needed more than the memory limit of 32 MiB
+// memory: 16 MiB
+// error: The script was ended: it needed more than the memory limit of 16 MiB
 { let m = new Map(); for (let i = 0;; i++) m.set(i, {}); }

@@ -1,4 +1,4 @@
-// memory: 32 MiB
+// memory: 16 MiB
 // variable: A=5
 // then: run reset run reset run reset run reset run reset run reset run reset run reset
 // next: fresh

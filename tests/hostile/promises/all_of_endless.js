@@ -1,4 +1,4 @@
-// memory: 32 MiB
+// memory: 16 MiB
 // limit: 20000 ms
 // error: The script was ended
 Promise.all({ *[Symbol.iterator]() { for (;;) yield 1; } }); 1

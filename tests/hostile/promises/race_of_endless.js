@@ -1,4 +1,4 @@
 // limit: 100 ms
-// memory: 32 MiB
+// memory: 16 MiB
 // error: The script was ended
 Promise.race({ *[Symbol.iterator]() { for (;;) yield 1; } }); 1

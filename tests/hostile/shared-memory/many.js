@@ -1,3 +1,3 @@
-// memory: 32 MiB
+// memory: 16 MiB
 // error: 
 { let a = []; for (;;) a.push(new SharedArrayBuffer(1 << 20)); }

@@ -1,3 +1,3 @@
-// memory: 32 MiB
+// memory: 16 MiB
 // error: The script was ended
 Uint8Array.from({ [Symbol.iterator]: () => ({ next: () => ({ value: 1, done: false }) }) })
