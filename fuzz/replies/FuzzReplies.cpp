@@ -38,6 +38,7 @@ void takeColumns(Bytes const& message, std::size_t count) {
         next = failure.record + 1;
     }
     if (!reader.isRight()) return;
+    kx::fuzz::check(reply.records > 0 || !reply.error.empty(), "no progress, and no reason");
     kx::MessageWriter writer;
     putColumnReply(writer, {reply.records, std::move(reply.failures), reply.error}, reply.reason);
     kx::fuzz::check(writer.bytes() == message, "a reply is another one when it is written");

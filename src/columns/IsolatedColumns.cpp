@@ -1,7 +1,6 @@
 #include "columns/IsolatedColumns.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <limits>
 #include <span>
@@ -21,28 +20,22 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// A block of records may take so long, since the progress function is called between blocks.
-constexpr std::chrono::milliseconds kBlockTime{10};
+/// Where a progress function wants to hear of them, blocks grow from this one on.
 constexpr std::size_t kFirstBlock = 64;
-constexpr Clock::duration kClockStep = std::chrono::microseconds(1);
-/// From one block to the next.
-constexpr std::size_t kLargestGrowth = 4;
+constexpr std::size_t kGrowth = 4;
+/// The most texts of a block: they take time in both processes, and are taken again where the
+/// worker ends the block early.
+constexpr std::size_t kMostTexts = 2048;
 
 /// More records than any memory holds.
 constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
 constexpr std::u16string_view kTooMany = u"There are too many columns for an isolated host";
 
-/// The size of a block after one of `size` records took `time`.
-std::size_t nextSize(std::size_t size, Clock::duration time) {
-    if (time >= kBlockTime) return std::max<std::size_t>(size / 2, 1);
-    auto const fitting = static_cast<std::size_t>(kBlockTime / 2 / std::max(time, kClockStep));
-    return size * std::clamp<std::size_t>(fitting, 1, kLargestGrowth);
-}
-
 /// Bytes of a value in the area; none for texts, which are in the messages.
-std::size_t sizeIn(Column const& column) {
-    constexpr std::array<std::size_t, 5> kSizes = {sizeof(double), sizeof(std::int32_t), 1, 0, 0};
-    return kSizes[column.values.index()];
+std::size_t sizeInArea(Column const& column) {
+    return std::visit(
+        []<class T>(T const* /*values*/) { return std::is_arithmetic_v<T> ? sizeof(T) : 0; },
+        column.values);
 }
 
 }  // namespace
@@ -54,6 +47,7 @@ struct IsolatedColumns::Evaluation {
     std::chrono::milliseconds limit;
     Clock::time_point start = Clock::now();
     RecentTexts texts = {};
+    std::size_t half = 0;  // of the area, where the values of the last request are
 
     /// At least 1 ms, so that there is a limit where there was one.
     std::chrono::milliseconds timeLeft() const {
@@ -62,6 +56,14 @@ struct IsolatedColumns::Evaluation {
             std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
         return std::max(limit - gone, std::chrono::milliseconds(1));
     }
+};
+
+/// Records that are evaluated by one request.
+struct IsolatedColumns::Block {
+    std::size_t first = kAll;
+    std::size_t last = kAll;
+    std::byte const* results = nullptr;  // in the area; null where they are in place
+    std::size_t failures = 0;            // of earlier records
 };
 
 IsolatedColumns::IsolatedColumns(KxJsParser& parser, IsolatedHost& host)
@@ -119,51 +121,87 @@ KxJsColumns::Outcome IsolatedColumns::evaluate(std::size_t count, ColumnResults 
     FlagScope const evaluating = beginEvaluation();
     host_.beginEvaluation();
     Evaluation evaluation{count, results, outcome, host_.log().timeLimit()};
-    std::size_t const largest = mostRecords(count, results);
-    if (largest == 0) outcome.error = kTooMany;
-    std::size_t size = std::min(kFirstBlock, largest);
-    while (outcome.records < count && largest != 0) {
-        Clock::time_point const start = Clock::now();
-        bool const isDone = runBlock(evaluation, std::min(count, outcome.records + size));
-        if (!isDone || !goesOn(evaluation)) break;
-        size = std::min(nextSize(size, Clock::now() - start), largest);
-    }
-    // Blocks had shorter limits: the worker is told the host's again.
-    host_.log().setTimeLimit(host_.log().timeLimit());
+    if (count != 0) run(evaluation);
+    if (!progress()) bindLastRecord(outcome);
     return outcome;
 }
 
-/// Evaluates the records from the next one up to `last`. False where the evaluation was ended.
-bool IsolatedColumns::runBlock(Evaluation& evaluation, std::size_t last) {
-    std::u16string& error = evaluation.outcome.error;
-    std::size_t const first = evaluation.outcome.records;
-    if (!host_.prepare(error)) return false;
-    if (worker_ != host_.workers()) {
-        if (!compileInWorker(error) || !host_.prepare(error)) return false;
+/// Evaluates records until all are done or the outcome has an error.
+void IsolatedColumns::run(Evaluation& evaluation) {
+    KxJsColumns::Outcome& outcome = evaluation.outcome;
+    std::size_t const largest = mostRecords(evaluation.count, evaluation.results);
+    if (largest == 0) {
+        outcome.error = kTooMany;
+        return;
     }
-    std::chrono::milliseconds const left = evaluation.timeLeft();
+    std::size_t size = progress() ? std::min(kFirstBlock, largest) : largest;
+    if (!prepare(outcome.error)) return;
+    Block block = write(evaluation, 0, size);
+    beginCall(evaluation);
+    while (true) {
+        // What the progress function does is to hold for the next block.
+        Block next;
+        if (!progress() && block.last < evaluation.count) {
+            host_.request().clear();
+            next = write(evaluation, block.last, size);
+        }
+        auto reader = endCall(evaluation);
+        if (!reader) return;
+        takeReply(*reader, evaluation, block);
+        // The worker goes on while the results are taken.
+        bool const isAhead = next.first == outcome.records && goesOn(evaluation);
+        if (isAhead) beginCall(evaluation);
+        if (!takeResults(*reader, evaluation, block)) return;
+        if (progress()) bindLastRecord(outcome);
+        if (!isAhead) {
+            if (!goesOn(evaluation) || !prepare(outcome.error)) return;
+            size = size > largest / kGrowth ? largest : size * kGrowth;
+            next = write(evaluation, outcome.records, size);
+            beginCall(evaluation);
+        }
+        block = next;
+    }
+}
+
+/// Begins a request to a worker that has the formula.
+bool IsolatedColumns::prepare(std::u16string& error) {
+    if (!host_.prepare(error)) return false;
+    return worker_ == host_.workers() || (compileInWorker(error) && host_.prepare(error));
+}
+
+/// Adds to the request that the records from `first` on are to be evaluated, `size` or as many as
+/// there are. What is left to add is the time limit.
+IsolatedColumns::Block IsolatedColumns::write(Evaluation& evaluation, std::size_t first,
+                                              std::size_t size) const {
+    Block block;
+    block.first = first;
+    block.last = first + std::min(size, evaluation.count - first);
+    evaluation.half = 1 - evaluation.half;
     MessageWriter& request = host_.request();
-    request.put(Command::timeLimit);
-    request.put(static_cast<std::int64_t>(left.count()));
     request.put(Command::runColumns);
     request.put(number_);
     request.put(static_cast<std::uint8_t>(evaluation.results.index()));
-    request.put(static_cast<std::uint64_t>(last - first));
-    std::byte* const results = putValues(request, evaluation.results, first, last);
-    auto reader = host_.send(left, error);
-    if (reader) {
-        std::size_t const failures = evaluation.outcome.failures.size();
-        bool const isDone = takeBlock(*reader, evaluation, last, results);
-        if (!host_.checkEnd(*reader, error)) {
-            evaluation.outcome.records = first;
-            evaluation.outcome.failures.resize(failures);
-            return false;
-        }
-        if (evaluation.outcome.records > 0) bindRecord(evaluation.outcome.records - 1);
-        if (isDone) return true;
+    request.put(static_cast<std::uint64_t>(block.last - first));
+    putValues(request, evaluation, block);
+    return block;
+}
+
+/// Sends the request that was written.
+void IsolatedColumns::beginCall(Evaluation const& evaluation) {
+    std::chrono::milliseconds const left = evaluation.timeLeft();
+    host_.request().put(static_cast<std::int64_t>(left.count()));
+    host_.beginCall(left);
+    // The request has a limit of its own: the worker is told the host's again.
+    host_.log().setTimeLimit(host_.log().timeLimit());
+}
+
+/// Waits for the reply about a block.
+std::optional<MessageReader> IsolatedColumns::endCall(Evaluation& evaluation) {
+    auto reader = host_.endCall(evaluation.limit, evaluation.outcome.error);
+    if (!reader && host_.endReason() == EndReason::timeLimit) {
+        evaluation.outcome.error = timeLimitText(evaluation.limit);
     }
-    if (host_.endReason() == EndReason::timeLimit) error = timeLimitText(evaluation.limit);
-    return false;
+    return reader;
 }
 
 /// How many records a block may have: the values that are copied have to fit into the area. 0 where
@@ -173,10 +211,13 @@ std::size_t IsolatedColumns::mostRecords(std::size_t sharing, ColumnResults cons
         return placeOf(values, 0, sharing) == kInArea;
     };
     std::size_t sizes = std::visit(isCopied, results) ? sizeof(double) : 0;
+    std::size_t texts = 0;
     for (Column const& column : columns()) {
-        if (std::visit(isCopied, column.values)) sizes += sizeIn(column);
+        if (column.isText()) ++texts;
+        if (std::visit(isCopied, column.values)) sizes += sizeInArea(column);
     }
-    return ColumnArea::mostRecords(columns().size() + 1, sizes);
+    std::size_t const fitting = ColumnArea::mostRecords(columns().size() + 1, sizes);
+    return texts == 0 ? fitting : std::min(fitting, std::max<std::size_t>(kMostTexts / texts, 1));
 }
 
 /// Where the values of a block are in the memory that the host shares; kInArea where they are not
@@ -201,11 +242,12 @@ std::uint64_t IsolatedColumns::placeOf(TextResults const& /*results*/, std::size
 }
 
 /// Hands over the values of a block: texts in the message, numbers where they are if the worker can
-/// read them there, all others in the area. Returns where in the area the results will be; null
-/// where they will be where the caller wants them.
-std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const& results,
-                                      std::size_t first, std::size_t last) const {
-    ColumnArea area(last - first);
+/// read them there, all others in the area. Notes where in the area the results will be.
+void IsolatedColumns::putValues(MessageWriter& writer, Evaluation const& evaluation,
+                                Block& block) const {
+    std::size_t const first = block.first;
+    std::size_t const last = block.last;
+    ColumnArea area(last - first, evaluation.half);
     for (Column const& column : columns()) {
         if (column.isText()) {
             for (std::size_t record = first; record < last; ++record) {
@@ -218,55 +260,66 @@ std::byte* IsolatedColumns::putValues(MessageWriter& writer, ColumnResults const
                 using Value = std::remove_cvref_t<decltype(*values)>;
                 if constexpr (std::is_arithmetic_v<Value>) {
                     std::uint64_t const place = placeOf(values, first, last);
-                    writer.put(place);
-                    if (place != kInArea) return;
-                    std::memcpy(host_.area() + area.take(sizeof(Value)), values + first,
+                    if (place != kInArea) return writer.put(place);
+                    std::size_t const offset = area.take(sizeof(Value));
+                    writer.put(kInArea | offset);
+                    std::memcpy(host_.area() + offset, values + first,
                                 (last - first) * sizeof(Value));
                 }
             },
             column.values);
     }
-    std::uint64_t const place =
-        std::visit([&](auto const& values) { return placeOf(values, first, last); }, results);
+    std::uint64_t place = std::visit(
+        [&](auto const& results) { return placeOf(results, first, last); }, evaluation.results);
+    if (place == kInArea) {
+        std::size_t const offset = area.take(0);
+        block.results = host_.area() + offset;
+        place |= offset;
+    }
     writer.put(place);
-    return place == kInArea ? host_.area() + area.take(0) : nullptr;
 }
 
-/// Takes the results of a block. False where the worker has ended it early.
-bool IsolatedColumns::takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                                std::byte const* results) {
+/// Takes what the worker says of a block, up to the results.
+void IsolatedColumns::takeReply(MessageReader& reader, Evaluation& evaluation, Block& block) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
-    std::size_t const first = outcome.records;
-    ColumnReply reply = takeColumnReply(reader, last - first, evaluation.texts);
+    ColumnReply reply = takeColumnReply(reader, block.last - block.first, evaluation.texts);
+    block.failures = outcome.failures.size();
     for (KxJsColumns::Failure& failure : reply.failures) {
-        failure.record += first;
+        failure.record += block.first;
         outcome.failures.push_back(std::move(failure));
     }
-    takeResults(reader, evaluation, reply.records, results);
-    outcome.records = first + reply.records;
-    if (reply.error.empty() && outcome.records == last) return true;
-    outcome.error = reply.error;
+    outcome.records = block.first + reply.records;
+    outcome.error = std::move(reply.error);
     if (reply.reason == EndReason::timeLimit) outcome.error = timeLimitText(evaluation.limit);
-    return false;
 }
 
-void IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
-                                  std::size_t records, std::byte const* results) const {
-    std::size_t const first = evaluation.outcome.records;
+/// Takes the results of a block. False where the reply was not as a worker writes it: then nothing
+/// counts that it says.
+bool IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evaluation,
+                                  Block const& block) {
+    KxJsColumns::Outcome& outcome = evaluation.outcome;
+    std::size_t const records = outcome.records - block.first;
     if (auto const* const texts = std::get_if<TextResults>(&evaluation.results)) {
-        for (std::size_t i = 0; i < records; ++i) texts->put(first + i, reader.takeText());
+        for (std::size_t i = 0; i < records; ++i) texts->put(block.first + i, reader.takeText());
     } else if (auto* const* const numbers = std::get_if<double*>(&evaluation.results)) {
-        if (results != nullptr) std::memcpy(*numbers + first, results, records * sizeof(double));
+        if (block.results != nullptr) {
+            std::memcpy(*numbers + block.first, block.results, records * sizeof(double));
+        }
     } else {
-        bool* const values = std::get<bool*>(evaluation.results) + first;
+        bool* const values = std::get<bool*>(evaluation.results) + block.first;
         // A byte that is neither 0 nor 1 would be no truth value.
-        for (std::size_t i = 0; i < records; ++i) values[i] = results[i] != std::byte{0};
+        for (std::size_t i = 0; i < records; ++i) values[i] = block.results[i] != std::byte{0};
     }
+    if (host_.checkEnd(reader, outcome.error)) return true;
+    outcome.records = block.first;
+    outcome.failures.resize(block.failures);
+    return false;
 }
 
 /// Between two blocks. False where the evaluation was ended.
 bool IsolatedColumns::goesOn(Evaluation& evaluation) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
+    if (!outcome.error.empty()) return false;
     bool const isWanted = !progress() || progress()(outcome.records);
     if (outcome.records == evaluation.count) return false;
     if (!isWanted) {
@@ -282,9 +335,11 @@ bool IsolatedColumns::goesOn(Evaluation& evaluation) {
     return outcome.error.empty();
 }
 
-/// Leaves the columns as variables of the host, with the values of `record`.
-void IsolatedColumns::bindRecord(std::size_t record) {
-    for (Column const& column : columns()) parser().addSetVariable(column.at(record));
+/// Leaves the columns as variables of the host, with the values of the last record that was
+/// evaluated.
+void IsolatedColumns::bindLastRecord(KxJsColumns::Outcome const& outcome) {
+    if (outcome.records == 0) return;
+    for (Column const& column : columns()) parser().addSetVariable(column.at(outcome.records - 1));
 }
 
 }  // namespace kx

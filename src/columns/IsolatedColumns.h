@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,25 +26,27 @@ class IsolatedColumns final : public ColumnsBackend {
 
   private:
     struct Evaluation;
+    struct Block;
 
     void forgetFormula() override { isCompiled_ = false; }
     // The worker has memory of its own, of the type that the formula was compiled for.
     void typeWasChanged() override { worker_ = 0; }
 
     bool compileInWorker(std::u16string& error);
-    bool runBlock(Evaluation& evaluation, std::size_t last);
+    void run(Evaluation& evaluation);
+    bool prepare(std::u16string& error);
     std::size_t mostRecords(std::size_t sharing, ColumnResults const& results) const;
+    Block write(Evaluation& evaluation, std::size_t first, std::size_t size) const;
+    void putValues(MessageWriter& writer, Evaluation const& evaluation, Block& block) const;
     template <class T>
     std::uint64_t placeOf(T const* values, std::size_t first, std::size_t last) const;
     std::uint64_t placeOf(TextResults const& results, std::size_t first, std::size_t last) const;
-    std::byte* putValues(MessageWriter& writer, ColumnResults const& results, std::size_t first,
-                         std::size_t last) const;
-    bool takeBlock(MessageReader& reader, Evaluation& evaluation, std::size_t last,
-                   std::byte const* results);
-    void takeResults(MessageReader& reader, Evaluation const& evaluation, std::size_t records,
-                     std::byte const* results) const;
+    void beginCall(Evaluation const& evaluation);
+    std::optional<MessageReader> endCall(Evaluation& evaluation);
+    static void takeReply(MessageReader& reader, Evaluation& evaluation, Block& block);
+    bool takeResults(MessageReader& reader, Evaluation const& evaluation, Block const& block);
     bool goesOn(Evaluation& evaluation);
-    void bindRecord(std::size_t record);
+    void bindLastRecord(KxJsColumns::Outcome const& outcome);
 
     IsolatedHost& host_;
     std::uint32_t const number_;

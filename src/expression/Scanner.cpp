@@ -197,8 +197,7 @@ Punctuator const* Scanner::takePunctuator() {
          i < kPunctuators.size() && kPunctuators[i].text[0] == at(); ++i) {
         std::u16string_view const text = kPunctuators[i].text;
         // Most differ in the second unit.
-        if (text.size() > 1 &&
-            (text[1] != at(1) || !source_.substr(position_).starts_with(text))) {
+        if (text.size() > 1 && (text[1] != at(1) || !source_.substr(position_).starts_with(text))) {
             continue;
         }
         // A point of a number, in "A?.5:1".

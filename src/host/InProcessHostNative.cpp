@@ -3,7 +3,6 @@
 // A formula is evaluated here only while the context is as a new host has it, but for plain
 // variables. Any script may change that, so a script that may have effects ends it for the host.
 #include <algorithm>
-#include <array>
 
 #include "engine/Text.h"
 #include "host/BoundVariable.h"
@@ -35,15 +34,13 @@ bool InProcessHost::isNativeAllowed() const {
 }
 
 std::optional<Program> InProcessHost::makeProgram(Expression const& expression,
-                                                    ScriptSource const& source) const {
+                                                  ScriptSource const& source) {
     if (source.variables.size() > Evaluator::kMostVariables) return std::nullopt;
-    std::array<std::u16string_view, Evaluator::kMostVariables> names;
-    std::transform(
-        source.variables.begin(), source.variables.end(), names.begin(),
-        [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(expression, {{names.data(), source.variables.size()},
-                                      hasLibrary_ || isLibraryDeferred_,
-                                      hasRunTimePart_});
+    names_.clear();
+    for (BoundVariable const* const variable : source.variables) {
+        names_.emplace_back(variable->key());
+    }
+    return Program::make(expression, {names_, hasLibrary_ || isLibraryDeferred_, hasRunTimePart_});
 }
 
 Evaluator& InProcessHost::evaluator() {

@@ -91,7 +91,8 @@ bool IsolatedHost::prepare(std::u16string& error) {
     forgetFailure();
     endReason_ = EndReason::none;
     request_.clear();
-    if (std::exchange(isWorkerStale_, false)) worker_.giveUp();
+    // An exception may have left a call open.
+    if (std::exchange(isWorkerStale_, false) || worker_.isCalling()) worker_.giveUp();
     if (!worker_.isThere() && !restore(error)) return false;
     log_.putChanges(request_);
     return true;
@@ -131,7 +132,13 @@ std::optional<CommandResult> IsolatedHost::exchange(std::u16string& error) {
 
 std::optional<MessageReader> IsolatedHost::send(std::chrono::milliseconds limit,
                                                 std::u16string& error) {
-    Ending const ending = worker_.call(request_.bytes(), reply_, limit);
+    beginCall(limit);
+    return endCall(limit, error);
+}
+
+std::optional<MessageReader> IsolatedHost::endCall(std::chrono::milliseconds limit,
+                                                   std::u16string& error) {
+    Ending const ending = worker_.endCall(reply_);
     if (ending == Ending::answered) return MessageReader(reply_);
     noteEnd(ending, limit, error);
     return std::nullopt;

@@ -48,11 +48,14 @@ class IsolatedHost final : public HostBackend {
     std::span<std::byte> sharedMemory() const override { return worker_.sharedMemory(); }
 
     /// For columns, which send requests of their own: begins one, sends it and takes the reply.
-    /// Each gives false or nothing, and a text in `error`, where the worker ends.
+    /// Each that has an `error` gives false or nothing, and a text in it, where the worker ends.
+    /// Between beginCall() and endCall() the next request can be written.
     /// @{
     bool prepare(std::u16string& error);
     MessageWriter& request() { return request_; }
     std::optional<MessageReader> send(std::chrono::milliseconds limit, std::u16string& error);
+    void beginCall(std::chrono::milliseconds limit) { worker_.beginCall(request_.bytes(), limit); }
+    std::optional<MessageReader> endCall(std::chrono::milliseconds limit, std::u16string& error);
     bool checkEnd(MessageReader const& reader, std::u16string& error);
     void conclude(CommandResult& result, std::u16string& error);
     HostLog& log() { return log_; }

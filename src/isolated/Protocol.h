@@ -27,12 +27,12 @@ enum class Command : std::uint8_t {
     run,             ///< id
     compileColumns,  ///< id, number of columns, name and type of each, source
     runColumns       ///< id, type of results, number of records, values of text columns or place of
-                     ///< others, place of results
+                     ///< others, place of results, milliseconds as those of timeLimit
 };
 
-/// The place of values that are in the area of the channel. Other places are offsets in the memory
-/// that the application shares.
-inline constexpr std::uint64_t kInArea = ~std::uint64_t{0};
+/// Marks the place of values as an offset in the area of the channel. Other places are offsets in
+/// the memory that the application shares.
+inline constexpr std::uint64_t kInArea = std::uint64_t{1} << 63;
 
 /// The answer to one of those, except `runColumns`.
 struct CommandResult {

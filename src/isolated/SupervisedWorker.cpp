@@ -84,16 +84,19 @@ void SupervisedWorker::start() {
     worker_ = std::move(fresh);
 }
 
-SupervisedWorker::Ending SupervisedWorker::call(std::span<std::byte const> request,
-                                                std::vector<std::byte>& reply,
-                                                std::chrono::milliseconds limit) {
+void SupervisedWorker::beginCall(std::span<std::byte const> request,
+                                 std::chrono::milliseconds limit) {
     {
         std::lock_guard const lock(mutex_);
         worker_->announce(endOf(limit, isolation_.grace));
         isCalling_ = true;
         isTerminated_ = false;
     }
-    Worker::Outcome const outcome = worker_->call(request, reply);
+    worker_->send(request);
+}
+
+SupervisedWorker::Ending SupervisedWorker::endCall(std::vector<std::byte>& reply) {
+    Worker::Outcome const outcome = worker_->receive(reply);
     Ending ending = Ending::answered;
     {
         std::lock_guard const lock(mutex_);
@@ -110,6 +113,7 @@ SupervisedWorker::Ending SupervisedWorker::call(std::span<std::byte const> reque
 
 void SupervisedWorker::giveUp() {
     std::lock_guard const lock(mutex_);
+    isCalling_ = false;
     worker_.reset();
 }
 

@@ -36,10 +36,14 @@ class SupervisedWorker {
     /// Starts one in place of one that is not there any more. Throws as the constructor.
     void start();
 
-    /// Sends `request` and gets the `reply`. `limit` is the time that the worker may take by
-    /// itself; 0 is none. After any other ending than `answered` the worker is not there any more.
-    Ending call(std::span<std::byte const> request, std::vector<std::byte>& reply,
-                std::chrono::milliseconds limit);
+    /// Begins a call: sends `request`. `limit` is the time that the worker may take by itself; 0 is
+    /// none. A call that was begun has to be ended, or the worker given up.
+    void beginCall(std::span<std::byte const> request, std::chrono::milliseconds limit);
+    /// Waits for the `reply`. After any other ending than `answered` the worker is not there any
+    /// more.
+    Ending endCall(std::vector<std::byte>& reply);
+    /// Whether a call was begun and not ended. For the thread that calls.
+    bool isCalling() const { return isCalling_; }
     /// Ends the worker, of which a reply has turned out to be invalid.
     void giveUp();
     /// Ends the call that is going on, if any: softly, or after the grace. Any thread.
@@ -66,7 +70,7 @@ class SupervisedWorker {
 
     std::mutex mutex_;  // of what terminate() uses on other threads
     std::unique_ptr<Worker> worker_;
-    bool isCalling_ = false;
+    bool isCalling_ = false;  // written by the calling thread alone
     bool isTerminated_ = false;
 };
 

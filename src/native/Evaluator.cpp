@@ -107,8 +107,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                 break;
             case Step::text:
                 ++top;
-                top->type = Value::Type::text;
-                top->text = {program.texts_.data() + step.start, step.operand};
+                top->become({program.texts_.data() + step.start, step.operand});
                 break;
             case Step::variable:
                 *++top = variables[step.operand];
@@ -131,7 +130,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
             }
             case Step::length:
                 if (!top->isText()) return false;
-                *top = Value::of(static_cast<double>(top->text.size()));
+                *top = Value::of(static_cast<double>(top->text().size()));
                 break;
             case Step::member:
             case Step::call: {

@@ -82,10 +82,12 @@ void Worker::announce(Deadline::Clock::time_point end) {
     end_.announce();
 }
 
-Worker::Outcome Worker::call(std::span<std::byte const> request, std::vector<std::byte>& reply) {
-    if (isOfOtherProcess()) return Outcome::ended;
-    if (outcome_ != Outcome::arrived) return outcome_;
-    outcome_ = end_.send(request, deadline_);
+void Worker::send(std::span<std::byte const> request) {
+    if (isOfOtherProcess()) outcome_ = Outcome::ended;
+    if (outcome_ == Outcome::arrived) outcome_ = end_.send(request, deadline_);
+}
+
+Worker::Outcome Worker::receive(std::vector<std::byte>& reply) {
     if (outcome_ == Outcome::arrived) outcome_ = end_.receive(reply, deadline_);
     return outcome_;
 }

@@ -40,9 +40,11 @@ class Worker {
 
     /// Begins a call, which has to be over at `end`. From now on it can be interrupted.
     void announce(Deadline::Clock::time_point end);
-    /// Sends `request` and waits for the `reply`. After any other outcome than `arrived` the worker
-    /// is of no use: further calls have the same outcome.
-    Outcome call(std::span<std::byte const> request, std::vector<std::byte>& reply);
+    /// Sends `request`, which is read no more after that. What fails shows in receive().
+    void send(std::span<std::byte const> request);
+    /// Waits for the `reply`. After any other outcome than `arrived` the worker is of no use:
+    /// further calls have the same outcome.
+    Outcome receive(std::vector<std::byte>& reply);
     /// Asks the worker to end what it does in the call that was announced last. It need not.
     void interrupt() { end_.interrupt(); }
     /// Brings the end of that call forward.

@@ -1,15 +1,25 @@
 #include "worker/WorkerColumns.h"
 
-#include <array>
 #include <utility>
 
 #include "columns/ColumnReply.h"
+#include "columns/ColumnTexts.h"
 #include "host/HostBackend.h"
 
 namespace kx {
 
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// After so long the application hears of the records that are done.
+constexpr std::chrono::milliseconds kBlockTime{10};
+
+}  // namespace
+
 CommandResult WorkerColumns::compile(MessageReader& request) {
     columns_ = std::make_unique<KxJsColumns>(host_);
+    columns_->setProgress([this](std::size_t) { return Clock::now() < blockEnd_; });
     bound_.clear();
     auto const count = request.take<std::uint32_t>();
     for (std::uint32_t i = 0; i < count && request.hasMore(); ++i) {
@@ -27,32 +37,29 @@ CommandResult WorkerColumns::compile(MessageReader& request) {
 void WorkerColumns::run(MessageReader& request, MessageWriter& reply) {
     auto const type = static_cast<ResultType>(request.take<std::uint8_t>());
     auto const count = static_cast<std::size_t>(request.take<std::uint64_t>());
-    ColumnArea area(count);
-    takeValues(request, area, count);
-    std::byte* const goal = takePlace(request, area, 0);
+    takeValues(request, count);
+    std::byte* const goal = takePlace(request);
+    host_.setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
     if (type == ResultType::texts) {
         KxJsColumns::JoinedTexts results;
-        auto const outcome = columns_->evaluate(count, results);
-        putOutcome(reply, outcome);
+        auto const outcome = evaluate(count, results, reply);
         for (std::size_t i = 0; i < outcome.records; ++i) reply.putText(results[i]);
     } else if (type == ResultType::numbers) {
-        putOutcome(reply, columns_->evaluate(count, reinterpret_cast<double*>(goal)));
+        evaluate(count, reinterpret_cast<double*>(goal), reply);
     } else {
-        putOutcome(reply, columns_->evaluate(count, reinterpret_cast<bool*>(goal)));
+        evaluate(count, reinterpret_cast<bool*>(goal), reply);
     }
 }
 
-/// Where values of `size` bytes each are.
-std::byte* WorkerColumns::takePlace(MessageReader& request, ColumnArea& area, std::size_t size) {
+std::byte* WorkerColumns::takePlace(MessageReader& request) const {
     auto const place = request.take<std::uint64_t>();
-    return place == kInArea ? area_ + area.take(size) : shared_ + place;
+    return (place & kInArea) != 0 ? area_ + (place & ~kInArea) : shared_ + place;
 }
 
-void WorkerColumns::takeValues(MessageReader& request, ColumnArea& area, std::size_t count) {
-    constexpr std::array<std::size_t, 3> kSizes = {sizeof(double), sizeof(std::int32_t), 1};
+void WorkerColumns::takeValues(MessageReader& request, std::size_t count) {
     for (Column& column : bound_) {
         if (column.type < Type::texts) {
-            bind(column, takePlace(request, area, kSizes[static_cast<std::size_t>(column.type)]));
+            bind(column, takePlace(request));
             continue;
         }
         column.texts.resize(count);
@@ -75,8 +82,15 @@ void WorkerColumns::bind(Column const& column, std::byte const* values) {
     }
 }
 
-void WorkerColumns::putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const {
+template <class Results>
+KxJsColumns::Outcome WorkerColumns::evaluate(std::size_t count, Results&& results,
+                                             MessageWriter& reply) {
+    blockEnd_ = Clock::now() + kBlockTime;
+    KxJsColumns::Outcome outcome = columns_->evaluate(count, results);
+    // The application goes on with the next record.
+    if (outcome.error == kStopped) outcome.error.clear();
     putColumnReply(reply, outcome, host_._backend().endReason());
+    return outcome;
 }
 
 }  // namespace kx

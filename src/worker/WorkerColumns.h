@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,13 +9,13 @@
 
 #include "columns/KxJsColumns.h"
 #include "host/KxJsParser.h"
-#include "isolated/ColumnArea.h"
 #include "isolated/Message.h"
 #include "isolated/Protocol.h"
 
 namespace kx {
 
-/// Columns in a worker. Numbers and truth values are read and written in place.
+/// Columns in a worker. Numbers and truth values are read and written in place. A block of records
+/// that takes long is ended early, so that the application can see how far it is.
 class WorkerColumns {
   public:
     /// `area` is that of the channel, `shared` is memory of the application's, or null.
@@ -37,16 +38,18 @@ class WorkerColumns {
         std::vector<std::u16string> texts = {};
     };
 
-    std::byte* takePlace(MessageReader& request, ColumnArea& area, std::size_t size);
-    void takeValues(MessageReader& request, ColumnArea& area, std::size_t count);
+    std::byte* takePlace(MessageReader& request) const;
+    void takeValues(MessageReader& request, std::size_t count);
     void bind(Column const& column, std::byte const* values);
-    void putOutcome(MessageWriter& reply, KxJsColumns::Outcome const& outcome) const;
+    template <class Results>
+    KxJsColumns::Outcome evaluate(std::size_t count, Results&& results, MessageWriter& reply);
 
     KxJsParser& host_;
     std::byte* area_;
     std::byte* shared_;
     std::unique_ptr<KxJsColumns> columns_;
     std::vector<Column> bound_;
+    std::chrono::steady_clock::time_point blockEnd_{};
 };
 
 }  // namespace kx

@@ -1,9 +1,11 @@
 // Columns in the memory that an isolated host has in common with its worker. In process the same
 // columns lie in ordinary memory.
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <span>
 #include <string>
 #include <vector>
@@ -59,6 +61,16 @@ class SharedColumns : public testing::Test {
 };
 
 TEST_F(SharedColumns, areReadAndWrittenInPlace) {
+    // No record sees the result of the one before, unless both lie where the formula runs.
+    prices_[0] = 0;
+    columns_.bind(u"BEFORE", prices_);
+    EXPECT_EQ(evaluate(u"BEFORE+1", prices_ + 1).error, u"");
+    std::vector<double> expected(kRecords + 1);
+    std::iota(expected.begin(), expected.end(), 0.0);
+    EXPECT_TRUE(std::ranges::equal(expected, std::span(prices_, kRecords + 1)));
+}
+
+TEST_F(SharedColumns, areSeenAsTheyAre) {
     auto const outcome = evaluate(u"PRICE*COUNT", results_);
     EXPECT_EQ(outcome.error, u"");
     EXPECT_EQ(outcome.records, kRecords);

@@ -3,6 +3,8 @@
 #include <limits>
 #include <vector>
 
+#include "columns/ColumnReply.h"
+#include "columns/RecentTexts.h"
 #include "isolated/Message.h"
 #include "isolated/Protocol.h"
 
@@ -125,6 +127,22 @@ TEST(Message, carriesVariablesOfAllTypes) {
         EXPECT_EQ(copy.getStrValue(),
                   variable.getStrValue().substr(0, KxJsVariable::kMaxTextLength));
     }
+}
+
+TEST(Message, ofABlockOfRecordsHasDoneOneOrHasAnError) {
+    auto const isRight = [](std::size_t records, std::u16string const& error) {
+        kx::MessageWriter writer;
+        putColumnReply(writer, {records, {}, error}, kx::EndReason::none);
+        kx::MessageReader reader(writer.bytes());
+        kx::RecentTexts texts;
+        takeColumnReply(reader, 10, texts);
+        return reader.isRight();
+    };
+    EXPECT_TRUE(isRight(1, u""));
+    EXPECT_TRUE(isRight(10, u""));
+    EXPECT_TRUE(isRight(0, u"ended"));
+    EXPECT_FALSE(isRight(0, u""));
+    EXPECT_FALSE(isRight(11, u""));
 }
 
 }  // namespace

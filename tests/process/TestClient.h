@@ -32,7 +32,8 @@ inline TestReply ask(kx::Worker& worker, TestRequest request, std::uint64_t numb
     auto const end = limit ? kx::Deadline::Clock::now() + *limit : kx::Deadline::kNever;
     std::vector<std::byte> reply;
     worker.announce(end);
-    auto const outcome = worker.call(bytes, reply);
+    worker.send(bytes);
+    auto const outcome = worker.receive(reply);
     return {outcome, std::string(reinterpret_cast<char const*>(reply.data()), reply.size())};
 }
 
