@@ -32,6 +32,8 @@ void FormulaService::prepareWorker() {
     // Calls like these end native evaluation for their host.
     KxJsParser().evaluate(kFirstCalls, ignored);
     host_ = std::make_unique<KxJsParser>();
+    // Most hosts want the functions at once. One that does not gets another host.
+    host_->initialize();
     inProcessHost(*host_).makeContext(ignored);
 }
 
@@ -59,6 +61,9 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             columns_.erase(number);
             break;
         }
+        case Command::noLibrary:
+            host_ = std::make_unique<KxJsParser>();
+            break;
         case Command::timeLimit:
             host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
             break;
