@@ -105,7 +105,7 @@ class Expression {
     }
 
   private:
-    friend class Parser;
+    friend class TreeBuilder;
 
     std::vector<Node> nodes_;
     std::vector<std::uint32_t> children_;

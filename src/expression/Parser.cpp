@@ -8,6 +8,7 @@
 
 #include "expression/Operators.h"
 #include "expression/Scanner.h"
+#include "expression/TreeBuilder.h"
 #include "text/Digit.h"
 #include "text/NameUnits.h"
 #include "text/ReservedWords.h"
@@ -16,30 +17,28 @@ namespace kx {
 
 class Parser {
   public:
-    static constexpr std::size_t kLongestSource = 65535;
-
-    explicit Parser(std::u16string_view source) : scanner_(source) {
-        // Enough for most formulas: growing would allocate again.
-        expression_.nodes_.reserve(kUsualNodes);
-        expression_.children_.reserve(kUsualNodes);
-        expression_.texts_.reserve(source.size());
+    /// Null where the source is refused.
+    Expression* parse(std::u16string_view source) {
+        scanner_ = Scanner(source);
+        tree_.begin(source.size());
+        pending_.clear();
         pending_.reserve(kUsualDepth);
-        values_.reserve(kUsualDepth);
+        start_ = 0;
+        expectsOperand_ = true;
+        isComplete_ = false;
+        bool goesOn = source.size() <= kLongestSource || refuse(Reason::tooComplex);
+        while (goesOn && !isComplete_) {
+            goesOn = scanner_.skipBlanks() && (expectsOperand_ ? takeOperand() : takeOperator());
+        }
+        return goesOn ? &tree_.tree() : nullptr;
     }
 
-    std::variant<Expression, Refusal> run() {
-        while (!isComplete_) {
-            bool const goesOn =
-                scanner_.skipBlanks() && (expectsOperand_ ? takeOperand() : takeOperator());
-            if (!goesOn) return *scanner_.refusal();
-        }
-        return std::move(expression_);
-    }
+    std::optional<Refusal> const& refusal() const { return scanner_.refusal(); }
 
   private:
     using Reason = Refusal::Reason;
 
-    static constexpr std::size_t kUsualNodes = 16;
+    static constexpr std::size_t kLongestSource = 65535;
     static constexpr std::size_t kUsualDepth = 8;
 
     /// What waits for an operand. Those before unary wait for a closing sign.
@@ -54,12 +53,6 @@ class Parser {
         std::uint32_t firstValue;  // of a call: its callee's place among the values
     };
 
-    /// An operand, and its place with the parentheses around it.
-    struct Value {
-        std::uint32_t node;
-        Place place;
-    };
-
     bool refuse(Reason reason) { return scanner_.refuse(reason, start_); }
 
     bool takeOperand() {
@@ -67,7 +60,7 @@ class Parser {
         char16_t const unit = scanner_.at();
         if (isDigit(unit) || (unit == u'.' && isDigit(scanner_.at(1)))) return takeNumber();
         if (scanner_.isAtEnd()) {
-            bool const isEmpty = pending_.empty() && values_.empty();
+            bool const isEmpty = pending_.empty() && tree_.valueCount() == 0;
             return refuse(isEmpty ? Reason::empty : Reason::syntaxError);
         }
         switch (unit) {
@@ -109,17 +102,15 @@ class Parser {
     bool takeNumber() {
         auto const number = scanner_.takeNumber();
         if (!number) return false;
-        Node node = textNode(NodeKind::number, scanner_.from(start_));
-        node.number = *number;
-        return addOperand(node);
+        tree_.newNode(NodeKind::number, scanner_.from(start_)).number = *number;
+        return addOperand();
     }
 
     bool takeText() {
-        Node node{.kind = NodeKind::string};
-        node.textStart = textEnd();
-        if (!scanner_.takeText(expression_.texts_)) return false;
-        node.textLength = textEnd() - node.textStart;
-        return addOperand(node);
+        Node& node = tree_.newNode(NodeKind::string);
+        if (!scanner_.takeText(tree_.texts())) return false;
+        node.textLength = tree_.textEnd() - node.textStart;
+        return addOperand();
     }
 
     bool takeWord() {
@@ -128,8 +119,9 @@ class Parser {
         ReservedWord const* const word = findReservedWord(name);
         if (word == nullptr) {
             // What begins with it may be a function.
-            return name == u"async" ? refuse(Reason::function)
-                                    : addOperand(textNode(NodeKind::name, name));
+            if (name == u"async") return refuse(Reason::function);
+            tree_.newNode(NodeKind::name, name);
+            return addOperand();
         }
         switch (word->use) {
             case WordUse::unary: {
@@ -137,9 +129,9 @@ class Parser {
                 return wait(Waiting::unary, NodeKind::unary, operation, Binding::unary);
             }
             case WordUse::literal: {
-                Node node{.kind = name == u"null" ? NodeKind::null : NodeKind::boolean};
+                Node& node = tree_.newNode(name == u"null" ? NodeKind::null : NodeKind::boolean);
                 node.number = name == u"true" ? 1 : 0;
-                return addOperand(node);
+                return addOperand();
             }
             case WordUse::statement:
                 return refuse(Reason::statement);
@@ -213,7 +205,7 @@ class Parser {
     }
 
     bool takeAssignment(Operation operation) {
-        NodeKind const target = lastNode().kind;
+        NodeKind const target = tree_.lastNode().kind;
         bool const isTarget =
             target == NodeKind::name || target == NodeKind::member || target == NodeKind::index;
         if (!isTarget || !mayAssign()) return refuse(Reason::syntaxError);
@@ -222,7 +214,7 @@ class Parser {
 
     bool takeArrow() {
         if (scanner_.hasLineEnd() || !mayAssign()) return refuse(Reason::syntaxError);
-        if (lastNode().kind != NodeKind::name || lastNode().isParenthesized) {
+        if (tree_.lastNode().kind != NodeKind::name || tree_.lastNode().isParenthesized) {
             return refuse(Reason::function);
         }
         return wait(Waiting::operation, NodeKind::arrow, Operation::none, Binding::assignment);
@@ -254,12 +246,13 @@ class Parser {
         start_ = scanner_.position();
         std::u16string_view const name = scanner_.takeName();
         if (name.empty()) return false;
-        return add(textNode(NodeKind::member, name), 1, values_.back().place.start);
+        tree_.newNode(NodeKind::member, name);
+        return add(1, tree_.startOf(1));
     }
 
     bool takeCall() {
-        auto const callee = static_cast<std::uint32_t>(values_.size() - 1);
-        std::uint32_t const start = values_.back().place.start;
+        auto const callee = static_cast<std::uint32_t>(tree_.valueCount() - 1);
+        std::uint32_t const start = tree_.startOf(1);
         Pending const call{Waiting::call, NodeKind::call, Operation::none,
                            Binding::none, start,          callee};
         if (!wait(call) || !scanner_.skipBlanks()) return false;
@@ -278,14 +271,14 @@ class Parser {
         }
         pending_.pop_back();
         if (opening.waiting == Waiting::call) {
-            return add({.kind = NodeKind::call}, values_.size() - opening.firstValue,
-                       opening.start);
+            tree_.newNode(NodeKind::call);
+            return add(tree_.valueCount() - opening.firstValue, opening.start);
         }
         if (isIndex) {
-            return add({.kind = NodeKind::index}, 2, values_[values_.size() - 2].place.start);
+            tree_.newNode(NodeKind::index);
+            return add(2, tree_.startOf(2));
         }
-        expression_.nodes_[values_.back().node].isParenthesized = true;
-        values_.back().place = {opening.start, scanner_.position()};
+        tree_.parenthesize({opening.start, scanner_.position()});
         return true;
     }
 
@@ -325,75 +318,46 @@ class Parser {
             pending_.pop_back();
             bool const isUnary = top.waiting == Waiting::unary;
             std::size_t const count = isUnary ? 1 : top.kind == NodeKind::conditional ? 3 : 2;
-            std::uint32_t const start =
-                isUnary ? top.start : values_[values_.size() - count].place.start;
-            Node node{.kind = top.kind, .operation = top.operation};
-            if (!add(node, count, start, values_.back().place.end)) return false;
+            std::uint32_t const start = isUnary ? top.start : tree_.startOf(count);
+            tree_.newNode(top.kind).operation = top.operation;
+            if (!add(count, start, tree_.end())) return false;
         }
         return true;
     }
 
-    std::uint32_t textEnd() const { return static_cast<std::uint32_t>(expression_.texts_.size()); }
-
-    Node textNode(NodeKind kind, std::u16string_view text) {
-        Node node{.kind = kind};
-        node.textStart = textEnd();
-        node.textLength = static_cast<std::uint32_t>(text.size());
-        expression_.texts_ += text;
-        return node;
-    }
-
-    Node const& lastNode() const { return expression_.nodes_[values_.back().node]; }
-
-    bool addOperand(Node const& node) {
+    bool addOperand() {
         expectsOperand_ = false;
-        return add(node, 0, start_);
+        return add(0, start_);
     }
 
-    bool add(Node const& node, std::size_t childCount, std::uint32_t start) {
-        return add(node, childCount, start, scanner_.position());
+    bool add(std::size_t childCount, std::uint32_t start) {
+        return add(childCount, start, scanner_.position());
     }
 
-    /// Adds a node over the last values, which become its children.
-    bool add(Node node, std::size_t childCount, std::uint32_t start, std::uint32_t end) {
-        node.place = {start, end};
-        node.firstChild = static_cast<std::uint32_t>(expression_.children_.size());
-        node.childCount = static_cast<std::uint32_t>(childCount);
-        for (std::size_t i = values_.size() - childCount; i < values_.size(); ++i) {
-            Node const& child = expression_.nodes_[values_[i].node];
-            if (!mayStandBelow(child, node)) return refuse(Reason::syntaxError);
-            node.height = std::max<std::uint16_t>(node.height, child.height + 1);
-            expression_.children_.push_back(values_[i].node);
-        }
-        if (node.height > Expression::kMaxHeight) return refuse(Reason::tooComplex);
-        values_.resize(values_.size() - childCount);
-        values_.push_back({static_cast<std::uint32_t>(expression_.nodes_.size()), node.place});
-        expression_.nodes_.push_back(node);
-        return true;
+    bool add(std::size_t childCount, std::uint32_t start, std::uint32_t end) {
+        auto const reason = tree_.add(childCount, {start, end});
+        return !reason || refuse(*reason);
     }
 
-    /// JavaScript wants parentheses where "??" meets "&&" or "||".
-    static bool mayStandBelow(Node const& child, Node const& node) {
-        auto const isAndOr = [](Operation operation) {
-            return operation == Operation::logicalAnd || operation == Operation::logicalOr;
-        };
-        if (child.isParenthesized || node.kind != NodeKind::binary) return true;
-        return !(node.operation == Operation::coalesce && isAndOr(child.operation)) &&
-               !(isAndOr(node.operation) && child.operation == Operation::coalesce);
-    }
-
-    Scanner scanner_;
-    Expression expression_;
+    Scanner scanner_{{}};
+    TreeBuilder tree_;
     std::vector<Pending> pending_;
-    std::vector<Value> values_;
     std::uint32_t start_ = 0;  // of the token that is looked at
     bool expectsOperand_ = true;
     bool isComplete_ = false;
 };
 
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source) {
-    if (source.size() > Parser::kLongestSource) return Refusal{Refusal::Reason::tooComplex, {0, 1}};
-    return Parser(source).run();
+    Parser parser;
+    if (Expression* const tree = parser.parse(source)) return std::move(*tree);
+    return *parser.refusal();
+}
+
+ExpressionParser::ExpressionParser() : parser_(std::make_unique<Parser>()) {}
+ExpressionParser::~ExpressionParser() = default;
+
+Expression const* ExpressionParser::parse(std::u16string_view source) {
+    return parser_->parse(source);
 }
 
 }  // namespace kx
