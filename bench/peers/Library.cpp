@@ -1,6 +1,8 @@
 // The library, through its public classes only.
 #include <optional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "convert/Converter.h"
 #include "host/KxJsParser.h"
@@ -46,7 +48,7 @@ class Library final : public Peer {
     }
 
     void use(Formula const& formula) override {
-        formula_ = formula;
+        setFormula(formula);
         host_.emplace();
         host_->initialize();
         bindAll(*host_, 0);
@@ -123,13 +125,27 @@ class Library final : public Peer {
         return texts;
     }
 
-    void bindAll(KxJsParser& host, std::uint64_t run) const {
+    /// The application's texts are UTF-16.
+    struct WideVariable {
+        Variable const* variable;
+        std::u16string name;
+        std::u16string text;
+    };
+
+    void setFormula(Formula const& formula) {
+        formula_ = formula;
+        variables_.clear();
         for (Variable const& variable : formula_.variables) {
-            std::u16string const name = widen(variable.name);
-            if (variable.isText()) {
-                host.addSetVariable(KxJsVariable(name, widen(variable.text)));
+            variables_.push_back({&variable, widen(variable.name), widen(variable.text)});
+        }
+    }
+
+    void bindAll(KxJsParser& host, std::uint64_t run) const {
+        for (auto const& [variable, name, text] : variables_) {
+            if (variable->isText()) {
+                host.addSetVariable(KxJsVariable(name, text));
             } else {
-                host.addSetVariable(KxJsVariable(name, variable.numberAt(run)));
+                host.addSetVariable(KxJsVariable(name, variable->numberAt(run)));
             }
         }
     }
@@ -144,6 +160,7 @@ class Library final : public Peer {
     std::vector<std::unique_ptr<KxJsParser>> hosts_;
     std::optional<KxJsParser> host_;
     Formula formula_;
+    std::vector<WideVariable> variables_;  // of the formula
     std::int32_t index_ = 0;
     std::u16string error_;
     std::u16string result_;

@@ -98,7 +98,13 @@ class RawV8 final : public Peer {
         v8::HandleScope const handles(isolate_);
         formula_ = formula;
         prologue_.clear();
-        for (Variable const& variable : formula.variables) prologue_ += prologueFor(variable.name);
+        texts_.clear();
+        carrierNames_.clear();
+        for (Variable const& variable : formula.variables) {
+            prologue_ += prologueFor(variable.name);
+            texts_.push_back(widen(variable.text));
+            carrierNames_.push_back(widen(variable.name + "___" + variable.name));
+        }
         values_.resize(formula.variables.size());
         v8::Local<v8::ObjectTemplate> const shape = v8::ObjectTemplate::New(isolate_);
         shape->SetInternalFieldCount(1);
@@ -210,19 +216,16 @@ class RawV8 final : public Peer {
     void setValues(std::uint64_t run) {
         for (std::size_t i = 0; i < values_.size(); ++i) {
             Variable const& variable = formula_.variables[i];
-            values_[i] = {variable.isText(), variable.numberAt(run), widen(variable.text)};
+            values_[i] = {variable.isText(), variable.numberAt(run), texts_[i]};
         }
     }
 
     void bindAll() {
         v8::Local<v8::Context> const context = context_.Get(isolate_);
         for (std::size_t i = 0; i < values_.size(); ++i) {
-            std::string const& key = formula_.variables[i].name;
             auto const carrier = shape_.Get(isolate_)->NewInstance(context).ToLocalChecked();
             carrier->SetInternalField(0, v8::External::New(isolate_, &values_[i]));
-            std::string name = key;
-            name.append("___").append(key);
-            context->Global()->Set(context, v8String(isolate_, widen(name)), carrier).Check();
+            context->Global()->Set(context, v8String(isolate_, carrierNames_[i]), carrier).Check();
         }
     }
 
@@ -241,7 +244,10 @@ class RawV8 final : public Peer {
     std::vector<v8::Global<v8::Script>> scripts_;
     Formula formula_;
     std::u16string prologue_;
-    std::vector<Value> values_;  // of the variables, in their order
+    // Of the variables, in their order. The application's texts are UTF-16.
+    std::vector<std::u16string> texts_;
+    std::vector<std::u16string> carrierNames_;
+    std::vector<Value> values_;
     std::u16string result_;
 };
 

@@ -1,9 +1,9 @@
 #include "engine/Watchdog.h"
 
 #include <algorithm>
-#include <csignal>
 
 #include "engine/Engine.h"
+#include "process/SignalsBlocked.h"
 
 namespace kx {
 
@@ -12,23 +12,6 @@ namespace {
 /// A run that goes on after a request does something that the script has left, such as promise
 /// jobs.
 constexpr std::chrono::milliseconds kAskAgainAfter{20};
-
-/// Blocks all signals in threads that are started meanwhile: the application chooses the threads
-/// that handle its signals.
-class SignalsBlocked {
-  public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsBlocked(SignalsBlocked const&) = delete;
-    SignalsBlocked& operator=(SignalsBlocked const&) = delete;
-
-  private:
-    sigset_t before_{};
-};
 
 }  // namespace
 
@@ -49,6 +32,7 @@ std::shared_ptr<Watchdog> Watchdog::acquire() {
 }
 
 Watchdog::Watchdog() {
+    // The application chooses the threads that handle its signals.
     SignalsBlocked const whileStarting;
     thread_ = std::thread([this] { watchRuns(); });
 }

@@ -8,6 +8,7 @@
 /// be valid too: statements, functions, templates and the like have no tree here.
 #pragma once
 
+#include <memory>
 #include <string_view>
 #include <variant>
 
@@ -37,5 +38,20 @@ struct Refusal {
 /// The tree of `source`, which may end in ";". Takes time and memory in proportion to its length.
 /// Comments count as white space. Errors: std::bad_alloc. Threads: any.
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source);
+
+class Parser;
+
+/// The same for one source after the other, with memory that stays.
+class ExpressionParser {
+  public:
+    ExpressionParser();
+    ~ExpressionParser();
+
+    /// Null where the source is refused. Valid until the next call.
+    Expression const* parse(std::u16string_view source);
+
+  private:
+    std::unique_ptr<Parser> parser_;
+};
 
 }  // namespace kx

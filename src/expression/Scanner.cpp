@@ -44,8 +44,7 @@ bool Scanner::refuse(Refusal::Reason reason, std::size_t start) {
     return false;
 }
 
-bool Scanner::skipBlanks() {
-    hasLineEnd_ = false;
+bool Scanner::skipSomeBlanks() {
     while (!isAtEnd()) {
         if (isWhiteSpace(at())) {
             hasLineEnd_ = hasLineEnd_ || isLineEnd(at());
@@ -196,10 +195,14 @@ Punctuator const* Scanner::takePunctuator() {
     if (at() >= kAscii) return nullptr;
     for (std::size_t i = kFirstPunctuators[at()];
          i < kPunctuators.size() && kPunctuators[i].text[0] == at(); ++i) {
-        if (!source_.substr(position_).starts_with(kPunctuators[i].text)) continue;
+        std::u16string_view const text = kPunctuators[i].text;
+        // Most differ in the second unit.
+        if (text.size() > 1 && (text[1] != at(1) || !source_.substr(position_).starts_with(text))) {
+            continue;
+        }
         // A point of a number, in "A?.5:1".
-        if (kPunctuators[i].text == u"?." && isDigit(at(2))) continue;
-        position_ += kPunctuators[i].text.size();
+        if (text == u"?." && isDigit(at(2))) continue;
+        position_ += text.size();
         return &kPunctuators[i];
     }
     return nullptr;

@@ -27,7 +27,12 @@ class Scanner {
     void skip() { ++position_; }
 
     /// Over white space and comments. False for a comment without an end.
-    bool skipBlanks();
+    bool skipBlanks() {
+        hasLineEnd_ = false;
+        // In most places of a formula there are none.
+        bool const mayBeBlank = at() <= u' ' || at() == u'/' || at() > u'~';
+        return !mayBeBlank || skipSomeBlanks();
+    }
     /// Whether there was a line end in the blanks that were skipped last.
     bool hasLineEnd() const { return hasLineEnd_; }
 
@@ -43,6 +48,7 @@ class Scanner {
     bool refuse(Refusal::Reason reason, std::size_t start);
 
   private:
+    bool skipSomeBlanks();
     bool skipComment();
     std::optional<double> takeHexadecimal();
     void takeDigits();

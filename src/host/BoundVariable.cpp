@@ -100,7 +100,7 @@ bool BoundVariable::isPlain() {
 
 void BoundVariable::keepValue(Value const& value) {
     kept_ = value;
-    if (value.isText()) keptText_.assign(value.text);
+    if (value.isText()) keptText_.assign(value.text());
 }
 
 v8::Local<v8::Value> BoundVariable::keptValue(v8::Isolate* isolate) const {

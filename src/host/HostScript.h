@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,8 +43,8 @@ class HostScript final : public CompiledScript {
     ScriptSource const& source() const { return source_; }
 
     /// Null where the script needs V8.
-    Program const* program() const { return program_.get(); }
-    void setProgram(std::unique_ptr<Program> program) { program_ = std::move(program); }
+    Program const* program() const { return program_ ? &*program_ : nullptr; }
+    void setProgram(std::optional<Program> program) { program_ = std::move(program); }
 
     /// Null until setCompiled().
     V8Script const* compiled() const { return compiled_ ? &*compiled_ : nullptr; }
@@ -61,7 +60,7 @@ class HostScript final : public CompiledScript {
 
   private:
     mutable ScriptSource source_;
-    std::unique_ptr<Program> program_;
+    std::optional<Program> program_;
     mutable std::optional<V8Script> compiled_;
     mutable ScriptEffects effects_;
 };

@@ -5,10 +5,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <v8.h>
 
 #include "engine/PersistentHandle.h"
+#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/Carriers.h"
 #include "host/DeferredEffects.h"
@@ -137,8 +139,7 @@ class InProcessHost final : public HostBackend {
     ScriptSource bind(std::u16string_view text);
     static bool arePlain(ScriptSource const& source);
     void defineCarriers(ScriptSource const& source, v8::Local<v8::Context> context);
-    std::unique_ptr<Program> makeProgram(Expression const& expression,
-                                         ScriptSource const& source) const;
+    std::optional<Program> makeProgram(Expression const& expression, ScriptSource const& source);
     Value const* compute(HostScript const& script);
     void noteRun(HostScript const& script);
     std::u16string runInV8(HostScript const& script, std::u16string& error);
@@ -167,7 +168,9 @@ class InProcessHost final : public HostBackend {
     std::unique_ptr<PersistentHandle<v8::Context>> context_;
     Carriers carriers_;
     DeferredEffects deferred_;
-    std::unique_ptr<Evaluator> evaluator_;  // once there is something to evaluate
+    ExpressionParser expressionParser_;
+    std::vector<std::u16string_view> names_;  // for makeProgram(): memory that stays
+    std::unique_ptr<Evaluator> evaluator_;    // once there is something to evaluate
     bool isNativeOn_;
     bool isContextDeferred_ = false;  // until V8 is needed
     bool isLibraryDeferred_ = false;  // goes into the context as soon as there is one

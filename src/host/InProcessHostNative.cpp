@@ -3,10 +3,8 @@
 // A formula is evaluated here only while the context is as a new host has it, but for plain
 // variables. Any script may change that, so a script that may have effects ends it for the host.
 #include <algorithm>
-#include <array>
 
 #include "engine/Text.h"
-#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/InProcessHost.h"
 #include "native/Effects.h"
@@ -35,16 +33,14 @@ bool InProcessHost::isNativeAllowed() const {
     return record_->isOwn() || !isolate()->IsExecutionTerminating();
 }
 
-std::unique_ptr<Program> InProcessHost::makeProgram(Expression const& expression,
-                                                    ScriptSource const& source) const {
-    if (source.variables.size() > Evaluator::kMostVariables) return nullptr;
-    std::array<std::u16string_view, Evaluator::kMostVariables> names;
-    std::transform(
-        source.variables.begin(), source.variables.end(), names.begin(),
-        [](BoundVariable const* variable) { return std::u16string_view(variable->key()); });
-    return Program::make(expression, {{names.data(), source.variables.size()},
-                                      hasLibrary_ || isLibraryDeferred_,
-                                      hasRunTimePart_});
+std::optional<Program> InProcessHost::makeProgram(Expression const& expression,
+                                                  ScriptSource const& source) {
+    if (source.variables.size() > Evaluator::kMostVariables) return std::nullopt;
+    names_.clear();
+    for (BoundVariable const* const variable : source.variables) {
+        names_.emplace_back(variable->key());
+    }
+    return Program::make(expression, {names_, hasLibrary_ || isLibraryDeferred_, hasRunTimePart_});
 }
 
 Evaluator& InProcessHost::evaluator() {
@@ -71,8 +67,8 @@ V8Script const* InProcessHost::prepare(HostScript const& script, v8::Local<v8::C
     applyDeferred(context);
     if (script.compiled() == nullptr) {
         if (script.program() != nullptr) {
-            auto const parsed = parseExpression(script.source().text);
-            script.setEffects(effectsOf(std::get_if<Expression>(&parsed), script.source()));
+            Expression const* const tree = expressionParser_.parse(script.source().text);
+            script.setEffects(effectsOf(tree, script.source()));
         }
         if (!compileInV8(script, context)) return nullptr;
     }

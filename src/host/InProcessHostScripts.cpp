@@ -1,11 +1,11 @@
 // Scripts of a host in this process: compiled with their variables, run, and what their failures
 // become.
-#include <bitset>
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "engine/Text.h"
-#include "expression/Parser.h"
 #include "host/BoundVariable.h"
 #include "host/ErrorText.h"
 #include "host/Failure.h"
@@ -20,19 +20,21 @@ namespace {
 class KeySearch {
   public:
     explicit KeySearch(std::u16string_view source) : source_(source) {
-        for (char16_t const unit : source) units_.set(unit % kUnits);
+        std::uint64_t units = 0;  // in a register, not in memory
+        for (char16_t const unit : source) units |= bitOf(unit);
+        units_ = units;
     }
 
     bool finds(std::u16string_view key) const {
-        return (key.empty() || units_[key.front() % kUnits]) &&
+        return (key.empty() || (units_ & bitOf(key.front())) != 0) &&
                source_.find(key) != std::u16string_view::npos;
     }
 
   private:
-    static constexpr std::size_t kUnits = 128;
+    static std::uint64_t bitOf(char16_t unit) { return std::uint64_t{1} << (unit % 64); }
 
     std::u16string_view source_;
-    std::bitset<kUnits> units_;  // which there are; those that share a bit are not told apart
+    std::uint64_t units_;  // which there are; those that share a bit are not told apart
 };
 
 }  // namespace
@@ -46,6 +48,8 @@ std::u16string ScriptSource::prologue() const {
 ScriptSource InProcessHost::bind(std::u16string_view text) {
     ScriptSource source;
     source.text = text;
+    constexpr std::size_t kUsual = 4;
+    source.variables.reserve(std::min(variables_.size(), kUsual));
     KeySearch const search(text);
     for (auto const& [key, variable] : variables_) {
         if (search.finds(key)) source.variables.push_back(&bound(variable));
@@ -57,12 +61,7 @@ std::unique_ptr<CompiledScript> InProcessHost::compile(std::u16string_view sourc
                                                        std::u16string& error) {
     forgetFailure();
     auto script = std::make_unique<HostScript>(bind(source));
-    std::optional<Expression> expression;
-    if (!hadEffects_) {
-        auto parsed = parseExpression(source);
-        if (auto* const tree = std::get_if<Expression>(&parsed)) expression = std::move(*tree);
-    }
-    Expression const* const tree = expression ? &*expression : nullptr;
+    Expression const* const tree = hadEffects_ ? nullptr : expressionParser_.parse(source);
     // V8 accepts what has a tree. It compiles that when it runs it first.
     bool const isDeferred = tree != nullptr && isNativeAllowed() && arePlain(script->source());
     if (isDeferred) script->setProgram(makeProgram(*tree, script->source()));

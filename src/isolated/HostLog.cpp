@@ -80,7 +80,13 @@ std::vector<std::u16string> HostLog::keysIn(std::u16string_view source) const {
     return keys;
 }
 
+/// Tells a new worker whether the host has the built-in functions.
+void HostLog::putLibrary(MessageWriter& writer) {
+    if (std::exchange(isWorkerNew_, false) && !hasLibrary_) writer.put(Command::noLibrary);
+}
+
 void HostLog::putChanges(MessageWriter& writer) {
+    putLibrary(writer);
     if (haveSettingsChanged_) {
         writer.put(Command::timeLimit);
         writer.put(static_cast<std::int64_t>(timeLimit_.count()));
@@ -112,10 +118,8 @@ void HostLog::putChanges(MessageWriter& writer) {
 
 std::size_t HostLog::putAll(MessageWriter& writer) {
     std::size_t results = 0;
-    if (hasLibrary_) {
-        writer.put(Command::install);
-        ++results;
-    }
+    isWorkerNew_ = true;
+    putLibrary(writer);
     // A script sees the variables that were bound before it was compiled. So each variable is set
     // just before the oldest script that was bound to it.
     std::set<std::u16string_view> bound;

@@ -50,6 +50,8 @@ class HostLog {
     std::chrono::milliseconds timeLimit() const { return timeLimit_; }
     void setNativeEvaluation(bool isOn);
     void noteLibrary() { hasLibrary_ = true; }
+    /// Whether nothing was said of the host, to its worker or here.
+    bool isBlank() const { return isWorkerNew_ && variables_.empty(); }
     void noteVariable(KxJsVariable const& variable) noexcept;
     /// Forgets variables and scripts, before the host does.
     void noteReset() noexcept;
@@ -65,8 +67,8 @@ class HostLog {
 
     /// Writes what has changed since the last time.
     void putChanges(MessageWriter& writer);
-    /// Writes everything but the variables' values and the settings, which count as changed
-    /// then. Returns how many results are to come.
+    /// Writes, for a new worker, everything but the variables' values and the settings, which count
+    /// as changed then. Returns how many results are to come.
     std::size_t putAll(MessageWriter& writer);
 
   private:
@@ -75,6 +77,7 @@ class HostLog {
     std::uint32_t newNumber() { return ++lastNumber_; }
     std::uint32_t enter(IsolatedScript const& script);
     void leave(IsolatedScript const& script) noexcept;
+    void putLibrary(MessageWriter& writer);
     /// Leaving may not allocate. So entering reserves the memory for it.
     void reserveRelease();
 
@@ -85,6 +88,7 @@ class HostLog {
     std::chrono::milliseconds timeLimit_{0};
     std::optional<std::size_t> memoryLimit_;
     bool hasLibrary_ = false;
+    bool isWorkerNew_ = true;  // and was told nothing
     bool isNative_ = isNativeByDefault();
     bool haveSettingsChanged_ = true;
     std::map<std::uint32_t, IsolatedScript const*> scripts_;

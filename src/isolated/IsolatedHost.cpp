@@ -37,9 +37,16 @@ IsolatedHost::IsolatedHost(Variables const& variables, KxJsIsolation const& isol
     : log_(variables), worker_(isolation) {}
 
 void IsolatedHost::installLibrary() {
-    log_.noteLibrary();
+    if (log_.isBlank()) {
+        // A new worker has the functions.
+        forgetFailure();
+        endReason_ = EndReason::none;
+        return log_.noteLibrary();
+    }
     std::u16string ignored;
-    if (!prepare(ignored)) return;
+    bool const isReady = prepare(ignored);
+    log_.noteLibrary();
+    if (!isReady) return;
     request_.put(Command::install);
     exchange(ignored);
 }

@@ -18,6 +18,7 @@ char const* protocolVersion();
 enum class Command : std::uint8_t {
     setVariable,     ///< key, type, value
     release,         ///< id of a script or of columns
+    noLibrary,       ///< nothing; before all others: a new worker has the built-in functions
     timeLimit,       ///< milliseconds, 64 bits
     memoryLimit,     ///< bytes, 64 bits
     native,          ///< 0 or 1: whether formulas may be evaluated without V8

@@ -74,7 +74,7 @@ bool cut(double number, double decimals, Workspace& workspace, Value& result) {
                 kept)) {
         return false;
     }
-    return give(textToNumber(kept.text), result);
+    return give(textToNumber(kept.text()), result);
 }
 
 }  // namespace
@@ -132,7 +132,8 @@ bool concat(Arguments arguments, Workspace& workspace, Value& result) {
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() && substr(arguments[0].text, Value::of(0.0), arguments[1], result);
+    return arguments[0].isText() &&
+           substr(arguments[0].text(), Value::of(0.0), arguments[1], result);
 }
 
 bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -141,7 +142,7 @@ bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const isNone = areEqual(arguments[1], Value::of(0.0));
     if (!isNone) return false;
     if (*isNone) return give(std::u16string_view(), result);
-    return substr(arguments[0].text, Value::of(-*count), {}, result);
+    return substr(arguments[0].text(), Value::of(-*count), {}, result);
 }
 
 bool substrOf(Arguments arguments, Workspace& workspace, Value& result) {
@@ -154,7 +155,7 @@ bool locate(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
     auto const start = isTrue(arguments[2]) ? toWholeNumber(arguments[2]) : 0;
     if (!arguments[0].isText() || !part || !start) return false;
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     double place = 0;
     return indexOf(text, *part, static_cast<std::size_t>(std::clamp(*start, 0.0, sizeOf(text))),
                    workspace.arena, place) &&
@@ -178,7 +179,7 @@ bool atc(Arguments arguments, Workspace& workspace, Value& result) {
     Value part;
     return inLowerCase(arguments[0], workspace, text) &&
            inLowerCase(arguments[1], workspace, part) &&
-           findOccurrence(text.text, part.text, arguments[2], false, workspace, result);
+           findOccurrence(text.text(), part.text(), arguments[2], false, workspace, result);
 }
 
 bool ratc(Arguments arguments, Workspace& workspace, Value& result) {
@@ -186,7 +187,7 @@ bool ratc(Arguments arguments, Workspace& workspace, Value& result) {
     Value part;
     return inLowerCase(arguments[0], workspace, text) &&
            inLowerCase(arguments[1], workspace, part) &&
-           findOccurrence(text.text, part.text, arguments[2], true, workspace, result);
+           findOccurrence(text.text(), part.text(), arguments[2], true, workspace, result);
 }
 
 bool occurs(Arguments arguments, Workspace& workspace, Value& result) {
@@ -200,7 +201,7 @@ bool ioccurs(Arguments arguments, Workspace& workspace, Value& result) {
     Value text;
     return inLowerCase(arguments[0], workspace, part) &&
            inLowerCase(arguments[1], workspace, text) &&
-           countOccurrences(part.text, text.text, workspace, result);
+           countOccurrences(part.text(), text.text(), workspace, result);
 }
 
 bool space(Arguments arguments, Workspace& workspace, Value& result) {
@@ -270,18 +271,18 @@ bool insert(Arguments arguments, Workspace& workspace, Value& result) {
         !slice(*text, Value::of(arguments[1].number + arguments[2].number), {}, after)) {
         return false;
     }
-    auto const front = joined(before.text, *inserted, workspace.arena);
+    auto const front = joined(before.text(), *inserted, workspace.arena);
     if (!front) return false;
-    return give(joined(*front, after.text, workspace.arena), result);
+    return give(joined(*front, after.text(), workspace.arena), result);
 }
 
 bool replace(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
     if (!arguments[0].isText() || !part) return false;
     // Without a separator the whole is one piece; between pieces an undefined text is a comma.
-    if (arguments[1].isUndefined()) return give(arguments[0].text, result);
+    if (arguments[1].isUndefined()) return give(arguments[0].text(), result);
     auto const with = toText(arguments[2], workspace.arena);
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     if (!with || part->empty()) return false;
     std::u16string_view const separator = arguments[2].isUndefined() ? u"," : *with;
     auto const count = countParts(text, *part, workspace.arena);

@@ -41,7 +41,7 @@ bool isTrue(Value const& value) {
         case Value::Type::number:
             return value.number != 0 && !std::isnan(value.number);
         case Value::Type::text:
-            return !value.text.empty();
+            return !value.text().empty();
         default:
             return false;
     }
@@ -82,7 +82,7 @@ std::optional<std::u16string_view> toText(Value const& value, TextArena& arena) 
         case Value::Type::boolean:
             return value.number != 0 ? u"true" : u"false";
         case Value::Type::text:
-            return value.text;
+            return value.text();
         default:
             break;
     }
@@ -101,7 +101,7 @@ std::optional<std::u16string_view> joined(std::u16string_view left, std::u16stri
 
 bool areStrictlyEqual(Value const& left, Value const& right) {
     if (left.type != right.type) return false;
-    return left.isText() ? left.text == right.text : left.number == right.number;
+    return left.isText() ? left.text() == right.text() : left.number == right.number;
 }
 
 std::optional<bool> areEqual(Value const& left, Value const& right) {
@@ -126,7 +126,7 @@ std::optional<bool> compare(Operation operation, Value const& left, Value const&
                 return first >= second;
         }
     };
-    if (left.isText() && right.isText()) return answer(left.text, right.text);
+    if (left.isText() && right.isText()) return answer(left.text(), right.text());
     auto const first = toNumber(left);
     auto const second = toNumber(right);
     if (!first || !second) return std::nullopt;

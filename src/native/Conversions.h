@@ -21,7 +21,7 @@ bool isTrue(Value const& value);
 std::optional<double> textToNumber(std::u16string_view text);
 
 inline std::optional<double> toNumber(Value const& value) {
-    if (value.isText()) return textToNumber(value.text);
+    if (value.isText()) return textToNumber(value.text());
     // That of null is 0.
     return value.isUndefined() ? std::numeric_limits<double>::quiet_NaN() : value.number;
 }

@@ -101,7 +101,13 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
         Program::Instruction const& step = *at++;
         switch (step.step) {
             case Step::constant:
-                *++top = program.constants_[step.operand];
+                ++top;
+                top->type = static_cast<Value::Type>(step.operand);
+                top->number = step.number;
+                break;
+            case Step::text:
+                ++top;
+                top->become({program.texts_.data() + step.start, step.operand});
                 break;
             case Step::variable:
                 *++top = variables[step.operand];
@@ -124,7 +130,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
             }
             case Step::length:
                 if (!top->isText()) return false;
-                *top = Value::of(static_cast<double>(top->text.size()));
+                *top = Value::of(static_cast<double>(top->text().size()));
                 break;
             case Step::member:
             case Step::call: {
@@ -132,10 +138,7 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                 ++top;
                 if (step.step == Step::member && !top->isText()) return false;
                 Value result;
-                if (!program.functions_[step.operand]->compute({top, step.count}, workspace_,
-                                                               result)) {
-                    return false;
-                }
+                if (!step.function->compute({top, step.count}, workspace_, result)) return false;
                 *top = result;
                 break;
             }

@@ -33,12 +33,12 @@ bool isOfCatalogue(std::u16string_view name) {
 class ProgramMaker {
   public:
     ProgramMaker(Expression const& expression, Names const& names)
-        : expression_(expression), names_(names), program_(std::make_unique<Program>()) {}
+        : expression_(expression), names_(names) {}
 
-    std::unique_ptr<Program> make() {
-        allocate();
-        if (!add(expression_.root())) return nullptr;
-        return mostValues_ <= Evaluator::kMostValues ? std::move(program_) : nullptr;
+    std::optional<Program> make() {
+        program_.instructions_.reserve(expression_.nodes().size() + 1);  // enough for most formulas
+        if (!add(expression_.root()) || mostValues_ > Evaluator::kMostValues) return std::nullopt;
+        return std::move(program_);
     }
 
   private:
@@ -52,7 +52,7 @@ class ProgramMaker {
             case NodeKind::number:
                 return addConstant({Value::Type::number, node.number});
             case NodeKind::string:
-                return addConstant(Value::of(textOf(node)));
+                return addText(expression_.text(node));
             case NodeKind::boolean:
                 return addConstant({Value::Type::boolean, node.number});
             case NodeKind::null:
@@ -208,16 +208,24 @@ class ProgramMaker {
             if (!addConstant(kUndefined)) return false;
             ++count;
         }
-        program_->functions_.push_back(function);
-        emit(step, program_->functions_.size() - 1);
-        program_->instructions_.back().count = static_cast<std::uint16_t>(count);
+        emit(step, 0);
+        program_.instructions_.back().function = function;
+        program_.instructions_.back().count = static_cast<std::uint16_t>(count);
         values_ -= count;
         return push();
     }
 
+    /// `value` is no text.
     bool addConstant(Value const& value) {
-        program_->constants_.push_back(value);
-        emit(Step::constant, program_->constants_.size() - 1);
+        emit(Step::constant, static_cast<std::size_t>(value.type));
+        program_.instructions_.back().number = value.number;
+        return push();
+    }
+
+    bool addText(std::u16string_view text) {
+        emit(Step::text, text.size());
+        program_.instructions_.back().start = program_.texts_.size();
+        program_.texts_ += text;
         return push();
     }
 
@@ -233,47 +241,26 @@ class ProgramMaker {
     }
 
     std::size_t emit(Step step, std::size_t operand, Operation operation = Operation::none) {
-        program_->instructions_.push_back(
-            {step, operation, 0, static_cast<std::uint32_t>(operand)});
-        return program_->instructions_.size() - 1;
+        Program::Instruction& added = program_.instructions_.emplace_back();
+        added.step = step;
+        added.operation = operation;
+        added.operand = static_cast<std::uint32_t>(operand);
+        return program_.instructions_.size() - 1;
     }
 
     void leadHere(std::size_t jump) {
-        program_->instructions_[jump].operand =
-            static_cast<std::uint32_t>(program_->instructions_.size());
-    }
-
-    /// Texts must not move once a constant refers to them. The other sizes are estimates that fit
-    /// most formulas.
-    void allocate() {
-        std::size_t size = 0;
-        std::size_t constants = 0;
-        for (Node const& node : expression_.nodes()) {
-            if (node.kind == NodeKind::string) size += node.textLength;
-            if (node.kind == NodeKind::string || node.kind == NodeKind::number) ++constants;
-        }
-        program_->texts_.resize(size);
-        nextText_ = program_->texts_.data();
-        program_->constants_.reserve(constants);
-        program_->instructions_.reserve(expression_.nodes().size() + 1);
-    }
-
-    std::u16string_view textOf(Node const& node) {
-        std::u16string_view const text = expression_.text(node);
-        char16_t* const copy = nextText_;
-        nextText_ = std::copy(text.begin(), text.end(), copy);
-        return {copy, text.size()};
+        program_.instructions_[jump].operand =
+            static_cast<std::uint32_t>(program_.instructions_.size());
     }
 
     Expression const& expression_;
     Names const& names_;
-    std::unique_ptr<Program> program_;
-    char16_t* nextText_ = nullptr;
+    Program program_;
     std::size_t values_ = 0;  // waiting at this point of the formula
     std::size_t mostValues_ = 0;
 };
 
-std::unique_ptr<Program> Program::make(Expression const& expression, Names const& names) {
+std::optional<Program> Program::make(Expression const& expression, Names const& names) {
     return ProgramMaker(expression, names).make();
 }
 

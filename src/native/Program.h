@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -32,20 +32,21 @@ struct Names {
 /// members stand for is as a new host has it. Threads: any; one at a time for an Evaluator.
 class Program {
   public:
-    /// Null where a part of the formula is left to V8: for good, not just for some values.
-    static std::unique_ptr<Program> make(Expression const& expression, Names const& names);
+    /// Empty where a part of the formula is left to V8: for good, not just for some values.
+    static std::optional<Program> make(Expression const& expression, Names const& names);
 
   private:
     friend class Evaluator;
     friend class ProgramMaker;
 
     enum class Step : std::uint8_t {
-        constant,        // operand: which one
+        constant,        // operand: its type; number
+        text,            // operand: its length; start
         variable,        // operand: which one
         unary,           //
         binary,          //
         length,          // of a text
-        call,            // operand: which function; count: its arguments, the receiver among them
+        call,            // function; count: its arguments, the receiver among them
         member,          // the same for a member of a text
         drop,            // the top value
         jump,            // operand: where to
@@ -60,12 +61,15 @@ class Program {
         Operation operation = Operation::none;
         std::uint16_t count = 0;
         std::uint32_t operand = 0;
+        union {
+            double number = 0;
+            std::size_t start;  // among the texts
+            Function const* function;
+        };
     };
 
     std::vector<Instruction> instructions_;
-    std::vector<Value> constants_;
-    std::vector<Function const*> functions_;
-    std::vector<char16_t> texts_;  // of the constants
+    std::u16string texts_;
 };
 
 /// Evaluates formulas, with memory that stays from one to the next.

@@ -120,10 +120,10 @@ bool changeCase(std::u16string_view text, bool isUpper, TextArena& arena, Value&
 
 bool trimText(Value const& value, Match::Pattern pattern, Workspace& workspace, Value& result) {
     if (!value.isText()) return false;
-    std::u16string_view text = value.text;
+    std::u16string_view text = value.text();
     if (pattern != Match::Pattern::trailingBlanks) text = withoutLeadingSpace(text);
     if (pattern != Match::Pattern::leadingBlanks) text = withoutTrailingSpace(text);
-    if (text.size() != value.text.size()) workspace.match = {pattern, value.text};
+    if (text.size() != value.text().size()) workspace.match = {pattern, value.text()};
     return give(text, result);
 }
 
@@ -150,7 +150,7 @@ bool toFixed(double number, double decimals, TextArena& arena, Value& result) {
 
 namespace {
 
-std::u16string_view receiver(Arguments arguments) { return arguments[0].text; }
+std::u16string_view receiver(Arguments arguments) { return arguments[0].text(); }
 
 bool charAt(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const place = toWholeNumber(arguments[1]);

@@ -76,8 +76,12 @@ ApplicationEnd::Outcome ApplicationEnd::awaitTurn(Deadline& deadline) {
                                 static_cast<std::uint32_t>(sched_getcpu());
                      });
     Outcome outcome = Outcome::arrived;
-    if (!hasChanged) outcome = sleepUntilTurn(deadline);
-    budget_.note(SpinBudget::Clock::now() - begin);
+    if (hasChanged) {
+        budget_.noteSpin();
+    } else {
+        outcome = sleepUntilTurn(deadline);
+        budget_.noteSleep(SpinBudget::Clock::now() - begin);
+    }
     if (outcome == Outcome::arrived && look() != Turn::next) return Outcome::invalid;
     return outcome;
 }

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "process/OwnedDescriptor.h"
+#include "process/SignalsBlocked.h"
 #include "process/SystemError.h"
 
 namespace kx {
@@ -97,22 +98,6 @@ int runStart(void* start) {
     return 0;
 }
 
-/// Blocks all signals of this thread, so that no handler of the application runs in the clone.
-class SignalsBlocked {
-  public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    SignalsBlocked(SignalsBlocked const&) = delete;
-    SignalsBlocked& operator=(SignalsBlocked const&) = delete;
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
-  private:
-    sigset_t before_;
-};
-
 }  // namespace
 
 void spawnDetached(std::string const& program, int socket, int lifeline) {
@@ -125,6 +110,8 @@ void spawnDetached(std::string const& program, int socket, int lifeline) {
     // thread waits for it as for vfork(), and its end sends no signal and is not seen by wait().
     constexpr std::size_t kStack = std::size_t{256} * 1024;
     std::vector<Aligned> stack(kStack / sizeof(Aligned));
+    // Nor may a handler of the application run in it.
+    SignalsBlocked const meanwhile;
     pid_t const between =
         clone(runStart, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK, &start);
     if (between < 0) throwSystemError("clone");

@@ -29,11 +29,15 @@ class SpinBudget {
 
     bool isSpinning() const { return budget_ > Clock::duration::zero(); }
 
-    /// Tells how long a wait has been in all.
-    void note(Clock::duration wait) {
+    /// Tells that spinning was enough, or else how long the wait has been in all. After spinning
+    /// the clock is not read: that would take much of the time that spinning saves.
+    /// @{
+    void noteSpin() { budget_ = kLongest; }
+    void noteSleep(Clock::duration wait) {
         budget_ = wait <= kLongest ? kLongest : budget_ / 2;
         if (budget_ < kShortest) budget_ = Clock::duration::zero();
     }
+    /// @}
 
   private:
     static constexpr int kLooksPerClock = 16;

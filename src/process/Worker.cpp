@@ -7,6 +7,7 @@
 
 #include "process/Handover.h"
 #include "process/SystemError.h"
+#include "process/ThisProcess.h"
 #include "process/ZygoteLink.h"
 
 namespace kx {
@@ -36,7 +37,7 @@ Worker::Worker(Parts parts, WorkerSettings const& settings)
       control_(std::move(parts.control)),
       // A reply is no longer than the worker's memory; a text may take twice its bytes on the way.
       end_(memory_.data(), std::move(parts.wakePipe), 2 * settings.memoryLimit + kChannelPart),
-      owner_(getpid()) {
+      owner_(thisProcess()) {
     memory_.takeDescriptor();
     awaitReadiness(settings);
     limitMemory(settings.memoryLimit);
@@ -92,7 +93,7 @@ Worker::Outcome Worker::receive(std::vector<std::byte>& reply) {
     return outcome_;
 }
 
-bool Worker::isOfOtherProcess() const { return getpid() != owner_; }
+bool Worker::isOfOtherProcess() const { return thisProcess() != owner_; }
 
 std::optional<int> Worker::endStatus() {
     ControlReport report;

@@ -13,6 +13,7 @@
 #include "process/DetachedSpawn.h"
 #include "process/Handover.h"
 #include "process/SystemError.h"
+#include "process/ThisProcess.h"
 
 namespace kx {
 
@@ -22,7 +23,7 @@ constexpr int kPatienceInMilliseconds = 30'000;
 
 /// All links of one process.
 struct Links {
-    pid_t process = getpid();
+    pid_t process = thisProcess();
     std::mutex mutex;
     std::map<std::pair<std::string, std::string>, std::unique_ptr<ZygoteLink>> byProgram;
 };
@@ -33,7 +34,7 @@ struct Links {
 Links& links() {
     static std::atomic<Links*> current = nullptr;
     Links* known = current.load();
-    if (known != nullptr && known->process == getpid()) return *known;
+    if (known != nullptr && known->process == thisProcess()) return *known;
     auto fresh = std::make_unique<Links>();
     if (current.compare_exchange_strong(known, fresh.get())) return *fresh.release();
     return *known;

@@ -43,6 +43,8 @@ inline constexpr auto kReservedWords = std::to_array<ReservedWord>({
 
 /// Null for a word that is none of them.
 constexpr ReservedWord const* findReservedWord(std::u16string_view word) {
+    // Most names of formulas are in capitals.
+    if (word.empty() || word.front() < u'a') return nullptr;
     auto const found = std::lower_bound(
         kReservedWords.begin(), kReservedWords.end(), word,
         [](ReservedWord const& known, std::u16string_view text) { return known.text < text; });

@@ -13,8 +13,9 @@ namespace kx {
 
 namespace {
 
-/// Makes V8 read the time zone, which it does at the first use of dates only.
-constexpr char16_t const* kFirstCalls = u"new Date(0).toString() + new Date(0).toLocaleString()";
+/// Makes V8 read the time zone, which it does at the first use of dates only. Languages need no
+/// file, and would take longer than all the rest.
+constexpr char16_t const* kFirstCalls = u"new Date(0).toString()";
 
 /// Marks an error text that a call has not set.
 std::u16string const kUntouched = u"\uffff";
@@ -32,6 +33,8 @@ void FormulaService::prepareWorker() {
     // Calls like these end native evaluation for their host.
     KxJsParser().evaluate(kFirstCalls, ignored);
     host_ = std::make_unique<KxJsParser>();
+    // Most hosts want the functions at once. One that does not gets another host.
+    host_->initialize();
     inProcessHost(*host_).makeContext(ignored);
 }
 
@@ -59,6 +62,9 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             columns_.erase(number);
             break;
         }
+        case Command::noLibrary:
+            host_ = std::make_unique<KxJsParser>();
+            break;
         case Command::timeLimit:
             host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
             break;

@@ -61,12 +61,13 @@ void WorkerEnd::sendPart(std::span<std::byte const> bytes, bool hasMore) {
 void WorkerEnd::awaitTurn() {
     auto const begin = SpinBudget::Clock::now();
     if (sharesProcessor() && budget_.isSpinning() && begin >= nextStep_) stepAside();
-    if (!budget_.spin([this] { return hasTurn(); }, [this] { return sharesProcessor(); })) {
-        words_.worker.sleeps.store(1);
-        while (!hasTurn()) waitForChange(words_.application.turn, turn_ - 1);
-        words_.worker.sleeps.store(0, std::memory_order_relaxed);
+    if (budget_.spin([this] { return hasTurn(); }, [this] { return sharesProcessor(); })) {
+        return budget_.noteSpin();
     }
-    budget_.note(SpinBudget::Clock::now() - begin);
+    words_.worker.sleeps.store(1);
+    while (!hasTurn()) waitForChange(words_.application.turn, turn_ - 1);
+    words_.worker.sleeps.store(0, std::memory_order_relaxed);
+    budget_.noteSleep(SpinBudget::Clock::now() - begin);
 }
 
 /// Whether the application has answered; the worker's message n with number n.

@@ -59,7 +59,7 @@ int Zygote::run() {
     if (chdir("/") != 0) return 1;
     service_.prepareZygote();
     waitMask_ = watchChildren();
-    spare_ = makeWorker(nullptr);
+    makeSpare();
     std::string_view const version = service_.version();
     if (!sendPacket(kZygoteSocket, std::as_bytes(std::span(version)))) return 1;
     while (serveOnce()) {
@@ -91,54 +91,55 @@ bool Zygote::answerRequest() {
     WorkerRequest request;
     std::vector<OwnedDescriptor> shared;
     if (!receiveValue(kZygoteSocket, request, 0, &shared)) return false;
-    std::optional<Fresh> const worker = takeWorker(request.sharedMemory, std::move(shared));
-    ZygoteAnswer const answer{worker ? 0 : error_};
-    if (!worker) return sendPacket(kZygoteSocket, packetOf(answer));
+    std::optional<Fresh> worker;
+    try {
+        worker = takeWorker(request.sharedMemory, std::move(shared));
+    } catch (std::system_error const& failure) {
+        return sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{failure.code().value()}));
+    }
     std::array<int, 2> control = {-1, -1};
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, control.data()) != 0) return false;
     OwnedDescriptor const theirs(control[1]);
     children_.push_back({worker->process, OwnedDescriptor(control[0])});
     std::array<int, kWorkerDescriptors> const descriptors = {worker->memory.get(),
                                                              worker->wakePipe.get(), theirs.get()};
-    bool const isSent = sendPacket(kZygoteSocket, packetOf(answer), descriptors);
-    if (!spare_) spare_ = makeWorker(nullptr);
+    bool const isSent = sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{}), descriptors);
+    makeSpare();
     return isSent;
 }
 
-/// The one in reserve, or a new one that has the memory `shared`. Empty, with the reason in
-/// `error_`, where there can be none.
-std::optional<Zygote::Fresh> Zygote::takeWorker(std::uint64_t sharedBytes,
-                                                std::vector<OwnedDescriptor> shared) {
-    if (shared.empty()) return spare_ ? std::exchange(spare_, {}) : makeWorker(nullptr);
+void Zygote::makeSpare() {
+    if (spare_) return;
     try {
-        auto const memory = SharedMemory::open(std::move(shared.front()), sharedBytes);
-        return makeWorker(&memory);
-    } catch (std::system_error const& failure) {
-        error_ = failure.code().value();
-        return {};
+        spare_ = makeWorker(nullptr);
+    } catch (std::system_error const&) {
+        // The next request tries again, and is told why there is none.
     }
 }
 
-/// Empty, with the reason in `error_`, where there can be none.
-std::optional<Zygote::Fresh> Zygote::makeWorker(SharedMemory const* shared) {
-    try {
-        SharedMemory memory = SharedMemory::create(kChannelSize);
-        std::array<int, 2> wakePipe = {-1, -1};
-        if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) throwSystemError("pipe2");
-        OwnedDescriptor readEnd(wakePipe[0]);
-        OwnedDescriptor const writeEnd(wakePipe[1]);
-        pid_t const zygote = getpid();
-        pid_t const process = fork();
-        if (process == 0) {
-            std::byte* const own = shared == nullptr ? nullptr : shared->data();
-            runWorker(service_, {memory.data(), own}, writeEnd.get(), zygote);
-        }
-        if (process < 0) throwSystemError("fork");
-        return Fresh{process, memory.takeDescriptor(), std::move(readEnd)};
-    } catch (std::system_error const& failure) {
-        error_ = failure.code().value();
-        return {};
+/// The one in reserve, or a new one that has the memory `shared`. Throws std::system_error where
+/// there can be none.
+Zygote::Fresh Zygote::takeWorker(std::uint64_t sharedBytes, std::vector<OwnedDescriptor> shared) {
+    if (shared.empty()) return spare_ ? *std::exchange(spare_, {}) : makeWorker(nullptr);
+    auto const memory = SharedMemory::open(std::move(shared.front()), sharedBytes);
+    return makeWorker(&memory);
+}
+
+/// Throws std::system_error where there can be none.
+Zygote::Fresh Zygote::makeWorker(SharedMemory const* shared) {
+    SharedMemory memory = SharedMemory::create(kChannelSize);
+    std::array<int, 2> wakePipe = {-1, -1};
+    if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) throwSystemError("pipe2");
+    OwnedDescriptor readEnd(wakePipe[0]);
+    OwnedDescriptor const writeEnd(wakePipe[1]);
+    pid_t const zygote = getpid();
+    pid_t const process = fork();
+    if (process == 0) {
+        std::byte* const own = shared == nullptr ? nullptr : shared->data();
+        runWorker(service_, {memory.data(), own}, writeEnd.get(), zygote);
     }
+    if (process < 0) throwSystemError("fork");
+    return Fresh{process, memory.takeDescriptor(), std::move(readEnd)};
 }
 
 /// False when the application lets go of the worker.

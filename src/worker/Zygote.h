@@ -38,8 +38,9 @@ class Zygote {
 
     bool serveOnce();
     bool answerRequest();
-    std::optional<Fresh> takeWorker(std::uint64_t sharedBytes, std::vector<OwnedDescriptor> shared);
-    std::optional<Fresh> makeWorker(SharedMemory const* shared);
+    void makeSpare();
+    Fresh takeWorker(std::uint64_t sharedBytes, std::vector<OwnedDescriptor> shared);
+    Fresh makeWorker(SharedMemory const* shared);
     bool obeyControl(Child& child);
     void end(std::list<Child>::iterator child);
     void reap();
@@ -48,7 +49,6 @@ class Zygote {
     sigset_t waitMask_{};
     std::list<Child> children_;
     std::optional<Fresh> spare_;
-    int error_ = 0;  // why there is no worker
 };
 
 }  // namespace kx

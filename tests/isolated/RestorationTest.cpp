@@ -46,6 +46,31 @@ TEST_F(Isolated, bindsToARestoredScriptWhatWasBoundWhenItWasParsed) {
     EXPECT_EQ(evaluate(u"A+B"), u"10");
 }
 
+TEST(Isolation, givesTheBuiltInFunctionsToInitializedHostsAlone) {
+    KxJsIsolation isolation = testIsolation();
+    isolation.memoryLimit = std::uint64_t{256} << 20;
+    KxJsParser host(isolation);
+    std::u16string error;
+    auto const typeBeforeAndAfterTheEndOfAWorker = [&] {
+        std::u16string types = host.evaluate(u"typeof LEFT", error);
+        host.evaluate(u"new Array(2**25).fill(1.5).length", error);
+        EXPECT_EQ(host.lastFailure()->kind, KxJsFailure::Kind::WORKER_ENDED);
+        return types + u", " + host.evaluate(u"typeof LEFT", error);
+    };
+    EXPECT_EQ(typeBeforeAndAfterTheEndOfAWorker(), u"undefined, undefined");
+    host.initialize();
+    EXPECT_EQ(typeBeforeAndAfterTheEndOfAWorker(), u"function, function");
+    // Functions are installed over variables that were there before.
+    KxJsParser other(isolation);
+    KxJsParser inProcess;
+    for (KxJsParser* const one : {&other, &inProcess}) {
+        EXPECT_TRUE(one->addSetVariable(KxJsVariable(u"LEFT", 5)));
+        one->initialize();
+    }
+    EXPECT_EQ(other.evaluate(u"var x = LEFT; typeof x", error),
+              inProcess.evaluate(u"var x = LEFT; typeof x", error));
+}
+
 TEST_F(Isolated, losesGlobalsThatScriptsHaveMade) {
     EXPECT_EQ(evaluate(u"kept = 5"), u"5");
     crash();

@@ -104,7 +104,7 @@ TEST(Comparison, withTheEngine) {
         auto const* expression = std::get_if<kx::Expression>(&parsed);
         ASSERT_NE(expression, nullptr) << testing::PrintToString(formula);
         auto const program = kx::Program::make(*expression, {kNames, true});
-        if (program == nullptr) continue;
+        if (!program) continue;
         if (i % 100 == 0) {
             engine.forget();
             other.forget();

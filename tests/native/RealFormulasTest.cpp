@@ -57,7 +57,7 @@ bool needsNoV8(std::u16string const& source) {
     for (auto const name : names) {
         if (!callees.contains(name) && name != u"Math") variables.push_back(name);
     }
-    return kx::Program::make(*expression, {variables, true}) != nullptr;
+    return kx::Program::make(*expression, {variables, true}).has_value();
 }
 
 TEST(RealFormulas, mostlyNeedNoV8) {

@@ -54,7 +54,7 @@ TEST(Translated, hasTheResultsOfTheEngine) {
         auto const* const expression = std::get_if<kx::Expression>(&parsed);
         ASSERT_NE(expression, nullptr) << testing::PrintToString(script);
         auto const program = kx::Program::make(*expression, {kNames, true, true});
-        if (program == nullptr) continue;
+        if (!program) continue;
         ++withProgram;
         if (withProgram % 500 == 0) host.host.reset();
         for (int round = 0; round < 3; ++round) {

@@ -68,7 +68,7 @@ bool ntos(Arguments arguments, Workspace& workspace, Value& result) {
 /// Leading white space, a sign, digits with a point among them; what follows does not count.
 bool val(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
-    std::u16string_view text = withoutFirstSpace(arguments[0].text);
+    std::u16string_view text = withoutFirstSpace(arguments[0].text());
     bool const isNegative = text.starts_with(u'-');
     if (isNegative || text.starts_with(u'+')) text.remove_prefix(1);
     std::array<char, 64> units{'0'};
@@ -125,9 +125,9 @@ bool extreme(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     for (Value const& value : arguments.subspan(1)) {
         if (value.type != result.type) return false;
         bool const isLess =
-            value.isText() ? value.text < result.text : value.number < result.number;
+            value.isText() ? value.text() < result.text() : value.number < result.number;
         bool const isMore =
-            value.isText() ? value.text > result.text : value.number > result.number;
+            value.isText() ? value.text() > result.text() : value.number > result.number;
         if (kIsMax ? isMore : isLess) result = value;
     }
     return true;

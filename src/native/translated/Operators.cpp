@@ -18,7 +18,7 @@ bool add(Arguments arguments, Workspace& workspace, Value& result) {
         return giveFinite(arguments[0].number + arguments[1].number, result);
     }
     if (!areTexts(arguments)) return false;
-    return give(joined(arguments[0].text, arguments[1].text, workspace.arena), result);
+    return give(joined(arguments[0].text(), arguments[1].text(), workspace.arena), result);
 }
 
 /// Blanks at the end of the left text go to the end.
@@ -27,8 +27,8 @@ bool subtract(Arguments arguments, Workspace& workspace, Value& result) {
         return giveFinite(arguments[0].number - arguments[1].number, result);
     }
     if (!areTexts(arguments)) return false;
-    std::u16string_view const left = arguments[0].text;
-    std::u16string_view const right = arguments[1].text;
+    std::u16string_view const left = arguments[0].text();
+    std::u16string_view const right = arguments[1].text();
     std::u16string_view const first = withoutLastBlanks(left);
     char16_t* const units = workspace.arena.allocate(left.size() + right.size());
     if (units == nullptr) return false;
@@ -89,7 +89,7 @@ template <bool kIsExact, bool kIsNegated>
 bool equal(Arguments arguments, Workspace& workspace, Value& result) {
     bool isEqual = false;
     if (areTexts(arguments)) {
-        isEqual = compareTexts(arguments[0].text, arguments[1].text, kIsExact) == 0;
+        isEqual = compareTexts(arguments[0].text(), arguments[1].text(), kIsExact) == 0;
     } else {
         if (!identical(arguments, workspace, result)) return false;
         isEqual = result.number != 0;
@@ -103,7 +103,7 @@ bool compareSizes(Arguments arguments, Workspace& /*workspace*/, Value& result) 
     Value const& left = arguments[0];
     Value const& right = arguments[1];
     if (left.isNullish() || left.type != right.type) return false;
-    double const order = left.isText() ? compareTexts(left.text, right.text, kIsExact)
+    double const order = left.isText() ? compareTexts(left.text(), right.text(), kIsExact)
                          : left.number < right.number ? -1
                          : left.number > right.number ? 1
                                                       : 0;
@@ -113,8 +113,8 @@ bool compareSizes(Arguments arguments, Workspace& /*workspace*/, Value& result) 
 bool contains(Arguments arguments, Workspace& workspace, Value& result) {
     if (!areTexts(arguments)) return false;
     double place = -1;
-    if (!indexOf(arguments[1].text, arguments[0].text, 0, workspace.arena, place)) return false;
-    return give(!arguments[0].text.empty() && place >= 0, result);
+    if (!indexOf(arguments[1].text(), arguments[0].text(), 0, workspace.arena, place)) return false;
+    return give(!arguments[0].text().empty() && place >= 0, result);
 }
 
 /// The other arguments are evaluated for their errors only.

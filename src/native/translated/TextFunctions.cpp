@@ -12,13 +12,13 @@ namespace kx {
 namespace {
 
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() && give(sizeOf(arguments[0].text), result);
+    return arguments[0].isText() && give(sizeOf(arguments[0].text()), result);
 }
 
 template <bool kAtStart, bool kAtEnd>
 bool trim(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
-    std::u16string_view text = arguments[0].text;
+    std::u16string_view text = arguments[0].text();
     if (kAtEnd) text = withoutLastBlanks(text);
     if (kAtStart) text = withoutFirstSpace(text);
     return give(text, result);
@@ -27,13 +27,13 @@ bool trim(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 template <bool kIsUpper>
 bool inCase(Arguments arguments, Workspace& workspace, Value& result) {
     return arguments[0].isText() &&
-           changeCase(arguments[0].text, kIsUpper, workspace.arena, result);
+           changeCase(arguments[0].text(), kIsUpper, workspace.arena, result);
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const count = wholeOf(arguments[1]);
     if (!arguments[0].isText() || !count) return false;
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     return give(text.substr(0, limitedTo(*count, text.size())), result);
 }
 
@@ -43,14 +43,14 @@ bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     }
     auto const count = wholeOf(arguments[1]);
     if (!count) return false;
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     return give(text.substr(text.size() - limitedTo(*count, text.size())), result);
 }
 
 bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto from = wholeOf(arguments[1]);
     if (!arguments[0].isText() || !from) return false;
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     double const size = sizeOf(text);
     auto const count = wholeOr(arguments[2], size);
     if (!count) return false;
@@ -67,8 +67,8 @@ bool stuff(Arguments arguments, Workspace& workspace, Value& result) {
     auto from = wholeOf(arguments[1]);
     auto const count = wholeOf(arguments[2]);
     if (!from || !count) return false;
-    std::u16string_view const text = arguments[0].text;
-    std::u16string_view const replacement = arguments[3].text;
+    std::u16string_view const text = arguments[0].text();
+    std::u16string_view const replacement = arguments[3].text();
     double const size = sizeOf(text);
     if (*from < 0 || *from > size) from = size + 1;
     std::size_t const first = limitedTo(*from - 1, text.size());
@@ -97,7 +97,7 @@ bool space(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool replicate(Arguments arguments, Workspace& workspace, Value& result) {
     return arguments[0].isText() &&
-           repeat(arguments[0].text, arguments[1], workspace.arena, result);
+           repeat(arguments[0].text(), arguments[1], workspace.arena, result);
 }
 
 enum class Side : std::uint8_t { left, right, both };
@@ -118,18 +118,18 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     }
     if (*width < 1) return give(std::u16string_view(), result);
     auto const size = static_cast<std::size_t>(*width);
-    if (text.text.size() >= size) return give(text.text.substr(0, size), result);
-    std::u16string_view const fill = arguments[2].isText() ? arguments[2].text : u" ";
+    if (text.text().size() >= size) return give(text.text().substr(0, size), result);
+    std::u16string_view const fill = arguments[2].isText() ? arguments[2].text() : u" ";
     char16_t const unit = fill.empty() ? u'\0' : fill[0];
-    std::size_t const missing = size - text.text.size();
+    std::size_t const missing = size - text.text().size();
     std::size_t const before = kSide == Side::left   ? missing
                                : kSide == Side::both ? missing / 2
                                                      : 0;
     char16_t* const units = workspace.arena.allocate(size);
     if (units == nullptr) return false;
     char16_t* const middle = std::fill_n(units, before, unit);
-    text.text.copy(middle, text.text.size());
-    std::fill_n(middle + text.text.size(), missing - before, unit);
+    text.text().copy(middle, text.text().size());
+    std::fill_n(middle + text.text().size(), missing - before, unit);
     return give(std::u16string_view(units, size), result);
 }
 
@@ -144,14 +144,14 @@ bool chr(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool asc(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
-    std::u16string_view const text = arguments[0].text;
+    std::u16string_view const text = arguments[0].text();
     return give(text.empty() ? 0.0 : text[0], result);
 }
 
 /// Whether a text begins with a unit from `kLow` to `kHigh`, or with that of the other range.
 template <char16_t kLow, char16_t kHigh, char16_t kOtherLow = kLow, char16_t kOtherHigh = kHigh>
 bool beginsWith(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    std::u16string_view const text = arguments[0].isText() ? arguments[0].text : u"";
+    std::u16string_view const text = arguments[0].isText() ? arguments[0].text() : u"";
     char16_t const unit = text.empty() ? u'\0' : text[0];
     return give((unit >= kLow && unit <= kHigh) || (unit >= kOtherLow && unit <= kOtherHigh),
                 result);
@@ -161,8 +161,8 @@ bool beginsWith(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 bool at(Arguments arguments, Workspace& workspace, Value& result) {
     auto const which = wholeOr(arguments[2], 1);
     if (!arguments[0].isText() || !arguments[1].isText() || !which) return false;
-    std::u16string_view const sought = arguments[0].text;
-    std::u16string_view const text = arguments[1].text;
+    std::u16string_view const sought = arguments[0].text();
+    std::u16string_view const text = arguments[1].text();
     if (sought.empty() || *which < 1) return give(0.0, result);
     double place = -1;
     for (std::size_t left = limitedTo(*which, text.size() + 1); left > 0; --left) {
@@ -176,16 +176,16 @@ bool at(Arguments arguments, Workspace& workspace, Value& result) {
 bool rat(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[2].isNullish()) return false;
     if (!arguments[0].isText() || !arguments[1].isText()) return give(0.0, result);
-    std::u16string_view const sought = arguments[0].text;
+    std::u16string_view const sought = arguments[0].text();
     double place = -1;
-    if (!lastIndexOf(arguments[1].text, sought, workspace.arena, place)) return false;
+    if (!lastIndexOf(arguments[1].text(), sought, workspace.arena, place)) return false;
     return give(sought.empty() ? 0 : place + 1, result);
 }
 
 bool occurs(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText()) return false;
-    std::u16string_view const sought = arguments[0].text;
-    std::u16string_view const text = arguments[1].text;
+    std::u16string_view const sought = arguments[0].text();
+    std::u16string_view const text = arguments[1].text();
     if (sought.empty() || text.empty()) return give(0.0, result);
     auto const count = countParts(text, sought, workspace.arena);
     return count && give(static_cast<double>(*count), result);
@@ -197,11 +197,11 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
     bool const isRight = arguments[0].isText() && arguments[1].isText() &&
                          (arguments[2].isText() || arguments[2].isNullish());
     if (!isRight || !most || !from) return false;
-    std::u16string_view const text = arguments[0].text;
-    std::u16string_view const sought = arguments[1].text;
+    std::u16string_view const text = arguments[0].text();
+    std::u16string_view const sought = arguments[1].text();
     if (sought.empty()) return give(text, result);
     if (!workspace.arena.countWork(text.size() * sought.size())) return false;
-    std::u16string_view const replacement = arguments[2].isText() ? arguments[2].text : u"";
+    std::u16string_view const replacement = arguments[2].isText() ? arguments[2].text() : u"";
     double const first = std::max(1.0, *from);
     std::u16string made;
     std::size_t start = 0;
@@ -220,9 +220,9 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText() || !arguments[2].isText()) return false;
-    return give(
-        replacedUnits(arguments[0].text, arguments[1].text, arguments[2].text, workspace.arena),
-        result);
+    return give(replacedUnits(arguments[0].text(), arguments[1].text(), arguments[2].text(),
+                              workspace.arena),
+                result);
 }
 
 constexpr std::array kFunctions = {

@@ -13,7 +13,7 @@ namespace {
 
 bool isEmptyValue(Value const& value) {
     if (!value.isText()) return value.isNullish() || value.number == 0;
-    return value.text.find_first_not_of(kWhiteSpace) == std::u16string_view::npos;
+    return value.text().find_first_not_of(kWhiteSpace) == std::u16string_view::npos;
 }
 
 bool empty(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -47,7 +47,7 @@ bool typeLetter(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 template <bool kIsExact>
 std::optional<int> order(Value const& left, Value const& right) {
     if (left.isNullish() || left.type != right.type) return std::nullopt;
-    if (left.isText()) return compareTexts(left.text, right.text, kIsExact);
+    if (left.isText()) return compareTexts(left.text(), right.text(), kIsExact);
     return left.number < right.number ? -1 : left.number > right.number ? 1 : 0;
 }
 
@@ -75,7 +75,7 @@ bool inList(Arguments arguments, Workspace& workspace, Value& result) {
 bool asText(Arguments arguments, Workspace& workspace, Value& result) {
     Value const& value = arguments[0];
     if (value.isUndefined()) return false;
-    if (value.isText()) return give(value.text, result);
+    if (value.isText()) return give(value.text(), result);
     if (value.isBoolean()) {
         return give(std::u16string_view(value.number != 0 ? u".T." : u".F."), result);
     }
