@@ -31,7 +31,7 @@ struct Value {
     constexpr Value& operator=(Value const& other) {
         type = other.type;
         number = other.number;
-        if (other.type == Type::text) setText(other.text());
+        if (other.type == Type::text && &other != this) setText(other.text());
         return *this;
     }
 
