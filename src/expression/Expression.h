@@ -23,6 +23,7 @@ enum class NodeKind : std::uint8_t {
     call,         // callee, arguments
     assignment,   // target, value. operation is none for "=", and add for "+="
     arrow,        // parameter, which is a name; body
+    opaque,       // what only scripts may hold: in no tree outside of the parser
 };
 
 enum class Operation : std::uint8_t {

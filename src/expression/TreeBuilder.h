@@ -36,11 +36,14 @@ class TreeBuilder {
     }
 
     Expression& tree() { return tree_; }
+    Expression const& tree() const { return tree_; }
     std::u16string& texts() { return tree_.texts_; }
 
     /// Precondition of what is about the last value: there is one.
     /// @{
     std::size_t valueCount() const { return values_.size(); }
+    /// Forgets all values but the first ones.
+    void keepValues(std::size_t count) { values_.resize(count); }
     Node const& lastNode() const { return tree_.nodes_[values_.back().node]; }
     std::uint32_t end() const { return values_.back().place.end; }
     /// Where the last `count` values begin.

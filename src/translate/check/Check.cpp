@@ -79,8 +79,13 @@ class Checked {
             return;
         }
         std::u16string const source = withKnownLetters(formula_);
-        Comparison comparison(tree_, source, *converted_.expression);
-        bool const isSame = !converted_.isOther && comparison.isSame();
+        bool isSame = false;
+        std::vector<NodeIndex> changedTexts;
+        if (converted_.expression) {
+            Comparison comparison(tree_, source, *converted_.expression);
+            isSame = comparison.isSame();
+            changedTexts = comparison.changedTexts();
+        }
         result_.verdict = isSame ? verdictOfFunctions() : Verdict::changed;
         if (isSame) {
             // What was found may have turned out well, as a text with a quote of the other kind.
@@ -92,7 +97,7 @@ class Checked {
         }
         std::vector<bool> isExplained(tree_.nodes.size());
         for (Found const& each : found_) isExplained[each.node] = true;
-        for (NodeIndex const text : comparison.changedTexts()) {
+        for (NodeIndex const text : changedTexts) {
             if (isExplained[text]) continue;
             found_.push_back({Code::textRewritten, text, tree_.nodes[text].place});
         }
@@ -141,7 +146,7 @@ class Checked {
         Parser parser(rewriting, settings_, tree, obstacles);
         if (parser.parse()) return false;
         Converted const converted = convertFormula(rewriting);
-        if (!converted.compiles || converted.isOther || converted.isTooLarge) return false;
+        if (!converted.expression) return false;
         std::u16string const source = withKnownLetters(rewriting);
         if (!Comparison(tree, source, *converted.expression).isSame()) return false;
         auto const found = findDamage(tree, rewriting, settings_, obstacles);

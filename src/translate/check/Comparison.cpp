@@ -5,7 +5,6 @@
 #include "text/WhiteSpace.h"
 #include "translate/Letters.h"
 #include "translate/check/CallTemplate.h"
-#include "translate/check/Patches.h"
 
 namespace kx::translate {
 namespace {
@@ -44,11 +43,6 @@ Operation operationOf(Operator op) {
         default:
             return Operation::none;
     }
-}
-
-bool isEqualInAnyCase(std::u16string_view a, std::u16string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t x, char16_t y) { return upperCase(x) == upperCase(y); });
 }
 
 char16_t hexadecimalDigit(char16_t unit) {
@@ -140,9 +134,7 @@ bool Comparison::sameText(NodeIndex index, kx::Node const& js) {
 bool Comparison::sameName(Node const& node, kx::Node const& js) {
     std::u16string_view name = written(node.place);
     if (!node.hasPoint || node.hasArrow) {
-        if (js.kind != JsKind::name) return false;
-        return expression_.text(js) == name ||
-               (isNameInScripts(name) && isEqualInAnyCase(expression_.text(js), name));
+        return js.kind == JsKind::name && expression_.text(js) == name;
     }
     kx::Node const* part = &js;
     while (part->kind == JsKind::member) {

@@ -13,11 +13,9 @@ struct Converted {
     std::u16string javaScript;
     /// Whether it compiles as a script.
     bool compiles = false;
-    /// Whether it is known to mean something else: an array, a function, an increment.
-    bool isOther = false;
     /// Whether it is too large to be looked at.
     bool isTooLarge = false;
-    /// What it means, where it compiles and has a tree.
+    /// What it means, where it compiles and is an expression.
     std::optional<Expression> expression;
 };
 
