@@ -33,6 +33,20 @@ bool isPlainDecimal(std::u16string_view text) {
     return digits > 0 && points <= 1 && text.size() <= kLongestDecimal;
 }
 
+/// The text of what is no number.
+std::u16string_view textWithoutDigits(Value const& value) {
+    switch (value.type) {
+        case Value::Type::text:
+            return value.text();
+        case Value::Type::null:
+            return u"null";
+        case Value::Type::boolean:
+            return value.number != 0 ? u"true" : u"false";
+        default:
+            return u"undefined";
+    }
+}
+
 }  // namespace
 
 bool isTrue(Value const& value) {
@@ -74,18 +88,7 @@ std::int32_t toInt32(double number) {
 }
 
 std::optional<std::u16string_view> toText(Value const& value, TextArena& arena) {
-    switch (value.type) {
-        case Value::Type::undefined:
-            return u"undefined";
-        case Value::Type::null:
-            return u"null";
-        case Value::Type::boolean:
-            return value.number != 0 ? u"true" : u"false";
-        case Value::Type::text:
-            return value.text();
-        default:
-            break;
-    }
+    if (!value.isNumber()) return textWithoutDigits(value);
     char16_t* const units = arena.allocate(kLongestNumberText);
     if (units == nullptr) return std::nullopt;
     return std::u16string_view(units, writeNumber(value.number, units));
@@ -93,6 +96,11 @@ std::optional<std::u16string_view> toText(Value const& value, TextArena& arena) 
 
 std::optional<std::u16string_view> joined(std::u16string_view left, std::u16string_view right,
                                           TextArena& arena) {
+    // Of a chain of texts, the beginning is there already.
+    if (char16_t* const end = arena.allocateBehind(left, right.size())) {
+        std::copy(right.begin(), right.end(), end);
+        return std::u16string_view(left.data(), left.size() + right.size());
+    }
     char16_t* const units = arena.allocate(left.size() + right.size());
     if (units == nullptr) return std::nullopt;
     std::copy(right.begin(), right.end(), std::copy(left.begin(), left.end(), units));
@@ -206,11 +214,14 @@ bool calculate(Operation operation, Value const& left, Value const& right, TextA
             break;
     }
     if (operation == Operation::add && (left.isText() || right.isText())) {
-        auto const first = toText(left, arena);
-        auto const second = toText(right, arena);
-        if (!first || !second) return false;
-        auto const text = joined(*first, *second, arena);
-        if (text) result = Value::of(*text);
+        // At most one of them is a number. Its text is needed for this moment only.
+        std::array<char16_t, kLongestNumberText> digits;
+        auto const textOf = [&digits](Value const& value) {
+            if (!value.isNumber()) return textWithoutDigits(value);
+            return std::u16string_view(digits.data(), writeNumber(value.number, digits.data()));
+        };
+        auto const text = joined(textOf(left), textOf(right), arena);
+        if (text) result.become(*text);
         return text.has_value();
     }
     auto const first = toNumber(left);

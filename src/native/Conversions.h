@@ -54,6 +54,7 @@ bool areStrictlyEqual(Value const& left, Value const& right);
 std::optional<bool> compare(Operation operation, Value const& left, Value const& right);
 
 /// A binary operation but those that choose an operand ("&&", "||", "??", ",").
+/// `result` may be `left`.
 bool calculate(Operation operation, Value const& left, Value const& right, TextArena& arena,
                Value& result);
 

@@ -121,11 +121,10 @@ bool Evaluator::execute(Program const& program, std::span<Value const> variables
                     calculateInPlace(step.operation, top[0], top[1].number)) {
                     break;
                 }
-                Value result;
-                if (!calculate(step.operation, top[0], top[1], workspace_.arena, result)) {
+                // Written in place once both operands have been read.
+                if (!calculate(step.operation, top[0], top[1], workspace_.arena, top[0])) {
                     return false;
                 }
-                *top = result;
                 break;
             }
             case Step::length:

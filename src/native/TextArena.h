@@ -27,6 +27,15 @@ class TextArena {
         return more_.emplace_back(size).data();
     }
 
+    /// The same behind the end of `text`, or null where that is not where the arena is free.
+    char16_t* allocateBehind(std::u16string_view text, std::size_t size) {
+        char16_t* const units = first_.data() + used_;
+        if (text.data() + text.size() != units || size > first_.size() - used_) return nullptr;
+        if (!countWork(size)) return nullptr;
+        used_ += size;
+        return units;
+    }
+
     /// A copy of `text`, of char16_t or ASCII; empty where there is too much work.
     template <class Unit>
     std::optional<std::u16string_view> copy(std::basic_string_view<Unit> text) {

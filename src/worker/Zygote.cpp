@@ -103,9 +103,7 @@ bool Zygote::answerRequest() {
     children_.push_back({worker->process, OwnedDescriptor(control[0])});
     std::array<int, kWorkerDescriptors> const descriptors = {worker->memory.get(),
                                                              worker->wakePipe.get(), theirs.get()};
-    bool const isSent = sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{}), descriptors);
-    makeSpare();
-    return isSent;
+    return sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{}), descriptors);
 }
 
 void Zygote::makeSpare() {
@@ -148,7 +146,10 @@ bool Zygote::obeyControl(Child& child) {
     if (!receiveValue(child.control.get(), request, 0)) return false;
     ControlReport const report{ControlReport::Kind::limited,
                                limitMemory(child.process, request.memoryLimit)};
-    return sendPacket(child.control.get(), packetOf(report));
+    bool const isSent = sendPacket(child.control.get(), packetOf(report));
+    // Until now the application has waited for its worker.
+    makeSpare();
+    return isSent;
 }
 
 void Zygote::end(std::list<Child>::iterator child) {
