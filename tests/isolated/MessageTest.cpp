@@ -145,4 +145,22 @@ TEST(Message, ofABlockOfRecordsHasDoneOneOrHasAnError) {
     EXPECT_FALSE(isRight(11, u""));
 }
 
+TEST(Message, ofABlockOfRecordsTellsFailuresOfThoseThatAreDone) {
+    auto const isRight = [](std::vector<std::size_t> const& records) {
+        KxJsColumns::Outcome outcome;
+        outcome.records = 5;
+        for (std::size_t const record : records) outcome.failures.push_back({record, {}});
+        kx::MessageWriter writer;
+        putColumnReply(writer, outcome, kx::EndReason::none);
+        kx::MessageReader reader(writer.bytes());
+        kx::RecentTexts texts;
+        takeColumnReply(reader, 10, texts);
+        return reader.isRight();
+    };
+    EXPECT_TRUE(isRight({0, 4}));
+    EXPECT_FALSE(isRight({5}));
+    EXPECT_FALSE(isRight({3, 3}));
+    EXPECT_FALSE(isRight({3, 2}));
+}
+
 }  // namespace
