@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(prototypes, Scripts,
 INSTANTIATE_TEST_SUITE_P(directives, Scripts,
                          testing::Values(Row{Form::refused, u"'use strict';010"},
                                          Row{Form::refused, u"\"use strict\";let"},
-                                         Row{Form::refused, u"(A=1)=>{'use strict'}"},
+                                         Row{Form::refused, u"(A=1,B)=>{'use strict'}"},
                                          Row{Form::refused, u"A=>{'use strict';010}"},
                                          Row{Form::expression, u"'use strict'"},
                                          Row{Form::expression, u"'use strict'+010"},
@@ -149,10 +149,11 @@ TEST(Scripts, TooDeepOnesAreTooComplex) {
 }
 
 TEST(Scripts, OfTokensAtRandomCompile) {
-    constexpr std::array kTokens = {u"A", u"B",  u"A", u"1",  u"010", u"F(A)", u"this", u"(",
-                                    u")", u"[",  u"]", u"{",  u"}",   u",",    u",",    u"=",
-                                    u"=", u"=>", u":", u"++", u"--",  u";",    u"+",    u".C",
-                                    u"?", u"-",  u"A", u"B",  u"+="};
+    constexpr std::array kTokens = {
+        u"A", u"B",  u"A", u"1",  u"010", u"F(A)", u"this",      u"(",
+        u")", u"[",  u"]", u"{",  u"}",   u",",    u",",         u"=",
+        u"=", u"=>", u":", u"++", u"--",  u";",    u"+",         u".C",
+        u"?", u"-",  u"A", u"B",  u"+=",  u"let",  u"__proto__", u"'use strict'"};
     ScriptHost host;
     std::mt19937_64 random(7);
     int others = 0;
