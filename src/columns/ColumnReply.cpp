@@ -49,7 +49,7 @@ ColumnReply takeColumnReply(MessageReader& reader, std::size_t count, RecentText
     for (std::uint64_t i = 0; i < failures; ++i) {
         KxJsColumns::Failure failure = takeFailure(reader, texts);
         bool const isNext = reply.failures.empty() || failure.record > reply.failures.back().record;
-        if (failure.record >= count || !isNext) {
+        if (failure.record >= reply.records || !isNext) {
             reader.refuse();
             break;
         }

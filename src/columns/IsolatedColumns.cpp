@@ -10,6 +10,7 @@
 
 #include "columns/ColumnReply.h"
 #include "columns/ColumnTexts.h"
+#include "columns/RecentTexts.h"
 #include "host/EndText.h"
 #include "host/KxJsParser.h"
 #include "isolated/ColumnArea.h"
@@ -136,30 +137,31 @@ void IsolatedColumns::run(Evaluation& evaluation) {
     }
     std::size_t size = progress() ? std::min(kFirstBlock, largest) : largest;
     if (!prepare(outcome.error)) return;
-    Block block = write(evaluation, 0, size);
+    Block block = writeRequest(evaluation, 0, size);
     beginCall(evaluation);
     while (true) {
-        // What the progress function does is to hold for the next block.
-        Block next;
+        // A progress function may change what the next block sees, so its values are read after
+        // it.
+        Block ahead;
         if (!progress() && block.last < evaluation.count) {
             host_.request().clear();
-            next = write(evaluation, block.last, size);
+            ahead = writeRequest(evaluation, block.last, size);
         }
         auto reader = endCall(evaluation);
         if (!reader) return;
         takeReply(*reader, evaluation, block);
         // The worker goes on while the results are taken.
-        bool const isAhead = next.first == outcome.records && goesOn(evaluation);
+        bool const isAhead = ahead.first == outcome.records && goesOn(evaluation);
         if (isAhead) beginCall(evaluation);
         if (!takeResults(*reader, evaluation, block)) return;
         if (progress()) bindLastRecord(outcome);
         if (!isAhead) {
             if (!goesOn(evaluation) || !prepare(outcome.error)) return;
             size = size > largest / kGrowth ? largest : size * kGrowth;
-            next = write(evaluation, outcome.records, size);
+            ahead = writeRequest(evaluation, outcome.records, size);
             beginCall(evaluation);
         }
-        block = next;
+        block = ahead;
     }
 }
 
@@ -171,8 +173,8 @@ bool IsolatedColumns::prepare(std::u16string& error) {
 
 /// Adds to the request that the records from `first` on are to be evaluated, `size` or as many as
 /// there are. What is left to add is the time limit.
-IsolatedColumns::Block IsolatedColumns::write(Evaluation& evaluation, std::size_t first,
-                                              std::size_t size) const {
+IsolatedColumns::Block IsolatedColumns::writeRequest(Evaluation& evaluation, std::size_t first,
+                                                     std::size_t size) const {
     Block block;
     block.first = first;
     block.last = first + std::min(size, evaluation.count - first);
@@ -191,6 +193,8 @@ void IsolatedColumns::beginCall(Evaluation const& evaluation) {
     std::chrono::milliseconds const left = evaluation.timeLeft();
     host_.request().put(static_cast<std::int64_t>(left.count()));
     host_.beginCall(left);
+    // It may have come before the call, and after goesOn().
+    if (host_.isTerminated()) host_.terminate();
     // The request has a limit of its own: the worker is told the host's again.
     host_.log().setTimeLimit(host_.log().timeLimit());
 }
@@ -316,7 +320,8 @@ bool IsolatedColumns::takeResults(MessageReader& reader, Evaluation const& evalu
     return false;
 }
 
-/// Between two blocks. False where the evaluation was ended.
+/// Between two blocks: calls the progress function. False where the evaluation is done or was
+/// ended.
 bool IsolatedColumns::goesOn(Evaluation& evaluation) {
     KxJsColumns::Outcome& outcome = evaluation.outcome;
     if (!outcome.error.empty()) return false;

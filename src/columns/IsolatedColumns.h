@@ -5,11 +5,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "columns/ColumnsBackend.h"
 #include "columns/KxJsColumns.h"
-#include "columns/RecentTexts.h"
 #include "isolated/IsolatedHost.h"
 
 namespace kx {
@@ -36,7 +34,7 @@ class IsolatedColumns final : public ColumnsBackend {
     void run(Evaluation& evaluation);
     bool prepare(std::u16string& error);
     std::size_t mostRecords(std::size_t sharing, ColumnResults const& results) const;
-    Block write(Evaluation& evaluation, std::size_t first, std::size_t size) const;
+    Block writeRequest(Evaluation& evaluation, std::size_t first, std::size_t size) const;
     void putValues(MessageWriter& writer, Evaluation const& evaluation, Block& block) const;
     template <class T>
     std::uint64_t placeOf(T const* values, std::size_t first, std::size_t last) const;

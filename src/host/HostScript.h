@@ -54,7 +54,7 @@ class HostScript final : public CompiledScript {
     void setCompiled(OwnHandles& all, v8::Local<v8::Script> script,
                      std::size_t prologueLength) const {
         compiled_.emplace(all, script, source_.text, prologueLength);
-        source_.text = {};
+        std::u16string().swap(source_.text);  // an assignment would keep the memory
     }
     void setEffects(ScriptEffects effects) const { effects_ = std::move(effects); }
 

@@ -71,7 +71,13 @@ class InProcessHost final : public HostBackend {
     /// where something was thrown: that is in `capture`. Belongs inside a LimitedRun.
     v8::Local<v8::Value> runOnce(CompiledScript const& script, v8::Local<v8::Context> context,
                                  v8::TryCatch const& capture) {
-        V8Script const* const compiled = prepare(static_cast<HostScript const&>(script), context);
+        return runPrepared(prepare(static_cast<HostScript const&>(script), context), context,
+                           capture);
+    }
+
+    /// The same for what prepare() has returned.
+    v8::Local<v8::Value> runPrepared(V8Script const* compiled, v8::Local<v8::Context> context,
+                                     v8::TryCatch const& capture) {
         v8::Local<v8::Value> completion;
         bool const hasCompleted =
             compiled != nullptr &&

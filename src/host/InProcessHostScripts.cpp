@@ -135,15 +135,16 @@ std::u16string InProcessHost::runInV8(HostScript const& script, std::u16string& 
     LimitedRun const run(limits_);
     countScript();
     v8::TryCatch const capture(isolate());
-    // A copy: what the script calls in an application's isolate may reset the host.
-    prepare(script, context);
+    V8Script const* const compiled = prepare(script, context);
+    // Copies: what the script calls in an application's isolate may reset the host.
     CallerSource const source = callerSourceOf(script);
-    v8::Local<v8::Value> const completion = runOnce(script, context, capture);
+    bool const isRunTimePart = script.effects().isRunTimePart;
+    v8::Local<v8::Value> const completion = runPrepared(compiled, context, capture);
     // Calls the value's own toString, which can fail as the script can.
     std::u16string result = textOfValue(isolate(), context, completion);
     if (!completion.IsEmpty()) endConversion(completion);
     if (!capture.HasCaught()) {
-        hasRunTimePart_ = hasRunTimePart_ || script.effects().isRunTimePart;
+        hasRunTimePart_ = hasRunTimePart_ || isRunTimePart;
         return result;
     }
     error = reportException(capture, KxJsFailure::Kind::RUN_ERROR, source);

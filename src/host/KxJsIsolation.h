@@ -17,6 +17,15 @@ struct KxJsSandbox {
 /// How an isolated host runs its scripts: in a worker process of its own, in a sandbox. A plain
 /// value.
 ///
+/// Where a worker was ended, lastFailure() is of the kind WORKER_ENDED. The next worker has the
+/// variables, built-in functions and compiled scripts; globals that scripts have made are gone.
+/// They are also gone after a reset() on another thread. Without a time limit a script may run for
+/// ever, as in process.
+///
+/// Costs: a process for each host, one more in reserve, and one that starts them. They end with the
+/// application, and are no children of it. A fork of the application may use the hosts: it gets
+/// workers of its own.
+///
 ///     KxJsIsolation isolation;
 ///     isolation.required.systemCallFilter = true;  // rather no host than one without it
 ///     KxJsParser parser(isolation);

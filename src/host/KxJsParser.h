@@ -55,23 +55,12 @@ class KXJS_API KxJsParser {
     /// A host without variables, scripts and, until initialize(), built-in functions.
     KxJsParser();
 
-    /// An isolated host: its scripts run in a worker process of their own, in a sandbox. Everything
-    /// else is as for other hosts, and every member works. Whatever a script does, it can at worst
-    /// end its worker: the call then has an error text, lastFailure() is of the kind WORKER_ENDED,
-    /// and the next call has a new worker, with variables, built-in functions and compiled scripts
-    /// in place. Globals that scripts have made are gone then. They are also gone after a reset()
-    /// on another thread.
-    ///
-    /// A script that does not end at the time limit, or after terminate(), is ended with its worker
-    /// after `isolation.grace`. Without a time limit it may run for ever, as in process.
-    ///
-    /// Needs the program kxjs-worker, which is installed with the library. Throws
-    /// std::runtime_error where it cannot be started, is of another version, or the system lacks a
-    /// required piece of the sandbox.
-    ///
-    /// Costs: a process for each host, one more in reserve, and one that starts them. They end with
-    /// the application, and are no children of it. A fork of the application may use the hosts: it
-    /// gets workers of its own.
+    /// An isolated host: its scripts run in a worker process of their own, in a sandbox. Whatever a
+    /// script does, it can at worst end its worker: the call then has an error text, and the next
+    /// call a new worker. Every member works. KxJsIsolation says what differs, and what it costs.
+    /// Throws std::runtime_error where the program kxjs-worker, which is installed with the
+    /// library, cannot be started or is of another version, or the system lacks a required piece of
+    /// the sandbox.
     explicit KxJsParser(KxJsIsolation const& isolation);
     ~KxJsParser();
     KxJsParser(KxJsParser const&) = delete;

@@ -23,9 +23,9 @@ class ColumnArea {
         return offset;
     }
 
-    /// The most records of a block, with values of `sizes` bytes altogether in `columns` places.
-    /// They fit into the processors' caches, where they fit into a half at all; 0 where they do
-    /// not.
+    /// The most records of a block whose values have `sizes` bytes together, in `columns` places:
+    /// as many as the processor's cache holds, at least one. 0 where a half of the area cannot hold
+    /// one.
     static std::size_t mostRecords(std::size_t columns, std::size_t sizes) {
         std::size_t const lost = columns * kLine;
         if (lost >= kHalf) return 0;

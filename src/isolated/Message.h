@@ -25,10 +25,6 @@ class MessageWriter {
         put(static_cast<std::uint32_t>(text.size()));
         append(text.data(), text.size() * sizeof(char16_t));
     }
-    template <class T>
-    void putArray(T const* values, std::size_t count) {
-        append(values, count * sizeof(T));
-    }
 
   private:
     void append(void const* data, std::size_t size) {
@@ -73,12 +69,6 @@ class MessageReader {
         std::u16string text(length, u'\0');
         takeBytes(text.data(), length * sizeof(char16_t));
         return text;
-    }
-
-    template <class T>
-    void takeArray(T* goal, std::size_t count) {
-        if (count > left_ / sizeof(T)) return refuse();
-        takeBytes(goal, count * sizeof(T));
     }
 
     /// Calls the message wrong, for a reason that only the caller knows.

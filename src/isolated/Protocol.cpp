@@ -53,7 +53,7 @@ KxJsFailure takeFailure(MessageReader& reader) {
 
 }  // namespace
 
-char const* protocolVersion() { return KXJS_VERSION ", protocol 2"; }
+char const* protocolVersion() { return KXJS_VERSION ", protocol 3"; }
 
 void putVariable(MessageWriter& writer, KxJsVariable const& variable) {
     writer.putText(variable.getKey());

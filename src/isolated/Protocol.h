@@ -11,7 +11,8 @@
 
 namespace kx {
 
-/// What library and worker call themselves. They have to be of one build of the protocol.
+/// What library and worker call themselves. A change of Command, or of what a command holds, needs
+/// a new number.
 char const* protocolVersion();
 
 /// A request is a sequence of commands. Those from `install` on are answered, in their order.

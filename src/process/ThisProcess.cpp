@@ -17,16 +17,18 @@ constexpr std::size_t kPage = 4096;
 Known* wipedMemory() {
     // No static object with a guard: a fork could find that locked for ever.
     static std::atomic<Known*> current = nullptr;
+    static std::atomic<bool> isRefused = false;
     if (Known* const known = current.load()) return known;
+    if (isRefused.load(std::memory_order_relaxed)) return nullptr;
     void* const page =
         mmap(nullptr, kPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (page == MAP_FAILED) return nullptr;
+    bool const isWiped = page != MAP_FAILED && madvise(page, kPage, MADV_WIPEONFORK) == 0;
     Known* known = nullptr;
-    if (madvise(page, kPage, MADV_WIPEONFORK) == 0 &&
-        current.compare_exchange_strong(known, static_cast<Known*>(page))) {
+    if (isWiped && current.compare_exchange_strong(known, static_cast<Known*>(page))) {
         return static_cast<Known*>(page);
     }
-    munmap(page, kPage);
+    if (!isWiped) isRefused = true;
+    if (page != MAP_FAILED) munmap(page, kPage);
     return known;
 }
 

@@ -62,9 +62,12 @@ void FormulaService::obey(MessageReader& request, MessageWriter& reply) {
             columns_.erase(number);
             break;
         }
-        case Command::noLibrary:
-            host_ = std::make_unique<KxJsParser>();
+        case Command::noLibrary: {
+            auto other = std::make_unique<KxJsParser>();
+            std::lock_guard const lock(mutex_);
+            host_.swap(other);
             break;
+        }
         case Command::timeLimit:
             host_->setTimeLimit(std::chrono::milliseconds(request.take<std::int64_t>()));
             break;

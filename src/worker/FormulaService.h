@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "host/HostBackend.h"
@@ -22,7 +23,10 @@ class FormulaService final : public WorkerService {
     void prepareZygote() override;
     void prepareWorker() override;
     void serve(WorkerEnd& end) override;
-    void interrupt() override { host_->terminate(); }
+    void interrupt() override {
+        std::lock_guard const lock(mutex_);
+        host_->terminate();
+    }
 
   private:
     void obey(MessageReader& request, MessageWriter& reply);
@@ -31,6 +35,7 @@ class FormulaService final : public WorkerService {
     CommandResult reset();
     CommandResult withOutcome(CommandResult result) const;
 
+    std::mutex mutex_;  // of host_, which interrupt() uses on another thread
     std::unique_ptr<KxJsParser> host_;
     WorkerEnd* end_ = nullptr;
     std::map<std::uint32_t, std::unique_ptr<CompiledScript>> scripts_;

@@ -1,6 +1,7 @@
 // An application that runs V8 itself: its isolates are used as they are.
 #include <gtest/gtest.h>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -76,6 +77,26 @@ TEST(Embedded, makesAHostWhileTheApplicationEndsAScript) {
     EXPECT_EQ(host.evaluate(u"LEN('abc')", error), u"3");
     EXPECT_EQ(error, u"");
     host.reset();
+}
+
+void resetOnce(v8::Isolate* isolate, void* host) {
+    isolate->RemoveMicrotasksCompletedCallback(resetOnce, host);  // a reset runs a script, too
+    static_cast<ScriptHost*>(host)->host.reset();
+}
+
+TEST(Embedded, mayBeResetByWhatTheEndOfAScriptCalls) {
+    ApplicationIsolate const application;
+    ScriptHost host;
+    for (char16_t const* source :
+         {u"kept = A; 'done'", u"Math.pow(A, 2) + 'done'", u"throw 'done'"}) {
+        host.bind(u"A", 1);
+        std::int32_t const script = host.parse(source);
+        application.get()->AddMicrotasksCompletedCallback(resetOnce, &host);
+        auto const outcome = host.execute(script);
+        EXPECT_NE((outcome.result + outcome.error).find(u"done"), std::u16string::npos);
+        EXPECT_THROW(host.execute(script), std::out_of_range);  // it was reset
+    }
+    EXPECT_EQ(host.eval(u"1+1"), u"2");
 }
 
 TEST(Embedded, outlivesTheApplicationsIsolate) {

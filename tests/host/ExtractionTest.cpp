@@ -64,7 +64,7 @@ TEST(ExtractionDeathTest, neverEndsOnASourceThatClaimsAMissingName) {
          {u"'q is not defined'", u"eval('made' + 'Up')", u"' is not defined'"}) {
         EXPECT_EXIT(
             {
-                alarm(1);
+                ualarm(300000, 0);
                 std::u16string error;
                 KxJsParser::_extractVariable(source, error);
             },

@@ -1,5 +1,5 @@
 // variable: A=5
-// limit: 100 ms
+// limit: 50 ms
 // then: run reset
-// error: time limit of 100 ms
+// error: time limit of 50 ms
 Object.defineProperty(A___A, 'ouraccessor', { get() { for (;;); } }); A___A.ouraccessor

@@ -1,3 +1,3 @@
-// limit: 100 ms
-// error: The script was ended: it ran longer than its time limit of 100 ms
+// limit: 50 ms
+// error: The script was ended: it ran longer than its time limit of 50 ms
 for (let i = 0; ; i = (i + 1) | 0);

@@ -1,4 +1,4 @@
 // next: fresh
-// limit: 100 ms
-// error: The script was ended: it ran longer than its time limit of 100 ms
+// limit: 50 ms
+// error: The script was ended: it ran longer than its time limit of 50 ms
 Object.defineProperty(Object.prototype, 'then', { get() { for (;;); } }); (async () => ({}))(); 1

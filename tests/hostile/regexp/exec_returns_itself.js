@@ -1,3 +1,3 @@
-// limit: 100 ms
-// error: time limit of 100 ms
+// limit: 50 ms
+// error: time limit of 50 ms
 { let r = /a/g; r.exec = () => r; r[Symbol.replace]('aaa', 'b').length; }
