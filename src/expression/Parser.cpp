@@ -7,12 +7,12 @@
 namespace kx {
 
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source) {
-    Parser parser;
+    ParserLoop parser;
     if (Expression* const tree = parser.parse(source)) return std::move(*tree);
     return *parser.refusal();
 }
 
-ExpressionParser::ExpressionParser() : parser_(std::make_unique<Parser>()) {}
+ExpressionParser::ExpressionParser() : parser_(std::make_unique<ParserLoop>()) {}
 ExpressionParser::~ExpressionParser() = default;
 
 Expression const* ExpressionParser::parse(std::u16string_view source) {

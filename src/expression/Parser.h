@@ -39,7 +39,7 @@ struct Refusal {
 /// Comments count as white space. Errors: std::bad_alloc. Threads: any.
 std::variant<Expression, Refusal> parseExpression(std::u16string_view source);
 
-class Parser;
+class ParserLoop;
 
 /// The same for one source after the other, with memory that stays.
 class ExpressionParser {
@@ -51,7 +51,7 @@ class ExpressionParser {
     Expression const* parse(std::u16string_view source);
 
   private:
-    std::unique_ptr<Parser> parser_;
+    std::unique_ptr<ParserLoop> parser_;
 };
 
 }  // namespace kx

@@ -12,15 +12,20 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Takes what expressions refuse. What stands for it is an opaque node: with operation none an
-/// array or an object over its parts, otherwise a value that cannot be assigned to.
-class ScriptParser : public Parser {
+/// Takes what expressions refuse. An opaque node stands for it, of operation kList (an array or
+/// object, over its parts) or kValue (anything else; nothing can be assigned to it).
+class ScriptParser : public ParserLoop {
   public:
     bool isOther() const { return isOther_; }
 
   private:
+    static constexpr Operation kList = Operation::none;
+    static constexpr Operation kValue = Operation::voidOf;
+
     bool takeInScript() override {
         std::u16string_view const sign = scanner_.from(start_);
+        // "let[" begins a declaration.
+        if (sign == u"let" && isAtStatement() && next() == u'[') return false;
         if (expectsOperand_ && isNameInScripts(sign)) return addName(sign);
         if (expectsOperand_ && sign.empty() && scanner_.at() == u'0') return takeOldNumber();
         isOther_ = true;
@@ -44,7 +49,7 @@ class ScriptParser : public Parser {
     }
 
     bool addOpaque() {
-        tree_.newNode(NodeKind::opaque).operation = Operation::voidOf;
+        tree_.newNode(NodeKind::opaque).operation = kValue;
         return addOperand();
     }
 
@@ -72,9 +77,9 @@ class ScriptParser : public Parser {
             case u'+':
             case u'-':
                 scanner_.skip();
-                return wait(Waiting::unary, NodeKind::opaque, Operation::add, Binding::unary);
+                return wait(Waiting::unary, NodeKind::opaque, kValue, Binding::unary);
             case u'[':
-                return open(Waiting::array, NodeKind::opaque, start_);
+                return open(Waiting::array, NodeKind::opaque);
             case u'{':
                 return takeBrace();
             case u',':
@@ -126,7 +131,7 @@ class ScriptParser : public Parser {
 
     bool takeIncrement() {
         if (scanner_.hasLineEnd() || !mayChange(tree_.lastNode())) return false;
-        tree_.newNode(NodeKind::opaque).operation = Operation::add;
+        tree_.newNode(NodeKind::opaque).operation = kValue;
         return add(1, tree_.startOf(1)) && u"([.`"sv.find(next()) == std::u16string_view::npos;
     }
 
@@ -149,7 +154,7 @@ class ScriptParser : public Parser {
     }
 
     static bool isList(Node const& node) {
-        return node.kind == NodeKind::opaque && node.operation == Operation::none;
+        return node.kind == NodeKind::opaque && node.operation == kList;
     }
 
     /// "A" of "A=1", where 1 is what A has by default; otherwise the node itself.
@@ -203,18 +208,18 @@ class ScriptParser : public Parser {
         return !pending_.empty() && pending_.back().waiting == waiting;
     }
 
-    bool open(Waiting waiting, NodeKind kind, std::size_t start) {
-        return wait({waiting, kind, Operation::none, Binding::none,
-                     static_cast<std::uint32_t>(start),
-                     static_cast<std::uint32_t>(tree_.valueCount())});
+    bool open(Waiting waiting, NodeKind kind) {
+        return wait({waiting, kind, Operation::none, Binding::none, start_,
+                     static_cast<std::uint32_t>(tree_.valueCount()),
+                     static_cast<std::uint32_t>(labels_.size())});
     }
 
     /// An object, a block or the body of a function.
     bool takeBrace() {
         bool const isBody = isIn(Waiting::operation) && pending_.back().kind == NodeKind::arrow;
-        if (isBody) return open(Waiting::block, NodeKind::arrow, labels_.size());
-        if (isAtStatement()) return open(Waiting::block, NodeKind::null, labels_.size());
-        return open(Waiting::object, NodeKind::opaque, start_) && takeKey();
+        if (isBody) return open(Waiting::block, NodeKind::arrow);
+        if (isAtStatement()) return open(Waiting::block, NodeKind::null);
+        return open(Waiting::object, NodeKind::opaque) && takeKey();
     }
 
     /// "A:" or "A" in an object; or its end.
@@ -229,6 +234,8 @@ class ScriptParser : public Parser {
         if (name.empty()) return false;
         expectsOperand_ = true;
         if (next() == u':') {
+            // An object may set its prototype only once.
+            if (name == u"__proto__") return false;
             scanner_.skipBlanks();
             scanner_.skip();
             return true;
@@ -241,7 +248,7 @@ class ScriptParser : public Parser {
         Pending const opening = pending_.back();
         pending_.pop_back();
         expectsOperand_ = false;
-        tree_.newNode(NodeKind::opaque);
+        tree_.newNode(NodeKind::opaque).operation = kList;
         return add(tree_.valueCount() - opening.firstValue, opening.start);
     }
 
@@ -250,7 +257,7 @@ class ScriptParser : public Parser {
 
     bool isInStatement() const { return pending_.empty() || isIn(Waiting::block); }
     std::size_t firstValue() const { return pending_.empty() ? 0 : pending_.back().firstValue; }
-    std::size_t firstLabel() const { return pending_.empty() ? 0 : pending_.back().start; }
+    std::size_t firstLabel() const { return pending_.empty() ? 0 : pending_.back().firstLabel; }
     bool isAtStatement() const { return isInStatement() && tree_.valueCount() == firstValue(); }
     bool isLabelled() const { return labels_.size() > firstLabel(); }
 
@@ -259,7 +266,7 @@ class ScriptParser : public Parser {
         Pending const opening = pending_.back();
         pending_.pop_back();
         tree_.keepValues(opening.firstValue);
-        labels_.resize(opening.start);
+        labels_.resize(opening.firstLabel);
         if (opening.kind != NodeKind::arrow) return endStatement();
         // A function that ends in a block is no operand.
         return addOpaque() && u" ,)]}:;"sv.find(next()) != std::u16string_view::npos;
@@ -282,6 +289,8 @@ class ScriptParser : public Parser {
         if (!isName || std::find(labels_.begin(), labels_.end(), label) != labels_.end()) {
             return false;
         }
+        // V8 needs stack for each label; and each is compared with those before it.
+        if (labels_.size() >= Expression::kMaxHeight) return refuse(Reason::tooComplex);
         labels_.emplace_back(label);
         tree_.keepValues(firstValue());
         expectsOperand_ = true;
@@ -298,8 +307,14 @@ std::variant<Expression, OtherScript, Refusal> parseScript(std::u16string_view s
     ScriptParser parser;
     Expression* const tree = parser.parse(source);
     if (tree == nullptr) return *parser.refusal();
-    if (parser.isOther()) return OtherScript();
-    return std::move(*tree);
+    if (!parser.isOther()) return std::move(*tree);
+    // A directive changes the rules. Where it only looks like one, little is lost.
+    constexpr std::u16string_view kStrict = u"use strict";
+    std::size_t const found = source.find(kStrict);
+    if (found == std::u16string_view::npos) return OtherScript();
+    auto const start = static_cast<std::uint32_t>(found);
+    auto const end = static_cast<std::uint32_t>(found + kStrict.size());
+    return Refusal{Refusal::Reason::unsupported, {start, end}};
 }
 
 }  // namespace kx

@@ -15,8 +15,9 @@ namespace kx {
 struct OtherScript {};
 
 /// Like parseExpression(), for scripts that are not strict. What a tree holds is an expression; its
-/// names may be "async", "await", "let" and "yield", its numbers octal. Still refused are keywords
-/// of statements, regular expressions, templates, and statements that only a line end parts.
+/// names may be "async", "await", "let" and "yield", its numbers octal. Still refused, though some
+/// compile, are keywords of statements, "let[", "__proto__:", the directive "use strict", regular
+/// expressions, templates, and statements that only a line end parts.
 /// Errors: std::bad_alloc. Threads: any.
 ///
 ///     auto const parsed = kx::parseScript(u"[A,B]=C");

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "expression/Script.h"
 #include "host/ScriptHost.h"
+#include "text/NumberText.h"
 
 namespace {
 
@@ -92,6 +94,37 @@ INSTANTIATE_TEST_SUITE_P(statements, Scripts,
                                          Row{Form::refused, u"(A;B)"},
                                          Row{Form::refused, u"F({A;B})"}));
 
+INSTANTIATE_TEST_SUITE_P(
+    declarations, Scripts,
+    testing::Values(Row{Form::refused, u"let[0]"}, Row{Form::refused, u"let[0]=1"},
+                    Row{Form::refused, u"{let [0]}"}, Row{Form::refused, u"A:let[B]=C"},
+                    Row{Form::refused, u"A;let\n/**/[0]"}, Row{Form::expression, u"(let[0])"},
+                    Row{Form::expression, u"A=let[0]"}, Row{Form::expression, u"let.A[0]"},
+                    Row{Form::other, u"let:A"}));
+
+INSTANTIATE_TEST_SUITE_P(prototypes, Scripts,
+                         testing::Values(Row{Form::refused, u"({__proto__:1,__proto__:2})"},
+                                         Row{Form::refused, u"({__proto__:1,A,__proto__ :2})"},
+                                         Row{Form::other, u"({__proto__,A})"}));
+
+INSTANTIATE_TEST_SUITE_P(directives, Scripts,
+                         testing::Values(Row{Form::refused, u"'use strict';010"},
+                                         Row{Form::refused, u"\"use strict\";let"},
+                                         Row{Form::refused, u"(A=1,B)=>{'use strict'}"},
+                                         Row{Form::refused, u"A=>{'use strict';010}"},
+                                         Row{Form::expression, u"'use strict'"},
+                                         Row{Form::expression, u"'use strict'+010"},
+                                         Row{Form::other, u"'use\\x20strict';010"}));
+
+// A declaration has no value; and that a prototype or a directive does no harm is not looked into.
+TEST(Scripts, SomeThatCompileAreRefused) {
+    ScriptHost host;
+    for (char16_t const* const source : {u"let[A]=B", u"({__proto__:A})", u"'use strict';A"}) {
+        EXPECT_EQ(formOf(source), Form::refused);
+        EXPECT_TRUE(compiles(host, source)) << testing::PrintToString(std::u16string(source));
+    }
+}
+
 TEST(Scripts, OctalNumbersHaveTheirValue) {
     auto const parsed = kx::parseScript(u"0017");
     ASSERT_TRUE(std::holds_alternative<kx::Expression>(parsed));
@@ -99,9 +132,16 @@ TEST(Scripts, OctalNumbersHaveTheirValue) {
 }
 
 TEST(Scripts, TooDeepOnesAreTooComplex) {
+    std::u16string labels;
+    for (int i = 0; i < 9'000; ++i) labels += u'A' + kx::decimalText(i) + u':';
+    std::vector<std::u16string> sources{labels + u'B'};
     for (std::u16string const unit : {u"[", u"{", u"++", u"F(", u"A=>{", u"A=["}) {
-        std::u16string source;
-        for (int i = 0; i < 20'000; ++i) source += unit;
+        std::u16string& source = sources.emplace_back();
+        for (int i = 0; i < 16'000; ++i) source += unit;
+    }
+    for (std::u16string const& source : sources) {
+        // Length alone is no reason.
+        ASSERT_LT(source.size(), 65'535U);
         auto const parsed = kx::parseScript(source);
         ASSERT_TRUE(std::holds_alternative<kx::Refusal>(parsed));
         EXPECT_EQ(std::get<kx::Refusal>(parsed).reason, kx::Refusal::Reason::tooComplex);
@@ -109,10 +149,11 @@ TEST(Scripts, TooDeepOnesAreTooComplex) {
 }
 
 TEST(Scripts, OfTokensAtRandomCompile) {
-    constexpr std::array kTokens = {u"A", u"B",  u"A", u"1",  u"010", u"F(A)", u"this", u"(",
-                                    u")", u"[",  u"]", u"{",  u"}",   u",",    u",",    u"=",
-                                    u"=", u"=>", u":", u"++", u"--",  u";",    u"+",    u".C",
-                                    u"?", u"-",  u"A", u"B",  u"+="};
+    constexpr std::array kTokens = {
+        u"A", u"B",  u"A", u"1",  u"010", u"F(A)", u"this",      u"(",
+        u")", u"[",  u"]", u"{",  u"}",   u",",    u",",         u"=",
+        u"=", u"=>", u":", u"++", u"--",  u";",    u"+",         u".C",
+        u"?", u"-",  u"A", u"B",  u"+=",  u"let",  u"__proto__", u"'use strict'"};
     ScriptHost host;
     std::mt19937_64 random(7);
     int others = 0;
