@@ -41,7 +41,8 @@ class SpinBudget {
 
   private:
     static constexpr int kLooksPerClock = 16;
-    static constexpr Clock::duration kLongest = std::chrono::microseconds(50);
+    /// A block of copied columns takes half as long: a wake-up for each would cost more than it.
+    static constexpr Clock::duration kLongest = std::chrono::microseconds(150);
     static constexpr Clock::duration kShortest = std::chrono::microseconds(5);
 
     Clock::duration budget_ = kLongest;
