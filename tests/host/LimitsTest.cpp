@@ -257,7 +257,7 @@ class FullCollections {
 
 TEST(MemoryLimits, letAScriptWorkNearThemWithoutCollectingAllTheTime) {
     ScriptHost host;
-    host.host.setMemoryLimit(80 * kMebibyte);
+    host.host.setMemoryLimit(88 * kMebibyte);
     FullCollections const full;
     EXPECT_EQ(host.run(u"{ let kept = [], fresh = [];"
                        u"  for (let i = 0; i < 9000; i++) kept.push(new Array(1000).fill(i));"
