@@ -116,8 +116,9 @@ void spawnDetached(std::string const& program, int socket, int lifeline) {
         clone(runStart, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK, &start);
     if (between < 0) throwSystemError("clone");
     pid_t waited = -1;
-    do waited = waitpid(between, nullptr, __WCLONE);
-    while (waited < 0 && errno == EINTR);
+    do {
+        waited = waitpid(between, nullptr, __WCLONE);
+    } while (waited < 0 && errno == EINTR);
     if (start.error() != 0) {
         errno = start.error();
         throwSystemError(program.c_str());

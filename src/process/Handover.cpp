@@ -43,8 +43,9 @@ bool sendPacket(int socket, std::span<std::byte const> bytes, std::span<int cons
         std::memcpy(CMSG_DATA(part), descriptors.data(), descriptors.size_bytes());
     }
     ssize_t sent = -1;
-    do sent = sendmsg(socket, &header, MSG_NOSIGNAL);
-    while (sent < 0 && errno == EINTR);
+    do {
+        sent = sendmsg(socket, &header, MSG_NOSIGNAL);
+    } while (sent < 0 && errno == EINTR);
     return sent == static_cast<ssize_t>(bytes.size());
 }
 
@@ -52,8 +53,9 @@ std::ptrdiff_t receivePacket(int socket, std::span<std::byte> bytes, int millise
                              std::vector<OwnedDescriptor>* descriptors) {
     pollfd waited = {socket, POLLIN, 0};
     int ready = -1;
-    do ready = poll(&waited, 1, milliseconds);
-    while (ready < 0 && errno == EINTR);
+    do {
+        ready = poll(&waited, 1, milliseconds);
+    } while (ready < 0 && errno == EINTR);
     if (ready <= 0) return -1;
     iovec piece = {bytes.data(), bytes.size()};
     alignas(cmsghdr) std::array<std::byte, CMSG_SPACE(kMostDescriptors * sizeof(int))> space{};
@@ -65,8 +67,9 @@ std::ptrdiff_t receivePacket(int socket, std::span<std::byte> bytes, int millise
         header.msg_controllen = space.size();
     }
     ssize_t received = -1;
-    do received = recvmsg(socket, &header, MSG_CMSG_CLOEXEC | MSG_DONTWAIT);
-    while (received < 0 && errno == EINTR);
+    do {
+        received = recvmsg(socket, &header, MSG_CMSG_CLOEXEC | MSG_DONTWAIT);
+    } while (received < 0 && errno == EINTR);
     if (received < 0) return 0;
     if (descriptors != nullptr) collect(header, *descriptors);
     return received;
