@@ -24,6 +24,11 @@ enum class Task : std::uint8_t {
     convert
 };
 
+/// Whether only the library and raw V8 do the task.
+inline bool isAgainstV8Alone(Task task) {
+    return task == Task::firstRun || task == Task::parseAndRun;
+}
+
 /// One way to evaluate formulas. An object has at most one current formula, so every case has peers
 /// of its own. They share what an engine has once per process or thread.
 ///

@@ -47,7 +47,7 @@ class Duktape final : public Peer {
                "." + std::to_string(DUK_VERSION % 100);
     }
     bool can(Task task, Formula const&) const override {
-        return task != Task::convert && task != Task::firstRun && task != Task::parseAndRun;
+        return task != Task::convert && !isAgainstV8Alone(task);
     }
 
     Nanoseconds makeHosts(std::uint64_t count) override {

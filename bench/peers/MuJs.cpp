@@ -34,7 +34,7 @@ class MuJs final : public Peer {
     }
     bool can(Task task, Formula const& formula) const override {
         if (formula.hasManyDecimals) return false;
-        return task != Task::convert && task != Task::firstRun && task != Task::parseAndRun;
+        return task != Task::convert && !isAgainstV8Alone(task);
     }
 
     Nanoseconds makeHosts(std::uint64_t count) override {

@@ -99,7 +99,7 @@ class Node final : public Peer {
     bool can(Task task, Formula const& formula) const override {
         // Its regular expressions take quadratic time on hostile text.
         if (task == Task::convert) return formula.javaScript.size() < 100;
-        return task != Task::firstRun && task != Task::parseAndRun;
+        return !isAgainstV8Alone(task);
     }
 
     Nanoseconds makeHosts(std::uint64_t count) override {

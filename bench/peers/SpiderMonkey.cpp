@@ -103,7 +103,7 @@ class SpiderMonkey final : public Peer {
     std::string name() const override { return "SpiderMonkey"; }
     std::string version() const override { return JS_GetImplementationVersion() + 12; }
     bool can(Task task, Formula const&) const override {
-        return task != Task::convert && task != Task::firstRun && task != Task::parseAndRun;
+        return task != Task::convert && !isAgainstV8Alone(task);
     }
 
     Nanoseconds makeHosts(std::uint64_t count) override {

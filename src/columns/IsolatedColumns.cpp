@@ -193,7 +193,7 @@ void IsolatedColumns::beginCall(Evaluation const& evaluation) {
     std::chrono::milliseconds const left = evaluation.timeLeft();
     host_.request().put(static_cast<std::int64_t>(left.count()));
     host_.beginCall(left);
-    // It may have come before the call, and after goesOn().
+    // A terminate() between goesOn() and beginCall() has found no call to end.
     if (host_.isTerminated()) host_.terminate();
     // The request has a limit of its own: the worker is told the host's again.
     host_.log().setTimeLimit(host_.log().timeLimit());

@@ -50,7 +50,7 @@ class HostLog {
     std::chrono::milliseconds timeLimit() const { return timeLimit_; }
     void setNativeEvaluation(bool isOn);
     void noteLibrary() { hasLibrary_ = true; }
-    /// Whether nothing was said of the host, to its worker or here.
+    /// Whether the worker has had no request yet, and no variable waits for one.
     bool isBlank() const { return isWorkerNew_ && variables_.empty(); }
     void noteVariable(KxJsVariable const& variable) noexcept;
     /// Forgets variables and scripts, before the host does.

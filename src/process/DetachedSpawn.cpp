@@ -110,7 +110,7 @@ void spawnDetached(std::string const& program, int socket, int lifeline) {
     // thread waits for it as for vfork(), and its end sends no signal and is not seen by wait().
     constexpr std::size_t kStack = std::size_t{256} * 1024;
     std::vector<Aligned> stack(kStack / sizeof(Aligned));
-    // Nor may a handler of the application run in it.
+    // Since it shares this memory, no signal handler of the application may run in it.
     SignalsBlocked const meanwhile;
     pid_t const between =
         clone(runStart, stack.data() + stack.size(), CLONE_VM | CLONE_VFORK, &start);

@@ -41,7 +41,8 @@ class SpinBudget {
 
   private:
     static constexpr int kLooksPerClock = 16;
-    /// A block of copied columns takes half as long: a wake-up for each would cost more than it.
+    /// Longer than the worker needs for a block of copied columns. A wake-up for each block would
+    /// take more time than the block.
     static constexpr Clock::duration kLongest = std::chrono::microseconds(150);
     static constexpr Clock::duration kShortest = std::chrono::microseconds(5);
 

@@ -43,7 +43,7 @@ inline constexpr auto kReservedWords = std::to_array<ReservedWord>({
 
 /// Null for a word that is none of them.
 constexpr ReservedWord const* findReservedWord(std::u16string_view word) {
-    // Most names of formulas are in capitals.
+    // Reserved words begin with a small letter, most names of formulas with a capital.
     if (word.empty() || word.front() < u'a') return nullptr;
     auto const found = std::lower_bound(
         kReservedWords.begin(), kReservedWords.end(), word,
