@@ -6,7 +6,7 @@ import numpy
 import pandas
 
 # Fails for about one record in ten thousand.
-JAVASCRIPT = "QTY==CODE ? missing : PRICE*QTY*RATE+CODE/3"
+JAVASCRIPT = "QTY==CODE ? PRICE.toFixed(200) : PRICE*QTY*RATE+CODE/3"
 VARIABLES = {"RATE": 1.19}
 
 

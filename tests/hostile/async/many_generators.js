@@ -1,3 +1,3 @@
-// memory: 16 MiB
-// error: The script was ended: it needed more than the memory limit of 16 MiB
+// memory: 8 MiB
+// error: The script was ended: it needed more than the memory limit of 8 MiB
 { let a = []; for (;;) a.push((function* () { yield a; })()); }

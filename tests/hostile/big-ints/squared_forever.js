@@ -1,3 +1,3 @@
-// limit: 3000 ms
+// limit: 300 ms
 // error: 
 { let x = 3n; for (;;) x *= x; }

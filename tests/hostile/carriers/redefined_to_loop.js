@@ -1,5 +1,5 @@
 // variable: A=5
-// limit: 50 ms
+// limit: 20 ms
 // then: run reset
-// error: time limit of 50 ms
+// error: time limit of 20 ms
 Object.defineProperty(A___A, 'ouraccessor', { get() { for (;;); } }); A___A.ouraccessor

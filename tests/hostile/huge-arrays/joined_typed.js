@@ -1,5 +1,5 @@
-// hangs: 300 ms
-// limit: 50 ms
+// hangs: 150 ms
+// limit: 20 ms
 // memory: 4096 MiB
-// error: The script was ended: it ran longer than its time limit of 50 ms
+// error: The script was ended: it ran longer than its time limit of 20 ms
 new Uint8Array(2 ** 28).join('')

@@ -1,3 +1,3 @@
-// dies: invalid size error
+// isolated
 // error: The script was ended: its worker process ended
 'xy'.repeat(2 ** 25 + 16).replace(/x/g, () => 'y')

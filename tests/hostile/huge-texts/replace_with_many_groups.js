@@ -1,3 +1,3 @@
-// dies: invalid size error
+// isolated
 // error: The script was ended: its worker process ended
-'a'.repeat(2 ** 22).replace(/a/g, '$&'.repeat(40))
+'a'.repeat(2 ** 12).replace(/a/g, '$&'.repeat(2 ** 16))

@@ -1,3 +1,3 @@
-// dies: invalid size error
+// isolated
 // error: The script was ended: its worker process ended
-'x'.repeat(2 ** 20).replace(/x/g, { toString: () => '$&'.repeat(1000) })
+'x'.repeat(2 ** 12).replace(/x/g, { toString: () => '$&'.repeat(2 ** 16) })

@@ -1,3 +1,3 @@
 // isolated
 // error: The script was ended: its worker process ended
-'x'.anchor('"'.repeat(2 ** 29 - 24))
+'x'.anchor('"'.repeat(2 ** 26))

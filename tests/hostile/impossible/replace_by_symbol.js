@@ -1,3 +1,3 @@
-// dies: invalid size error
+// isolated
 // error: The script was ended: its worker process ended
-/x/g[Symbol.replace]('x'.repeat(2 ** 20), '$&'.repeat(1000))
+/x/g[Symbol.replace]('x'.repeat(2 ** 12), '$&'.repeat(2 ** 16))

@@ -1,3 +1,3 @@
-// memory: 16 MiB
+// memory: 8 MiB
 // error: The script was ended
 new Intl.ListFormat('en').format({ *[Symbol.iterator]() { for (;;) yield 'x'; } })

@@ -1,3 +1,3 @@
-// limit: 50 ms
-// error: The script was ended: it ran longer than its time limit of 50 ms
+// limit: 20 ms
+// error: The script was ended: it ran longer than its time limit of 20 ms
 while (true);

@@ -1,5 +1,5 @@
-// memory: 16 MiB
-// then: run run run run run run run run run run run run run run run
+// memory: 8 MiB
+// then: run run run run
 // next: fresh
-// error: The script was ended: it needed more than the memory limit of 16 MiB
+// error: The script was ended: it needed more than the memory limit of 8 MiB
 kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([kept.length]);

@@ -1,4 +1,4 @@
-// memory: 16 MiB
+// memory: 8 MiB
 // then: run run
-// error: The script was ended: it needed more than the memory limit of 16 MiB
+// error: The script was ended: it needed more than the memory limit of 8 MiB
 kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([kept.length]);

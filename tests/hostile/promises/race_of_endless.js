@@ -1,4 +1,4 @@
 // limit: 100 ms
-// memory: 16 MiB
+// memory: 8 MiB
 // error: The script was ended
 Promise.race({ *[Symbol.iterator]() { for (;;) yield 1; } }); 1

@@ -1,4 +1,4 @@
 // next: fresh
-// limit: 50 ms
-// error: The script was ended: it ran longer than its time limit of 50 ms
+// limit: 20 ms
+// error: The script was ended: it ran longer than its time limit of 20 ms
 Error.prototype.toString = () => { for (;;); }; null.x

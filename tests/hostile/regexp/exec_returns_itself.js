@@ -1,3 +1,3 @@
-// limit: 50 ms
-// error: time limit of 50 ms
+// limit: 20 ms
+// error: time limit of 20 ms
 { let r = /a/g; r.exec = () => r; r[Symbol.replace]('aaa', 'b').length; }

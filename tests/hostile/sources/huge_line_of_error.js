@@ -1,4 +1,4 @@
 // generate: 1 'null.x'
-// generate: 2000000 ';    '
+// generate: 1000000 ';    '
 // error: TypeError
 

@@ -1,4 +1,4 @@
 // generate: 1 '/*'
-// generate: 5000000 '* '
+// generate: 1000000 '* '
 // expect: 2
 */ 1 + 1

@@ -1,5 +1,5 @@
 // generate: 1 '\u0027'
-// generate: 10000000 'x'
+// generate: 1000000 'x'
 // generate: 1 '\u0027.length'
-// expect: 10000000
+// expect: 1000000
 

@@ -1,3 +1,3 @@
-// memory: 16 MiB
+// memory: 8 MiB
 // error: The script was ended
 Uint8Array.from({ [Symbol.iterator]: () => ({ next: () => ({ value: 1, done: false }) }) })

@@ -1,3 +1,3 @@
-// memory: 16 MiB
+// memory: 8 MiB
 // error: 
 { let a = []; for (;;) a.push(new Uint8Array(1 << 20)); }

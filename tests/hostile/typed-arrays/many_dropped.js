@@ -1,3 +1,3 @@
 // expect: done
 // memory: 64 MiB
-for (let i = 0; i < 2000; i++) new Uint8Array(1 << 20); 'done'
+for (let i = 0; i < 500; i++) new Uint8Array(1 << 20); 'done'
