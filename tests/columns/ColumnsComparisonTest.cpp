@@ -23,9 +23,7 @@ namespace {
 constexpr std::size_t kMostColumns = 8;
 
 /// The ways that isolated hosts have of their own need fewer formulas to be seen.
-std::size_t formulasFor(std::size_t inProcess) {
-    return areHostsIsolated() ? inProcess / 5 : inProcess;
-}
+std::size_t const kOneOf = areHostsIsolated() ? 5 : 1;
 
 /// Two hosts in the same state, one for each way.
 class Comparison {
@@ -118,8 +116,9 @@ std::vector<std::u16string> namesIn(std::u16string const& source) {
 TEST(ColumnsComparison, holdsForRealFormulas) {
     std::mt19937_64 random(20);
     Comparison comparison;
-    for (std::u16string const& formula : readRealFormulas()) {
-        std::u16string const source = Converter::_convert(formula.c_str());
+    auto const formulas = readRealFormulas();
+    for (std::size_t i = 0; i < formulas.size(); i += kOneOf) {
+        std::u16string const source = Converter::_convert(formulas[i].c_str());
         ColumnTable table(random);
         for (std::u16string const& name : namesIn(source)) {
             table.add(name, ColumnTable::Range::small);
@@ -127,7 +126,7 @@ TEST(ColumnsComparison, holdsForRealFormulas) {
         comparison.compare(table, source);
         comparison.compareNumbers(table, source);
     }
-    EXPECT_GT(comparison.compared(), 5000U);
+    EXPECT_GT(comparison.compared(), formulas.size() * 3 / kOneOf);
     EXPECT_LT(comparison.failing(), comparison.compared());
 }
 
@@ -165,7 +164,7 @@ TEST(ColumnsComparison, holdsForGeneratedFormulas) {
     std::mt19937_64 random(22);
     Comparison comparison;
     ScriptGenerator generator(random);
-    std::size_t const formulas = formulasFor(6000);
+    std::size_t const formulas = 6000 / kOneOf;
     for (std::size_t i = 0; i < formulas; ++i) {
         std::u16string const source = generator.next();
         ColumnTable table(random);
@@ -189,7 +188,7 @@ bool mayBeEndless(std::u16string const& source) {
 TEST(ColumnsComparison, holdsForFormulasThatNeedNoV8) {
     std::mt19937_64 random(24);
     FormulaGenerator generator([&random] { return random(); });
-    std::size_t const hosts = formulasFor(400);
+    std::size_t const hosts = 400 / kOneOf;
     for (std::size_t i = 0; i < hosts; ++i) {
         Comparison comparison(Comparison::Hosts::new_);
         for (int k = 0; k < 4; ++k) {

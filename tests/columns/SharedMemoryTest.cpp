@@ -22,6 +22,7 @@ constexpr std::size_t kBytes = kRecords * 32;
 KxJsParser makeSharingHost() {
     KxJsIsolation isolation = testIsolation();
     isolation.sharedMemory = kBytes;
+    isolation.grace = KxJsIsolation().grace;  // a test waits for its end
     return areHostsIsolated() ? KxJsParser(isolation) : KxJsParser();
 }
 

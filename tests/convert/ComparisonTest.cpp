@@ -51,7 +51,7 @@ class Comparison : public testing::Test {
 };
 
 TEST_F(Comparison, AgreesOnGeneratedFormulas) {
-    std::uint64_t const count = setting("KXJS_COMPARISONS", 30000);
+    std::uint64_t const count = setting("KXJS_COMPARISONS", 20000);
     FormulaGenerator generator(setting("KXJS_SEED", 1));
     std::uint64_t changed = 0;
     for (std::uint64_t i = 0; i < count && !HasFailure(); ++i) {

@@ -37,6 +37,7 @@ class Isolated : public testing::Test {
     static KxJsIsolation isolation() {
         KxJsIsolation isolation = testIsolation();
         isolation.memoryLimit = std::uint64_t{256} << 20;
+        isolation.grace = std::chrono::milliseconds(300);  // several tests wait for its end
         return isolation;
     }
 

@@ -125,11 +125,11 @@ TEST_F(Isolated, isUsableInAForkOfTheApplication) {
 }
 
 TEST_F(Isolated, extractsNames) {
-    EXPECT_EQ(KxJsParser::_extractVariable(u"A + B", error_, 0ms, testIsolation()),
+    EXPECT_EQ(KxJsParser::_extractVariable(u"A + B", error_, 0ms, isolation()),
               (std::vector<std::u16string>{u"A", u"B"}));
     EXPECT_EQ(error_, u"");
     EXPECT_EQ(
-        KxJsParser::_extractVariable(u"A; [new Array(4e9)].flat()", error_, 300ms, testIsolation()),
+        KxJsParser::_extractVariable(u"A; [new Array(4e9)].flat()", error_, 300ms, isolation()),
         (std::vector<std::u16string>{u"A"}));
     EXPECT_EQ(error_, u"The script was ended: it ran longer than its time limit of 300 ms");
 }

@@ -35,14 +35,13 @@ FUNCTIONS = [function for functions in HEADINGS.values() for function in functio
 
 
 class BrowserTest(unittest.TestCase):
+    browser = chromium.Browser()  # one for all tests: its start takes longer than they do
+
     @classmethod
     def setUpClass(cls):
         cls.files = tempfile.TemporaryDirectory(prefix="kxjs docs \u00e9 ")
         cls.addClassCleanup(cls.files.cleanup)
         cls.directory = Path(cls.files.name)
-        cls.browser = chromium.Browser()
-        cls.browser.__enter__()
-        cls.addClassCleanup(cls.browser.__exit__)
 
     @classmethod
     def docs(cls, *arguments):
@@ -287,4 +286,5 @@ if __name__ == "__main__":
     if chromium.executable() is None:
         print("SKIPPED: no Chromium here, so nobody has looked at the documentation in a browser")
         sys.exit(SKIPPED)
-    unittest.main(verbosity=2)
+    with BrowserTest.browser:
+        unittest.main(verbosity=2)

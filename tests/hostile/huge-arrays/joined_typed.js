@@ -1,5 +1,5 @@
-// hangs: 150 ms
-// limit: 20 ms
+// hangs: 200 ms
+// limit: 50 ms
 // memory: 4096 MiB
-// error: The script was ended: it ran longer than its time limit of 20 ms
+// error: The script was ended: it ran longer than its time limit of 50 ms
 new Uint8Array(2 ** 28).join('')
