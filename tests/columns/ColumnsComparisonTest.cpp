@@ -23,7 +23,7 @@ namespace {
 constexpr std::size_t kMostColumns = 8;
 
 /// The ways that isolated hosts have of their own need fewer formulas to be seen.
-std::size_t const kOneOf = areHostsIsolated() ? 5 : 1;
+std::size_t const kOneOf = areHostsIsolated() ? 10 : 1;
 
 /// Two hosts in the same state, one for each way.
 class Comparison {

@@ -86,7 +86,7 @@ TEST(Extraction, endsWithItsTime) {
 TEST(Extraction, givesTheNamesFoundWithinItsTime) {
     std::u16string error;
     EXPECT_EQ(
-        KxJsParser::_extractVariable(u"A + B; for (;;);", error, std::chrono::milliseconds(100)),
+        KxJsParser::_extractVariable(u"A + B; for (;;);", error, std::chrono::milliseconds(500)),
         (std::vector<std::u16string>{u"A", u"B"}));
 }
 

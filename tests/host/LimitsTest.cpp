@@ -183,8 +183,10 @@ TEST(MemoryLimits, refuseWhoClimbsWhileTheSameIsSetAgainUntilAHigherOneIsSet) {
     std::u16string error;
     for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
         bad.host.setMemoryLimit(8 * kMebibyte);
-        error =
-            bad.run(u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push([1]);").error;
+        error = bad.run(
+                       u"kept = typeof kept === 'object' ? kept : []; for (;;) kept.push(new "
+                       u"Array(1000).fill(1.5));")
+                    .error;
     }
     EXPECT_NE(error.find(u"was not run"), std::u16string::npos);
     EXPECT_EQ(bad.run(u"kept = null; 1"), (Outcome{u"", error}));
@@ -200,7 +202,7 @@ TEST(MemoryLimits, areNotClimbedByScriptsThatKeepWhatTheyMake) {
     for (int i = 0; i < 30 && error.find(u"was not run") == std::u16string::npos; ++i) {
         error = bad->run(
                        u"kept = typeof kept === 'object' ? kept : [];"
-                       u"for (;;) kept.push([kept.length]);")
+                       u"for (;;) kept.push(new Array(1000).fill(1.5));")
                     .error;
         EXPECT_NE(error, u"");
     }
@@ -271,7 +273,7 @@ TEST(MemoryLimits, endAScriptThatKeepsBuffersInAHeapThatIsFull) {
     ScriptHost host;
     host.host.setTimeLimit(milliseconds(20000));
     host.host.setMemoryLimit(64 * kMebibyte);
-    EXPECT_EQ(host.run(u"g = []; for (;;) g.push([1, 2, 3])"), kOutOfMemory);
+    EXPECT_EQ(host.run(u"g = []; for (;;) g.push(new Array(1000).fill(1.5))"), kOutOfMemory);
     Outcome const outcome = host.run(
         u"(() => { var b = []; for (var i = 0; i < 40; i++) b.push(new ArrayBuffer(1 << 20));"
         u" return i; })()");

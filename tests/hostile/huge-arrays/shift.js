@@ -1,4 +1,4 @@
-// hangs: 200 ms
+// hangs: 150 ms
 // limit: 50 ms
 // error: The script was ended: it ran longer than its time limit of 50 ms
 Array.prototype.shift.call({ length: 2 ** 53 - 1 })

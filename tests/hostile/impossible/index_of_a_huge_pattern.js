@@ -1,4 +1,4 @@
-// hangs: 200 ms
+// hangs: 150 ms
 // limit: 50 ms
 // error: The script was ended: it ran longer than its time limit of 50 ms
 'x'.repeat(2 ** 22).indexOf('x'.repeat(2 ** 9) + 'y' + 'x'.repeat(2 ** 20))
