@@ -39,7 +39,8 @@ TEST_F(EndOfColumns, stopWhenTheProgressFunctionSaysSo) {
 }
 
 TEST_F(EndOfColumns, endAtTheHostsTimeLimit) {
-    std::vector<double> prices(kMany, 1);
+    std::vector<std::u16string> const texts_(300000, u"some text");
+    std::vector<double> prices(texts_.size(), 1);
     prices[2500] = 0;
     columns.bind(u"PRICE", prices.data());
     host.host.setTimeLimit(std::chrono::milliseconds(50));
@@ -47,7 +48,6 @@ TEST_F(EndOfColumns, endAtTheHostsTimeLimit) {
         u"The script was ended: it ran longer than its time limit of 50 ms";
     // One record that never ends, and a million that take too long together.
     EXPECT_EQ(texts(u"while(PRICE==0);1", kMany).error, ended);
-    std::vector<std::u16string> const texts_(300000, u"some text");
     columns.bind(u"NAME", texts_.data());
     EXPECT_EQ(texts(u"CHRTRAN(NAME+NAME,'abcdefgh','12345678').length", texts_.size()).error,
               ended);
