@@ -53,8 +53,10 @@ std::vector<Case> casesIn(std::filesystem::path const& path) {
     return cases;
 }
 
-/// A thread has an isolate of its own, so what one script keeps in use does not change the next.
-bool survivesOnAThread(HostileScript const& script) {
+/// In process, a thread has an isolate of its own, so what one script keeps in use does not change
+/// the next.
+bool survivesAlone(HostileScript const& script) {
+    if (areHostsIsolated()) return survives(script);
     bool result = false;
     std::thread([&] { result = survives(script); }).join();
     return result;
@@ -71,9 +73,9 @@ void run(Case const& test, Outcome& outcome) {
     // An isolated host has a text for everything.
     bool const isHopeless = test.script.isHopeless() && !areHostsIsolated();
     End const expected = isHopeless ? End::asExpected : End::survived;
-    End const end = isHopeless                       ? endOf(test.script)
-                    : survivesOnAThread(test.script) ? End::survived
-                                                     : End::otherwise;
+    End const end = isHopeless                   ? endOf(test.script)
+                    : survivesAlone(test.script) ? End::survived
+                                                 : End::otherwise;
     if (end == expected) return;
     (end == End::survived ? outcome.unexpectedSurvivals : outcome.failures).push_back(name);
 }

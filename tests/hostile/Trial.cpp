@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <iostream>
-#include <mutex>
+#include <memory>
 #include <utility>
 
 #include "convert/Converter.h"
@@ -63,10 +63,12 @@ bool otherHostsWork() {
     // In process, hosts share the thread's isolate; isolated hosts share the application only, so
     // one of them stands for the others and outlives all scripts.
     if (areHostsIsolated()) {
-        static KxJsParser other(testIsolation());
-        static std::once_flag isStarted;
-        std::call_once(isStarted, [] { other.initialize(); });
-        return works(other, "another host");
+        static std::unique_ptr<KxJsParser> const other = [] {
+            auto host = std::make_unique<KxJsParser>(testIsolation());
+            host->initialize();
+            return host;
+        }();
+        return works(*other, "another host");
     }
     KxJsParser fresh;
     fresh.initialize();
