@@ -64,7 +64,7 @@ std::u16string const* Texts::separated(char16_t separator) {
 namespace {
 
 template <class Unit, class Joined>
-kxjs_status give(Joined const& joined, Unit const** data, std::size_t const** offsets,
+kxjs_status lend(Joined const& joined, Unit const** data, std::size_t const** offsets,
                  std::size_t* count) {
     out(data) = reinterpret_cast<Unit const*>(joined.data.c_str());
     out(offsets) = joined.offsets.data();
@@ -144,12 +144,12 @@ kxjs_status kxjs_texts_free(kxjs_texts* texts) {
 
 kxjs_status kxjs_texts_utf8(kxjs_texts* texts, char const** data, size_t const** offsets,
                             size_t* count) {
-    return guarded([&] { return give(object<Texts>(texts).utf8(), data, offsets, count); });
+    return guarded([&] { return lend(object<Texts>(texts).utf8(), data, offsets, count); });
 }
 
 kxjs_status kxjs_texts_utf16(kxjs_texts* texts, uint16_t const** data, size_t const** offsets,
                              size_t* count) {
-    return guarded([&] { return give(object<Texts>(texts).utf16(), data, offsets, count); });
+    return guarded([&] { return lend(object<Texts>(texts).utf16(), data, offsets, count); });
 }
 
 kxjs_status kxjs_texts_separated_utf16(kxjs_texts* texts, uint16_t separator, uint16_t const** data,

@@ -8,7 +8,7 @@
 
 #include "native/CatalogueTextFunctions.h"
 #include "native/Conversions.h"
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 
 namespace kx {
 
@@ -68,18 +68,18 @@ bool extreme(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 bool between(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const isAbove = compare(Operation::greater, arguments[0], arguments[1]);
     if (!isAbove) return false;
-    if (!*isAbove) return give(false, result);
+    if (!*isAbove) return setResult(false, result);
     auto const isBelow = compare(Operation::less, arguments[0], arguments[2]);
-    return isBelow && give(*isBelow, result);
+    return isBelow && setResult(*isBelow, result);
 }
 
 bool inList(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     for (Value const& value : arguments.subspan(1)) {
         auto const isEqual = areEqual(arguments[0], value);
         if (!isEqual) return false;
-        if (*isEqual) return give(true, result);
+        if (*isEqual) return setResult(true, result);
     }
-    return give(false, result);
+    return setResult(false, result);
 }
 
 bool round(Arguments arguments, Workspace& workspace, Value& result) {
@@ -92,15 +92,15 @@ bool sign(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
     if (!number) return false;
     // Null is neither below nor equal to zero.
-    if (arguments[0].isNullish()) return give(1.0, result);
-    return give(*number < 0 ? -1.0 : *number == 0 ? 0.0 : 1.0, result);
+    if (arguments[0].isNullish()) return setResult(1.0, result);
+    return setResult(*number < 0 ? -1.0 : *number == 0 ? 0.0 : 1.0, result);
 }
 
 bool isEven(double number) { return std::fmod(number, 2) == 0; }
 
 bool even(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(isEven(*number), result);
+    return number && setResult(isEven(*number), result);
 }
 
 bool odd(Arguments arguments, Workspace& workspace, Value& result) {
@@ -108,22 +108,22 @@ bool odd(Arguments arguments, Workspace& workspace, Value& result) {
     auto const text = toText(arguments[0], workspace.arena);
     if (!number || !text) return false;
     bool const isWhole = text->find(u'.') == std::u16string_view::npos;
-    return give(isWhole && !isEven(*number), result);
+    return setResult(isWhole && !isEven(*number), result);
 }
 
 bool degrees(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(180 * *number / std::numbers::pi, result);
+    return number && setResult(180 * *number / std::numbers::pi, result);
 }
 
 bool radians(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(std::numbers::pi * *number / 180, result);
+    return number && setResult(std::numbers::pi * *number / 180, result);
 }
 
 bool root(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(std::sqrt(*number), result);
+    return number && setResult(std::sqrt(*number), result);
 }
 
 bool bump(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -146,20 +146,20 @@ bool bump(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 // Of JavaScript itself.
 
 bool numberOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return give(toNumber(arguments[0]), result);
+    return setResult(toNumber(arguments[0]), result);
 }
 
 bool textOf(Arguments arguments, Workspace& workspace, Value& result) {
-    return give(toText(arguments[0], workspace.arena), result);
+    return setResult(toText(arguments[0], workspace.arena), result);
 }
 
 bool truthOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return give(isTrue(arguments[0]), result);
+    return setResult(isTrue(arguments[0]), result);
 }
 
 bool isNotANumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(std::isnan(*number), result);
+    return number && setResult(std::isnan(*number), result);
 }
 
 constexpr std::array kFunctions = {

@@ -36,17 +36,17 @@ bool findOccurrence(std::u16string_view text, std::u16string_view part, Value co
                     bool isFromEnd, Workspace& workspace, Value& result) {
     double sought = 0;
     if (!numberOr(which, 1, sought) || part.empty()) return false;
-    if (sought < 0) return give(-1.0, result);
+    if (sought < 0) return setResult(-1.0, result);
     double place = -1;
     for (double found = 1;; ++found) {
-        if (isFromEnd && text.empty()) return give(-1.0, result);
+        if (isFromEnd && text.empty()) return setResult(-1.0, result);
         bool const isSearched =
             isFromEnd
                 ? lastIndexOf(text, part, workspace.arena, place)
                 : indexOf(text, part, std::min(static_cast<std::size_t>(place + 1), text.size()),
                           workspace.arena, place);
         if (!isSearched) return false;
-        if (place == -1 || found == sought) return give(place, result);
+        if (place == -1 || found == sought) return setResult(place, result);
         if (isFromEnd) text = text.substr(0, static_cast<std::size_t>(place));
     }
 }
@@ -58,9 +58,9 @@ bool inLowerCase(Value const& value, Workspace& workspace, Value& result) {
 
 bool countOccurrences(std::u16string_view part, std::u16string_view text, Workspace& workspace,
                       Value& result) {
-    if (part.empty()) return give(sizeOf(text) - 1, result);
+    if (part.empty()) return setResult(sizeOf(text) - 1, result);
     auto const count = countParts(text, part, workspace.arena);
-    return count && give(static_cast<double>(*count), result);
+    return count && setResult(static_cast<double>(*count), result);
 }
 
 /// TRUNCATE of a number.
@@ -68,13 +68,13 @@ bool cut(double number, double decimals, Workspace& workspace, Value& result) {
     auto const text = toText(Value::of(number), workspace.arena);
     if (!text) return false;
     std::size_t const point = text->find(u'.');
-    if (point == std::u16string_view::npos) return give(number, result);
+    if (point == std::u16string_view::npos) return setResult(number, result);
     Value kept;
     if (!substr(*text, Value::of(0.0), Value::of(sizeOf(text->substr(0, point)) + decimals + 1),
                 kept)) {
         return false;
     }
-    return give(textToNumber(kept.text()), result);
+    return setResult(textToNumber(kept.text()), result);
 }
 
 }  // namespace
@@ -94,41 +94,42 @@ bool isOfClass(std::u16string_view unit, bool (*isMember)(char16_t), Workspace& 
 bool isControl(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view unit;
     if (!firstUnit(arguments[0], workspace, unit)) return false;
-    return give((codeOf(unit) >= 0 && codeOf(unit) < 0x1f) || codeOf(unit) == 0x7f, result);
+    return setResult((codeOf(unit) >= 0 && codeOf(unit) < 0x1f) || codeOf(unit) == 0x7f, result);
 }
 
 bool isPunctuation(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view unit;
     if (!firstUnit(arguments[0], workspace, unit)) return false;
     bool const isPrintable = codeOf(unit) >= 0x20 && codeOf(unit) <= 0x7e;
-    return give(isPrintable && !isOfClass(unit, isWhiteSpaceUnit, workspace) &&
-                    !isOfClass(unit, isAlphanumeric, workspace),
-                result);
+    return setResult(isPrintable && !isOfClass(unit, isWhiteSpaceUnit, workspace) &&
+                         !isOfClass(unit, isAlphanumeric, workspace),
+                     result);
 }
 
 bool ascii(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view unit;
     if (!firstUnit(arguments[0], workspace, unit)) return false;
-    return give(unit.empty() ? std::numeric_limits<double>::quiet_NaN() : unit.front(), result);
+    return setResult(unit.empty() ? std::numeric_limits<double>::quiet_NaN() : unit.front(),
+                     result);
 }
 
 bool charOf(Arguments arguments, Workspace& workspace, Value& result) {
     auto const code = toNumber(arguments[0]);
     if (!code) return false;
     auto const unit = static_cast<char16_t>(toInt32(*code) & 0xFFFF);
-    return give(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
+    return setResult(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
 }
 
 bool len(Arguments arguments, Workspace& workspace, Value& result) {
     auto const text = toText(arguments[0], workspace.arena);
-    return text && give(sizeOf(*text), result);
+    return text && setResult(sizeOf(*text), result);
 }
 
 bool concat(Arguments arguments, Workspace& workspace, Value& result) {
     auto const first = toText(arguments[0], workspace.arena);
     auto const second = toText(arguments[1], workspace.arena);
     if (!first || !second) return false;
-    return give(joined(*first, *second, workspace.arena), result);
+    return setResult(joined(*first, *second, workspace.arena), result);
 }
 
 bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -141,7 +142,7 @@ bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText() || !count) return false;
     auto const isNone = areEqual(arguments[1], Value::of(0.0));
     if (!isNone) return false;
-    if (*isNone) return give(std::u16string_view(), result);
+    if (*isNone) return setResult(std::u16string_view(), result);
     return substr(arguments[0].text(), Value::of(-*count), {}, result);
 }
 
@@ -159,7 +160,7 @@ bool locate(Arguments arguments, Workspace& workspace, Value& result) {
     double place = 0;
     return indexOf(text, *part, static_cast<std::size_t>(std::clamp(*start, 0.0, sizeOf(text))),
                    workspace.arena, place) &&
-           give(place, result);
+           setResult(place, result);
 }
 
 bool at(Arguments arguments, Workspace& workspace, Value& result) {
@@ -207,7 +208,7 @@ bool ioccurs(Arguments arguments, Workspace& workspace, Value& result) {
 bool space(Arguments arguments, Workspace& workspace, Value& result) {
     auto const count = toNumber(arguments[0]);
     std::u16string_view text;
-    return count && filled(u' ', *count, workspace, text) && give(text, result);
+    return count && filled(u' ', *count, workspace, text) && setResult(text, result);
 }
 
 bool rpad(Arguments arguments, Workspace& workspace, Value& result) {
@@ -215,7 +216,7 @@ bool rpad(Arguments arguments, Workspace& workspace, Value& result) {
     auto const size = toNumber(arguments[1]);
     std::u16string_view blanks;
     if (!text || !size || !filled(u' ', *size - sizeOf(*text), workspace, blanks)) return false;
-    return give(joined(*text, blanks, workspace.arena), result);
+    return setResult(joined(*text, blanks, workspace.arena), result);
 }
 
 bool repeat(Arguments arguments, Workspace& workspace, Value& result) {
@@ -226,7 +227,7 @@ bool repeat(Arguments arguments, Workspace& workspace, Value& result) {
     auto const text = toText(arguments[0], workspace.arena);
     std::size_t times = 0;
     if (!text || !loops(arguments[1].number, times)) return false;
-    return give(repeated(*text, times, workspace.arena), result);
+    return setResult(repeated(*text, times, workspace.arena), result);
 }
 
 bool truncate(Arguments arguments, Workspace& workspace, Value& result) {
@@ -239,11 +240,11 @@ bool frac(Arguments arguments, Workspace& workspace, Value& result) {
     auto const text = toText(arguments[0], workspace.arena);
     if (!text || !arguments[0].isNumber()) return false;
     std::size_t const point = text->find(u'.');
-    if (point == std::u16string_view::npos) return give(0.0, result);
+    if (point == std::u16string_view::npos) return setResult(0.0, result);
     // The point, and what stands behind it.
     auto const fraction = textToNumber(text->substr(point));
     if (!fraction) return false;
-    return give(text->front() == u'-' ? -*fraction : *fraction, result);
+    return setResult(text->front() == u'-' ? -*fraction : *fraction, result);
 }
 
 bool fillUp(Arguments arguments, char16_t filler, Workspace& workspace, Value& result) {
@@ -258,7 +259,7 @@ bool fillUp(Arguments arguments, char16_t filler, Workspace& workspace, Value& r
     auto const text = toText(number, workspace.arena);
     std::u16string_view front;
     if (!text || !filled(filler, size - sizeOf(*text), workspace, front)) return false;
-    return give(joined(front, *text, workspace.arena), result);
+    return setResult(joined(front, *text, workspace.arena), result);
 }
 
 bool insert(Arguments arguments, Workspace& workspace, Value& result) {
@@ -273,14 +274,14 @@ bool insert(Arguments arguments, Workspace& workspace, Value& result) {
     }
     auto const front = joined(before.text(), *inserted, workspace.arena);
     if (!front) return false;
-    return give(joined(*front, after.text(), workspace.arena), result);
+    return setResult(joined(*front, after.text(), workspace.arena), result);
 }
 
 bool replace(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
     if (!arguments[0].isText() || !part) return false;
     // Without a separator the whole is one piece; between pieces an undefined text is a comma.
-    if (arguments[1].isUndefined()) return give(arguments[0].text(), result);
+    if (arguments[1].isUndefined()) return setResult(arguments[0].text(), result);
     auto const with = toText(arguments[2], workspace.arena);
     std::u16string_view const text = arguments[0].text();
     if (!with || part->empty()) return false;
@@ -299,7 +300,7 @@ bool replace(Arguments arguments, Workspace& workspace, Value& result) {
         start = place + part->size();
     }
     std::copy(text.begin() + start, text.end(), end);
-    return give(std::u16string_view(units, size), result);
+    return setResult(std::u16string_view(units, size), result);
 }
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
@@ -308,8 +309,8 @@ bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     auto const replacement = toText(arguments[2], workspace.arena);
     if (!text || !search || !replacement) return false;
     // Without units to look for, the loop that adds units does not run.
-    if (search->empty()) return give(std::u16string_view(), result);
-    return give(replacedUnits(*text, *search, *replacement, workspace.arena), result);
+    if (search->empty()) return setResult(std::u16string_view(), result);
+    return setResult(replacedUnits(*text, *search, *replacement, workspace.arena), result);
 }
 
 /// The first match of /-?\d+\.?\d*/, or the whole text.
@@ -321,7 +322,7 @@ bool val(Arguments arguments, Workspace& workspace, Value& result) {
     };
     std::size_t start = 0;
     while (start < text->size() && !isDigitAt(start)) ++start;
-    if (start == text->size()) return give(*text, result);
+    if (start == text->size()) return setResult(*text, result);
     std::size_t end = start;
     if (start > 0 && (*text)[start - 1] == u'-') --start;
     while (isDigitAt(end)) ++end;
@@ -329,7 +330,7 @@ bool val(Arguments arguments, Workspace& workspace, Value& result) {
     while (isDigitAt(end)) ++end;
     auto const number = textToNumber(text->substr(start, end - start));
     workspace.match = {Match::Pattern::number, *text};
-    return number && give(*number, result);
+    return number && setResult(*number, result);
 }
 
 }  // namespace kx

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "native/Conversions.h"
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 #include "text/Digit.h"
 #include "text/WhiteSpace.h"
 
@@ -71,14 +71,14 @@ template <bool (*kIsMember)(char16_t)>
 bool isClass(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view unit;
     return firstUnit(arguments[0], workspace, unit) &&
-           give(isOfClass(unit, kIsMember, workspace), result);
+           setResult(isOfClass(unit, kIsMember, workspace), result);
 }
 
 template <int kFirst, int kLast>
 bool isInRange(Arguments arguments, Workspace& workspace, Value& result) {
     std::u16string_view unit;
     return firstUnit(arguments[0], workspace, unit) &&
-           give(codeOf(unit) >= kFirst && codeOf(unit) <= kLast, result);
+           setResult(codeOf(unit) >= kFirst && codeOf(unit) <= kLast, result);
 }
 
 }  // namespace kx

@@ -25,15 +25,15 @@ constexpr bool isInOrder(std::array<Entry, kSize> const& table) {
 }
 
 template <class Result>
-bool give(Result const& value, Value& result) {
+bool setResult(Result const& value, Value& result) {
     result = Value::of(value);
     return true;
 }
 
 /// False where there is no value.
 template <class Result>
-bool give(std::optional<Result> const& value, Value& result) {
-    return value && give(*value, result);
+bool setResult(std::optional<Result> const& value, Value& result) {
+    return value && setResult(*value, result);
 }
 
 }  // namespace kx

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "native/Conversions.h"
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 
 namespace kx {
 
@@ -14,7 +14,7 @@ namespace {
 template <double (*kCompute)(double)>
 bool ofNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const number = toNumber(arguments[0]);
-    return number && give(kCompute(*number), result);
+    return number && setResult(kCompute(*number), result);
 }
 
 double absolute(double number) { return std::abs(number); }
@@ -47,7 +47,7 @@ bool extreme(Arguments arguments, Workspace& /*workspace*/, Value& result) {
         bool const isZeroBefore = *number == 0 && found == 0 && std::signbit(found) == kIsMax;
         if (std::isnan(*number) || isFurther || isZeroBefore) found = *number;
     }
-    return give(found, result);
+    return setResult(found, result);
 }
 
 struct Constant {

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "native/Conversions.h"
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 #include "text/WhiteSpace.h"
 
 namespace kx {
@@ -37,7 +37,7 @@ bool substr(std::u16string_view text, Value const& start, Value const& length, V
     auto const count = length.isUndefined() ? sizeOf(text) : toWholeNumber(length);
     if (!from || !count) return false;
     std::size_t const first = relative(*from, text);
-    return give(text.substr(first, clamped(*count, text)), result);
+    return setResult(text.substr(first, clamped(*count, text)), result);
 }
 
 bool slice(std::u16string_view text, Value const& start, Value const& end, Value& result) {
@@ -46,7 +46,7 @@ bool slice(std::u16string_view text, Value const& start, Value const& end, Value
     if (!from || !to) return false;
     std::size_t const first = relative(*from, text);
     std::size_t const last = relative(*to, text);
-    return give(text.substr(first, last > first ? last - first : 0), result);
+    return setResult(text.substr(first, last > first ? last - first : 0), result);
 }
 
 bool indexOf(std::u16string_view text, std::u16string_view part, std::size_t start,
@@ -115,7 +115,7 @@ bool changeCase(std::u16string_view text, bool isUpper, TextArena& arena, Value&
         bool const changes = text[i] >= first && text[i] < first + 26;
         units[i] = changes ? static_cast<char16_t>(text[i] ^ 0x20) : text[i];
     }
-    return give(std::u16string_view(units, text.size()), result);
+    return setResult(std::u16string_view(units, text.size()), result);
 }
 
 bool trimText(Value const& value, Match::Pattern pattern, Workspace& workspace, Value& result) {
@@ -124,7 +124,7 @@ bool trimText(Value const& value, Match::Pattern pattern, Workspace& workspace, 
     if (pattern != Match::Pattern::trailingBlanks) text = withoutLeadingSpace(text);
     if (pattern != Match::Pattern::leadingBlanks) text = withoutTrailingSpace(text);
     if (text.size() != value.text().size()) workspace.match = {pattern, value.text()};
-    return give(text, result);
+    return setResult(text, result);
 }
 
 // Of two decimals that are equally near JavaScript takes the larger, std::to_chars the even one. A
@@ -145,7 +145,7 @@ bool toFixed(double number, double decimals, TextArena& arena, Value& result) {
     if (number < 0) *end++ = '-';
     end = std::to_chars(end, digits.data() + digits.size(), size, std::chars_format::fixed, places)
               .ptr;
-    return give(arena.copy(std::string_view(digits.data(), end)), result);
+    return setResult(arena.copy(std::string_view(digits.data(), end)), result);
 }
 
 namespace {
@@ -157,15 +157,16 @@ bool charAt(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!place) return false;
     bool const isInside = *place >= 0 && *place < sizeOf(receiver(arguments));
     auto const unit = static_cast<std::size_t>(isInside ? *place : 0);
-    return give(receiver(arguments).substr(unit, isInside ? 1 : 0), result);
+    return setResult(receiver(arguments).substr(unit, isInside ? 1 : 0), result);
 }
 
 bool charCodeAt(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const place = toWholeNumber(arguments[1]);
     if (!place) return false;
     bool const isInside = *place >= 0 && *place < sizeOf(receiver(arguments));
-    if (!isInside) return give(std::numeric_limits<double>::quiet_NaN(), result);
-    return give(static_cast<double>(receiver(arguments)[static_cast<std::size_t>(*place)]), result);
+    if (!isInside) return setResult(std::numeric_limits<double>::quiet_NaN(), result);
+    return setResult(static_cast<double>(receiver(arguments)[static_cast<std::size_t>(*place)]),
+                     result);
 }
 
 bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -174,7 +175,7 @@ bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const end = arguments[2].isUndefined() ? sizeOf(text) : toWholeNumber(arguments[2]);
     if (!start || !end) return false;
     auto const [first, last] = std::minmax({clamped(*start, text), clamped(*end, text)});
-    return give(text.substr(first, last - first), result);
+    return setResult(text.substr(first, last - first), result);
 }
 
 bool substrOf(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -196,30 +197,32 @@ bool findPart(Arguments arguments, Workspace& workspace, double& place) {
 
 bool indexOfPart(Arguments arguments, Workspace& workspace, Value& result) {
     double place = 0;
-    return findPart(arguments, workspace, place) && give(place, result);
+    return findPart(arguments, workspace, place) && setResult(place, result);
 }
 
 bool includes(Arguments arguments, Workspace& workspace, Value& result) {
     double place = 0;
-    return findPart(arguments, workspace, place) && give(place >= 0, result);
+    return findPart(arguments, workspace, place) && setResult(place >= 0, result);
 }
 
 bool lastIndexOfPart(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
     double place = 0;
     return part && arguments[2].isUndefined() &&
-           lastIndexOf(receiver(arguments), *part, workspace.arena, place) && give(place, result);
+           lastIndexOf(receiver(arguments), *part, workspace.arena, place) &&
+           setResult(place, result);
 }
 
 bool startsWith(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
     return part && arguments[2].isUndefined() &&
-           give(receiver(arguments).starts_with(*part), result);
+           setResult(receiver(arguments).starts_with(*part), result);
 }
 
 bool endsWith(Arguments arguments, Workspace& workspace, Value& result) {
     auto const part = toText(arguments[1], workspace.arena);
-    return part && arguments[2].isUndefined() && give(receiver(arguments).ends_with(*part), result);
+    return part && arguments[2].isUndefined() &&
+           setResult(receiver(arguments).ends_with(*part), result);
 }
 
 template <bool kIsUpper>

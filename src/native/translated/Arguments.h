@@ -10,7 +10,7 @@
 #include <span>
 #include <string_view>
 
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 #include "native/Functions.h"
 
 namespace kx {
@@ -32,7 +32,7 @@ inline std::size_t limitedTo(double number, std::size_t most) {
 }
 
 inline bool giveFinite(double number, Value& result) {
-    return std::isfinite(number) && give(number, result);
+    return std::isfinite(number) && setResult(number, result);
 }
 
 /// White space of the older language.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "native/FunctionTable.h"
+#include "native/FunctionEntries.h"
 
 namespace kx {
 

@@ -43,7 +43,7 @@ std::optional<std::u16string_view> formatted(Arguments arguments, TextArena& are
 }
 
 bool str(Arguments arguments, Workspace& workspace, Value& result) {
-    return give(formatted(arguments, workspace.arena), result);
+    return setResult(formatted(arguments, workspace.arena), result);
 }
 
 /// Leading blanks as zeros, the sign in front.
@@ -54,7 +54,7 @@ bool strZero(Arguments arguments, Workspace& workspace, Value& result) {
     std::size_t const start = std::min(filled.find_first_not_of(u' '), filled.size());
     std::fill_n(filled.begin(), start, u'0');
     if (start < filled.size() && filled[start] == u'-') std::swap(filled[0], filled[start]);
-    return give(workspace.arena.copy(std::u16string_view(filled)), result);
+    return setResult(workspace.arena.copy(std::u16string_view(filled)), result);
 }
 
 bool ntos(Arguments arguments, Workspace& workspace, Value& result) {
@@ -62,7 +62,7 @@ bool ntos(Arguments arguments, Workspace& workspace, Value& result) {
     auto text = plainNumber(arguments[0].number, scaleOf(arguments[1]), workspace.arena);
     if (!text) return false;
     text->remove_prefix(std::min(text->find_first_not_of(u' '), text->size()));
-    return give(*text, result);
+    return setResult(*text, result);
 }
 
 /// Leading white space, a sign, digits with a point among them; what follows does not count.
@@ -82,14 +82,14 @@ bool val(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     }
     double number = 0;
     std::from_chars(units.data(), end, number);
-    return give(isNegative ? 0 - number : number, result);
+    return setResult(isNegative ? 0 - number : number, result);
 }
 
 /// A function of one finite number. 0 is added where the function may give -0.
 template <double (*kCompute)(double)>
 bool ofNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     return arguments[0].isNumber() && std::isfinite(arguments[0].number) &&
-           give(kCompute(arguments[0].number), result);
+           setResult(kCompute(arguments[0].number), result);
 }
 
 double absolute(double number) { return std::abs(number); }
@@ -113,7 +113,7 @@ bool mod(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 bool roundFunction(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const places = wholeOf(arguments[1]);
     if (!arguments[0].isNumber() || !places) return false;
-    return give(roundedAt(arguments[0].number, *places), result);
+    return setResult(roundedAt(arguments[0].number, *places), result);
 }
 
 /// Of numbers, or of texts.

@@ -18,7 +18,7 @@ bool add(Arguments arguments, Workspace& workspace, Value& result) {
         return giveFinite(arguments[0].number + arguments[1].number, result);
     }
     if (!areTexts(arguments)) return false;
-    return give(joined(arguments[0].text(), arguments[1].text(), workspace.arena), result);
+    return setResult(joined(arguments[0].text(), arguments[1].text(), workspace.arena), result);
 }
 
 /// Blanks at the end of the left text go to the end.
@@ -35,7 +35,7 @@ bool subtract(Arguments arguments, Workspace& workspace, Value& result) {
     char16_t* const middle = std::copy(first.begin(), first.end(), units);
     char16_t* const end = std::copy(right.begin(), right.end(), middle);
     std::fill_n(end, left.size() - first.size(), u' ');
-    return give(std::u16string_view(units, left.size() + right.size()), result);
+    return setResult(std::u16string_view(units, left.size() + right.size()), result);
 }
 
 bool multiply(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -53,7 +53,7 @@ bool remainder(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 }
 
 bool negate(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isNumber() && give(-arguments[0].number, result);
+    return arguments[0].isNumber() && setResult(-arguments[0].number, result);
 }
 
 bool keepNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -62,7 +62,7 @@ bool keepNumber(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 }
 
 bool invert(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isBoolean() && give(arguments[0].number == 0, result);
+    return arguments[0].isBoolean() && setResult(arguments[0].number == 0, result);
 }
 
 bool keepLogical(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -72,17 +72,17 @@ bool keepLogical(Arguments arguments, Workspace& /*workspace*/, Value& result) {
 
 bool exclusiveOr(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     return arguments[0].isBoolean() && arguments[1].isBoolean() &&
-           give(arguments[0].number != arguments[1].number, result);
+           setResult(arguments[0].number != arguments[1].number, result);
 }
 
 bool identical(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     Value const& left = arguments[0];
     Value const& right = arguments[1];
     if (left.isNullish() || right.isNullish()) {
-        return give(left.isNullish() && right.isNullish(), result);
+        return setResult(left.isNullish() && right.isNullish(), result);
     }
     if (left.type != right.type) return false;
-    return give(areStrictlyEqual(left, right), result);
+    return setResult(areStrictlyEqual(left, right), result);
 }
 
 template <bool kIsExact, bool kIsNegated>
@@ -94,7 +94,7 @@ bool equal(Arguments arguments, Workspace& workspace, Value& result) {
         if (!identical(arguments, workspace, result)) return false;
         isEqual = result.number != 0;
     }
-    return give(isEqual != kIsNegated, result);
+    return setResult(isEqual != kIsNegated, result);
 }
 
 /// The third argument is the operator's sign, for the error text.
@@ -107,14 +107,14 @@ bool compareSizes(Arguments arguments, Workspace& /*workspace*/, Value& result) 
                          : left.number < right.number ? -1
                          : left.number > right.number ? 1
                                                       : 0;
-    return give(order, result);
+    return setResult(order, result);
 }
 
 bool contains(Arguments arguments, Workspace& workspace, Value& result) {
     if (!areTexts(arguments)) return false;
     double place = -1;
     if (!indexOf(arguments[1].text(), arguments[0].text(), 0, workspace.arena, place)) return false;
-    return give(!arguments[0].text().empty() && place >= 0, result);
+    return setResult(!arguments[0].text().empty() && place >= 0, result);
 }
 
 /// The other arguments are evaluated for their errors only.

@@ -12,7 +12,7 @@ namespace kx {
 namespace {
 
 bool len(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return arguments[0].isText() && give(sizeOf(arguments[0].text()), result);
+    return arguments[0].isText() && setResult(sizeOf(arguments[0].text()), result);
 }
 
 template <bool kAtStart, bool kAtEnd>
@@ -21,7 +21,7 @@ bool trim(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     std::u16string_view text = arguments[0].text();
     if (kAtEnd) text = withoutLastBlanks(text);
     if (kAtStart) text = withoutFirstSpace(text);
-    return give(text, result);
+    return setResult(text, result);
 }
 
 template <bool kIsUpper>
@@ -34,17 +34,17 @@ bool left(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const count = wholeOf(arguments[1]);
     if (!arguments[0].isText() || !count) return false;
     std::u16string_view const text = arguments[0].text();
-    return give(text.substr(0, limitedTo(*count, text.size())), result);
+    return setResult(text.substr(0, limitedTo(*count, text.size())), result);
 }
 
 bool right(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isNumber()) {
-        return give(std::u16string_view(), result);
+        return setResult(std::u16string_view(), result);
     }
     auto const count = wholeOf(arguments[1]);
     if (!count) return false;
     std::u16string_view const text = arguments[0].text();
-    return give(text.substr(text.size() - limitedTo(*count, text.size())), result);
+    return setResult(text.substr(text.size() - limitedTo(*count, text.size())), result);
 }
 
 bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -56,14 +56,14 @@ bool substring(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!count) return false;
     if (*from < 0) from = std::max(1.0, size + *from + 1);
     std::size_t const first = limitedTo(*from - 1, text.size());
-    return give(text.substr(first, limitedTo(*count, text.size())), result);
+    return setResult(text.substr(first, limitedTo(*count, text.size())), result);
 }
 
 /// Where something is of a wrong kind the result is empty.
 bool stuff(Arguments arguments, Workspace& workspace, Value& result) {
     bool const isRight = arguments[0].isText() && arguments[1].isNumber() &&
                          arguments[2].isNumber() && arguments[3].isText();
-    if (!isRight) return give(std::u16string_view(), result);
+    if (!isRight) return setResult(std::u16string_view(), result);
     auto from = wholeOf(arguments[1]);
     auto const count = wholeOf(arguments[2]);
     if (!from || !count) return false;
@@ -80,15 +80,15 @@ bool stuff(Arguments arguments, Workspace& workspace, Value& result) {
     text.copy(units, first);
     replacement.copy(units + first, replacement.size());
     rest.copy(units + first + replacement.size(), rest.size());
-    return give(std::u16string_view(units, length), result);
+    return setResult(std::u16string_view(units, length), result);
 }
 
 bool repeat(std::u16string_view text, Value const& count, TextArena& arena, Value& result) {
     auto const times = wholeOf(count);
     if (!times) return false;
-    if (*times <= 0 || text.empty()) return give(std::u16string_view(), result);
+    if (*times <= 0 || text.empty()) return setResult(std::u16string_view(), result);
     if (*times > static_cast<double>(TextArena::kMostWork)) return false;
-    return give(repeated(text, static_cast<std::size_t>(*times), arena), result);
+    return setResult(repeated(text, static_cast<std::size_t>(*times), arena), result);
 }
 
 bool space(Arguments arguments, Workspace& workspace, Value& result) {
@@ -108,7 +108,7 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     Value const& value = arguments[0];
     if (value.isNumber() && !std::isfinite(value.number)) return false;
     bool const isShown = value.isText() || value.isNumber();
-    if (!isShown || !arguments[1].isNumber()) return give(std::u16string_view(), result);
+    if (!isShown || !arguments[1].isNumber()) return setResult(std::u16string_view(), result);
     auto const width = wholeOf(arguments[1]);
     if (!width || *width > static_cast<double>(TextArena::kMostWork)) return false;
     std::array<Value, 2> const shown{value, arguments[3]};
@@ -116,9 +116,9 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     if (value.isNumber() && !findRunTimeFunction(u"ntos", false)->compute(shown, workspace, text)) {
         return false;
     }
-    if (*width < 1) return give(std::u16string_view(), result);
+    if (*width < 1) return setResult(std::u16string_view(), result);
     auto const size = static_cast<std::size_t>(*width);
-    if (text.text().size() >= size) return give(text.text().substr(0, size), result);
+    if (text.text().size() >= size) return setResult(text.text().substr(0, size), result);
     std::u16string_view const fill = arguments[2].isText() ? arguments[2].text() : u" ";
     char16_t const unit = fill.empty() ? u'\0' : fill[0];
     std::size_t const missing = size - text.text().size();
@@ -130,7 +130,7 @@ bool pad(Arguments arguments, Workspace& workspace, Value& result) {
     char16_t* const middle = std::fill_n(units, before, unit);
     text.text().copy(middle, text.text().size());
     std::fill_n(middle + text.text().size(), missing - before, unit);
-    return give(std::u16string_view(units, size), result);
+    return setResult(std::u16string_view(units, size), result);
 }
 
 bool chr(Arguments arguments, Workspace& workspace, Value& result) {
@@ -139,13 +139,13 @@ bool chr(Arguments arguments, Workspace& workspace, Value& result) {
     constexpr double kCodes = 256;
     double const rest = std::fmod(*code, kCodes);
     auto const unit = static_cast<char16_t>(rest < 0 ? rest + kCodes : rest);
-    return give(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
+    return setResult(workspace.arena.copy(std::u16string_view(&unit, 1)), result);
 }
 
 bool asc(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     if (!arguments[0].isText()) return false;
     std::u16string_view const text = arguments[0].text();
-    return give(text.empty() ? 0.0 : text[0], result);
+    return setResult(text.empty() ? 0.0 : text[0], result);
 }
 
 /// Whether a text begins with a unit from `kLow` to `kHigh`, or with that of the other range.
@@ -153,8 +153,8 @@ template <char16_t kLow, char16_t kHigh, char16_t kOtherLow = kLow, char16_t kOt
 bool beginsWith(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     std::u16string_view const text = arguments[0].isText() ? arguments[0].text() : u"";
     char16_t const unit = text.empty() ? u'\0' : text[0];
-    return give((unit >= kLow && unit <= kHigh) || (unit >= kOtherLow && unit <= kOtherHigh),
-                result);
+    return setResult((unit >= kLow && unit <= kHigh) || (unit >= kOtherLow && unit <= kOtherHigh),
+                     result);
 }
 
 /// The place of the n-th occurrence from 1, 0 without it. Occurrences may overlap.
@@ -163,32 +163,32 @@ bool at(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText() || !which) return false;
     std::u16string_view const sought = arguments[0].text();
     std::u16string_view const text = arguments[1].text();
-    if (sought.empty() || *which < 1) return give(0.0, result);
+    if (sought.empty() || *which < 1) return setResult(0.0, result);
     double place = -1;
     for (std::size_t left = limitedTo(*which, text.size() + 1); left > 0; --left) {
         auto const start = static_cast<std::size_t>(place + 1);
         if (!indexOf(text, sought, start, workspace.arena, place)) return false;
-        if (place < 0) return give(0.0, result);
+        if (place < 0) return setResult(0.0, result);
     }
-    return give(place + 1, result);
+    return setResult(place + 1, result);
 }
 
 bool rat(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[2].isNullish()) return false;
-    if (!arguments[0].isText() || !arguments[1].isText()) return give(0.0, result);
+    if (!arguments[0].isText() || !arguments[1].isText()) return setResult(0.0, result);
     std::u16string_view const sought = arguments[0].text();
     double place = -1;
     if (!lastIndexOf(arguments[1].text(), sought, workspace.arena, place)) return false;
-    return give(sought.empty() ? 0 : place + 1, result);
+    return setResult(sought.empty() ? 0 : place + 1, result);
 }
 
 bool occurs(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText()) return false;
     std::u16string_view const sought = arguments[0].text();
     std::u16string_view const text = arguments[1].text();
-    if (sought.empty() || text.empty()) return give(0.0, result);
+    if (sought.empty() || text.empty()) return setResult(0.0, result);
     auto const count = countParts(text, sought, workspace.arena);
-    return count && give(static_cast<double>(*count), result);
+    return count && setResult(static_cast<double>(*count), result);
 }
 
 bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
@@ -199,7 +199,7 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
     if (!isRight || !most || !from) return false;
     std::u16string_view const text = arguments[0].text();
     std::u16string_view const sought = arguments[1].text();
-    if (sought.empty()) return give(text, result);
+    if (sought.empty()) return setResult(text, result);
     if (!workspace.arena.countWork(text.size() * sought.size())) return false;
     std::u16string_view const replacement = arguments[2].isText() ? arguments[2].text() : u"";
     double const first = std::max(1.0, *from);
@@ -215,14 +215,14 @@ bool strtran(Arguments arguments, Workspace& workspace, Value& result) {
         start = place + sought.size();
     }
     made.append(text.substr(start));
-    return give(workspace.arena.copy(std::u16string_view(made)), result);
+    return setResult(workspace.arena.copy(std::u16string_view(made)), result);
 }
 
 bool chrtran(Arguments arguments, Workspace& workspace, Value& result) {
     if (!arguments[0].isText() || !arguments[1].isText() || !arguments[2].isText()) return false;
-    return give(replacedUnits(arguments[0].text(), arguments[1].text(), arguments[2].text(),
-                              workspace.arena),
-                result);
+    return setResult(replacedUnits(arguments[0].text(), arguments[1].text(), arguments[2].text(),
+                                   workspace.arena),
+                     result);
 }
 
 constexpr std::array kFunctions = {

@@ -17,11 +17,11 @@ bool isEmptyValue(Value const& value) {
 }
 
 bool empty(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return !arguments[0].isUndefined() && give(isEmptyValue(arguments[0]), result);
+    return !arguments[0].isUndefined() && setResult(isEmptyValue(arguments[0]), result);
 }
 
 bool isNull(Arguments arguments, Workspace& /*workspace*/, Value& result) {
-    return !arguments[0].isUndefined() && give(arguments[0].isNullish(), result);
+    return !arguments[0].isUndefined() && setResult(arguments[0].isNullish(), result);
 }
 
 bool nvl(Arguments arguments, Workspace& /*workspace*/, Value& result) {
@@ -38,9 +38,9 @@ template <char16_t kNil>
 bool typeLetter(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     static constexpr char16_t kNilLetter = kNil;
     Value const& value = arguments[0];
-    if (value.isNullish()) return give(std::u16string_view(&kNilLetter, 1), result);
+    if (value.isNullish()) return setResult(std::u16string_view(&kNilLetter, 1), result);
     std::u16string_view const letter = value.isText() ? u"C" : value.isNumber() ? u"N" : u"L";
-    return give(letter, result);
+    return setResult(letter, result);
 }
 
 /// Negative, 0 or positive; empty where the two cannot be compared.
@@ -55,9 +55,9 @@ template <bool kIsExact>
 bool between(Arguments arguments, Workspace& /*workspace*/, Value& result) {
     auto const low = order<kIsExact>(arguments[0], arguments[1]);
     if (!low || arguments[2].isUndefined()) return false;
-    if (*low < 0) return give(false, result);
+    if (*low < 0) return setResult(false, result);
     auto const high = order<kIsExact>(arguments[0], arguments[2]);
-    return high && give(*high <= 0, result);
+    return high && setResult(*high <= 0, result);
 }
 
 template <bool kIsExact>
@@ -69,17 +69,17 @@ bool inList(Arguments arguments, Workspace& workspace, Value& result) {
         if (!equal->compute(pair, workspace, result)) return false;
         if (result.number != 0) return true;
     }
-    return give(false, result);
+    return setResult(false, result);
 }
 
 bool asText(Arguments arguments, Workspace& workspace, Value& result) {
     Value const& value = arguments[0];
     if (value.isUndefined()) return false;
-    if (value.isText()) return give(value.text(), result);
+    if (value.isText()) return setResult(value.text(), result);
     if (value.isBoolean()) {
-        return give(std::u16string_view(value.number != 0 ? u".T." : u".F."), result);
+        return setResult(std::u16string_view(value.number != 0 ? u".T." : u".F."), result);
     }
-    if (value.isNullish()) return give(std::u16string_view(), result);
+    if (value.isNullish()) return setResult(std::u16string_view(), result);
     std::array<Value, 2> const number{value, arguments[1]};
     return findRunTimeFunction(u"ntos", false)->compute(number, workspace, result);
 }
