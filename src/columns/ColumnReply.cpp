@@ -41,8 +41,9 @@ ColumnReply takeColumnReply(MessageReader& reader, std::size_t count, RecentText
     ColumnReply reply;
     reply.records = static_cast<std::size_t>(reader.takeUpTo(static_cast<std::uint64_t>(count)));
     reply.error = reader.takeText();
-    // A block that makes no progress would be asked for again and again.
-    if (reply.records == 0 && reply.error.empty()) reader.refuse();
+    // A block that makes no progress would be asked for again and again. What ends an evaluation
+    // leaves a record that was not evaluated.
+    if (reply.records == (reply.error.empty() ? 0 : count)) reader.refuse();
     reply.reason =
         static_cast<EndReason>(reader.takeUpTo(static_cast<std::uint8_t>(EndReason::terminated)));
     auto const failures = reader.takeUpTo(static_cast<std::uint64_t>(count));

@@ -15,7 +15,7 @@ KxJsColumns::SharedText::SharedText(std::u16string text) {
 }
 
 std::u16string const& KxJsColumns::SharedText::str() const {
-    static std::u16string const kEmpty;
+    static auto const& kEmpty = *new std::u16string;
     return _mText == nullptr ? kEmpty : *_mText;
 }
 

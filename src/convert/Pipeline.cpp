@@ -58,43 +58,45 @@ std::vector<RuleText> spellingRules(std::vector<KxJsFunction> const& catalogue) 
     return rules;
 }
 
+// The passes are never destroyed: a thread may convert while the process ends.
+
 OperatorChain const& operatorPass() {
-    static OperatorChain const chain(kOperatorSteps);
+    static auto const& chain = *new OperatorChain(kOperatorSteps);
     return chain;
 }
 
 FunctionPass const& mathPass() {
-    static FunctionPass const pass = passOf(kMathRules);
+    static auto const& pass = *new FunctionPass(passOf(kMathRules));
     return pass;
 }
 
 FunctionPass const& miscPass() {
-    static FunctionPass const pass = passOf(kMiscRules);
+    static auto const& pass = *new FunctionPass(passOf(kMiscRules));
     return pass;
 }
 
 FunctionPass const& stringPass() {
-    static FunctionPass const pass = passOf(kStringRules);
+    static auto const& pass = *new FunctionPass(passOf(kStringRules));
     return pass;
 }
 
 FunctionPass const& spellingPass() {
-    static FunctionPass const pass = [] {
+    static auto const& pass = *[] {
         std::vector<RuleText> names;
         appendBuiltIns(names);
-        return FunctionPass(names);
+        return new FunctionPass(names);
     }();
     return pass;
 }
 
 FunctionPass const& functionPasses() {
-    static FunctionPass const pass = [] {
+    static auto const& pass = *[] {
         std::vector<RuleText> all;
         append(all, kMathRules);
         append(all, kMiscRules);
         append(all, kStringRules);
         appendBuiltIns(all);
-        return FunctionPass(all);
+        return new FunctionPass(all);
     }();
     return pass;
 }

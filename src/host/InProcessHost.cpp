@@ -120,6 +120,7 @@ void InProcessHost::setMemoryLimit(std::size_t bytes) {
 }
 
 void InProcessHost::reset(Variables& variables, CompiledScripts& scripts) {
+    if (isOnItsThread()) forgetFailure();
     bool const isUntouched = isContextDeferred_ && variables.empty();
     if (isUsable() && !isUntouched) deleteGlobals();
     std::list<HostResources> resources(1);

@@ -116,11 +116,11 @@ void IsolateRecord::lowerStackLimit() {
 }
 
 void IsolateRecord::setMemoryLimit(std::size_t bytes) {
+    // The first limit in an application's isolate is set as any later one.
     if (memory_ == nullptr) {
-        memory_ = std::make_unique<MemoryWatch>(handles_, nullptr, bytes);
-    } else {
-        memory_->setLimit(bytes);
+        memory_ = std::make_unique<MemoryWatch>(handles_, nullptr, defaultMemoryLimit());
     }
+    memory_->setLimit(bytes);
 }
 
 void IsolateRecord::release(std::list<HostResources> resources) noexcept {

@@ -37,7 +37,7 @@ class HostBackend;
 ///     std::u16string error;
 ///     std::u16string source = Converter::_convert(u"IIF(A>2,'OK','KO')");
 ///     std::int32_t script = parser.parse(source, error);
-///     std::u16string result = parser.execute(script, error);  // "OK"
+///     if (script >= 0) show(parser.execute(script, error));  // "OK"
 ///     if (!error.empty()) show(error);
 ///
 /// A failing script never throws: its failure comes back as text. Programming errors do (an index
@@ -46,10 +46,11 @@ class HostBackend;
 ///
 /// Threads: use a host on the thread that made it only. Elsewhere parse() returns -1 and execute()
 /// an empty result with an error text. Destroying a host on another thread, or after its thread has
-/// ended, is safe. The host belongs to the V8 isolate that was current when it was made; the
-/// library makes one for a thread that has none.
+/// ended, is safe. A host in process belongs to the V8 isolate that was current when it was made;
+/// the library makes one for a thread that has none.
 ///
-/// Processes: after a fork(), the child can destroy its hosts and exit, but run nothing.
+/// Processes: after a fork(), the child can destroy its hosts in process and exit, but run nothing
+/// in them. KxJsIsolation.h says what isolated hosts do.
 class KXJS_API KxJsParser {
   public:
     /// A host without variables, scripts and, until initialize(), built-in functions.

@@ -98,7 +98,7 @@ class KXJS_API KxJsVariable {
 
     /// The current value as text of at most kMaxTextLength code units: a text is cut there and at
     /// its first zero, a double has exactly six decimals whatever the locale (and is the empty text
-    /// where so many do not suffice), a variable without a type is "true".
+    /// where it would be longer than 255 code units), a variable without a type is "true".
     std::u16string valueToString() const;
 
   private:

@@ -75,8 +75,9 @@ std::u16string assembleLibrary(std::vector<KxJsFunction> const& math,
 }
 
 std::u16string const& libraryText() {
-    static std::u16string const text =
-        assembleLibrary(buildMathFunctions(), buildStringFunctions(), buildMiscFunctions());
+    // Never destroyed: hosts may be made until the end of the process.
+    static auto const& text = *new std::u16string(
+        assembleLibrary(buildMathFunctions(), buildStringFunctions(), buildMiscFunctions()));
     return text;
 }
 

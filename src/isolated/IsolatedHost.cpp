@@ -39,8 +39,7 @@ IsolatedHost::IsolatedHost(Variables const& variables, KxJsIsolation const& isol
 void IsolatedHost::installLibrary() {
     if (log_.isBlank()) {
         // A new worker has the functions.
-        forgetFailure();
-        endReason_ = EndReason::none;
+        forgetEnd();
         return log_.noteLibrary();
     }
     std::u16string ignored;
@@ -76,7 +75,9 @@ void IsolatedHost::reset(Variables& variables, CompiledScripts& scripts) {
     if (!isOnItsThread()) {
         // It cannot be asked from here, and still has what is forgotten now.
         isWorkerStale_ = true;
-    } else if (worker_.isThere() && prepare(ignored)) {
+    } else if (!worker_.isThere()) {
+        forgetEnd();
+    } else if (prepare(ignored)) {
         request_.put(Command::reset);
         exchange(ignored);
     }
@@ -92,11 +93,15 @@ void IsolatedHost::setMemoryLimit(std::size_t bytes) {
     if (isOnItsThread()) log_.setMemoryLimit(bytes);
 }
 
+void IsolatedHost::forgetEnd() {
+    forgetFailure();
+    endReason_ = EndReason::none;
+}
+
 /// Begins request_ with what the worker has to know. False, and a text in `error`, where there is
 /// no worker.
 bool IsolatedHost::prepare(std::u16string& error) {
-    forgetFailure();
-    endReason_ = EndReason::none;
+    forgetEnd();
     request_.clear();
     // An exception may have left a call open.
     if (std::exchange(isWorkerStale_, false) || worker_.isCalling()) worker_.giveUp();

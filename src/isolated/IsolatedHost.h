@@ -74,6 +74,7 @@ class IsolatedHost final : public HostBackend {
 
   private:
     bool restore(std::u16string& error);
+    void forgetEnd();
     std::optional<CommandResult> exchange(std::u16string& error);
     void noteEnd(SupervisedWorker::Ending ending, std::chrono::milliseconds limit,
                  std::u16string& error);

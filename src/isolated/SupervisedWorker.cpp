@@ -1,5 +1,6 @@
 #include "isolated/SupervisedWorker.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <sys/wait.h>
@@ -37,10 +38,11 @@ KxJsSandbox sandboxOf(SandboxPieces pieces) {
     return sandbox;
 }
 
+/// Beyond this the clock itself would overflow.
+constexpr std::chrono::milliseconds kEndless = std::chrono::hours(24 * 365 * 100);
+
 Deadline::Clock::time_point endOf(std::chrono::milliseconds limit,
                                   std::chrono::milliseconds grace) {
-    // Beyond this the clock itself would overflow.
-    constexpr auto kEndless = std::chrono::hours(24 * 365 * 100);
     if (limit <= std::chrono::milliseconds::zero() || limit > kEndless) return Deadline::kNever;
     return Deadline::Clock::now() + limit + grace;
 }
@@ -70,6 +72,7 @@ SupervisedWorker::SupervisedWorker(KxJsIsolation const& isolation)
     : isolation_(isolation),
       settings_{isolation.worker.empty() ? workerProgram() : isolation.worker, protocolVersion(),
                 isolation.memoryLimit, piecesOf(isolation.required)} {
+    isolation_.grace = std::clamp(isolation_.grace, std::chrono::milliseconds(0), kEndless);
     if (isolation.sharedMemory != 0) {
         sharedMemory_.emplace(SharedMemory::create(isolation.sharedMemory));
         settings_.sharedMemory = &*sharedMemory_;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <limits>
 #include <stdexcept>
 #include <sys/socket.h>
 
@@ -22,6 +23,12 @@ constexpr int kPatienceInMilliseconds = 30'000;
 /// How long the zygote may take to tell of a worker's end.
 constexpr int kEndNewsInMilliseconds = 100;
 
+/// A reply is no longer than the worker's memory; a text may take twice its bytes on the way.
+std::uint64_t longestReply(std::uint64_t memoryLimit) {
+    constexpr std::uint64_t kMost = std::numeric_limits<std::uint64_t>::max();
+    return memoryLimit > (kMost - kChannelPart) / 2 ? kMost : 2 * memoryLimit + kChannelPart;
+}
+
 }  // namespace
 
 struct Worker::Parts {
@@ -35,8 +42,7 @@ Worker::Worker(WorkerSettings const& settings) : Worker(takeFromZygote(settings)
 Worker::Worker(Parts parts, WorkerSettings const& settings)
     : memory_(SharedMemory::open(std::move(parts.memory), kChannelSize)),
       control_(std::move(parts.control)),
-      // A reply is no longer than the worker's memory; a text may take twice its bytes on the way.
-      end_(memory_.data(), std::move(parts.wakePipe), 2 * settings.memoryLimit + kChannelPart),
+      end_(memory_.data(), std::move(parts.wakePipe), longestReply(settings.memoryLimit)),
       owner_(thisProcess()) {
     memory_.takeDescriptor();
     awaitReadiness(settings);

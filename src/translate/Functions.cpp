@@ -58,12 +58,12 @@ FunctionName findCut(std::vector<Entry> const& index, std::vector<Entry>::const_
 }  // namespace
 
 std::vector<LanguageFunction const*> const& languageFunctions() {
-    static std::vector<LanguageFunction const*> const all = [] {
-        std::vector<LanguageFunction const*> functions;
+    static auto const& all = *[] {
+        auto* const functions = new std::vector<LanguageFunction const*>;
         for (LanguageTable const* const table :
              {&textFunctions, &textSearchFunctions, &numberFunctions, &dateFunctions,
               &valueFunctions}) {
-            for (LanguageFunction const& function : *table) functions.push_back(&function);
+            for (LanguageFunction const& function : *table) functions->push_back(&function);
         }
         return functions;
     }();
@@ -71,7 +71,7 @@ std::vector<LanguageFunction const*> const& languageFunctions() {
 }
 
 FunctionName findFunction(std::u16string_view name) {
-    static std::vector<Entry> const index = makeIndex();
+    static auto const& index = *new std::vector<Entry>(makeIndex());
     auto const from = std::lower_bound(
         index.begin(), index.end(), name,
         [](Entry const& entry, std::u16string_view sought) { return entry.name < sought; });

@@ -22,7 +22,7 @@
 ///     KxJsTranslator const translator(options);
 ///     auto const translation = translator.translate(u"IIF(NAME='S', PADL(7,3,'0'), '')");
 ///     if (translation.findings.empty()) {
-///         host.execute(host.parse(translation.javaScript, error), error);  // "007"
+///         host.evaluate(translation.javaScript, error);  // "007"
 ///     }
 ///
 /// Converter rewrites text by fixed rules, which formulas in use depend on, the odd results

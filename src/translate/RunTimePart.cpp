@@ -39,7 +39,7 @@ std::u16string makeScript() {
 }  // namespace
 
 std::u16string const& runTimePart() {
-    static std::u16string const script = makeScript();
+    static auto const& script = *new std::u16string(makeScript());
     return script;
 }
 

@@ -1,7 +1,9 @@
 #include "worker/WorkerColumns.h"
 
 #include <utility>
+#include <variant>
 
+#include "columns/Column.h"
 #include "columns/ColumnReply.h"
 #include "columns/ColumnTexts.h"
 #include "host/HostBackend.h"
@@ -55,6 +57,8 @@ std::byte* WorkerColumns::takePlace(MessageReader& request) const {
     auto const place = request.take<std::uint64_t>();
     return (place & kInArea) != 0 ? area_ + (place & ~kInArea) : shared_ + place;
 }
+
+static_assert(std::variant_size_v<kx::Column::Values> == 5, "WorkerColumns::Type has all types");
 
 void WorkerColumns::takeValues(MessageReader& request, std::size_t count) {
     for (Column& column : bound_) {

@@ -92,15 +92,20 @@ bool Zygote::answerRequest() {
     std::vector<OwnedDescriptor> shared;
     if (!receiveValue(kZygoteSocket, request, 0, &shared)) return false;
     std::optional<Fresh> worker;
+    OwnedDescriptor ours;
+    OwnedDescriptor theirs;
     try {
+        std::array<int, 2> ends = {-1, -1};
+        if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+            throwSystemError("socketpair");
+        }
+        ours = OwnedDescriptor(ends[0]);
+        theirs = OwnedDescriptor(ends[1]);
         worker = takeWorker(request.sharedMemory, std::move(shared));
     } catch (std::system_error const& failure) {
         return sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{failure.code().value()}));
     }
-    std::array<int, 2> control = {-1, -1};
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, control.data()) != 0) return false;
-    OwnedDescriptor const theirs(control[1]);
-    children_.push_back({worker->process, OwnedDescriptor(control[0])});
+    children_.push_back({worker->process, std::move(ours)});
     std::array<int, kWorkerDescriptors> const descriptors = {worker->memory.get(),
                                                              worker->wakePipe.get(), theirs.get()};
     return sendPacket(kZygoteSocket, packetOf(ZygoteAnswer{}), descriptors);

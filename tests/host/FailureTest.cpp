@@ -147,6 +147,15 @@ TEST(LastFailure, lastsUntilTheNextSuccess) {
     EXPECT_EQ(host.host.lastFailure(), nullptr);
 }
 
+TEST(LastFailure, isForgottenAtAReset) {
+    KxJsParser host;
+    std::u16string error;
+    host.evaluate(u"1+", error);
+    ASSERT_NE(host.lastFailure(), nullptr);
+    host.reset();
+    EXPECT_EQ(host.lastFailure(), nullptr);
+}
+
 TEST(LastFailure, namesTheLimit) {
     ScriptHost host;
     host.host.setTimeLimit(std::chrono::milliseconds(50));

@@ -1,6 +1,7 @@
 // What only isolated hosts do: they outlive their workers, tell of the sandbox, and refuse to be
 // made where there is no worker.
 #include <chrono>
+#include <limits>
 #include <set>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -62,6 +63,17 @@ TEST(IsolatedMemory, isLimitedWithinSingleCalls) {
     EXPECT_EQ(host.evaluate(u"JSON.parse('[' + '1,'.repeat(2**26) + '1]').length", error), u"");
     EXPECT_NE(error, u"");
     EXPECT_EQ(host.evaluate(u"'x'.repeat(10)", error), u"xxxxxxxxxx");
+}
+
+TEST(Isolation, takesTheLargestLimits) {
+    KxJsIsolation isolation = testIsolation();
+    isolation.memoryLimit = std::numeric_limits<decltype(isolation.memoryLimit)>::max();
+    isolation.grace = std::chrono::milliseconds::max();
+    KxJsParser host(isolation);
+    host.setTimeLimit(std::chrono::seconds(20));
+    std::u16string error;
+    EXPECT_EQ(host.evaluate(u"'x'.repeat(1e6)", error).size(), 1'000'000U);
+    EXPECT_EQ(error, u"");
 }
 
 TEST_F(Isolated, tellsOfItsSandbox) {

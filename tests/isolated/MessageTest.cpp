@@ -142,6 +142,7 @@ TEST(Message, ofABlockOfRecordsHasDoneOneOrHasAnError) {
     EXPECT_TRUE(isRight(10, u""));
     EXPECT_TRUE(isRight(0, u"ended"));
     EXPECT_FALSE(isRight(0, u""));
+    EXPECT_FALSE(isRight(10, u"ended"));
     EXPECT_FALSE(isRight(11, u""));
 }
 

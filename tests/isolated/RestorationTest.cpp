@@ -71,6 +71,12 @@ TEST(Isolation, givesTheBuiltInFunctionsToInitializedHostsAlone) {
               inProcess.evaluate(u"var x = LEFT; typeof x", error));
 }
 
+TEST_F(Isolated, forgetsItsFailureAtAReset) {
+    crash();
+    host_.reset();
+    EXPECT_EQ(host_.lastFailure(), nullptr);
+}
+
 TEST_F(Isolated, losesGlobalsThatScriptsHaveMade) {
     EXPECT_EQ(evaluate(u"kept = 5"), u"5");
     crash();
