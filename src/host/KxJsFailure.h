@@ -17,7 +17,7 @@ struct KxJsFailure {
     enum class Kind : std::int32_t {
         COMPILE_ERROR = 0,  ///< the source did not compile
         RUN_ERROR = 1,      ///< the script threw an exception
-        LIMIT = 2,          ///< a limit or terminate() ended the script, and no worker
+        LIMIT = 2,          ///< a limit or terminate() ended the script, not its process
         WORKER_ENDED = 3    ///< an isolated host's worker process ended with the script
     };
 

@@ -33,8 +33,8 @@ struct KxJsIsolation {
     /// The most private memory that the worker may take for formulas, in bytes. The kernel holds it
     /// to that, within single calls of built-in functions too; a worker that needs more ends.
     /// KxJsParser::setMemoryLimit() ends a script more gently, and V8 takes up to twice that limit
-    /// while it collects garbage: this one should be four times as large. The defaults are 2 GiB
-    /// and at most 512 MiB.
+    /// while it collects garbage: this one should be four times as large. Its default is 2 GiB,
+    /// that of setMemoryLimit() at most 512 MiB.
     std::uint64_t memoryLimit = std::uint64_t{2} << 30;
 
     /// How long a script may run on after its time limit, or after KxJsParser::terminate(), before

@@ -76,15 +76,10 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     return pointers;
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kHasWorkers = false;  // a worker's sandbox leaves no room for a sanitizer
-#else
-constexpr bool kHasWorkers = true;
-#endif
-
 pid_t start(Program const& program, int in, int out, int err) {
     std::vector<std::string> arguments = program.arguments;
-    if (!kHasWorkers && !arguments.empty() && arguments[0] == "repl") {
+    // Where no worker can run, only the prompt has to be told: it is isolated by default.
+    if (KXJS_HAS_WORKERS == 0 && !arguments.empty() && arguments[0] == "repl") {
         arguments.emplace_back("--in-process");
     }
     arguments.insert(arguments.begin(), KXJS_PROGRAM);
